@@ -1,0 +1,79 @@
+#!/usr/bin/env bash
+# Installs what the build and the desk need on a bare Debian 12. Quick and
+# silent when everything is there already.
+set -euo pipefail
+
+packages=(
+    g++-mingw-w64-i686-posix mingw-w64-tools cmake ninja-build googletest
+    wine wine32:i386 fonts-wine fonts-liberation
+    xvfb xauth x11-utils xdotool imagemagick procps util-linux
+)
+
+say()  { printf 'set-up: %s\n' "$*"; }
+fail() { printf 'set-up: %s\n' "$*" >&2; exit 1; }
+
+all_installed() {
+    local wanted installed
+    wanted=${#packages[@]}
+    installed=$(dpkg-query -W -f '${db:Status-Status}\n' "${packages[@]}" 2>/dev/null |
+        grep -c '^installed$' || true)
+    [ "$installed" -eq "$wanted" ]
+}
+
+install_plainly() {
+    apt-get update -qq && apt-get install "${install_options[@]}" "${packages[@]}"
+}
+
+# The mirror that this machine already uses for its main archive.
+main_archive() {
+    apt-get indextargets --format '$(REPO_URI) $(CODENAME) $(COMPONENT)' 'Created-By: Packages' |
+        awk '$2 == "bookworm" && $3 == "main" && !uri { uri = $1 } END { print uri }'
+}
+
+# The security suite's i386 index is at times out of step with its amd64 one.
+# Its amd64 updates then leave the i386 libraries without an installable twin,
+# so the whole set is taken from the main archive alone, downgrading the few
+# shared libraries that have to be of one version on both architectures.
+install_from_main_archive_only() {
+    local lists uri
+    uri=$(main_archive)
+    [ -n "$uri" ] || fail "the apt configuration names no mirror of bookworm/main"
+    lists=$(mktemp -d)
+    chmod 755 "$lists"
+    mkdir -p "$lists/state" "$lists/parts"
+    printf 'deb %s %s main\n' "$uri" bookworm "$uri" bookworm-updates > "$lists/sources.list"
+    printf 'Package: *\nPin: release o=Debian\nPin-Priority: 1001\n' > "$lists/preferences"
+    local only=(
+        -o "Dir::Etc::sourcelist=$lists/sources.list"
+        -o "Dir::Etc::sourceparts=$lists/parts"
+        -o "Dir::Etc::preferences=$lists/preferences"
+        -o "Dir::Etc::preferencesparts=$lists/parts"
+        -o "Dir::State::Lists=$lists/state"
+        -o Dir::Cache::pkgcache= -o Dir::Cache::srcpkgcache=
+    )
+    apt-get "${only[@]}" update -qq &&
+        apt-get "${only[@]}" install --allow-downgrades "${install_options[@]}" "${packages[@]}"
+    local result=$?
+    rm -rf "$lists"
+    return $result
+}
+
+all_installed && exit 0
+[ "$(id -u)" -eq 0 ] || fail "packages are missing and only root can install them: run this as root"
+command -v apt-get > /dev/null || fail "apt-get is missing: this set-up is for Debian 12"
+
+export DEBIAN_FRONTEND=noninteractive
+install_options=(-y -qq --no-install-recommends -o Dpkg::Use-Pty=0)
+log=$(mktemp)
+say "installing the compiler, Wine and a virtual screen (about a minute, 300 MB)"
+dpkg --add-architecture i386
+if ! install_plainly > "$log" 2>&1; then
+    say "the archive's suites are out of step; taking everything from its main suite"
+    install_from_main_archive_only >> "$log" 2>&1 || {
+        tail -n 15 "$log" >&2
+        fail "packages could not be installed; the whole log is $log"
+    }
+fi
+rm -f "$log"
+all_installed || fail "packages are still missing after the installation: ${packages[*]}"
+say "done"

@@ -1,0 +1,24 @@
+// Text, number and date conversions exactly as the automation world does them:
+// its ranges, its rounding, the user's locale, its failures.
+#pragma once
+
+#include <windows.h>
+#include <oaidl.h>
+
+#include <cstdint>
+#include <string>
+
+namespace automation {
+
+// Whole number of a text, rounded to even at a half. Throws AutomationError:
+// type mismatch for what is no number, overflow outside the range.
+std::int16_t int16FromText(const std::wstring& text);
+std::int32_t int32FromText(const std::wstring& text);
+
+// Date and time in the user's formats; a midnight shows no time.
+std::wstring textFromDate(DATE date);
+
+// The current local date and time.
+DATE now();
+
+}

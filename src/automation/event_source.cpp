@@ -1,0 +1,177 @@
+#include "automation/event_source.h"
+
+#include "automation/error.h"
+#include "automation/outgoing_call.h"
+
+#include <ocidl.h>
+#include <olectl.h>
+#include <oleauto.h>
+
+namespace automation {
+
+namespace {
+
+// A type description whose TYPEATTR is given back in time.
+class Attributes {
+public:
+    explicit Attributes(ITypeInfo* type) : type_(type) { check(type->GetTypeAttr(&attributes_), L"GetTypeAttr"); }
+    ~Attributes() { type_->ReleaseTypeAttr(attributes_); }
+    Attributes(const Attributes&) = delete;
+    Attributes& operator=(const Attributes&) = delete;
+    const TYPEATTR* operator->() const { return attributes_; }
+
+private:
+    ITypeInfo* type_;
+    TYPEATTR* attributes_ = nullptr;
+};
+
+IID interfaceIdOf(ITypeInfo* type)
+{
+    return Attributes(type)->guid;
+}
+
+ComPtr<ITypeInfo> implementedType(ITypeInfo* coclass, UINT index)
+{
+    ComPtr<ITypeInfo> type;
+    HREFTYPE reference = 0;
+    if (SUCCEEDED(coclass->GetRefTypeOfImplType(index, &reference)))
+        coclass->GetRefTypeInfo(reference, type.receive());
+    return type;
+}
+
+// The coclass's source interface: the wanted one, or with IID_NULL the default one.
+ComPtr<ITypeInfo> sourceOfClass(ITypeInfo* coclass, REFIID wanted)
+{
+    const Attributes attributes(coclass);
+    if (attributes->typekind != TKIND_COCLASS) return nullptr;
+    for (UINT index = 0; index < attributes->cImplTypes; ++index) {
+        INT flags = 0;
+        if (FAILED(coclass->GetImplTypeFlags(index, &flags)) || !(flags & IMPLTYPEFLAG_FSOURCE)) continue;
+        ComPtr<ITypeInfo> type = implementedType(coclass, index);
+        if (!type) continue;
+        if (wanted == IID_NULL ? (flags & IMPLTYPEFLAG_FDEFAULT) != 0 : wanted == interfaceIdOf(type.get())) return type;
+    }
+    return nullptr;
+}
+
+bool implements(ITypeInfo* coclass, REFIID iid)
+{
+    const Attributes attributes(coclass);
+    if (attributes->typekind != TKIND_COCLASS) return false;
+    for (UINT index = 0; index < attributes->cImplTypes; ++index) {
+        const ComPtr<ITypeInfo> type = implementedType(coclass, index);
+        if (type && interfaceIdOf(type.get()) == iid) return true;
+    }
+    return false;
+}
+
+ComPtr<ITypeInfo> classInfo(const Object& object)
+{
+    ComPtr<ITypeInfo> info;
+    if (const auto provider = query<IProvideClassInfo>(object.dispatch(), IID_IProvideClassInfo))
+        provider->GetClassInfo(info.receive());
+    return info;
+}
+
+ComPtr<ITypeInfo> fromClassInfo2(const Object& object)
+{
+    const auto provider = query<IProvideClassInfo2>(object.dispatch(), IID_IProvideClassInfo2);
+    IID wanted = IID_NULL;
+    if (!provider || FAILED(provider->GetGUID(GUIDKIND_DEFAULT_SOURCE_DISP_IID, &wanted))) return nullptr;
+    const auto info = classInfo(object);
+    return info ? sourceOfClass(info.get(), wanted) : nullptr;
+}
+
+ComPtr<ITypeInfo> fromClassInfo(const Object& object)
+{
+    const auto info = classInfo(object);
+    return info ? sourceOfClass(info.get(), IID_NULL) : nullptr;
+}
+
+// The class that offers the object's own interface, in the library that holds it.
+ComPtr<ITypeInfo> fromContainingLibrary(const Object& object)
+{
+    ComPtr<ITypeInfo> own;
+    ComPtr<ITypeLib> library;
+    UINT index = 0;
+    if (FAILED(object.dispatch()->GetTypeInfo(0, LOCALE_USER_DEFAULT, own.receive())) || !own ||
+        FAILED(own->GetContainingTypeLib(library.receive(), &index)))
+        return nullptr;
+    const IID iid = interfaceIdOf(own.get());
+    for (UINT type = 0; type < library->GetTypeInfoCount(); ++type) {
+        ComPtr<ITypeInfo> candidate;
+        if (FAILED(library->GetTypeInfo(type, candidate.receive())) || !implements(candidate.get(), iid)) continue;
+        if (auto source = sourceOfClass(candidate.get(), IID_NULL)) return source;
+    }
+    return nullptr;
+}
+
+ComPtr<ITypeLib> registeredLibrary(const wchar_t* progId)
+{
+    CLSID classId;
+    wchar_t classText[64];
+    wchar_t libraryText[64];
+    LONG size = sizeof libraryText;
+    IID libraryId;
+    ComPtr<ITypeLib> library;
+    if (FAILED(CLSIDFromProgID(progId, &classId)) || !StringFromGUID2(classId, classText, 64)) return library;
+    const std::wstring key = std::wstring(L"CLSID\\") + classText + L"\\TypeLib";
+    if (RegQueryValueW(HKEY_CLASSES_ROOT, key.c_str(), libraryText, &size) == ERROR_SUCCESS &&
+        SUCCEEDED(CLSIDFromString(libraryText, &libraryId)))
+        LoadRegTypeLib(libraryId, 1, 0, LOCALE_NEUTRAL, library.receive());
+    return library;
+}
+
+// The interface of one of the object's connection points, described in the
+// library registered for the object's application.
+ComPtr<ITypeInfo> fromRegisteredLibrary(const Object& object, const wchar_t* progId)
+{
+    const auto library = registeredLibrary(progId);
+    const auto container = query<IConnectionPointContainer>(object.dispatch(), IID_IConnectionPointContainer);
+    ComPtr<IEnumConnectionPoints> points;
+    if (!library || !container || FAILED(container->EnumConnectionPoints(points.receive()))) return nullptr;
+    ComPtr<IConnectionPoint> point;
+    while (points->Next(1, point.receive(), nullptr) == S_OK) {
+        IID iid;
+        ComPtr<ITypeInfo> type;
+        if (SUCCEEDED(point->GetConnectionInterface(&iid)) &&
+            SUCCEEDED(library->GetTypeInfoOfGuid(iid, type.receive())))
+            return type;
+    }
+    return nullptr;
+}
+
+// Names are read function by function: the look-up by name does not work
+// across processes everywhere.
+std::map<DISPID, std::wstring> eventNames(ITypeInfo* source)
+{
+    std::map<DISPID, std::wstring> names;
+    const Attributes attributes(source);
+    for (UINT index = 0; index < attributes->cFuncs; ++index) {
+        FUNCDESC* function = nullptr;
+        if (FAILED(source->GetFuncDesc(index, &function))) continue;
+        BSTR name = nullptr;
+        UINT count = 0;
+        if (SUCCEEDED(source->GetNames(function->memid, &name, 1, &count)) && count == 1)
+            names.emplace(function->memid, std::wstring(name, SysStringLen(name)));
+        SysFreeString(name);
+        source->ReleaseFuncDesc(function);
+    }
+    return names;
+}
+
+}
+
+EventSource findEventSource(const Object& object, const wchar_t* progId)
+{
+    if (!object) throw AutomationError(L"event source", objectNotSet);
+    const OutgoingCall scope;
+    ComPtr<ITypeInfo> source = fromClassInfo2(object);
+    if (!source) source = fromClassInfo(object);
+    if (!source) source = fromContainingLibrary(object);
+    if (!source) source = fromRegisteredLibrary(object, progId);
+    if (!source) throw AutomationError(L"event source", CONNECT_E_NOCONNECTION);
+    return {interfaceIdOf(source.get()), eventNames(source.get())};
+}
+
+}

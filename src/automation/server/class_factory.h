@@ -1,0 +1,28 @@
+// Offers a class to the clients of a local server for as long as this lives.
+#pragma once
+
+#include "automation/server/dispatch.h"
+
+#include <functional>
+
+namespace automation::server {
+
+class ClassFactory {
+public:
+    using Creator = std::function<ComPtr<IDispatch>()>;
+
+    // Registers the running factory: one process serves every client. Throws
+    // AutomationError when COM refuses.
+    ClassFactory(const CLSID& classId, Creator create);
+    ~ClassFactory() { revoke(); }
+    ClassFactory(const ClassFactory&) = delete;
+    ClassFactory& operator=(const ClassFactory&) = delete;
+
+    // No new object can be asked for after this.
+    void revoke() noexcept;
+
+private:
+    DWORD cookie_ = 0;
+};
+
+}

@@ -1,0 +1,160 @@
+#include "automation/server/connection_point.h"
+
+#include <vector>
+
+namespace automation::server {
+
+namespace {
+
+// Enumerates the one connection point of an object.
+class PointEnumeration final : public IEnumConnectionPoints {
+public:
+    PointEnumeration(IConnectionPoint* point, bool done) : point_(point), done_(done) {}
+
+    STDMETHODIMP QueryInterface(REFIID iid, void** result) override
+    {
+        if (iid != IID_IUnknown && iid != IID_IEnumConnectionPoints) {
+            *result = nullptr;
+            return E_NOINTERFACE;
+        }
+        *result = static_cast<IEnumConnectionPoints*>(this);
+        AddRef();
+        return S_OK;
+    }
+
+    STDMETHODIMP_(ULONG) AddRef() override { return ++references_; }
+
+    STDMETHODIMP_(ULONG) Release() override
+    {
+        const ULONG left = --references_;
+        if (left == 0) delete this;
+        return left;
+    }
+
+    STDMETHODIMP Next(ULONG count, IConnectionPoint** points, ULONG* fetched) override
+    {
+        const bool gives = count > 0 && !done_;
+        if (gives) {
+            point_->AddRef();
+            *points = point_.get();
+        }
+        done_ = done_ || gives;
+        if (fetched) *fetched = gives ? 1 : 0;
+        return gives && count == 1 ? S_OK : S_FALSE;
+    }
+
+    STDMETHODIMP Skip(ULONG count) override
+    {
+        const bool enough = count == 0 || (count == 1 && !done_);
+        done_ = done_ || count > 0;
+        return enough ? S_OK : S_FALSE;
+    }
+
+    STDMETHODIMP Reset() override
+    {
+        done_ = false;
+        return S_OK;
+    }
+
+    STDMETHODIMP Clone(IEnumConnectionPoints** copy) override
+    {
+        *copy = new PointEnumeration(point_.get(), done_);
+        return S_OK;
+    }
+
+private:
+    ~PointEnumeration() = default;
+
+    const ComPtr<IConnectionPoint> point_;
+    bool done_;
+    ULONG references_ = 1;
+};
+
+bool isGone(HRESULT result)
+{
+    return result == RPC_E_DISCONNECTED || result == RPC_E_SERVER_DIED || result == RPC_E_SERVER_DIED_DNE ||
+           result == CO_E_OBJNOTCONNECTED || result == HRESULT_FROM_WIN32(RPC_S_SERVER_UNAVAILABLE) ||
+           result == HRESULT_FROM_WIN32(RPC_S_CALL_FAILED);
+}
+
+}
+
+int EventPoint::raise(DISPID event, std::initializer_list<Value> arguments)
+{
+    std::vector<VARIANT> reversed;
+    for (auto argument = arguments.end(); argument != arguments.begin();)
+        reversed.push_back((--argument)->variant());
+    DISPPARAMS parameters{reversed.data(), nullptr, static_cast<UINT>(reversed.size()), 0};
+
+    int reached = 0;
+    const auto snapshot = sinks_; // a subscriber may leave, or join, during its call
+    for (const auto& [cookie, sink] : snapshot) {
+        const HRESULT result =
+            sink->Invoke(event, IID_NULL, LOCALE_USER_DEFAULT, DISPATCH_METHOD, &parameters, nullptr, nullptr, nullptr);
+        if (isGone(result)) sinks_.erase(cookie);
+        if (SUCCEEDED(result)) ++reached;
+    }
+    return reached;
+}
+
+STDMETHODIMP EventPoint::QueryInterface(REFIID iid, void** result)
+{
+    if (iid == IID_IConnectionPoint) {
+        *result = static_cast<IConnectionPoint*>(this);
+        AddRef();
+        return S_OK;
+    }
+    return owner_->QueryInterface(iid, result);
+}
+
+STDMETHODIMP EventPoint::EnumConnectionPoints(IEnumConnectionPoints** points)
+{
+    *points = new PointEnumeration(this, false);
+    return S_OK;
+}
+
+STDMETHODIMP EventPoint::FindConnectionPoint(REFIID iid, IConnectionPoint** point)
+{
+    *point = nullptr;
+    if (iid != source_) return CONNECT_E_NOCONNECTION;
+    *point = this;
+    AddRef();
+    return S_OK;
+}
+
+STDMETHODIMP EventPoint::GetConnectionInterface(IID* iid)
+{
+    *iid = source_;
+    return S_OK;
+}
+
+STDMETHODIMP EventPoint::GetConnectionPointContainer(IConnectionPointContainer** container)
+{
+    *container = this;
+    AddRef();
+    return S_OK;
+}
+
+STDMETHODIMP EventPoint::Advise(IUnknown* sink, DWORD* cookie)
+{
+    *cookie = 0;
+    ComPtr<IDispatch> dispatch;
+    if (!sink || FAILED(sink->QueryInterface(IID_IDispatch, dispatch.receiveVoid())))
+        return CONNECT_E_CANNOTCONNECT;
+    *cookie = ++lastCookie_;
+    sinks_.emplace(*cookie, dispatch);
+    return S_OK;
+}
+
+STDMETHODIMP EventPoint::Unadvise(DWORD cookie)
+{
+    return sinks_.erase(cookie) ? S_OK : CONNECT_E_NOCONNECTION;
+}
+
+STDMETHODIMP EventPoint::EnumConnections(IEnumConnections** connections)
+{
+    *connections = nullptr;
+    return E_NOTIMPL;
+}
+
+}

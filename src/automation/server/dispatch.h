@@ -1,0 +1,168 @@
+// The other direction: objects that this program offers to automation
+// clients. A class lists its members in a table; this base answers names
+// without regard to case, checks counts and kinds, and turns exceptions into
+// what a real server returns.
+#pragma once
+
+#include "automation/error.h"
+#include "automation/object.h"
+#include "automation/value.h"
+
+#include <windows.h>
+#include <oaidl.h>
+
+#include <span>
+#include <string>
+
+namespace automation::server {
+
+// Thrown by a member: reaches the client as an automation exception
+// (DISP_E_EXCEPTION) with this source and description.
+struct Exception {
+    HRESULT code;
+    std::wstring source;
+    std::wstring description;
+};
+
+// Thrown by a member: reaches the client as this bare HRESULT.
+struct Failure {
+    HRESULT code;
+    unsigned argument = 0; // zero-based from the left, used with a type mismatch
+};
+
+// The arguments of one incoming call, from left to right.
+class Arguments {
+public:
+    Arguments() noexcept = default;
+    explicit Arguments(const DISPPARAMS& parameters) noexcept : parameters_(&parameters) {}
+
+    std::size_t size() const noexcept { return parameters_ ? parameters_->cArgs : 0; }
+
+    // The argument as it came, by-reference types included.
+    const VARIANT& raw(std::size_t index) const;
+
+    bool given(std::size_t index) const; // there, and not an omitted optional one
+
+    // Converted as automation does; a type mismatch names the argument.
+    Value value(std::size_t index) const; // by-reference values followed
+    std::wstring text(std::size_t index) const;
+    std::int32_t int32(std::size_t index) const;
+    bool truth(std::size_t index) const;
+    DATE date(std::size_t index) const;
+    Object object(std::size_t index) const;
+
+    // Writes into an argument passed by reference (BSTR, 32-bit integer or
+    // VARIANT); a type mismatch when it was not.
+    void write(std::size_t index, const Value& value) const;
+
+private:
+    const DISPPARAMS* parameters_ = nullptr;
+};
+
+// What a client asked for in one Invoke.
+struct IncomingCall {
+    DISPID id = DISPID_UNKNOWN;
+    WORD flags = 0;
+    Arguments arguments;
+
+    bool isPut() const noexcept { return (flags & (DISPATCH_PROPERTYPUT | DISPATCH_PROPERTYPUTREF)) != 0; }
+};
+
+class Dispatch : public IDispatch {
+public:
+    // A new object starts with one reference, the creator's: see make().
+    Dispatch() noexcept;
+    Dispatch(const Dispatch&) = delete;
+    Dispatch& operator=(const Dispatch&) = delete;
+
+    // Objects of this kind alive in this process.
+    static long live() noexcept;
+
+    STDMETHODIMP QueryInterface(REFIID iid, void** result) override;
+    STDMETHODIMP_(ULONG) AddRef() final;
+    STDMETHODIMP_(ULONG) Release() final;
+    STDMETHODIMP GetTypeInfoCount(UINT* count) override;
+    STDMETHODIMP GetTypeInfo(UINT index, LCID locale, ITypeInfo** type) override;
+    STDMETHODIMP GetIDsOfNames(REFIID, LPOLESTR* names, UINT count, LCID, DISPID* ids) final;
+    STDMETHODIMP Invoke(DISPID id, REFIID, LCID, WORD flags, DISPPARAMS* parameters, VARIANT* result,
+                        EXCEPINFO* exception, UINT* refused) final;
+
+protected:
+    virtual ~Dispatch();
+
+    // The identifier of a member name, DISPID_UNKNOWN when there is none.
+    virtual DISPID idOf(std::wstring_view name) = 0;
+
+    // Carries the call out. Throws Exception, Failure or AutomationError.
+    virtual Value answer(const IncomingCall& call) = 0;
+
+    // Seen before each name look-up and each call; a failure code is returned
+    // to the client in place of an answer.
+    virtual HRESULT admitLookUp(std::wstring_view) { return S_OK; }
+    virtual HRESULT admitCall(const IncomingCall&) { return S_OK; }
+
+private:
+    long references_ = 1;
+};
+
+// One row of a member table. `handler` gets the object and the call; a
+// property that can be written is called with isPut() and its new value as
+// the last argument.
+template <class Class>
+struct MemberRow {
+    const wchar_t* name;
+    DISPID id;
+    WORD kinds;      // DISPATCH_METHOD, DISPATCH_PROPERTYGET, DISPATCH_PROPERTYPUT, joined
+    unsigned least;  // arguments, the value of a put not counted
+    unsigned most;
+    Value (*handler)(Class& self, const IncomingCall& call);
+};
+
+inline constexpr WORD method = DISPATCH_METHOD;
+inline constexpr WORD readOnly = DISPATCH_PROPERTYGET;
+inline constexpr WORD readWrite = DISPATCH_PROPERTYGET | DISPATCH_PROPERTYPUT;
+
+// Refuses a call that does not fit its row, with the codes of a real server.
+void checkFits(const IncomingCall& call, WORD kinds, unsigned least, unsigned most);
+
+bool sameName(std::wstring_view a, std::wstring_view b) noexcept;
+
+// A Dispatch whose members are the rows of Class::members().
+template <class Class, class Base = Dispatch>
+class TableDispatch : public Base {
+public:
+    using Base::Base;
+
+protected:
+    DISPID idOf(std::wstring_view name) override
+    {
+        for (const MemberRow<Class>& row : Class::members())
+            if (sameName(row.name, name)) return row.id;
+        return DISPID_UNKNOWN;
+    }
+
+    Value answer(const IncomingCall& call) override
+    {
+        for (const MemberRow<Class>& row : Class::members()) {
+            if (row.id != call.id) continue;
+            checkFits(call, row.kinds, row.least, row.most);
+            return row.handler(static_cast<Class&>(*this), call);
+        }
+        throw Failure{DISP_E_MEMBERNOTFOUND};
+    }
+};
+
+// A new object, owned by the returned pointer.
+template <class Class, class... Arguments>
+ComPtr<Class> make(Arguments&&... arguments)
+{
+    return ComPtr<Class>::adopt(new Class(std::forward<Arguments>(arguments)...));
+}
+
+template <class Class>
+Value valueOf(const ComPtr<Class>& object)
+{
+    return Value(Object(object.get()));
+}
+
+}

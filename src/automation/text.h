@@ -1,0 +1,19 @@
+// Texts are UTF-16 inside the program, as COM has them. Files, the registry
+// and the profile functions speak the system's ANSI code page.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace automation {
+
+// To the ANSI code page; what it cannot express becomes its default character.
+std::string ansi(std::wstring_view text);
+
+// From the ANSI code page.
+std::wstring wide(std::string_view text);
+
+// Compares as the Windows file system and COM names do: without regard to case.
+bool equalWithoutCase(std::wstring_view a, std::wstring_view b);
+
+}
