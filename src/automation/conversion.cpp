@@ -1,6 +1,7 @@
 #include "automation/conversion.h"
 
 #include "automation/error.h"
+#include "automation/value.h"
 
 #include <oleauto.h>
 
@@ -22,11 +23,12 @@ std::int32_t int32FromText(const std::wstring& text)
 
 std::wstring textFromDate(DATE date)
 {
-    BSTR text = nullptr;
-    check(VarBstrFromDate(date, LOCALE_USER_DEFAULT, 0, &text), L"date");
-    const std::wstring result(text ? text : L"", SysStringLen(text));
-    SysFreeString(text);
-    return result;
+    return Value::date(date).text();
+}
+
+std::wstring textFromBoolean(bool truth)
+{
+    return Value(truth).text();
 }
 
 DATE now()

@@ -18,6 +18,9 @@ std::int32_t int32FromText(const std::wstring& text);
 // Date and time in the user's formats; a midnight shows no time.
 std::wstring textFromDate(DATE date);
 
+// "True" or "False".
+std::wstring textFromBoolean(bool truth);
+
 // The current local date and time.
 DATE now();
 

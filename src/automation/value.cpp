@@ -103,6 +103,12 @@ bool Value::truth() const
     return V_BOOL(&truth.variant_) != VARIANT_FALSE;
 }
 
+double Value::number() const
+{
+    const Value number = converted(variant_, VT_R8, L"number");
+    return V_R8(&number.variant_);
+}
+
 DATE Value::asDate() const
 {
     const Value date = converted(variant_, VT_DATE, L"date");

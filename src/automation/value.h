@@ -48,6 +48,7 @@ public:
     std::int32_t int32() const;
     std::int16_t int16() const;
     bool truth() const;
+    double number() const;
     DATE asDate() const;
 
     // The object held; empty for an empty value and for Nothing. Throws

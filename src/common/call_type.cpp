@@ -1,0 +1,63 @@
+#include "common/call_type.h"
+
+#include "automation/text.h"
+
+#include <algorithm>
+#include <array>
+
+namespace {
+
+struct Translation {
+    const wchar_t* text;
+    const char* key;
+};
+
+constexpr std::array<Translation, 6> translations{{
+    {L"Incoming call unanswered", "ST_FILTRE_LST4"},
+    {L"Incoming call acknowledged", "ST_FILTRE_LST6"},
+    {L"Incoming call answered", "ST_FILTRE_LST2"},
+    {L"Outgoing call unanswered", "ST_FILTRE_LST3"},
+    {L"Outgoing call acknowledged", "ST_FILTRE_LST5"},
+    {L"Outgoing call answered", "ST_FILTRE_LST1"},
+}};
+
+std::wstring historyText(const Dictionary& dictionary, const char* key, const char* fallback)
+{
+    char buffer[260];
+    const DWORD length = dictionary.GetElt("history", key, fallback, buffer, sizeof buffer);
+    return automation::wide({buffer, length});
+}
+
+std::wstring withoutAccessKey(std::wstring text)
+{
+    std::erase(text, L'&');
+    return text;
+}
+
+bool isUnanswered(std::int32_t state)
+{
+    return state == 6 || state == 7 || state == 12 || state == 14;
+}
+
+}
+
+std::wstring callTypeText(const automation::Object& historyItem, bool incoming)
+{
+    const std::wstring direction = incoming ? L"Incoming call" : L"Outgoing call";
+    if (isUnanswered(historyItem.get(L"State").int32())) return direction + L" unanswered";
+    return direction + (historyItem.get(L"Acknowledged").int32() == 1 ? L" acknowledged" : L" answered");
+}
+
+std::wstring unknownCallerText(const Dictionary& dictionary)
+{
+    return withoutAccessKey(historyText(dictionary, "TI_NAMECALL_UNKNOWN", "No identity"));
+}
+
+std::wstring TranslateCallType(const std::wstring& Text, const Dictionary& dictionary)
+{
+    const auto found = std::find_if(translations.begin(), translations.end(),
+                                    [&](const Translation& candidate) { return Text == candidate.text; });
+    if (found == translations.end()) return Text;
+    const std::wstring translated = historyText(dictionary, found->key, "");
+    return translated.empty() ? Text : withoutAccessKey(translated);
+}

@@ -1,0 +1,18 @@
+// What both groupware adapters share.
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+struct GroupwareState {
+    // Failed groupware initialisations since the start, both adapters counted
+    // together. Never reset while the program runs.
+    std::int16_t nbInitFailure = 0;
+
+    // The softphone user's two name texts, joined by a blank.
+    std::wstring PavexUserName;
+};
+
+// Counts one more failure. Throws AutomationError (overflow) past 32767, with
+// the count unchanged.
+void countInitFailure(GroupwareState& state);

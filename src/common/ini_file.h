@@ -1,0 +1,22 @@
+// An ini file, read and written through the Windows profile functions.
+#pragma once
+
+#include <string>
+
+class IniFile {
+public:
+    explicit IniFile(const std::wstring& path);
+
+    // The value, or `fallback` where file, section or key is missing. Values
+    // are ANSI texts; what is longer than 1023 characters is cut there.
+    std::wstring read(const char* section, const char* key, const char* fallback) const;
+
+    // Whether the value is exactly "true".
+    bool readSwitch(const char* section, const char* key, const char* fallback) const;
+
+    // False when the file could not be written.
+    bool write(const char* section, const char* key, const char* value) const;
+
+private:
+    std::string path_;
+};

@@ -1,0 +1,9 @@
+#include "common/phone_number.h"
+
+std::wstring StripPhoneNumber(const std::wstring& szNumber)
+{
+    std::wstring stripped = szNumber;
+    std::erase(stripped, L'.');
+    std::erase(stripped, L' ');
+    return stripped;
+}

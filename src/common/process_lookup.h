@@ -1,0 +1,31 @@
+// Tells whether a program runs in this user session, by its file name.
+#pragma once
+
+#include <windows.h>
+
+#include <map>
+#include <string>
+
+class ProcessLookup {
+public:
+    ProcessLookup() = default;
+    ~ProcessLookup();
+    ProcessLookup(const ProcessLookup&) = delete;
+    ProcessLookup& operator=(const ProcessLookup&) = delete;
+
+    // Finds a running process by executable file name, without regard to case.
+    // `handle` gets a handle and `processId` its identifier; both stay as they
+    // are when no such process runs. The handle belongs to the look-up, which
+    // keeps at most one a name and hands it out again: callers ask at every
+    // tick and close nothing. A process that may not be opened still runs: a
+    // pseudo handle stands for it. Returns whether one was found.
+    bool GetProcessHandle(const wchar_t* fileName, HANDLE& handle, DWORD& processId);
+
+private:
+    struct Known {
+        HANDLE handle = nullptr;
+        DWORD processId = 0;
+    };
+
+    std::map<std::wstring, Known> known_;
+};

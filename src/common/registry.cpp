@@ -1,0 +1,64 @@
+#include "common/registry.h"
+
+#include "automation/conversion.h"
+#include "automation/text.h"
+
+namespace {
+
+using automation::ansi;
+
+constexpr DWORD bufferSize = 256;
+
+// A registry key, closed at the end only when it was opened under no root.
+class OpenedKey {
+public:
+    OpenedKey(HKEY root, const std::wstring& subkey, REGSAM access)
+        : root_(root), open_(RegOpenKeyExA(root, ansi(subkey).c_str(), 0, access, &key_) == ERROR_SUCCESS)
+    {
+    }
+    ~OpenedKey() { if (open_ && !root_) RegCloseKey(key_); }
+    OpenedKey(const OpenedKey&) = delete;
+    OpenedKey& operator=(const OpenedKey&) = delete;
+
+    explicit operator bool() const { return open_; }
+    HKEY get() const { return key_; }
+
+private:
+    HKEY root_;
+    HKEY key_ = nullptr;
+    bool open_;
+};
+
+}
+
+std::wstring RegGetString(HKEY hInKey, const std::wstring& subkey, const std::wstring& valname)
+{
+    const OpenedKey key(hInKey, subkey, KEY_READ);
+    if (!key) return L"";
+
+    char buffer[bufferSize];
+    DWORD size = bufferSize;
+    DWORD type = REG_NONE;
+    if (RegQueryValueExA(key.get(), ansi(valname).c_str(), nullptr, &type, reinterpret_cast<BYTE*>(buffer), &size) !=
+        ERROR_SUCCESS)
+        return L"--Not String--";
+    if (type != REG_SZ || size == 0) return L"";
+    return automation::wide({buffer, size - 1});
+}
+
+std::wstring RegSetString(HKEY hInKey, const std::wstring& subkey, const std::wstring& valname,
+                          const std::wstring& Value)
+{
+    const OpenedKey key(hInKey, subkey, KEY_ALL_ACCESS);
+    const std::string text = ansi(Value);
+    const bool written = key && RegSetValueExA(key.get(), ansi(valname).c_str(), 0, REG_SZ,
+                                               reinterpret_cast<const BYTE*>(text.c_str()),
+                                               static_cast<DWORD>(text.size())) == ERROR_SUCCESS;
+    return automation::textFromBoolean(written);
+}
+
+std::wstring RegDeleteString(HKEY hInKey, const std::wstring& subkey, const std::wstring& valname)
+{
+    const OpenedKey key(hInKey, subkey, KEY_ALL_ACCESS);
+    return automation::textFromBoolean(key && RegDeleteValueA(key.get(), ansi(valname).c_str()) == ERROR_SUCCESS);
+}

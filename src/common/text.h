@@ -1,0 +1,13 @@
+// Small operations on texts.
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+// The parts between the separators, untrimmed; an empty text has no parts.
+std::vector<std::wstring> split(std::wstring_view text, wchar_t separator);
+
+// Every occurrence replaced, from the left, case-sensitive. What a replacement
+// brings in is not looked at again. An empty `what` replaces nothing.
+std::wstring replaceAll(std::wstring text, std::wstring_view what, std::wstring_view with);

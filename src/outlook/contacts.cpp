@@ -1,0 +1,68 @@
+#include "outlook/contacts.h"
+
+#include "common/error_trap.h"
+#include "common/phone_number.h"
+#include "outlook/log_item.h"
+
+namespace {
+
+using automation::Object;
+
+struct NewContact {
+    std::wstring number; // stripped
+    std::wstring lastName;
+    std::wstring firstName;
+};
+
+Object addContact(const OutlookSession& session)
+{
+    const Object contacts = session.OutlookContacts;
+    const Object items = contacts.get(L"Items").object().sharing(session.names.items);
+    return items.get(L"Add").object().sharing(session.names.contact);
+}
+
+void fillAndSave(const Object& item, const NewContact& contact)
+{
+    item.put(L"FirstName", contact.firstName);
+    item.put(L"LastName", contact.lastName);
+    item.put(L"BusinessTelephoneNumber", contact.number);
+    item.call(L"Close", {std::int16_t{0}});
+}
+
+void logNewContact(OutlookSession& session, const NewContact& contact)
+{
+    session.szLastLogText = L"New contact " + contact.number + L" " + contact.lastName + L" " + contact.firstName;
+    LogToOutlookJournal(session, session.szLastLogText);
+}
+
+}
+
+std::wstring CreateOutlookContact(OutlookSession& session, const Object& entry)
+{
+    std::wstring entryId;
+    trapErrors(L"CreateOutlookContact", [&] {
+        const Object item = addContact(session);
+        const std::wstring number = entry.get(L"Number").text();
+        const std::wstring firstName = entry.get(L"FirstName").text();
+        const NewContact contact{StripPhoneNumber(number), entry.get(L"LastName").text(), firstName};
+        fillAndSave(item, contact);
+        entryId = item.get(L"EntryID").text();
+        logNewContact(session, contact);
+    });
+    return entryId;
+}
+
+std::wstring NewOutlookContact(OutlookSession& session, const std::wstring& phoneNumber, const std::wstring& lastName,
+                               const std::wstring& firstName, bool display)
+{
+    std::wstring entryId;
+    trapErrors(L"NewOutlookContact", [&] {
+        const NewContact contact{StripPhoneNumber(phoneNumber), lastName, firstName};
+        const Object item = addContact(session);
+        fillAndSave(item, contact);
+        if (display) item.call(L"Display");
+        entryId = item.get(L"EntryID").text();
+        logNewContact(session, contact);
+    });
+    return entryId;
+}

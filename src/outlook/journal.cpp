@@ -1,0 +1,75 @@
+#include "outlook/journal.h"
+
+#include "common/call_type.h"
+#include "common/error_trap.h"
+#include "outlook/contact_lookup.h"
+#include "outlook/contacts.h"
+
+namespace {
+
+using automation::Object;
+
+// The other party of a call.
+struct Party {
+    std::wstring number;
+    std::wstring lastName;
+    std::wstring firstName;
+    bool contactKnown = false;
+};
+
+Party partyOf(OutlookSession& session, const Object& historyItem, const std::wstring& number, bool createContact)
+{
+    Party party{number, L"", L""};
+    std::wstring email;
+    party.contactKnown = !FindOutlookContact(session, number, party.lastName, party.firstName, email).empty();
+    if (party.contactKnown) return party;
+    party.lastName = historyItem.get(L"LastName").text();
+    party.firstName = historyItem.get(L"FirstName").text();
+    if (createContact)
+        party.contactKnown = !NewOutlookContact(session, number, party.lastName, party.firstName, false).empty();
+    return party;
+}
+
+std::wstring subjectFor(const OutlookSession& session, const Party& party)
+{
+    if (party.number.empty()) return unknownCallerText(session.dictionary);
+    return party.firstName + L" " + party.lastName + L" (" + party.number + L")";
+}
+
+}
+
+bool AddRecipient(OutlookSession& session, const Object& item, const std::wstring& lastName,
+                  const std::wstring& firstName)
+{
+    bool added = false;
+    trapErrors(L"AddRecipient", [&] {
+        const Object recipients = item.get(L"Recipients").object().sharing(session.names.recipients);
+        recipients.call(L"Add", {firstName + L" " + lastName});
+        added = true;
+    });
+    return added;
+}
+
+std::wstring CreateOutlookHistoItem(OutlookSession& session, const Object& historyItem, bool createContact)
+{
+    std::wstring entryId;
+    trapErrors(L"CreateOutlookHistoItem", [&] {
+        const Object outlook = session.OutlookApp;
+        const Object item = outlook.get(L"CreateItem", {std::int16_t{4}}).object().sharing(session.names.journalItem);
+        const bool incoming = historyItem.get(L"Incoming").truth();
+        const std::wstring number = historyItem.get(L"Number").text();
+        const Party party = number.empty() ? Party{} : partyOf(session, historyItem, number, createContact);
+        item.put(L"Subject", (incoming ? L"* " : L"") + subjectFor(session, party));
+        item.put(L"Start", historyItem.get(L"BeginDate"));
+        item.put(L"End", historyItem.get(L"EndDate"));
+        item.put(L"Type", L"Phone Call");
+        if (!number.empty()) {
+            if (party.contactKnown) AddRecipient(session, item, party.lastName, party.firstName);
+            else AddRecipient(session, item, number, L"");
+        }
+        item.put(L"Body", TranslateCallType(callTypeText(historyItem, incoming), session.dictionary));
+        item.call(L"Close", {std::int16_t{0}});
+        entryId = item.get(L"EntryID").text();
+    });
+    return entryId;
+}

@@ -1,0 +1,51 @@
+// Everything that the program keeps about Microsoft Outlook between calls, under
+// its given names. One record exists, owned by the form; the procedures of
+// this room take it as their first argument.
+#pragma once
+
+#include "automation/object.h"
+#include "common/dictionary.h"
+#include "common/groupware_state.h"
+#include "common/host.h"
+
+#include <cstdint>
+#include <string>
+
+// Outlook fixes the dispatch identifiers of each class of item, so a member's
+// name is looked up once a class and not once an item.
+struct OutlookMemberNames {
+    automation::SharedNames items = automation::sharedNames();
+    automation::SharedNames contact = automation::sharedNames();
+    automation::SharedNames journalItem = automation::sharedNames();
+    automation::SharedNames mail = automation::sharedNames();
+    automation::SharedNames recipients = automation::sharedNames();
+};
+
+struct OutlookSession {
+    OutlookSession(Host& host, GroupwareState& groupware, Dictionary& dictionary)
+        : host(host), groupware(groupware), dictionary(dictionary)
+    {
+    }
+
+    Host& host;
+    GroupwareState& groupware;
+    Dictionary& dictionary;
+    const OutlookMemberNames names;
+
+    automation::Object OutlookApp;        // empty until created and after a failed initialisation
+    automation::Object OutlookNameSpace;
+    automation::Object OutlookContacts;   // default folder 10
+    automation::Object OutlookInbox;      // default folder 6, kept only
+    automation::Object OutlookJournal;    // default folder 11, kept only
+    bool bOutlookInit = false;            // the session is fully open; callers test it first
+
+    std::wstring szCallBackMailSyntaxe;   // template of the callback mail
+    bool bReplacePhoneNumber = false;     // rewrite a found number in its stripped form
+    bool bQuitOutlook = false;            // quit Outlook when the program stops
+    std::int32_t nLanguage = 0;           // of the dictionary; 0 is the user's own
+    std::wstring szDllExtensionName;      // Exchange client extension: value name
+    std::wstring szRegisteDllExtension;   // and value
+
+    automation::Object OutlookLogItem;    // made with the first log line, kept to the end
+    std::wstring szLastLogText;           // the last line about a new contact
+};

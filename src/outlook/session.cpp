@@ -1,0 +1,66 @@
+#include "outlook/session.h"
+
+#include "common/error_trap.h"
+#include "outlook/settings.h"
+
+namespace {
+
+using automation::Object;
+
+void show(const OutlookSession& session, const wchar_t* message)
+{
+    if (session.host.configuration().Trace) session.host.showMessage(message);
+}
+
+void openApplication(OutlookSession& session)
+{
+    if (session.OutlookApp) return show(session, L"ReInit Outlook");
+    session.OutlookApp = Object::create(L"outlook.application");
+    show(session, L"First Init Outlook");
+}
+
+void openFolders(OutlookSession& session)
+{
+    const Object outlook = session.OutlookApp;
+    const Object nameSpace = outlook.get(L"GetNamespace", {L"MAPI"}).object();
+    session.OutlookNameSpace = nameSpace;
+    session.OutlookContacts = nameSpace.get(L"GetDefaultFolder", {std::int16_t{10}}).object();
+    session.OutlookInbox = nameSpace.get(L"GetDefaultFolder", {std::int16_t{6}}).object();
+    session.OutlookJournal = nameSpace.get(L"GetDefaultFolder", {std::int16_t{11}}).object();
+}
+
+void loadDictionary(OutlookSession& session)
+{
+    if (session.nLanguage != 0) session.dictionary.LoadDicoSelected(session.nLanguage);
+    else session.dictionary.LoadDico();
+}
+
+void giveUp(OutlookSession& session)
+{
+    show(session, L"Pb Init Outlook");
+    session.OutlookApp = Object();
+    session.bOutlookInit = false;
+    countInitFailure(session.groupware);
+    // A counter that counts up from 0 against a Boolean that is -1 or 0: the
+    // limit is never met, and repeated failures do not stop the program.
+    if (session.groupware.nbInitFailure == session.host.configuration().gnb_echec) session.host.StopConnector();
+}
+
+}
+
+void InitOutlook(OutlookSession& session)
+{
+    if (!session.host.configuration().bgWithOutlook) {
+        session.bOutlookInit = false;
+        return;
+    }
+    if (session.bOutlookInit) return;
+    const auto open = [&] {
+        ReadOutlookIni(session);
+        openApplication(session);
+        openFolders(session);
+        loadDictionary(session);
+        session.bOutlookInit = true;
+    };
+    trapErrors(L"InitOutlook", open, [&] { giveUp(session); });
+}

@@ -1,0 +1,116 @@
+#include "shell/form_window.h"
+
+#include "automation/error.h"
+#include "automation/outgoing_call.h"
+#include "common/error_trap.h"
+#include "shell/resources.h"
+#include "shell/screen_scale.h"
+
+#include <utility>
+
+namespace {
+
+constexpr UINT runDeferredMessage = WM_APP;
+constexpr UINT_PTR retryTimer = 2;
+constexpr UINT retryInterval = 20; // milliseconds
+
+}
+
+FormWindow::FormWindow(FormEvents& events) : events_(events)
+{
+    const HINSTANCE program = GetModuleHandleW(nullptr);
+    WNDCLASSW description{};
+    description.lpfnWndProc = procedure;
+    description.hInstance = program;
+    description.hIcon = LoadIconW(program, MAKEINTRESOURCEW(IDI_HUBLINK));
+    description.lpszClassName = className;
+    RegisterClassW(&description); // fails harmlessly when it is registered already
+    window_ = CreateWindowW(className, L"Hublink", WS_OVERLAPPED, 0, 0, 0, 0, nullptr, nullptr, program, this);
+    if (!window_) throw automation::AutomationError(L"CreateWindow", HRESULT_FROM_WIN32(GetLastError()));
+}
+
+FormWindow::~FormWindow()
+{
+    SetWindowLongPtrW(window_, GWLP_USERDATA, 0);
+    DestroyWindow(window_);
+}
+
+void FormWindow::startSupervision()
+{
+    SetTimer(window_, supervisionTimer, supervisionInterval, nullptr);
+}
+
+void FormWindow::defer(std::function<void()> work)
+{
+    deferred_.push_back(std::move(work));
+    PostMessageW(window_, runDeferredMessage, 0, 0);
+}
+
+LRESULT CALLBACK FormWindow::procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam)
+{
+    if (message == WM_NCCREATE)
+        SetWindowLongPtrW(window, GWLP_USERDATA,
+                          reinterpret_cast<LONG_PTR>(reinterpret_cast<CREATESTRUCTW*>(lParam)->lpCreateParams));
+    auto* const form = reinterpret_cast<FormWindow*>(GetWindowLongPtrW(window, GWLP_USERDATA));
+    if (!form || !form->window_) return DefWindowProcW(window, message, wParam, lParam);
+
+    LRESULT result = 0;
+    trapErrors(L"window message", [&] { result = form->handle(message, wParam, lParam); });
+    return result;
+}
+
+LRESULT FormWindow::handle(UINT message, WPARAM wParam, LPARAM lParam)
+{
+    switch (message) {
+    case WM_TIMER:
+        timer(wParam);
+        return 0;
+    case WM_MOUSEMOVE: // also the notification icon's callback message
+        mouseMove(wParam, lParam);
+        return 0;
+    case runDeferredMessage:
+        runDeferred();
+        return 0;
+    case WM_CLOSE:
+        events_.Form_Terminate();
+        return 0;
+    case WM_ENDSESSION:
+        if (wParam) events_.Form_Terminate();
+        return 0;
+    default:
+        return DefWindowProcW(window_, message, wParam, lParam);
+    }
+}
+
+void FormWindow::timer(UINT_PTR id)
+{
+    if (id == retryTimer) {
+        KillTimer(window_, retryTimer);
+        runDeferred();
+    } else if (id == supervisionTimer && !automation::OutgoingCall::inProgress()) {
+        events_.timerTick();
+    }
+}
+
+void FormWindow::mouseMove(WPARAM wParam, LPARAM lParam)
+{
+    const double x = screenScale::twipsFromPixels(static_cast<short>(LOWORD(lParam)));
+    const double y = screenScale::twipsFromPixels(static_cast<short>(HIWORD(lParam)));
+    events_.Form_MouseMove(static_cast<int>(wParam & (MK_LBUTTON | MK_RBUTTON)), 0, x, y);
+}
+
+void FormWindow::runDeferred()
+{
+    if (runningDeferred_) return; // the work under way is finished first, then the rest
+    if (automation::OutgoingCall::inProgress()) {
+        SetTimer(window_, retryTimer, retryInterval, nullptr);
+        return;
+    }
+    runningDeferred_ = true;
+    while (!deferred_.empty()) {
+        const std::function<void()> work = std::move(deferred_.front());
+        deferred_.pop_front();
+        trapErrors(L"event", work);
+    }
+    runningDeferred_ = false;
+}

@@ -1,0 +1,53 @@
+// The form's window: never shown, but a real top-level one, because the
+// notification area and the end of a user session address such windows.
+#pragma once
+
+#include <windows.h>
+
+#include <deque>
+#include <functional>
+
+// What the window's messages mean to the form. Nothing may be thrown.
+class FormEvents {
+public:
+    virtual void timerTick() = 0;
+    virtual void Form_MouseMove(int button, int shift, double X, double Y) = 0;
+    virtual void Form_Terminate() = 0;
+
+protected:
+    ~FormEvents() = default;
+};
+
+class FormWindow {
+public:
+    explicit FormWindow(FormEvents& events);
+    ~FormWindow();
+    FormWindow(const FormWindow&) = delete;
+    FormWindow& operator=(const FormWindow&) = delete;
+
+    HWND handle() const noexcept { return window_; }
+
+    // Starts the supervision timer: a tick every 5000 ms, except those that
+    // Windows delivers inside a call to another program.
+    void startSupervision();
+
+    // Runs `work` from the message loop: in order, one at a time, never inside
+    // a call to another program.
+    void defer(std::function<void()> work);
+
+    static constexpr const wchar_t* className = L"Hublink";
+    static constexpr UINT_PTR supervisionTimer = 1;
+    static constexpr UINT supervisionInterval = 5000; // milliseconds
+
+private:
+    static LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
+    LRESULT handle(UINT message, WPARAM wParam, LPARAM lParam);
+    void timer(UINT_PTR id);
+    void mouseMove(WPARAM wParam, LPARAM lParam);
+    void runDeferred();
+
+    FormEvents& events_;
+    std::deque<std::function<void()>> deferred_;
+    bool runningDeferred_ = false;
+    HWND window_ = nullptr;
+};

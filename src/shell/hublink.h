@@ -1,0 +1,98 @@
+// The hidden main form. It owns the configuration, both timers' work, the
+// notification icon and the objects of the rooms below, which reach it as
+// their Host. It lives from start to end of the process.
+//
+// Its procedures stand in a file per subject: start_up.cpp, connector_ini.cpp,
+// log.cpp, supervision.cpp, stop.cpp, notification_icon.cpp.
+#pragma once
+
+#include "common/dictionary.h"
+#include "common/groupware_state.h"
+#include "common/host.h"
+#include "common/ini_file.h"
+#include "common/process_lookup.h"
+#include "outlook/outlook_session.h"
+#include "shell/form_window.h"
+#include "shell/tray_icon_data.h"
+#include "softphone/pavex_interface.h"
+
+#include <windows.h>
+
+#include <optional>
+
+// What the form asks of the desktop.
+struct Desktop {
+    std::wstring programFolder;                                                    // no trailing backslash
+    std::function<int(const std::wstring& text, UINT flags)> messageBox;           // titled with the program's name
+    std::function<void()> endProcess;                                              // at once, nothing else runs
+};
+
+class Hublink final : public Host, private FormEvents {
+public:
+    explicit Hublink(Desktop desktop);
+    ~Hublink() override;
+    Hublink(const Hublink&) = delete;
+    Hublink& operator=(const Hublink&) = delete;
+
+    // Start-up.
+    void Form_Load();
+    void initProcessHandle();
+
+    // Reads the general sections of the ini file. True when all compared
+    // switches are as before ("Histo" is not compared); false otherwise, and
+    // when the reading ended early.
+    bool ReadConnectorIni();
+
+    // Supervision: one tick of the timer.
+    void SupervisionPavex_Timer();
+
+    // Stopping: the request, and the end of the process.
+    void StopConnector() override;
+    void StopAll();
+    void Form_Terminate() override;
+
+    // Notification icon. X is the notification code, in twips.
+    void AddTrayIcon();
+    void Form_MouseMove(int button, int shift, double X, double Y) override;
+
+    // The form's services to the rooms below.
+    void WriteLog(const std::wstring& szMessage) override;
+    const Configuration& configuration() const override { return configuration_; }
+    void enableSupervision() override { window_.startSupervision(); }
+    void showMessage(const std::wstring& szMessage) override;
+    void pause(std::int32_t milliseconds) override;
+    DATE now() const override;
+    std::wstring programFolder() const override { return desktop_.programFolder; }
+    void defer(std::function<void()> work) override { window_.defer(std::move(work)); }
+
+    HWND hWnd() const { return window_.handle(); }
+    OutlookSession& outlook() { return outlook_; }
+    PavexInterface& link() { return gPavexInterface; }
+
+private:
+    void timerTick() override { SupervisionPavex_Timer(); }
+    void superviseSoftphone();
+    void superviseOutlook();
+    void superviseIniFile();
+    bool isRunning(const wchar_t* fileName, HANDLE& handle);
+    void readGroupwares(const IniFile& ini);
+    void readFeatures(const IniFile& ini);
+
+    const Desktop desktop_;
+    Configuration configuration_;
+    GroupwareState groupware_;
+    Dictionary dictionary_;
+    ProcessLookup processes_;
+    OutlookSession outlook_;
+    PavexInterface gPavexInterface;
+    std::optional<FILETIME> gIniFileDate; // modification time when last read
+    bool bProcessWatchReady = false;
+    HANDLE hPavexProcess = nullptr;
+    HANDLE hOutlookProcess = nullptr;
+    TrayIconData trayIconData_;
+    bool inTick_ = false;      // a tick's own message box is open
+    bool asking_ = false;      // the icon's question is open
+    bool mapWasTold_ = false;  // StopAll has called the map server, in vain perhaps
+    bool ending_ = false;      // StopAll is past the point of return
+    FormWindow window_;        // last: its messages reach complete objects only
+};

@@ -1,0 +1,27 @@
+#include "automation/conversion.h"
+#include "common/error_trap.h"
+#include "outlook/log_item.h"
+#include "shell/hublink.h"
+
+void Hublink::WriteLog(const std::wstring& szMessage)
+{
+    trapErrors(L"WriteLog", [&] {
+        if (outlook_.bOutlookInit) LogToOutlookJournal(outlook_, szMessage);
+        if (configuration_.Trace) showMessage(szMessage);
+    });
+}
+
+void Hublink::showMessage(const std::wstring& szMessage)
+{
+    desktop_.messageBox(szMessage, MB_OK);
+}
+
+void Hublink::pause(std::int32_t milliseconds)
+{
+    if (milliseconds > 0) Sleep(static_cast<DWORD>(milliseconds));
+}
+
+DATE Hublink::now() const
+{
+    return automation::now();
+}

@@ -1,0 +1,46 @@
+// Wires the program together and runs its message loop.
+#include "automation/apartment.h"
+#include "automation/message_filter.h"
+#include "automation/server/registration.h"
+#include "shell/hublink.h"
+#include "shell/single_instance.h"
+
+namespace {
+
+Desktop realDesktop()
+{
+    const std::wstring program = automation::server::programPath();
+    return {
+        program.substr(0, program.rfind(L'\\')),
+        [](const std::wstring& text, UINT flags) { return MessageBoxW(nullptr, text.c_str(), L"Hublink", flags); },
+        [] { ExitProcess(0); },
+    };
+}
+
+int run()
+{
+    const SingleInstance instance;
+    if (!instance.isFirst()) return 0;
+
+    const automation::Apartment apartment;
+    const automation::BusyMessageFilter busyFilter;
+    Hublink form(realDesktop());
+    form.Form_Load();
+
+    MSG message;
+    while (GetMessageW(&message, nullptr, 0, 0) > 0) {
+        TranslateMessage(&message);
+        DispatchMessageW(&message);
+    }
+    return 0;
+}
+
+}
+
+int WINAPI WinMain(HINSTANCE, HINSTANCE, LPSTR, int)
+try {
+    return run();
+} catch (const std::exception& error) {
+    OutputDebugStringA(error.what());
+    return 1;
+}

@@ -1,0 +1,19 @@
+// One Hublink a user session.
+#pragma once
+
+#include <windows.h>
+
+class SingleInstance {
+public:
+    SingleInstance();
+    ~SingleInstance();
+    SingleInstance(const SingleInstance&) = delete;
+    SingleInstance& operator=(const SingleInstance&) = delete;
+
+    // Whether this is the session's first; a later one must touch nothing.
+    bool isFirst() const noexcept { return first_; }
+
+private:
+    HANDLE mutex_;
+    bool first_;
+};

@@ -1,0 +1,62 @@
+#include "automation/conversion.h"
+#include "common/error_trap.h"
+#include "common/files.h"
+#include "common/registry.h"
+#include "shell/file_time.h"
+#include "shell/hublink.h"
+
+#include <shellapi.h>
+
+#include <cmath>
+#include <utility>
+
+namespace {
+
+constexpr const wchar_t* appPathsKey = L"SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\App Paths\\Pavex.exe";
+constexpr const wchar_t* userKey = L"Software\\Orvel\\Pavex\\Name";
+constexpr const wchar_t* iniFileName = L"pavexconnector.ini";
+
+}
+
+Hublink::Hublink(Desktop desktop)
+    : desktop_(std::move(desktop)), dictionary_(desktop_.programFolder), outlook_(*this, groupware_, dictionary_),
+      gPavexInterface(*this, groupware_, outlook_), trayIconData_(), window_(*this)
+{
+}
+
+Hublink::~Hublink()
+{
+    if (trayIconData_.cbSize) notifyShell(NIM_DELETE, trayIconData_);
+}
+
+void Hublink::initProcessHandle()
+{
+    isRunning(L"pavex.exe", hPavexProcess);
+    bProcessWatchReady = true;
+}
+
+void Hublink::Form_Load()
+{
+    trapErrors(L"Form_Load", [&] {
+        hPavexProcess = nullptr;
+        hOutlookProcess = nullptr;
+        groupware_.nbInitFailure = 0;
+        initProcessHandle();
+        configuration_.szPathPavex = RegGetString(HKEY_LOCAL_MACHINE, appPathsKey, L"Path");
+        configuration_.szServer = RegGetString(HKEY_CURRENT_USER, userKey, L"HostZRB");
+        configuration_.szUserName = RegGetString(HKEY_CURRENT_USER, userKey, L"Man");
+        if (!configuration_.szPathPavex.empty()) {
+            const std::wstring today = automation::textFromDate(std::floor(now()));
+            configuration_.szPathLogFile = configuration_.szPathPavex + L"\\ConnectorId\\log\\log" + today + L".log";
+        }
+        AddTrayIcon();
+        const std::wstring folder = configuration_.szPathPavex + L"\\Connector";
+        CopieFileIfNotExist(folder, iniFileName, desktop_.programFolder);
+        configuration_.szFileConnectorIni = folder + L"\\" + iniFileName;
+        // A stop request that an earlier run left behind must not end this one.
+        IniFile(configuration_.szFileConnectorIni).write("Application", "kill", "false");
+        gIniFileDate = modificationTime(configuration_.szFileConnectorIni);
+        ReadConnectorIni();
+        gPavexInterface.Class_Initialize();
+    });
+}

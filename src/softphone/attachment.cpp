@@ -1,0 +1,108 @@
+#include "common/error_trap.h"
+#include "outlook/session.h"
+#include "softphone/identifier_map.h"
+#include "softphone/pavex_interface.h"
+#include "softphone/softphone_members.h"
+
+using automation::EventArguments;
+using automation::EventHandlers;
+using automation::Object;
+using automation::Subscription;
+
+PavexInterface::PavexInterface(Host& host, GroupwareState& groupware, OutlookSession& outlook)
+    : host_(host), groupware_(groupware), outlook_(outlook)
+{
+}
+
+void PavexInterface::Class_Initialize()
+{
+    trapErrors(L"Class_Initialize", [&] {
+        InitPavex();
+        InitConnector(true);
+        host_.enableSupervision();
+    });
+}
+
+void PavexInterface::InitPavex()
+{
+    using namespace softphone;
+    trapErrors(L"InitPavex", [&] {
+        PavexObj = Object::create(progId);
+        applicationEvents_ = Subscription(PavexObj, progId, applicationHandlers());
+        PavexObj.put(application::attached, true);
+        LineObj = PavexObj.get(application::line).object();
+        lineEvents_ = Subscription(LineObj, progId, lineHandlers());
+        UserObj = PavexObj.get(application::user).object();
+        groupware_.PavexUserName = UserObj.get(user::firstText).text() + L" " + UserObj.get(user::secondText).text();
+        histo = PavexObj.get(application::history).object();
+        historyEvents_ = Subscription(histo, progId, historyHandlers());
+        adressbookPavex = PavexObj.get(application::addressBook).object();
+        addressBookEvents_ = Subscription(adressbookPavex, progId, addressBookHandlers());
+    });
+}
+
+// Events only queue their work here: it runs from the message loop, one event
+// at a time, so that none is handled inside a call or another event.
+EventHandlers PavexInterface::applicationHandlers()
+{
+    return {{L"OnQuit", [this](EventArguments) { host_.defer([this] { PavexObj_OnQuit(); }); }}};
+}
+
+EventHandlers PavexInterface::lineHandlers()
+{
+    return {{L"OnLineNewCall", [this](EventArguments arguments) {
+                 const Object ccall = arguments.at(0).object().sharing(callNames_);
+                 host_.defer([this, ccall] { LineObj_OnLineNewCall(ccall); });
+             }}};
+}
+
+EventHandlers PavexInterface::historyHandlers()
+{
+    return {{L"OnHistoricDeleteItem", [this](EventArguments arguments) {
+                 const std::int32_t high = arguments.at(0).int32();
+                 const std::int32_t low = arguments.at(1).int32();
+                 host_.defer([this, high, low] { histo_OnHistoricDeleteItem(high, low); });
+             }}};
+}
+
+EventHandlers PavexInterface::addressBookHandlers()
+{
+    return {{L"OnRepertoryDeleteEntry", [this](EventArguments arguments) {
+                 const std::int32_t high = arguments.at(0).int32();
+                 const std::int32_t low = arguments.at(1).int32();
+                 host_.defer([this, high, low] { adressbookPavex_OnRepertoryDeleteEntry(high, low); });
+             }}};
+}
+
+void PavexInterface::InitConnector(bool)
+{
+    trapErrors(L"InitConnector", [&] {
+        bInitConnector = true;
+        openIdentifierMap();
+        InitOutlook(outlook_);
+        host_.WriteLog(L"Start Connector Initialization");
+        PurgeId();
+        host_.WriteLog(host_.configuration().gStop ? L"Abort Connector Initialization"
+                                                   : L"Connector Initialization  Ok");
+        bInitConnector = false;
+    });
+}
+
+// Without a map the program goes on: every record then looks unmapped.
+void PavexInterface::openIdentifierMap()
+{
+    trapErrors(L"InitConnector", [&] {
+        hashID = Object();
+        hashID = createIdentifierMap(host_);
+    });
+}
+
+void PavexInterface::Kill()
+{
+    trapErrors(L"Kill", [&] { host_.StopConnector(); });
+}
+
+void PavexInterface::PavexObj_OnQuit()
+{
+    Kill();
+}

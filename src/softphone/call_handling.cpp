@@ -1,0 +1,63 @@
+#include "common/error_trap.h"
+#include "outlook/callback_mail.h"
+#include "outlook/contact_lookup.h"
+#include "outlook/contacts.h"
+#include "softphone/last_call.h"
+#include "softphone/pavex_interface.h"
+
+namespace {
+
+// A marker between these procedures; the softphone knows nothing of it.
+constexpr const wchar_t* forwarded = L"TI_LINESTATECAUSE_FORWARD";
+
+}
+
+void PavexInterface::LineObj_OnLineNewCall(const automation::Object& ccall)
+{
+    trapErrors(L"LineObj_OnLineNewCall", [&] {
+        const std::wstring number = ccall.get(L"Number").text();
+        gPhoneNumberCalled = number;
+        if (!number.empty()) {
+            SetLastCallInfo(outlook_, gPhoneNumberCalled, gLastNameCalled, gFirstNameCalled);
+            if (gLastNameCalled.empty()) {
+                gLastNameCalled = ccall.get(L"LastName").text();
+                gFirstNameCalled = ccall.get(L"FirstName").text();
+            }
+        }
+        gDestinationNumber.clear();
+        if (number.empty() || !ccall.get(L"Incoming").truth()) return;
+
+        gDestinationNumber = ccall.get(L"DestinationNumber").text();
+        if (!gDestinationNumber.empty())
+            SetLastCallInfo(outlook_, gDestinationNumber, gDestinationLastName, gDestinationFirstName);
+        DoCallAction(false, true);
+    });
+}
+
+void PavexInterface::DoCallAction(bool force, bool sendcallbakmsg)
+{
+    trapErrors(L"DoCallAction", [&] {
+        const bool isForwarded = !gDestinationNumber.empty() && sendcallbakmsg;
+        ProcessCallAction(host_, outlook_, gPhoneNumberCalled, gLastNameCalled, gFirstNameCalled,
+                          isForwarded ? gDestinationNumber : L"", L"", L"", isForwarded ? forwarded : L"", force);
+    });
+}
+
+void ProcessCallAction(Host& host, OutlookSession& outlook, std::wstring PhoneNumber, std::wstring LastName,
+                       std::wstring FirstName, std::wstring DestNumber, std::wstring DestLastName,
+                       std::wstring DestFirstName, const std::wstring& Cause, bool force)
+{
+    trapErrors(L"ProcessCallAction", [&] {
+        const Configuration& configuration = host.configuration();
+        if (Cause == forwarded && (configuration.bgWithCallBackMail || force) && outlook.bOutlookInit) {
+            std::wstring mail;
+            const std::wstring entryId = FindOutlookContact(outlook, DestNumber, DestLastName, DestFirstName, mail);
+            if (!entryId.empty() && !mail.empty())
+                SendOutlookMail(outlook, mail, MakeCallBackText(outlook, PhoneNumber, LastName, FirstName));
+        }
+        if ((configuration.bgWithPopUp || force) && outlook.bOutlookInit) {
+            if (!ShowOutlookContact(outlook, PhoneNumber) && configuration.bgSetNewContact)
+                NewOutlookContact(outlook, PhoneNumber, LastName, FirstName, true);
+        }
+    });
+}

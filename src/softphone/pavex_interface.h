@@ -1,0 +1,98 @@
+// The softphone link: attaches to the running softphone, receives its events,
+// keeps the identifier map in step and carries out what a call asks for in the
+// groupware. The shell makes one instance. No error leaves a public procedure.
+//
+// The class's procedures stand in a file per subject: attachment.cpp,
+// identifier_map.cpp, call_handling.cpp.
+#pragma once
+
+#include "automation/event_sink.h"
+#include "common/groupware_state.h"
+#include "common/host.h"
+#include "common/softphone_id.h"
+#include "outlook/outlook_session.h"
+
+#include <cstdint>
+#include <functional>
+#include <string>
+
+class PavexInterface {
+public:
+    PavexInterface(Host& host, GroupwareState& groupware, OutlookSession& outlook);
+
+    // Attaches, initialises for the first time, then starts the supervision.
+    void Class_Initialize();
+
+    // Attaches to the softphone. What could not be reached stays empty, and
+    // every later use of it fails quietly.
+    void InitPavex();
+
+    // Opens the identifier map and the groupware sessions and drops the map
+    // records whose softphone record has gone. `bfirst` asks the groupware for
+    // a new log document.
+    void InitConnector(bool bfirst);
+
+    // Stops the connector.
+    void Kill();
+
+    void PavexObj_OnQuit();
+
+    // A new call on the line: who calls, and what to show or prepare for it.
+    void LineObj_OnLineNewCall(const automation::Object& ccall);
+
+    // Runs the actions for the last call; `force` even those switched off,
+    // `sendcallbakmsg` the callback message too.
+    void DoCallAction(bool force, bool sendcallbakmsg);
+
+    // Drops the map records whose softphone record has gone.
+    void PurgeId();
+    void PurgeIdRepertory();
+    void PurgeIdHistorique();
+
+    // Whether the softphone still has the entry, or the history item, of an
+    // identifier text. False too when that cannot be found out.
+    bool InPavexRepertory(const std::wstring& Id);
+    bool InPavexHistorique(const std::wstring& Id);
+
+    // A deleted record stays in the map until the next purge, on purpose.
+    void adressbookPavex_OnRepertoryDeleteEntry(std::int32_t IdHigh, std::int32_t IdLow);
+    void histo_OnHistoricDeleteItem(std::int32_t IdHigh, std::int32_t IdLow);
+
+    automation::Object UserObj;
+    bool bInitConnector = false;          // InitConnector is running
+    std::wstring gPhoneNumberCalled;      // other party of the last new call
+    std::wstring gLastNameCalled;
+    std::wstring gFirstNameCalled;
+    std::wstring gDestinationLastName;    // to whom an incoming call was forwarded
+    std::wstring gDestinationFirstName;
+    std::wstring gDestinationNumber;
+    automation::Object hashID;            // the identifier-map server
+    automation::Object PavexObj;
+    automation::Object LineObj;
+    automation::Object histo;
+    automation::Object adressbookPavex;
+
+private:
+    automation::EventHandlers applicationHandlers();
+    automation::EventHandlers lineHandlers();
+    automation::EventHandlers historyHandlers();
+    automation::EventHandlers addressBookHandlers();
+    void openIdentifierMap();
+    void purge(const wchar_t* procedure, std::int32_t collection, const std::function<bool(const std::wstring&)>& exists);
+
+    Host& host_;
+    GroupwareState& groupware_;
+    OutlookSession& outlook_;
+    // All calls are of one class, so their members are looked up once.
+    const automation::SharedNames callNames_ = automation::sharedNames();
+    automation::Subscription applicationEvents_;
+    automation::Subscription lineEvents_;
+    automation::Subscription historyEvents_;
+    automation::Subscription addressBookEvents_;
+};
+
+// Carries out what is switched on (with `force`: everything) for a call: the
+// callback message to the one it was forwarded to, then the caller's contact.
+void ProcessCallAction(Host& host, OutlookSession& outlook, std::wstring PhoneNumber, std::wstring LastName,
+                       std::wstring FirstName, std::wstring DestNumber, std::wstring DestLastName,
+                       std::wstring DestFirstName, const std::wstring& Cause, bool force);

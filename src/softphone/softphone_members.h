@@ -1,0 +1,30 @@
+// The softphone's members that are bound by dispatch identifier: its type
+// library publishes interfaces, not names that a late-bound client could ask for.
+#pragma once
+
+#include <windows.h>
+#include <oaidl.h>
+
+namespace softphone {
+
+inline constexpr const wchar_t* progId = L"Pavex.Application";
+
+namespace application {
+inline constexpr DISPID user = 9;
+inline constexpr DISPID line = 10;
+inline constexpr DISPID history = 11;
+inline constexpr DISPID addressBook = 12;
+inline constexpr DISPID attached = 14; // Boolean, set by an attaching client
+}
+
+namespace user {
+inline constexpr DISPID firstText = 2;
+inline constexpr DISPID secondText = 3;
+}
+
+// The history and the address book alike.
+namespace records {
+inline constexpr DISPID byId = 4; // (IdHigh, IdLow): the record, or Nothing
+}
+
+}
