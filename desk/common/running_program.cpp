@@ -1,0 +1,192 @@
+#include "desk/common/running_program.h"
+
+#include "desk/common/text.h"
+
+#include <algorithm>
+
+namespace desk {
+
+namespace {
+
+constexpr UINT requestMessage = WM_APP + 1;  // sent: a request and room for its response
+constexpr UINT answeredMessage = WM_APP + 2; // posted: the client has the response
+constexpr UINT_PTR saveTimer = 1;
+constexpr DWORD leastSaveDelay = 100; // milliseconds
+
+std::wstring inProgramFolder(const wchar_t* file)
+{
+    const std::wstring program = automation::server::programPath();
+    return program.substr(0, program.rfind(L'\\') + 1) + file;
+}
+
+void writeError(const std::string& text)
+{
+    const std::string line = text + "\n";
+    DWORD written = 0;
+    WriteFile(GetStdHandle(STD_ERROR_HANDLE), line.data(), static_cast<DWORD>(line.size()), &written, nullptr);
+}
+
+}
+
+RunningProgram::RunningProgram(const ProgramDescription& description, const PartnerMaker& makePartner)
+    : description_(description), storePath_(inProgramFolder(description.storeFile)), saveDelay_(leastSaveDelay)
+{
+    recorder_.die = [this] { die(); };
+    makeWindow();
+    partner_ = makePartner(*this);
+    try {
+        const std::vector<StoreRecord> records = readStore(storePath_);
+        partner_->load(records);
+    } catch (const std::runtime_error& error) {
+        throw BadStore(error.what());
+    }
+    factory_ = std::make_unique<automation::server::ClassFactory>(description.registration.classId,
+                                                                  [this] { return partner_->application(); });
+    pipe_ = std::make_unique<ControlPipe>(
+        description.name,
+        [window = window_](const std::wstring& request) {
+            std::wstring response = L"error: the program is ending";
+            SendMessageW(window, requestMessage, reinterpret_cast<WPARAM>(&request),
+                         reinterpret_cast<LPARAM>(&response));
+            return response;
+        },
+        [window = window_] { PostMessageW(window, answeredMessage, 0, 0); });
+}
+
+RunningProgram::~RunningProgram()
+{
+    pipe_.reset();
+    factory_.reset();
+    partner_.reset();
+    DestroyWindow(window_);
+}
+
+void RunningProgram::makeWindow()
+{
+    WNDCLASSW windowClass{};
+    windowClass.lpfnWndProc = procedure;
+    windowClass.hInstance = GetModuleHandleW(nullptr);
+    windowClass.lpszClassName = L"HublinkDeskControl";
+    RegisterClassW(&windowClass);
+    window_ = CreateWindowExW(0, windowClass.lpszClassName, L"", 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr,
+                              windowClass.hInstance, nullptr);
+    if (!window_) throw std::runtime_error("the control window cannot be made");
+    SetWindowLongPtrW(window_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
+}
+
+LRESULT CALLBACK RunningProgram::procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam)
+{
+    auto* self = reinterpret_cast<RunningProgram*>(GetWindowLongPtrW(window, GWLP_USERDATA));
+    switch (self ? message : WM_NULL) {
+    case requestMessage:
+        *reinterpret_cast<std::wstring*>(lParam) = self->respond(*reinterpret_cast<const std::wstring*>(wParam));
+        return 1;
+    case answeredMessage:
+        self->answered();
+        return 0;
+    case WM_TIMER:
+        self->saveQuietly();
+        return 0;
+    default:
+        return DefWindowProcW(window, message, wParam, lParam);
+    }
+}
+
+void RunningProgram::run()
+{
+    MSG message;
+    while (GetMessageW(&message, nullptr, 0, 0) > 0) {
+        TranslateMessage(&message);
+        DispatchMessageW(&message);
+    }
+    saveQuietly();
+    factory_->revoke();
+}
+
+void RunningProgram::changed()
+{
+    if (dirty_) return;
+    dirty_ = true;
+    SetTimer(window_, saveTimer, saveDelay_, nullptr);
+}
+
+void RunningProgram::close()
+{
+    if (ending_) return;
+    ending_ = true;
+    PostQuitMessage(0);
+}
+
+std::wstring RunningProgram::respond(const std::wstring& request)
+try {
+    std::wstring_view rest = request;
+    const std::wstring word = takeWord(rest);
+    std::wstring response = carryOut(word, rest);
+    if (dirty_) save();
+    return response;
+} catch (const std::exception& error) {
+    return L"error: " + fromUtf8(error.what());
+}
+
+std::wstring RunningProgram::carryOut(const std::wstring& word, std::wstring_view rest)
+{
+    if (word == L"ping") return description_.name + (L" " + std::to_wstring(GetCurrentProcessId()));
+    if (word == L"calls") return recorder_.totals();
+    if (word == L"record") return recorder_.record();
+    if (word == L"load") return reload(rest);
+    if (word == L"clear") recorder_.clear();
+    else if (word == L"fault") recorder_.faults.add(rest);
+    else if (word == L"flush") dirty_ = true;
+    else if (word == L"die") after_ = AfterAnswer::die;
+    else if (word == L"exit") after_ = AfterAnswer::close;
+    else if (auto response = partner_->command(word, rest)) return *response;
+    else throw std::runtime_error("unknown command \"" + utf8(word) + "\"");
+    return L"ok";
+}
+
+std::wstring RunningProgram::reload(std::wstring_view text)
+{
+    partner_->load(parseStore(text));
+    dirty_ = true;
+    return L"ok";
+}
+
+void RunningProgram::answered()
+{
+    switch (std::exchange(after_, AfterAnswer::nothing)) {
+    case AfterAnswer::nothing: break;
+    case AfterAnswer::close: close(); break;
+    case AfterAnswer::die: die();
+    }
+}
+
+void RunningProgram::save()
+{
+    KillTimer(window_, saveTimer);
+    dirty_ = false;
+    const DWORD start = GetTickCount();
+    writeStore(storePath_, partner_->records());
+    // A big store must not keep its clients waiting more than a fifth of the time.
+    saveDelay_ = std::max(leastSaveDelay, 4 * (GetTickCount() - start));
+}
+
+void RunningProgram::saveQuietly()
+{
+    if (!dirty_) return;
+    try {
+        save();
+    } catch (const std::exception& error) {
+        writeError(error.what());
+    }
+}
+
+// A process that dies with its class still offered would leave the class
+// unusable on some systems until the COM service starts anew.
+void RunningProgram::die()
+{
+    if (factory_) factory_->revoke();
+    TerminateProcess(GetCurrentProcess(), 1);
+    ExitThread(1); // never reached: TerminateProcess ends this thread
+}
+
+}

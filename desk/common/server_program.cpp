@@ -1,0 +1,99 @@
+#include "desk/common/server_program.h"
+
+#include "automation/apartment.h"
+#include "desk/common/running_program.h"
+#include "desk/common/text.h"
+
+#include <shellapi.h>
+
+namespace desk {
+
+namespace {
+
+constexpr DWORD longestRun = 3 * 60 * 60 * 1000;   // milliseconds
+constexpr DWORD endPatience = 60 * 1000;           // milliseconds
+constexpr int badCommandLine = 1;
+constexpr int badStore = 2;
+constexpr int otherFault = 3;
+
+int fail(int code, const std::string& text)
+{
+    const std::string line = text + "\n";
+    DWORD written = 0;
+    WriteFile(GetStdHandle(STD_ERROR_HANDLE), line.data(), static_cast<DWORD>(line.size()), &written, nullptr);
+    return code;
+}
+
+std::vector<std::wstring> commandLine()
+{
+    int count = 0;
+    LPWSTR* words = CommandLineToArgvW(GetCommandLineW(), &count);
+    std::vector<std::wstring> arguments;
+    for (int index = 1; index < count; ++index) arguments.push_back(lowerCase(words[index]));
+    LocalFree(words);
+    for (std::wstring& argument : arguments)
+        if (argument[0] == L'-') argument[0] = L'/';
+    return arguments;
+}
+
+// Ends a program that nobody ended: a test that broke off must not leave it
+// behind for ever, since a client's death is not told to it everywhere.
+DWORD WINAPI watch(void* mainThread)
+{
+    Sleep(longestRun);
+    PostThreadMessageW(static_cast<DWORD>(reinterpret_cast<DWORD_PTR>(mainThread)), WM_QUIT, 0, 0);
+    Sleep(endPatience);
+    TerminateProcess(GetCurrentProcess(), otherFault);
+    return 0;
+}
+
+// The right to be the one running instance.
+class OnlyInstance {
+public:
+    explicit OnlyInstance(const wchar_t* name)
+        : mutex_(CreateMutexW(nullptr, TRUE, (L"hublink-desk-" + std::wstring(name)).c_str())),
+          owned_(GetLastError() != ERROR_ALREADY_EXISTS)
+    {
+    }
+    ~OnlyInstance() { CloseHandle(mutex_); }
+    OnlyInstance(const OnlyInstance&) = delete;
+    OnlyInstance& operator=(const OnlyInstance&) = delete;
+    bool owned() const { return owned_; }
+
+private:
+    const HANDLE mutex_;
+    const bool owned_;
+};
+
+void serve(const ProgramDescription& description, const PartnerMaker& makePartner)
+{
+    const OnlyInstance instance(description.name);
+    if (!instance.owned()) return;
+    const automation::Apartment apartment;
+    CloseHandle(CreateThread(nullptr, 0, watch, reinterpret_cast<void*>(static_cast<DWORD_PTR>(GetCurrentThreadId())),
+                             0, nullptr));
+    RunningProgram(description, makePartner).run();
+}
+
+}
+
+int runProgram(const ProgramDescription& description, const PartnerMaker& makePartner)
+try {
+    const std::vector<std::wstring> arguments = commandLine();
+    const std::wstring argument = arguments.size() == 1 ? arguments[0] : L"";
+    if (argument == L"/regserver")
+        automation::server::registerClass(description.registration, automation::server::programPath());
+    else if (argument == L"/unregserver")
+        automation::server::unregisterClass(description.registration);
+    else if (arguments.empty() || argument == L"/embedding")
+        serve(description, makePartner);
+    else
+        return fail(badCommandLine, "unknown command line: /RegServer, /UnregServer, -Embedding or nothing");
+    return 0;
+} catch (const BadStore& error) {
+    return fail(badStore, error.what());
+} catch (const std::exception& error) {
+    return fail(otherFault, error.what());
+}
+
+}

@@ -1,0 +1,95 @@
+#include "desk/common/fault_plan.h"
+
+#include <gtest/gtest.h>
+
+#include <stdexcept>
+#include <string>
+
+namespace {
+
+using desk::CallKind;
+using desk::Fault;
+using desk::FaultPlan;
+using Action = desk::Fault::Action;
+
+Action nextSave(FaultPlan& plan)
+{
+    return plan.next(L"ContactItem", L"Save", CallKind::method).action;
+}
+
+std::string refusal(const wchar_t* text)
+{
+    try {
+        FaultPlan().add(text);
+    } catch (const std::runtime_error& error) {
+        return error.what();
+    }
+    return "accepted";
+}
+
+}
+
+TEST(FaultPlan, NthCall_CountsLookUpsToo)
+{
+    FaultPlan plan;
+    plan.add(L"at 2 fail 0x80004004");
+    EXPECT_EQ(plan.next(L"Items", L"Add", CallKind::lookup).action, Action::none);
+    const Fault fault = plan.next(L"Items", L"Add", CallKind::method);
+    EXPECT_EQ(fault.action, Action::fail);
+    EXPECT_EQ(fault.code, E_ABORT);
+    EXPECT_EQ(nextSave(plan), Action::none) << "used up";
+}
+
+TEST(FaultPlan, BusyTimes_InARowFromTheNthCall)
+{
+    FaultPlan plan;
+    plan.add(L"at 2 busy 2");
+    EXPECT_EQ(nextSave(plan), Action::none);
+    EXPECT_EQ(nextSave(plan), Action::busy);
+    EXPECT_EQ(nextSave(plan), Action::busy);
+    EXPECT_EQ(nextSave(plan), Action::none);
+}
+
+TEST(FaultPlan, OnMember_EveryCallButNotItsLookUp)
+{
+    FaultPlan plan;
+    plan.add(L"on contactitem.save busy");
+    EXPECT_EQ(plan.next(L"ContactItem", L"Save", CallKind::lookup).action, Action::none);
+    EXPECT_EQ(nextSave(plan), Action::busy);
+    EXPECT_EQ(nextSave(plan), Action::busy);
+    EXPECT_EQ(plan.next(L"JournalItem", L"Save", CallKind::method).action, Action::none);
+    plan.add(L"off");
+    EXPECT_EQ(nextSave(plan), Action::none);
+}
+
+TEST(FaultPlan, OnMemberOfOneKind_OthersPass)
+{
+    FaultPlan plan;
+    plan.add(L"on *.Body put at 2 raise 0x80020009 Outlook|It is, broken");
+    EXPECT_EQ(plan.next(L"JournalItem", L"Body", CallKind::get).action, Action::none);
+    EXPECT_EQ(plan.next(L"JournalItem", L"Body", CallKind::put).action, Action::none);
+    const Fault fault = plan.next(L"MailItem", L"Body", CallKind::put);
+    EXPECT_EQ(fault.action, Action::raise);
+    EXPECT_EQ(fault.source, L"Outlook");
+    EXPECT_EQ(fault.description, L"It is, broken");
+}
+
+TEST(FaultPlan, OnMemberBusyTimes_OnlyThatOften)
+{
+    FaultPlan plan;
+    plan.add(L"on Save busy 2");
+    EXPECT_EQ(nextSave(plan), Action::busy);
+    EXPECT_EQ(nextSave(plan), Action::busy);
+    EXPECT_EQ(nextSave(plan), Action::none);
+}
+
+TEST(FaultPlan, BadTexts_AreRefusedWithTheReason)
+{
+    EXPECT_EQ(refusal(L""), "fault: \"on PATTERN\" or \"at N\" is missing");
+    EXPECT_EQ(refusal(L"at x busy"), "\"x\" is no number (at which call)");
+    EXPECT_EQ(refusal(L"at 0 busy"), "fault: the first call is number 1");
+    EXPECT_EQ(refusal(L"at 1 explode"), "fault: unknown action \"explode\"");
+    EXPECT_EQ(refusal(L"at 1 fail 0"), "fault: the HRESULT is no failure code");
+    EXPECT_EQ(refusal(L"at 1 raise 0x80004005 no bar"), "fault: raise needs SOURCE|TEXT");
+    EXPECT_EQ(refusal(L"at 1 die now"), "fault: \"now\" is too much");
+}
