@@ -58,7 +58,13 @@ EventHandlers PavexInterface::lineHandlers()
 
 EventHandlers PavexInterface::historyHandlers()
 {
-    return {{L"OnHistoricDeleteItem", [this](EventArguments arguments) {
+    return {{L"OnHistoricNewItem",
+             [this](EventArguments arguments) {
+                 const Object item = arguments.at(0).object().sharing(historyItemNames_);
+                 host_.defer([this, item] { histo_OnHistoricNewItem(item); });
+             }},
+            {L"OnHistoricDeleteItem",
+             [this](EventArguments arguments) {
                  const std::int32_t high = arguments.at(0).int32();
                  const std::int32_t low = arguments.at(1).int32();
                  host_.defer([this, high, low] { histo_OnHistoricDeleteItem(high, low); });
@@ -67,7 +73,13 @@ EventHandlers PavexInterface::historyHandlers()
 
 EventHandlers PavexInterface::addressBookHandlers()
 {
-    return {{L"OnRepertoryDeleteEntry", [this](EventArguments arguments) {
+    return {{L"OnRepertoryNewEntry",
+             [this](EventArguments arguments) {
+                 const Object entry = arguments.at(0).object().sharing(entryNames_);
+                 host_.defer([this, entry] { adressbookPavex_OnRepertoryNewEntry(entry); });
+             }},
+            {L"OnRepertoryDeleteEntry",
+             [this](EventArguments arguments) {
                  const std::int32_t high = arguments.at(0).int32();
                  const std::int32_t low = arguments.at(1).int32();
                  host_.defer([this, high, low] { adressbookPavex_OnRepertoryDeleteEntry(high, low); });
@@ -82,6 +94,8 @@ void PavexInterface::InitConnector(bool)
         InitOutlook(outlook_);
         host_.WriteLog(L"Start Connector Initialization");
         PurgeId();
+        if (host_.configuration().bgWithRepertory) InsertRepertory();
+        if (host_.configuration().bgWithHisto) InitHisto();
         host_.WriteLog(host_.configuration().gStop ? L"Abort Connector Initialization"
                                                    : L"Connector Initialization  Ok");
         bInitConnector = false;

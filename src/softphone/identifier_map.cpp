@@ -6,6 +6,8 @@
 #include "softphone/pavex_interface.h"
 #include "softphone/softphone_members.h"
 
+#include <algorithm>
+
 using automation::AutomationError;
 using automation::Object;
 using automation::Value;
@@ -53,6 +55,37 @@ try {
 } catch (const AutomationError& error) {
     if (!saysNotRegistered(error.code()) || !registerServer(host.programFolder())) throw;
     return Object::create(progId);
+}
+
+void insertId(const Object& map, const std::wstring& idAppli, const std::wstring& idOrvel, MapApplication application,
+              MapCollection collection)
+{
+    map.call(L"InsertId", {idAppli, idOrvel, static_cast<std::int32_t>(application),
+                           static_cast<std::int32_t>(collection)});
+}
+
+std::wstring mappedId(const Object& map, const std::wstring& idOrvel, MapApplication application)
+{
+    // The server writes the identifier into a text of the caller's size.
+    constexpr std::int32_t capacity = 1024;
+    Value idAppli(std::wstring(capacity, L'\0'));
+    Value length(capacity);
+    const Value result = map.get(L"ConvertIdOrvel", {idOrvel, byRef(idAppli), byRef(length),
+                                                     static_cast<std::int32_t>(application)});
+    if (result.int32() == 0) return L"";
+    return idAppli.text().substr(0, static_cast<std::size_t>(std::max(length.int32(), std::int32_t{0})));
+}
+
+std::wstring softphoneIdOf(const Object& entry)
+{
+    const std::int32_t high = entry.get(L"IdHigh").int32();
+    return textFromSoftphoneId({high, entry.get(L"IdLow").int32()});
+}
+
+std::wstring historyIdOf(const Object& item)
+{
+    const std::int32_t high = item.get(softphone::historyItem::idHigh).int32();
+    return textFromSoftphoneId({high, item.get(softphone::historyItem::idLow).int32()});
 }
 
 bool PavexInterface::InPavexRepertory(const std::wstring& Id)

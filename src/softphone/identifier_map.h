@@ -4,7 +4,25 @@
 #include "automation/object.h"
 #include "common/host.h"
 
+#include <cstdint>
+#include <string>
+
 // A new object of the map server. Where the server is not registered, the
 // program that lies beside this one is registered for the current user first.
 // Throws AutomationError when there is no way to one.
 automation::Object createIdentifierMap(const Host& host);
+
+enum class MapApplication : std::int32_t { outlook = 0, lotus = 1 };
+enum class MapCollection : std::int32_t { history = 0, contacts = 1 };
+
+// Remembers which groupware record mirrors a softphone record. Throws AutomationError.
+void insertId(const automation::Object& map, const std::wstring& idAppli, const std::wstring& idOrvel,
+              MapApplication application, MapCollection collection);
+
+// The groupware identifier mapped to a softphone record, "" when it is not
+// mapped. Throws AutomationError.
+std::wstring mappedId(const automation::Object& map, const std::wstring& idOrvel, MapApplication application);
+
+// The softphone identifier text of an address-book entry, and of a history item.
+std::wstring softphoneIdOf(const automation::Object& entry);
+std::wstring historyIdOf(const automation::Object& item);

@@ -3,7 +3,7 @@
 // groupware. The shell makes one instance. No error leaves a public procedure.
 //
 // The class's procedures stand in a file per subject: attachment.cpp,
-// identifier_map.cpp, call_handling.cpp.
+// identifier_map.cpp, call_handling.cpp, address_book.cpp, history.cpp.
 #pragma once
 
 #include "automation/event_sink.h"
@@ -27,8 +27,8 @@ public:
     // every later use of it fails quietly.
     void InitPavex();
 
-    // Opens the identifier map and the groupware sessions and drops the map
-    // records whose softphone record has gone. `bfirst` asks the groupware for
+    // Opens the identifier map and the groupware sessions, drops the map records
+    // whose softphone record has gone, and synchronises what is switched on. `bfirst` asks the groupware for
     // a new log document.
     void InitConnector(bool bfirst);
 
@@ -58,6 +58,19 @@ public:
     void adressbookPavex_OnRepertoryDeleteEntry(std::int32_t IdHigh, std::int32_t IdLow);
     void histo_OnHistoricDeleteItem(std::int32_t IdHigh, std::int32_t IdLow);
 
+    // Mirrors the softphone's address book: every entry that is not mapped yet
+    // is mapped to the contact with its number, or becomes a new contact.
+    void InsertRepertory();
+    void adressbookPavex_OnRepertoryNewEntry(const automation::Object& eltEntry);
+    void CreateOutlookContactFromPavex(const automation::Object& Obj);
+
+    // Mirrors the softphone's call history: every item that is not mapped yet
+    // becomes a journal item. `bnewContact` lets that create a contact for an
+    // unknown party.
+    void InitHisto();
+    void histo_OnHistoricNewItem(const automation::Object& item);
+    void SetHistoItemOutlook(const automation::Object& histoObj, bool bnewContact);
+
     automation::Object UserObj;
     bool bInitConnector = false;          // InitConnector is running
     std::wstring gPhoneNumberCalled;      // other party of the last new call
@@ -78,13 +91,19 @@ private:
     automation::EventHandlers historyHandlers();
     automation::EventHandlers addressBookHandlers();
     void openIdentifierMap();
+    std::wstring walkRepertory();
+    void mirrorEntry(const automation::Object& entry, int& created);
+    std::wstring walkHistory();
+    void mirrorHistoryItem(const automation::Object& item);
     void purge(const wchar_t* procedure, std::int32_t collection, const std::function<bool(const std::wstring&)>& exists);
 
     Host& host_;
     GroupwareState& groupware_;
     OutlookSession& outlook_;
-    // All calls are of one class, so their members are looked up once.
+    // The softphone's records are of one class each: members are looked up once.
     const automation::SharedNames callNames_ = automation::sharedNames();
+    const automation::SharedNames entryNames_ = automation::sharedNames();
+    const automation::SharedNames historyItemNames_ = automation::sharedNames();
     automation::Subscription applicationEvents_;
     automation::Subscription lineEvents_;
     automation::Subscription historyEvents_;

@@ -24,7 +24,14 @@ inline constexpr DISPID secondText = 3;
 
 // The history and the address book alike.
 namespace records {
-inline constexpr DISPID byId = 4; // (IdHigh, IdLow): the record, or Nothing
+inline constexpr DISPID count = 1;
+inline constexpr DISPID atIndex = 3; // 0-based
+inline constexpr DISPID byId = 4;    // (IdHigh, IdLow): the record, or Nothing
+}
+
+namespace historyItem {
+inline constexpr DISPID idHigh = 1;
+inline constexpr DISPID idLow = 2;
 }
 
 }

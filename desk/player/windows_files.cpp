@@ -1,0 +1,150 @@
+#include "desk/player/windows_files.h"
+
+#include "automation/server/registration.h"
+#include "automation/text.h"
+
+#include <shlobj.h>
+
+#include <stdexcept>
+#include <utility>
+
+namespace desk::player {
+
+namespace {
+
+[[noreturn]] void fail(const char* what, const std::wstring& name)
+{
+    throw std::runtime_error(std::string(what) + " " + automation::ansi(name) + ": error " +
+                             std::to_string(GetLastError()));
+}
+
+}
+
+std::wstring ownFolder()
+{
+    const std::wstring program = automation::server::programPath();
+    return program.substr(0, program.rfind(L'\\'));
+}
+
+void makeFolder(const std::wstring& folder)
+{
+    const int result = SHCreateDirectoryExW(nullptr, folder.c_str(), nullptr);
+    if (result != ERROR_SUCCESS && result != ERROR_ALREADY_EXISTS && result != ERROR_FILE_EXISTS)
+        fail("cannot make the folder", folder);
+}
+
+void copyFile(const std::wstring& from, const std::wstring& to)
+{
+    if (!CopyFileW(from.c_str(), to.c_str(), FALSE)) fail("cannot copy", from);
+}
+
+void copyFolder(const std::wstring& from, const std::wstring& to)
+{
+    makeFolder(to);
+    WIN32_FIND_DATAW entry;
+    const HANDLE search = FindFirstFileW((from + L"\\*").c_str(), &entry);
+    if (search == INVALID_HANDLE_VALUE) fail("cannot read the folder", from);
+    do {
+        if (!(entry.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY))
+            copyFile(from + L"\\" + entry.cFileName, to + L"\\" + entry.cFileName);
+    } while (FindNextFileW(search, &entry));
+    FindClose(search);
+}
+
+void writeFile(const std::wstring& file, std::string_view bytes)
+{
+    const HANDLE handle = CreateFileW(file.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, 0, nullptr);
+    if (handle == INVALID_HANDLE_VALUE) fail("cannot write", file);
+    DWORD written = 0;
+    const BOOL done = WriteFile(handle, bytes.data(), static_cast<DWORD>(bytes.size()), &written, nullptr);
+    CloseHandle(handle);
+    if (!done || written != bytes.size()) fail("cannot write", file);
+}
+
+std::string readFile(const std::wstring& file)
+{
+    const HANDLE handle = CreateFileW(file.c_str(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
+                                      nullptr, OPEN_EXISTING, 0, nullptr);
+    if (handle == INVALID_HANDLE_VALUE) fail("cannot read", file);
+    std::string bytes(GetFileSize(handle, nullptr), '\0');
+    DWORD read = 0;
+    const BOOL done = ReadFile(handle, bytes.data(), static_cast<DWORD>(bytes.size()), &read, nullptr);
+    CloseHandle(handle);
+    if (!done) fail("cannot read", file);
+    bytes.resize(read);
+    return bytes;
+}
+
+void removeFile(const std::wstring& file)
+{
+    if (!DeleteFileW(file.c_str()) && GetLastError() != ERROR_FILE_NOT_FOUND && GetLastError() != ERROR_PATH_NOT_FOUND)
+        fail("cannot remove", file);
+}
+
+void setRegistryText(HKEY root, const wchar_t* key, const wchar_t* name, const std::wstring& value)
+{
+    HKEY opened = nullptr;
+    if (RegCreateKeyExW(root, key, 0, nullptr, 0, KEY_WRITE, nullptr, &opened, nullptr) != ERROR_SUCCESS)
+        fail("cannot open the registry key", key);
+    const LSTATUS result = RegSetValueExW(opened, name, 0, REG_SZ, reinterpret_cast<const BYTE*>(value.c_str()),
+                                          static_cast<DWORD>((value.size() + 1) * sizeof(wchar_t)));
+    RegCloseKey(opened);
+    if (result != ERROR_SUCCESS) fail("cannot write the registry key", key);
+}
+
+Process::Process(const std::wstring& program, const std::wstring& arguments)
+{
+    std::wstring command = L"\"" + program + L"\" " + arguments;
+    const std::wstring folder = program.substr(0, program.rfind(L'\\'));
+    STARTUPINFOW start{};
+    start.cb = sizeof start;
+    PROCESS_INFORMATION process{};
+    if (!CreateProcessW(program.c_str(), command.data(), nullptr, nullptr, FALSE, 0, nullptr, folder.c_str(), &start,
+                        &process))
+        fail("cannot start", program);
+    CloseHandle(process.hThread);
+    handle_ = process.hProcess;
+    id_ = process.dwProcessId;
+}
+
+Process::Process(Process&& other) noexcept
+    : handle_(std::exchange(other.handle_, nullptr)), id_(std::exchange(other.id_, 0))
+{
+}
+
+Process& Process::operator=(Process&& other) noexcept
+{
+    std::swap(handle_, other.handle_);
+    std::swap(id_, other.id_);
+    return *this;
+}
+
+Process::~Process()
+{
+    if (handle_) CloseHandle(handle_);
+}
+
+bool Process::running() const
+{
+    return handle_ && !ended(0);
+}
+
+bool Process::ended(DWORD milliseconds) const
+{
+    return WaitForSingleObject(handle_, milliseconds) == WAIT_OBJECT_0;
+}
+
+DWORD Process::exitCode() const
+{
+    DWORD code = STILL_ACTIVE;
+    GetExitCodeProcess(handle_, &code);
+    return code;
+}
+
+void Process::kill()
+{
+    TerminateProcess(handle_, 9);
+    ended(5000);
+}
+
+}

@@ -1,0 +1,54 @@
+// Files, processes and the registry as the player needs them. Everything
+// throws std::runtime_error with a line that says what could not be done.
+#pragma once
+
+#include <windows.h>
+
+#include <string>
+#include <string_view>
+
+namespace desk::player {
+
+// The folder of the running program, without a trailing backslash.
+std::wstring ownFolder();
+
+void makeFolder(const std::wstring& folder); // and those above it
+void copyFile(const std::wstring& from, const std::wstring& to);
+void copyFolder(const std::wstring& from, const std::wstring& to); // files only, not what lies deeper
+void writeFile(const std::wstring& file, std::string_view bytes);
+std::string readFile(const std::wstring& file);
+void removeFile(const std::wstring& file); // silent when it is not there
+
+// Values in the 32-bit view; the key is made when it is missing.
+void setRegistryText(HKEY root, const wchar_t* key, const wchar_t* name, const std::wstring& value);
+
+// A process that the player started. It is left running when this ends.
+class Process {
+public:
+    Process() noexcept = default;
+
+    // Starts `program` with `arguments`, its folder as the current one.
+    Process(const std::wstring& program, const std::wstring& arguments);
+    Process(Process&& other) noexcept;
+    Process& operator=(Process&& other) noexcept;
+    ~Process();
+
+    explicit operator bool() const noexcept { return handle_ != nullptr; }
+    HANDLE handle() const noexcept { return handle_; }
+    DWORD id() const noexcept { return id_; }
+
+    bool running() const;
+
+    // Waits for the end; false when it has not come after `milliseconds`.
+    bool ended(DWORD milliseconds) const;
+    DWORD exitCode() const;
+
+    // Sudden death, as of a crash.
+    void kill();
+
+private:
+    HANDLE handle_ = nullptr;
+    DWORD id_ = 0;
+};
+
+}
