@@ -45,11 +45,12 @@ private:
 };
 
 // A RecordedObject whose members are the rows of Class::members(). Names are
-// found by hash: the partners' classes are long, and clients ask often.
-template <class Class>
-class RecordedTable : public automation::server::TableDispatch<Class, RecordedObject> {
+// found by hash: the partners' classes are long, and clients ask often. A
+// base between the two may carry what several classes share.
+template <class Class, class Base = RecordedObject>
+class RecordedTable : public automation::server::TableDispatch<Class, Base> {
 public:
-    using automation::server::TableDispatch<Class, RecordedObject>::TableDispatch;
+    using automation::server::TableDispatch<Class, Base>::TableDispatch;
 
 protected:
     DISPID idOf(std::wstring_view name) override

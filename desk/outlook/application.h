@@ -1,0 +1,22 @@
+// The objects at the top: Application and NameSpace.
+#pragma once
+
+#include "desk/common/recorded_object.h"
+#include "desk/outlook/outlook.h"
+
+namespace desk::outlook {
+
+automation::ComPtr<IDispatch> makeApplication(Outlook& outlook);
+
+// For the members Application and Session, which every object has.
+automation::Value applicationOf(Outlook& outlook);
+automation::Value sessionOf(Outlook& outlook);
+
+// Outlook's number of an item type (0 mail, 2 contact, 4 journal, 7
+// distribution list). Raises for another.
+ItemClass itemClassOfType(long type);
+
+// "2003", "2007" or "2016". Throws std::runtime_error.
+Version versionOf(std::wstring_view text);
+
+}

@@ -1,0 +1,158 @@
+// Outlook's own control commands; docs/desk.md lists them.
+#include "desk/common/text.h"
+#include "desk/outlook/application.h"
+#include "desk/outlook/item_object.h"
+#include "desk/outlook/outlook.h"
+
+#include <algorithm>
+#include <initializer_list>
+#include <stdexcept>
+
+namespace desk::outlook {
+
+namespace {
+
+constexpr const wchar_t* unsavedMark = L"Unsaved";
+
+StoreRecord unsavedRecord(const Item& item)
+{
+    StoreRecord record = savedRecord(item);
+    record.fields.insert(record.fields.begin(), {unsavedMark, L"True"});
+    return record;
+}
+
+// The saved items of some folders and classes, then what is displayed of them
+// with changes that are not saved.
+class Dump {
+public:
+    explicit Dump(Outlook& outlook) : outlook_(outlook) {}
+
+    std::wstring of(std::initializer_list<ItemClass> classes)
+    {
+        for (const Folder& folder : outlook_.mailbox().all()) {
+            if (folder.number == folders::deleted) continue;
+            for (const SavedItem& item : folder.items)
+                if (wanted(classes, *item)) records_.push_back(savedRecord(*item));
+        }
+        for (const Outlook::Inspector& inspector : outlook_.inspectors()) {
+            const Item& item = inspector.item->item();
+            if (inspector.item->hasUnsavedData() && wanted(classes, item)) records_.push_back(unsavedRecord(item));
+        }
+        return storeText(records_);
+    }
+
+private:
+    static bool wanted(std::initializer_list<ItemClass> classes, const Item& item)
+    {
+        return std::find(classes.begin(), classes.end(), item.itemClass) != classes.end();
+    }
+
+    Outlook& outlook_;
+    std::vector<StoreRecord> records_;
+};
+
+std::wstring windowLines(const Outlook& outlook)
+{
+    std::vector<std::wstring> lines;
+    for (const Outlook::Inspector& inspector : outlook.inspectors()) {
+        const Item& item = inspector.item->item();
+        std::wstring line = escaped(inspector.item->view().title) + L"\t" + recordKind(item.itemClass) + L"\t";
+        lines.push_back(line + (item.entryId.empty() ? L"unsaved" : item.entryId));
+    }
+    return joined(lines);
+}
+
+std::wstring counts(Outlook& outlook)
+{
+    std::vector<std::wstring> lines;
+    for (const Folder& folder : outlook.mailbox().all())
+        lines.push_back(std::to_wstring(folder.items.size()) + L" " + folder.name);
+    return joined(lines);
+}
+
+// "contact" and so on, then its fields from the next line on.
+std::wstring addItem(Outlook& outlook, std::wstring_view text)
+{
+    const std::wstring kind = takeWord(text);
+    std::vector<StoreRecord> records = parseStore(L"[" + kind + L"]\n" + std::wstring(text));
+    if (records.size() != 1) throw std::runtime_error("one item at a time");
+    Item item = itemOf(records[0]);
+    item.folder = Mailbox::homeOf(item.itemClass);
+    if (!item.entryId.empty() && outlook.mailbox().find(item.entryId))
+        throw std::runtime_error("the EntryID is used already");
+    const SavedItem saved = outlook.mailbox().add(item);
+    outlook.changed();
+    return saved->entryId;
+}
+
+std::wstring removeItem(Outlook& outlook, std::wstring_view entryId)
+{
+    const SavedItem saved = outlook.mailbox().find(std::wstring(entryId));
+    if (!saved) throw std::runtime_error("there is no such item");
+    makeItem(outlook, saved)->answerDelete();
+    return L"ok";
+}
+
+// "ENTRYID", then the fields that get new values: what a user changes by hand.
+std::wstring changeItem(Outlook& outlook, std::wstring_view text)
+{
+    const std::wstring entryId = takeWord(text);
+    const SavedItem saved = outlook.mailbox().find(entryId);
+    if (!saved) throw std::runtime_error("there is no such item");
+    const auto changes = parseStore(L"[change]\n" + std::wstring(text));
+    if (changes.size() != 1) throw std::runtime_error("one item at a time");
+    if (changes[0].find(L"EntryID")) throw std::runtime_error("an EntryID cannot be changed");
+    Item item = *saved;
+    for (const auto& [name, value] : changes[0].fields) setFromText(item, changes[0], name, value);
+    item.version = saved->version + 1;
+    *saved = std::move(item);
+    outlook.changed();
+    return L"ok";
+}
+
+std::wstring open(Outlook& outlook, std::wstring_view entryId)
+{
+    const SavedItem saved = outlook.mailbox().find(std::wstring(entryId));
+    if (!saved) throw std::runtime_error("there is no such item");
+    outlook.display(*makeItem(outlook, saved).get(), false);
+    return L"ok";
+}
+
+std::wstring closeWindows(Outlook& outlook, bool save)
+{
+    while (!outlook.inspectors().empty()) {
+        const Outlook::Inspector last = outlook.inspectors().back();
+        if (save) last.item->save();
+        outlook.closedByUser(last.id);
+    }
+    return L"ok";
+}
+
+std::wstring setOld(Outlook& outlook, std::wstring_view rest)
+{
+    if (rest != L"on" && rest != L"off") throw std::runtime_error("old: on or off");
+    outlook.setVersion(rest == L"on" ? Version::v2003 : Version::v2016);
+    return L"ok";
+}
+
+}
+
+std::optional<std::wstring> Outlook::command(const std::wstring& word, std::wstring_view rest)
+{
+    if (word == L"contacts") return Dump(*this).of({ItemClass::contact, ItemClass::distributionList});
+    if (word == L"journal") return Dump(*this).of({ItemClass::journal});
+    if (word == L"mails") return Dump(*this).of({ItemClass::mail});
+    if (word == L"windows") return windowLines(*this);
+    if (word == L"count") return counts(*this);
+    if (word == L"add") return addItem(*this, rest);
+    if (word == L"change") return changeItem(*this, rest);
+    if (word == L"delete") return removeItem(*this, rest);
+    if (word == L"open") return open(*this, rest);
+    if (word == L"close-windows") return closeWindows(*this, false);
+    if (word == L"save-windows") return closeWindows(*this, true);
+    if (word == L"old") return setOld(*this, rest);
+    if (word == L"version") return setVersion(versionOf(rest)), L"ok";
+    return std::nullopt;
+}
+
+}

@@ -1,0 +1,116 @@
+#include "desk/outlook/outlook.h"
+
+#include "desk/common/text.h"
+#include "desk/outlook/application.h"
+#include "desk/outlook/item_object.h"
+
+#include <algorithm>
+
+namespace desk::outlook {
+
+Outlook::Outlook(Recorder& recorder, Screen& screen, std::function<void()> changed, std::function<void()> quit)
+    : recorder_(recorder), screen_(screen), changed_(std::move(changed)), quit_(std::move(quit))
+{
+}
+
+Outlook::~Outlook()
+{
+    while (!inspectors_.empty()) remove(inspectors_.back().id);
+}
+
+automation::ComPtr<IDispatch> Outlook::application()
+{
+    if (!application_) application_ = makeApplication(*this);
+    return application_;
+}
+
+void Outlook::setVersion(Version version)
+{
+    version_ = version;
+    changed();
+}
+
+void Outlook::changed()
+{
+    screen_.updateFolders();
+    if (changed_) changed_();
+}
+
+void Outlook::load(const std::vector<StoreRecord>& records)
+{
+    std::vector<StoreRecord> items = records;
+    Version version = Version::v2016;
+    std::erase_if(items, [&](const StoreRecord& record) {
+        if (record.kind != L"outlook") return false;
+        const std::wstring* text = record.find(L"Version");
+        if (!text || record.fields.size() != 1) refuseRecord(record, "takes Version and nothing else");
+        version = versionOf(*text);
+        return true;
+    });
+    mailbox_.load(items);
+    version_ = version;
+    screen_.updateFolders();
+}
+
+std::vector<StoreRecord> Outlook::records() const
+{
+    std::vector<StoreRecord> records = mailbox_.records();
+    if (version_ == Version::v2016) return records;
+    StoreRecord own{L"outlook", {}, 0};
+    own.add(L"Version", std::to_wstring(static_cast<int>(version_)));
+    records.insert(records.begin(), own);
+    return records;
+}
+
+Outlook::Inspector* Outlook::inspectorOf(const ItemObject& item) noexcept
+{
+    for (Inspector& inspector : inspectors_)
+        if (inspector.item->isSameItem(item)) return &inspector;
+    return nullptr;
+}
+
+void Outlook::display(ItemObject& item, bool modal)
+{
+    InspectorId id = 0;
+    if (const Inspector* open = inspectorOf(item)) {
+        id = open->id;
+        screen_.bringToFront(id);
+    } else {
+        id = ++lastInspector_;
+        inspectors_.push_back({id, automation::ComPtr<ItemObject>(&item)});
+        screen_.open(id, item.view());
+    }
+    if (modal) screen_.waitUntilClosed(id);
+}
+
+void Outlook::updateInspector(ItemObject& item)
+{
+    if (const Inspector* open = inspectorOf(item)) screen_.update(open->id, open->item->view());
+}
+
+void Outlook::closeInspector(ItemObject& item)
+{
+    if (const Inspector* open = inspectorOf(item)) remove(open->id);
+}
+
+void Outlook::closedByUser(InspectorId id)
+{
+    for (const Inspector& inspector : inspectors_) {
+        if (inspector.id != id) continue;
+        inspector.item->discard();
+        return remove(id);
+    }
+}
+
+void Outlook::remove(InspectorId id)
+{
+    const auto found =
+        std::find_if(inspectors_.begin(), inspectors_.end(), [id](const Inspector& one) { return one.id == id; });
+    if (found == inspectors_.end()) return;
+    // The window may hold the item's last reference: it goes after the list is in order again.
+    const automation::ComPtr<ItemObject> item = found->item;
+    inspectors_.erase(found);
+    screen_.close(id);
+}
+
+}

@@ -1,0 +1,82 @@
+// Outlook as a whole: its mailbox, its open windows and its application
+// object. The program and unit tests make one each; it outlives every object
+// that was got from it (let go of them first).
+#pragma once
+
+#include "automation/com_ptr.h"
+#include "automation/object.h"
+#include "desk/common/recorder.h"
+#include "desk/outlook/mailbox.h"
+#include "desk/outlook/screen.h"
+
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace desk::outlook {
+
+class ItemObject;
+
+// 2003 has no tables; 2007 refuses GetArray for more rows than a table has.
+enum class Version { v2003 = 2003, v2007 = 2007, v2016 = 2016 };
+
+class Outlook {
+public:
+    // `changed`: the saved records are others than before; `quit`: Outlook
+    // shall close. Both may be empty.
+    Outlook(Recorder& recorder, Screen& screen, std::function<void()> changed = {}, std::function<void()> quit = {});
+    ~Outlook();
+    Outlook(const Outlook&) = delete;
+    Outlook& operator=(const Outlook&) = delete;
+
+    // "Outlook.Application"; the same object each time.
+    automation::ComPtr<IDispatch> application();
+
+    Recorder& recorder() noexcept { return recorder_; }
+    Mailbox& mailbox() noexcept { return mailbox_; }
+    Version version() const noexcept { return version_; }
+    void setVersion(Version version);
+    void quit() { if (quit_) quit_(); }
+
+    // After every change of what is saved.
+    void changed();
+
+    // The records of the store: [outlook] with the version, then the items.
+    void load(const std::vector<StoreRecord>& records);
+    std::vector<StoreRecord> records() const;
+
+    // Carries a control command of Outlook's own out; see docs/desk.md.
+    // No value for an unknown word; std::runtime_error when it cannot be done.
+    std::optional<std::wstring> command(const std::wstring& word, std::wstring_view rest);
+
+    // The windows of displayed items, in the order of their opening.
+    struct Inspector {
+        InspectorId id;
+        automation::ComPtr<ItemObject> item;
+    };
+    const std::vector<Inspector>& inspectors() const noexcept { return inspectors_; }
+    void display(ItemObject& item, bool modal);
+    void updateInspector(ItemObject& item);
+    void closeInspector(ItemObject& item);
+
+    // The user has closed the window: what is not saved is lost.
+    void closedByUser(InspectorId id);
+
+private:
+    Inspector* inspectorOf(const ItemObject& item) noexcept;
+    void remove(InspectorId id);
+
+    Recorder& recorder_;
+    Screen& screen_;
+    const std::function<void()> changed_;
+    const std::function<void()> quit_;
+    Mailbox mailbox_;
+    Version version_ = Version::v2016;
+    std::vector<Inspector> inspectors_;
+    InspectorId lastInspector_ = 0;
+    automation::ComPtr<IDispatch> application_;
+};
+
+}
