@@ -80,6 +80,8 @@ public:
     {
         if (iid == IID_IConnectionPointContainer)
             *result = events.container();
+        else if (iid == IID_IConnectionPoint) // one COM object with its point: a proxy asks here for both
+            *result = static_cast<IConnectionPoint*>(&events);
         else if (classInfo_.offers(iid))
             *result = static_cast<IProvideClassInfo2*>(&classInfo_);
         else

@@ -100,6 +100,13 @@ void Softphone::deliver()
     delivering_ = false;
 }
 
+void Softphone::disconnectClients()
+{
+    IDispatch* const lasting[] = {application_.get(), application_->user.get(), application_->line.get(),
+                                  application_->history.get(), application_->addressBook.get()};
+    for (IDispatch* object : lasting) CoDisconnectObject(object, 0);
+}
+
 std::vector<std::pair<std::wstring, std::size_t>> Softphone::subscribers() const
 {
     return {{L"Application", application_->events.subscribers()},

@@ -53,6 +53,9 @@ public:
     // told, it leaves them to the delivery under way.
     void deliver();
 
+    // Cuts the clients in other processes off: their references are void.
+    void disconnectClients();
+
     // Events not yet told to all of their subscribers.
     std::size_t waiting() const noexcept { return events_.size(); }
 

@@ -1,0 +1,208 @@
+#include "desk_softphone/running_softphone.h"
+
+#include "automation/event_sink.h"
+#include "automation/error.h"
+#include "desk/common/control_pipe.h"
+#include "desk/softphone/guids.h"
+
+#include <ocidl.h>
+#include <olectl.h>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+using automation::AutomationError;
+using automation::EventArguments;
+using automation::Object;
+using automation::Subscription;
+using testing_desk::Process;
+using testing_desk::waitFor;
+
+constexpr wchar_t progId[] = L"Pavex.Application";
+
+std::wstring tell(std::wstring_view request)
+{
+    return desk::ask(L"pavex", request);
+}
+
+class SoftphoneProcess : public testing::Test {
+protected:
+    static Object application() { return Object::create(progId); }
+    static Object history() { return application().get(11).object(); }
+
+    // Keeps the last names of new history items.
+    Subscription listen(const Object& object)
+    {
+        return Subscription(object, progId, {{L"OnHistoricNewItem", [this](EventArguments arguments) {
+                                                  heard.push_back(arguments.at(0).object().get(L"LastName").text());
+                                              }}});
+    }
+
+    // Closes ways of finding the events, and expects that the events are found.
+    void expectEventsWithout(std::initializer_list<const wchar_t*> closedWays)
+    {
+        for (const std::wstring way : closedWays) EXPECT_EQ(tell(L"discovery " + way + L" off"), L"ok");
+        const Subscription subscription = listen(history());
+        EXPECT_EQ(tell(L"history add last=\"van der Berg\""), L"1.1");
+        EXPECT_TRUE(waitFor([this] { return !heard.empty(); }));
+        EXPECT_EQ(heard, std::vector<std::wstring>{L"van der Berg"});
+    }
+
+    testing_desk::RunningSoftphone softphone;
+    std::vector<std::wstring> heard;
+};
+
+// A second client process, subscribed to new calls.
+class Subscriber {
+public:
+    explicit Subscriber(const std::wstring& delay)
+        : subscribed_(CreateEventW(nullptr, TRUE, FALSE, L"desk-softphone-subscribed")),
+          process_(L"\"" + testing_desk::testFolder() +
+                   L"\\desk_softphone_subscriber.exe\" desk-softphone-subscribed " + delay)
+    {
+        EXPECT_TRUE(waitFor([this] { return WaitForSingleObject(subscribed_, 0) == WAIT_OBJECT_0; }));
+    }
+    ~Subscriber()
+    {
+        process_.kill();
+        CloseHandle(subscribed_);
+    }
+    Subscriber(const Subscriber&) = delete;
+    Subscriber& operator=(const Subscriber&) = delete;
+    void kill() const { process_.kill(); }
+
+private:
+    const HANDLE subscribed_;
+    const Process process_;
+};
+
+}
+
+TEST_F(SoftphoneProcess, Events_AreFoundByClassInfo2)
+{
+    // The second form of class information needs the first, so that it works
+    // is seen from its own answer.
+    const auto provider = automation::query<IProvideClassInfo2>(history().dispatch(), IID_IProvideClassInfo2);
+    ASSERT_TRUE(provider);
+    GUID source = GUID_NULL;
+    EXPECT_EQ(provider->GetGUID(GUIDKIND_DEFAULT_SOURCE_DISP_IID, &source), S_OK);
+    EXPECT_EQ(source, desk::softphone::historyEventsId);
+    expectEventsWithout({L"typeinfo"});
+}
+
+TEST_F(SoftphoneProcess, Events_AreFoundByClassInfo)
+{
+    expectEventsWithout({L"classinfo2", L"typeinfo"});
+}
+
+TEST_F(SoftphoneProcess, Events_AreFoundByTypeInfo)
+{
+    expectEventsWithout({L"classinfo2", L"classinfo"});
+}
+
+TEST_F(SoftphoneProcess, Events_AreFoundByTheRegisteredLibraryAlone)
+{
+    expectEventsWithout({L"all"});
+    EXPECT_THROW(Subscription(history(), L"", {}), AutomationError);
+}
+
+TEST_F(SoftphoneProcess, ClientsShareOneApplication)
+{
+    const Object first = application();
+    const Object second = application();
+    first.put(14, true);
+    EXPECT_TRUE(second.get(14).truth());
+    EXPECT_EQ(tell(L"attached"), L"True");
+}
+
+TEST_F(SoftphoneProcess, Call_ReachesTheClientWithItsFields)
+{
+    std::wstring call;
+    const Subscription subscription(
+        application().get(10).object(), progId, {{L"OnLineNewCall", [&](EventArguments arguments) {
+                                                      const Object given = arguments.at(0).object();
+                                                      call = given.get(L"Number").text() + L"|" +
+                                                             given.get(L"LastName").text() + L"|" +
+                                                             (given.get(L"Incoming").truth() ? L"in" : L"out") + L"|" +
+                                                             given.get(L"DestinationNumber").text();
+                                                  }}});
+    EXPECT_EQ(tell(L"subscribers"), L"Application 0\nLine 1\nHistory 0\nAddressBook 0");
+    tell(L"call number=0123 last=\"\x00C9mile \\\"X\\\"\" incoming=true destination=99");
+    EXPECT_TRUE(waitFor([&] { return !call.empty(); }));
+    EXPECT_EQ(call, L"0123|\x00C9mile \"X\"|in|99");
+}
+
+TEST_F(SoftphoneProcess, ClosedWindow_QuitsTheSoftphone)
+{
+    int quits = 0;
+    const Object held = application();
+    const Subscription subscription(held, progId, {{L"OnQuit", [&](EventArguments) { ++quits; }}});
+    const HWND window = FindWindowW(nullptr, L"Pavex");
+    ASSERT_NE(window, nullptr);
+    PostMessageW(window, WM_CLOSE, 0, 0);
+    EXPECT_EQ(softphone.process().exitCode(), 0u);
+    EXPECT_EQ(quits, 1);
+    EXPECT_THROW(held.get(14), AutomationError);
+}
+
+TEST_F(SoftphoneProcess, QuitCommand_DoesTheSame_AndTheSoftphoneCanBeStartedAgain)
+{
+    int quits = 0;
+    EXPECT_EQ(tell(L"entry add id=7.8 last=Blanc"), L"7.8");
+    {
+        const Subscription subscription(application(), progId, {{L"OnQuit", [&](EventArguments) { ++quits; }}});
+        EXPECT_EQ(tell(L"quit"), L"ok");
+        EXPECT_EQ(softphone.process().exitCode(), 0u);
+    }
+    EXPECT_EQ(quits, 1);
+    EXPECT_NE(softphone.storeText().find(L"[entry]\nId=7.8\nNumber=\nLastName=Blanc\n"), std::wstring::npos);
+    softphone.start();
+    EXPECT_EQ(application().get(12).object().get(4, {7L, 8L}).object().get(L"LastName").text(), L"Blanc");
+}
+
+TEST_F(SoftphoneProcess, DeadSubscriber_IsDropped)
+{
+    const Subscriber subscriber(L"0");
+    EXPECT_NE(tell(L"subscribers").find(L"Line 1"), std::wstring::npos);
+    subscriber.kill();
+    tell(L"call number=1");
+    EXPECT_TRUE(waitFor([] { return tell(L"pending") == L"0"; }));
+    EXPECT_NE(tell(L"subscribers").find(L"Line 0"), std::wstring::npos);
+    EXPECT_TRUE(softphone.alive());
+}
+
+TEST_F(SoftphoneProcess, SlowSubscriber_KeepsNeitherAnswersNorOtherClientsWaiting)
+{
+    const Subscriber subscriber(L"3000");
+    const DWORD start = GetTickCount();
+    EXPECT_EQ(tell(L"call number=1"), L"ok");
+    EXPECT_EQ(tell(L"history add last=Weber"), L"1.1");
+    EXPECT_EQ(history().get(1).int32(), 1);
+    EXPECT_EQ(tell(L"pending"), L"2");
+    EXPECT_LT(GetTickCount() - start, 2'000u);
+    EXPECT_TRUE(waitFor([] { return tell(L"pending") == L"0"; }));
+    EXPECT_GE(GetTickCount() - start, 2'500u);
+}
+
+TEST_F(SoftphoneProcess, HangingSubscriber_DoesNotHoldTheEndForEver)
+{
+    const Subscriber subscriber(L"60000");
+    EXPECT_EQ(tell(L"call number=1"), L"ok");
+    EXPECT_TRUE(waitFor([] { return tell(L"pending") == L"1"; }));
+    EXPECT_EQ(tell(L"quit"), L"ok");
+    EXPECT_EQ(softphone.process().exitCode(20'000), 1u);
+    softphone.start();
+    EXPECT_EQ(history().get(1).int32(), 0);
+}
+
+TEST_F(SoftphoneProcess, PlannedDeath_HappensInTheCall_AndLeavesTheClassUsable)
+{
+    const Object held = history();
+    EXPECT_EQ(tell(L"fault on History.Count die"), L"ok");
+    EXPECT_THROW(held.get(1), AutomationError);
+    EXPECT_EQ(softphone.process().exitCode(), 1u);
+    EXPECT_THROW(held.get(1), AutomationError);
+    softphone.start();
+    EXPECT_EQ(history().get(1).int32(), 0);
+}
