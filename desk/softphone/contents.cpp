@@ -10,6 +10,14 @@ namespace desk::softphone {
 
 namespace {
 
+// The first half of the identifiers that the softphone gives by itself.
+constexpr std::int32_t ownHigh = 1;
+
+std::uint64_t keyOf(RecordId id)
+{
+    return static_cast<std::uint64_t>(static_cast<std::uint32_t>(id.high)) << 32 | static_cast<std::uint32_t>(id.low);
+}
+
 std::int32_t halfOf(const std::wstring& text, std::wstring_view whole)
 {
     wchar_t* end = nullptr;
@@ -35,33 +43,34 @@ RecordId recordIdOf(std::wstring_view text)
 }
 
 template <class Record>
-RecordId Book<Record>::nextId() const
-{
-    RecordId next{1, 1};
-    for (const Record& record : records_)
-        if (record.id.high == next.high) next.low = std::max(next.low, record.id.low + 1);
-    return next;
-}
-
-template <class Record>
 const Record& Book<Record>::add(Record record)
 {
-    if (record.id == RecordId{}) record.id = nextId();
-    if (find(record.id)) throw std::runtime_error("the identifier " + utf8(textOf(record.id)) + " is in use");
+    if (record.id == RecordId{}) record.id = {ownHigh, nextLow_};
+    if (!positions_.emplace(keyOf(record.id), records_.size()).second)
+        throw std::runtime_error("the identifier " + utf8(textOf(record.id)) + " is in use");
+    if (record.id.high == ownHigh && record.id.low >= nextLow_ && record.id.low < INT32_MAX)
+        nextLow_ = record.id.low + 1;
     return records_.emplace_back(std::move(record));
 }
 
 template <class Record>
 bool Book<Record>::remove(RecordId id)
 {
-    return std::erase_if(records_, [&](const Record& record) { return record.id == id; }) > 0;
+    const auto found = positions_.find(keyOf(id));
+    if (found == positions_.end()) return false;
+    const std::size_t removed = found->second;
+    positions_.erase(found);
+    records_.erase(records_.begin() + static_cast<std::ptrdiff_t>(removed));
+    for (std::size_t position = removed; position < records_.size(); ++position)
+        positions_[keyOf(records_[position].id)] = position;
+    return true;
 }
 
 template <class Record>
 const Record* Book<Record>::find(RecordId id) const
 {
-    const auto found = std::ranges::find(records_, id, &Record::id);
-    return found == records_.end() ? nullptr : &*found;
+    const auto found = positions_.find(keyOf(id));
+    return found == positions_.end() ? nullptr : &records_[found->second];
 }
 
 template class Book<HistoryRecord>;

@@ -8,6 +8,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <unordered_map>
 #include <vector>
 
 namespace desk::softphone {
@@ -73,9 +74,9 @@ public:
     const Record* find(RecordId id) const;
 
 private:
-    RecordId nextId() const;
-
     std::vector<Record> records_;
+    std::unordered_map<std::uint64_t, std::size_t> positions_; // by identifier
+    std::int32_t nextLow_ = 1; // never goes back: an identifier is not given twice
 };
 
 struct Contents {

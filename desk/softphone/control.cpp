@@ -129,7 +129,8 @@ std::wstring Control::quit(std::wstring_view)
 std::wstring Control::subscribers(std::wstring_view)
 {
     std::vector<std::wstring> lines;
-    for (const auto& [object, count] : softphone_.subscribers()) lines.push_back(object + L" " + std::to_wstring(count));
+    for (const auto& [object, count] : softphone_.subscribers())
+        lines.push_back(object + L" " + std::to_wstring(count));
     return joined(lines);
 }
 

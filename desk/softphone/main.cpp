@@ -11,7 +11,7 @@ namespace {
 using namespace desk::softphone;
 
 constexpr wchar_t pipeName[] = L"pavex";
-constexpr DWORD quitPatience = 10'000; // milliseconds
+constexpr DWORD quitPatience = 5'000; // milliseconds
 constexpr DWORD diePatience = 2'000;   // milliseconds
 
 // A subscriber that does not answer must not keep the program for ever. While

@@ -21,7 +21,8 @@ std::string failureOf(const std::wstring& store)
 
 TEST(SoftphoneFields, Values_MayHoldBlanksQuotesAndLineEnds)
 {
-    const Fields fields = parseFields(L" number=0123  last=\"O'Brien \\\"Jim\\\" \\\\ \\n=\"\tfirst=\"\"  incoming=true ");
+    const Fields fields = parseFields(
+        L" number=0123  last=\"O'Brien \\\"Jim\\\" \\\\ \\n=\"\tfirst=\"\"  incoming=true ");
     EXPECT_EQ(fields, (Fields{{L"number", L"0123"},
                               {L"last", L"O'Brien \"Jim\" \\ \n="},
                               {L"first", L""},
@@ -57,6 +58,10 @@ TEST(SoftphoneContents, NewRecord_GetsTheNextFreeIdentifier)
     EXPECT_TRUE(book.remove({1, 7}));
     EXPECT_FALSE(book.remove({1, 7}));
     EXPECT_EQ(book.records().size(), 2u);
+    EXPECT_EQ(book.find({1, 7}), nullptr);
+    EXPECT_EQ(book.find({1, 8}), &book.records().at(1));
+    EXPECT_EQ(book.add({{2, 1}, {}}).id, (RecordId{2, 1}));
+    EXPECT_EQ(book.find({1, 2}), nullptr);
 }
 
 TEST(SoftphoneStore, WrittenContents_AreReadBack)

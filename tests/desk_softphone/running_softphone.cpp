@@ -1,8 +1,10 @@
 #include "desk_softphone/running_softphone.h"
 
+#include "automation/server/registration.h"
 #include "desk/common/control_pipe.h"
 #include "desk/common/store_file.h"
-#include "automation/server/registration.h"
+
+#include <objbase.h>
 
 #include <stdexcept>
 #include <vector>
@@ -12,6 +14,18 @@ namespace testing_desk {
 namespace {
 
 constexpr DWORD stillRuns = 0xFFFFFFFF;
+
+std::wstring registeredServer()
+{
+    CLSID classId;
+    wchar_t text[64];
+    std::wstring server(MAX_PATH, L'\0');
+    LONG size = MAX_PATH * sizeof(wchar_t);
+    if (FAILED(CLSIDFromProgID(L"Pavex.Application", &classId)) || !StringFromGUID2(classId, text, 64)) return L"";
+    const std::wstring key = std::wstring(L"CLSID\\") + text + L"\\LocalServer32";
+    if (RegQueryValueW(HKEY_CLASSES_ROOT, key.c_str(), server.data(), &size) != ERROR_SUCCESS) return L"";
+    return server.c_str();
+}
 
 }
 
@@ -55,6 +69,7 @@ RunningSoftphone::RunningSoftphone()
     GetTempPathW(MAX_PATH, temporary);
     folder_ = std::wstring(temporary) + L"softphone-test-" + std::to_wstring(GetCurrentProcessId());
     CreateDirectoryW(folder_.c_str(), nullptr);
+    registeredBefore_ = registeredServer();
     if (!CopyFileW((testFolder() + L"\\pavex.exe").c_str(), programPath().c_str(), FALSE))
         throw std::runtime_error("pavex.exe is not beside the test");
     if (Process(L"\"" + programPath() + L"\" /RegServer").exitCode() != 0)
@@ -64,9 +79,7 @@ RunningSoftphone::RunningSoftphone()
 
 void RunningSoftphone::start()
 {
-    delete process_;
-    process_ = nullptr;
-    process_ = new Process(L"\"" + programPath() + L"\" -Embedding");
+    process_ = std::make_unique<Process>(L"\"" + programPath() + L"\" -Embedding");
     desk::ask(L"pavex", L"ping");
 }
 
@@ -76,8 +89,8 @@ RunningSoftphone::~RunningSoftphone()
         desk::ask(L"pavex", L"exit");
         process_->exitCode();
     }
-    delete process_;
     Process(L"\"" + programPath() + L"\" /UnregServer").exitCode();
+    if (!registeredBefore_.empty()) Process(registeredBefore_ + L" /RegServer").exitCode();
     for (const wchar_t* file : {L"\\pavex.exe", L"\\pavex.store.txt"}) DeleteFileW((folder_ + file).c_str());
     RemoveDirectoryW(folder_.c_str());
     ReleaseMutex(oneAtATime_);

@@ -4,6 +4,7 @@
 #include <windows.h>
 
 #include <functional>
+#include <memory>
 #include <string>
 
 namespace testing_desk {
@@ -27,7 +28,8 @@ private:
 };
 
 // Copies pavex.exe to a folder of its own, so that the test has its own store
-// file, and registers and starts it there. One at a time on the machine.
+// file, and registers and starts it there; a softphone registered before is
+// registered again at the end. One at a time on the machine.
 class RunningSoftphone {
 public:
     RunningSoftphone();
@@ -46,7 +48,8 @@ private:
 
     HANDLE oneAtATime_ = nullptr;
     std::wstring folder_;
-    Process* process_ = nullptr;
+    std::wstring registeredBefore_; // its command line
+    std::unique_ptr<Process> process_;
 };
 
 // Dispatches messages until `done` or the time is over; returns done().

@@ -78,6 +78,8 @@ void unregisterClass(const ClassRegistration& registration)
 {
     removeClass(HKEY_CURRENT_USER, registration);
     removeClass(HKEY_LOCAL_MACHINE, registration);
+    if (registration.typeLibrary != GUID_NULL)
+        UnRegisterTypeLib(registration.typeLibrary, 1, 0, LOCALE_NEUTRAL, SYS_WIN32);
 }
 
 std::wstring programPath()
