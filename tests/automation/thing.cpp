@@ -1,0 +1,129 @@
+#include "thing.h"
+
+namespace partners {
+
+using automation::check;
+using automation::ComPtr;
+
+namespace {
+
+using Event = std::pair<DISPID, const wchar_t*>;
+
+LPOLESTR name(const wchar_t* text)
+{
+    return const_cast<LPOLESTR>(text);
+}
+
+ComPtr<ITypeInfo> dispatchType()
+{
+    ComPtr<ITypeLib> standard;
+    ComPtr<ITypeInfo> type;
+    check(LoadTypeLib(L"stdole2.tlb", standard.receive()), L"stdole2.tlb");
+    check(standard->GetTypeInfoOfGuid(IID_IDispatch, type.receive()), L"IDispatch");
+    return type;
+}
+
+void implement(ICreateTypeInfo& type, UINT index, ITypeInfo* base, INT flags)
+{
+    HREFTYPE reference = 0;
+    check(type.AddRefTypeInfo(base, &reference), L"AddRefTypeInfo");
+    check(type.AddImplType(index, reference), L"AddImplType");
+    if (flags) check(type.SetImplTypeFlags(index, flags), L"SetImplTypeFlags");
+}
+
+ComPtr<ITypeInfo> addInterface(ICreateTypeLib2& library, const wchar_t* typeName, const GUID& guid,
+                               std::initializer_list<Event> events)
+{
+    ComPtr<ICreateTypeInfo> type;
+    check(library.CreateTypeInfo(name(typeName), TKIND_DISPATCH, type.receive()), L"CreateTypeInfo");
+    check(type->SetGuid(guid), L"SetGuid");
+    implement(*type.get(), 0, dispatchType().get(), 0);
+    UINT index = 0;
+    for (const auto& [id, eventName] : events) {
+        FUNCDESC function{};
+        function.memid = id;
+        function.funckind = FUNC_DISPATCH;
+        function.invkind = INVOKE_FUNC;
+        function.callconv = CC_STDCALL;
+        function.elemdescFunc.tdesc.vt = VT_VOID;
+        LPOLESTR names[] = {name(eventName)};
+        check(type->AddFuncDesc(index, &function), L"AddFuncDesc");
+        check(type->SetFuncAndParamNames(index, names, 1), L"SetFuncAndParamNames");
+        ++index;
+    }
+    check(type->LayOut(), L"LayOut");
+    return automation::query<ITypeInfo>(type.get(), IID_ITypeInfo);
+}
+
+void writeLibrary(const std::wstring& path, WORD major, WORD minor)
+{
+    ComPtr<ICreateTypeLib2> library;
+    check(CreateTypeLib2(SYS_WIN32, path.c_str(), library.receive()), L"CreateTypeLib2");
+    check(library->SetGuid(thingLibrary), L"SetGuid");
+    check(library->SetVersion(major, minor), L"SetVersion");
+    check(library->SetName(name(L"ThingLibrary")), L"SetName");
+    const auto own = addInterface(*library.get(), L"_Thing", thingInterface, {{1, L"Name"}});
+    const auto events = addInterface(*library.get(), L"_Events", thingEvents, {{7, L"OnThing"}, {8, L"OnOther"}});
+    const auto others = addInterface(*library.get(), L"_OtherEvents", otherEvents, {{9, L"OnSecond"}});
+
+    ComPtr<ICreateTypeInfo> coclass;
+    check(library->CreateTypeInfo(name(L"Thing"), TKIND_COCLASS, coclass.receive()), L"CreateTypeInfo");
+    check(coclass->SetGuid(thingClass), L"SetGuid");
+    // The second source stands before the default one, so that order alone finds the wrong one.
+    implement(*coclass.get(), 0, own.get(), IMPLTYPEFLAG_FDEFAULT);
+    implement(*coclass.get(), 1, others.get(), IMPLTYPEFLAG_FSOURCE);
+    implement(*coclass.get(), 2, events.get(), IMPLTYPEFLAG_FSOURCE | IMPLTYPEFLAG_FDEFAULT);
+    check(coclass->LayOut(), L"LayOut");
+    check(library->SaveAllChanges(), L"SaveAllChanges");
+}
+
+}
+
+ThingLibrary::ThingLibrary(WORD major, WORD minor) : path_(folder_.file(L"thing.tlb"))
+{
+    writeLibrary(path_, major, minor);
+    check(LoadTypeLibEx(path_.c_str(), REGKIND_NONE, library_.receive()), L"LoadTypeLibEx");
+}
+
+ComPtr<ITypeInfo> ThingLibrary::type(const GUID& guid) const
+{
+    ComPtr<ITypeInfo> type;
+    check(library_->GetTypeInfoOfGuid(guid, type.receive()), L"GetTypeInfoOfGuid");
+    return type;
+}
+
+STDMETHODIMP Thing::QueryInterface(REFIID iid, void** result)
+{
+    *result = nullptr;
+    if (iid == IID_IProvideClassInfo && manners_.classInfo) *result = static_cast<IProvideClassInfo*>(&classInfo_);
+    else if (iid == IID_IProvideClassInfo2 && manners_.defaultSource) *result = static_cast<IProvideClassInfo2*>(&classInfo_);
+    else if (iid == IID_IConnectionPointContainer) *result = events.container();
+    else return Dispatch::QueryInterface(iid, result);
+    AddRef();
+    return S_OK;
+}
+
+STDMETHODIMP Thing::GetTypeInfo(UINT, LCID, ITypeInfo** type)
+{
+    *type = manners_.ownType.get();
+    if (!*type) return E_NOTIMPL;
+    (*type)->AddRef();
+    return S_OK;
+}
+
+STDMETHODIMP ThingClassInfo::GetClassInfo(ITypeInfo** type)
+{
+    *type = manners_.classInfo.get();
+    if (!*type) return E_FAIL;
+    (*type)->AddRef();
+    return S_OK;
+}
+
+STDMETHODIMP ThingClassInfo::GetGUID(DWORD kind, GUID* guid)
+{
+    if (kind != GUIDKIND_DEFAULT_SOURCE_DISP_IID) return E_INVALIDARG;
+    *guid = *manners_.defaultSource;
+    return S_OK;
+}
+
+}

@@ -1,0 +1,81 @@
+// An object that raises events, and its type library, made while the tests
+// run: the interface `_Thing`, the default source `_Events` (OnThing 7,
+// OnOther 8) and a second source `_OtherEvents` (OnSecond 9) of class `Thing`.
+#pragma once
+
+#include "automation/server/connection_point.h"
+#include "automation/server/dispatch.h"
+#include "support/scratch_folder.h"
+
+#include <ocidl.h>
+#include <oleauto.h>
+
+namespace partners {
+
+inline constexpr GUID thingLibrary{0x6a0c1d40, 0x52f7, 0x4e0b, {0x9d, 0x31, 0x77, 0x20, 0x15, 0xe8, 0x4a, 0x01}};
+inline constexpr GUID thingClass{0x6a0c1d40, 0x52f7, 0x4e0b, {0x9d, 0x31, 0x77, 0x20, 0x15, 0xe8, 0x4a, 0x02}};
+inline constexpr GUID thingInterface{0x6a0c1d40, 0x52f7, 0x4e0b, {0x9d, 0x31, 0x77, 0x20, 0x15, 0xe8, 0x4a, 0x03}};
+inline constexpr GUID thingEvents{0x6a0c1d40, 0x52f7, 0x4e0b, {0x9d, 0x31, 0x77, 0x20, 0x15, 0xe8, 0x4a, 0x04}};
+inline constexpr GUID otherEvents{0x6a0c1d40, 0x52f7, 0x4e0b, {0x9d, 0x31, 0x77, 0x20, 0x15, 0xe8, 0x4a, 0x05}};
+
+class ThingLibrary {
+public:
+    explicit ThingLibrary(WORD major = 1, WORD minor = 0);
+
+    automation::ComPtr<ITypeInfo> type(const GUID& guid) const;
+
+    const std::wstring& path() const { return path_; }
+    ITypeLib* library() const { return library_.get(); }
+
+private:
+    const support::ScratchFolder folder_;
+    const std::wstring path_;
+    automation::ComPtr<ITypeLib> library_;
+};
+
+// What the object tells about itself; everything else it keeps to itself.
+struct ThingManners {
+    automation::ComPtr<ITypeInfo> classInfo;           // IProvideClassInfo
+    const GUID* defaultSource = nullptr;               // IProvideClassInfo2
+    automation::ComPtr<ITypeInfo> ownType;             // IDispatch::GetTypeInfo
+    GUID raises = thingEvents;                         // its one connection point
+};
+
+// The part of the object that tells its class: it shares the object's life.
+class ThingClassInfo final : public IProvideClassInfo2 {
+public:
+    ThingClassInfo(IDispatch* owner, const ThingManners& manners) : owner_(owner), manners_(manners) {}
+
+    STDMETHODIMP QueryInterface(REFIID iid, void** result) override { return owner_->QueryInterface(iid, result); }
+    STDMETHODIMP_(ULONG) AddRef() override { return owner_->AddRef(); }
+    STDMETHODIMP_(ULONG) Release() override { return owner_->Release(); }
+    STDMETHODIMP GetClassInfo(ITypeInfo** type) override;
+    STDMETHODIMP GetGUID(DWORD kind, GUID* guid) override;
+
+private:
+    IDispatch* const owner_;
+    const ThingManners& manners_;
+};
+
+class Thing final : public automation::server::Dispatch {
+public:
+    explicit Thing(const ThingManners& manners)
+        : events(static_cast<IDispatch*>(this), manners.raises), manners_(manners), classInfo_(this, manners_)
+    {
+    }
+
+    automation::server::EventPoint events;
+
+    STDMETHODIMP QueryInterface(REFIID iid, void** result) override;
+    STDMETHODIMP GetTypeInfo(UINT, LCID, ITypeInfo** type) override;
+
+protected:
+    DISPID idOf(std::wstring_view) override { return DISPID_UNKNOWN; }
+    automation::Value answer(const automation::server::IncomingCall&) override { return {}; }
+
+private:
+    const ThingManners manners_;
+    ThingClassInfo classInfo_;
+};
+
+}

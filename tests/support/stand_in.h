@@ -1,0 +1,33 @@
+// A running program of a given name, that does nothing else.
+#pragma once
+
+#include "support/scratch_folder.h"
+
+#include <windows.h>
+
+#include <string>
+
+namespace support {
+
+class StandIn {
+public:
+    // Starts it; it is in the list of processes when this returns.
+    StandIn(const ScratchFolder& folder, const std::wstring& fileName);
+    ~StandIn() { end(); }
+    StandIn(const StandIn&) = delete;
+    StandIn& operator=(const StandIn&) = delete;
+
+    DWORD processId() const noexcept { return processId_; }
+
+    // Ends it and waits until it has gone.
+    void end();
+
+private:
+    HANDLE process_ = nullptr;
+    DWORD processId_ = 0;
+};
+
+// The folder in which the test programs lie.
+std::wstring testProgramFolder();
+
+}
