@@ -2,21 +2,13 @@
 
 #include "common/error_trap.h"
 #include "common/phone_number.h"
-
-#include <array>
+#include "outlook/absence.h"
+#include "outlook/telephone_fields.h"
 
 namespace {
 
 using automation::Object;
 using automation::Value;
-
-// In the order of the filter and of the walk.
-constexpr std::array<const wchar_t*, 13> telephoneFields{
-    L"BusinessTelephoneNumber", L"AssistantTelephoneNumber", L"CallbackTelephoneNumber",
-    L"CompanyMainTelephoneNumber", L"ISDNNumber", L"RadioTelephoneNumber", L"Business2TelephoneNumber",
-    L"CarTelephoneNumber", L"Home2TelephoneNumber", L"HomeTelephoneNumber", L"MobileTelephoneNumber",
-    L"OtherTelephoneNumber", L"PrimaryTelephoneNumber",
-};
 
 Object itemsOf(const OutlookSession& session)
 {
@@ -79,8 +71,9 @@ bool WalkOutlookContacts(OutlookSession& session, const std::wstring& number, co
 {
     bool found = false;
     trapErrors(L"WalkOutlookContacts", [&] {
-        const Object items = itemsOf(session);
         const std::wstring sought = StripPhoneNumber(number);
+        if (absenceIsProved(session, sought)) return;
+        const Object items = itemsOf(session);
         Object item = asContact(session, items.get(L"GetFirst"));
         bool needsRewrite = false;
         const wchar_t* field = nullptr;

@@ -19,6 +19,8 @@ struct OutlookMemberNames {
     automation::SharedNames journalItem = automation::sharedNames();
     automation::SharedNames mail = automation::sharedNames();
     automation::SharedNames recipients = automation::sharedNames();
+    automation::SharedNames table = automation::sharedNames();
+    automation::SharedNames columns = automation::sharedNames();
 };
 
 struct OutlookSession {

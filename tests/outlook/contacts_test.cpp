@@ -1,0 +1,96 @@
+#include "outlook/contacts.h"
+
+#include "outlook_test.h"
+#include "support/softphone_record.h"
+
+namespace {
+
+class Contacts : public OutlookTest {
+protected:
+    std::wstring logBody() { return field(L"journal", 0, L"Body"); }
+};
+
+}
+
+TEST_F(Contacts, FromAnEntry_GetsExactlyThreeProperties_TheNumberStripped)
+{
+    open();
+    const auto entry = softphoneEntry(L"01 23.45", L"Durand", L"Marc");
+    const std::wstring id = CreateOutlookContact(session, entry);
+    ASSERT_EQ(count(L"contact"), 1u);
+    EXPECT_EQ(id, field(L"contact", 0, L"EntryID"));
+    EXPECT_EQ(field(L"contact", 0, L"FirstName"), L"Marc");
+    EXPECT_EQ(field(L"contact", 0, L"LastName"), L"Durand");
+    EXPECT_EQ(field(L"contact", 0, L"BusinessTelephoneNumber"), L"012345");
+    unsigned long puts = 0;
+    for (const std::wstring& call : record())
+        puts += call.starts_with(L"ContactItem.") && call.find(L" put ") != std::wstring::npos;
+    EXPECT_EQ(puts, 3u);
+}
+
+TEST_F(Contacts, FromAnEntry_LeavesItsLineInTheLogItem)
+{
+    open();
+    CreateOutlookContact(session, softphoneEntry(L"01 23.45", L"Durand", L"Marc"));
+    EXPECT_EQ(session.szLastLogText, L"New contact 012345 Durand Marc");
+    EXPECT_EQ(logBody(), L"3/15/2023 12:00:00 PM New contact 012345 Durand Marc");
+}
+
+TEST_F(Contacts, FromAnEntry_IsSavedWithCloseZero_AndNotDisplayed)
+{
+    open();
+    CreateOutlookContact(session, softphoneEntry(L"1", L"A", L"B"));
+    EXPECT_EQ(calls(L"ContactItem.Close method"), 1u);
+    EXPECT_EQ(calls(L"ContactItem.Display method"), 0u);
+    bool closedWithZero = false;
+    for (const std::wstring& call : record()) closedWithZero |= call == L"ContactItem.Close method (I2 0)";
+    EXPECT_TRUE(closedWithZero);
+}
+
+TEST_F(Contacts, FromAnEntryWithoutAName_FailsQuietly_WithoutALogLine)
+{
+    open();
+    EXPECT_EQ(CreateOutlookContact(session, automation::Object()), L"");
+    EXPECT_EQ(count(L"contact"), 0u);
+    EXPECT_EQ(count(L"journal"), 0u);
+    EXPECT_EQ(session.szLastLogText, L"");
+}
+
+TEST_F(Contacts, SavingFails_EmptyIdentifier_AndNoLogLine)
+{
+    open();
+    recorder.faults.add(L"on ContactItem.Close fail 0x80004005");
+    EXPECT_EQ(NewOutlookContact(session, L"0123", L"Durand", L"Marc", true), L"");
+    EXPECT_EQ(calls(L"ContactItem.Display method"), 0u);
+    EXPECT_EQ(count(L"journal"), 0u);
+}
+
+TEST_F(Contacts, FromTexts_Displayed_OpensAfterSaving_ThenTheLine)
+{
+    open();
+    const std::wstring id = NewOutlookContact(session, L"01.23 45", L"Durand", L"Marc", true);
+    EXPECT_FALSE(id.empty());
+    EXPECT_EQ(id, field(L"contact", 0, L"EntryID"));
+    EXPECT_EQ(field(L"contact", 0, L"BusinessTelephoneNumber"), L"012345");
+    std::vector<std::wstring> methods;
+    for (const std::wstring& call : record())
+        if (call.find(L" method (") != std::wstring::npos && call.starts_with(L"ContactItem.")) methods.push_back(call);
+    EXPECT_EQ(methods, (std::vector<std::wstring>{L"ContactItem.Close method (I2 0)", L"ContactItem.Display method ()"}));
+    EXPECT_EQ(logBody(), L"3/15/2023 12:00:00 PM New contact 012345 Durand Marc");
+}
+
+TEST_F(Contacts, FromTexts_NotDisplayed_OpensNothing)
+{
+    open();
+    EXPECT_FALSE(NewOutlookContact(session, L"0123", L"", L"", false).empty());
+    EXPECT_EQ(calls(L"ContactItem.Display method"), 0u);
+    EXPECT_EQ(logBody(), L"3/15/2023 12:00:00 PM New contact 0123  ");
+}
+
+TEST_F(Contacts, LastLogText_HoldsTheMostRecentLineOnly)
+{
+    open();
+    NewOutlookContact(session, L"1", L"A", L"B", false);
+    NewOutlookContact(session, L"2", L"C", L"D", false);
+    EXPECT_EQ(session.szLastLogText, L"New contact 2 C D");
+}

@@ -1,0 +1,224 @@
+#include "outlook/journal.h"
+
+#include "outlook/log_item.h"
+#include "outlook_test.h"
+#include "support/softphone_record.h"
+
+namespace {
+
+using automation::Value;
+
+class LogItem : public OutlookTest {};
+
+class Journal : public OutlookTest {
+protected:
+    // A call of the softphone's history; what is not given is a plain answered outgoing one.
+    struct Call {
+        std::wstring number = L"0123456";
+        std::wstring lastName = L"";
+        std::wstring firstName = L"";
+        bool incoming = false;
+        std::int16_t state = 3;
+        std::int16_t acknowledged = 0;
+    };
+
+    std::wstring create(const Call& call, bool createContact = false)
+    {
+        return CreateOutlookHistoItem(session,
+                                      support::record({{L"Incoming", call.incoming},
+                                                       {L"Number", call.number},
+                                                       {L"LastName", call.lastName},
+                                                       {L"FirstName", call.firstName},
+                                                       {L"BeginDate", Value::date(45000.25)},
+                                                       {L"EndDate", Value::date(45000.5)},
+                                                       {L"State", call.state},
+                                                       {L"Acknowledged", call.acknowledged}}),
+                                      createContact);
+    }
+
+    std::wstring journal(const wchar_t* name) { return field(L"journal", 0, name); }
+
+    std::wstring bodyFor(bool incoming, std::int16_t state, std::int16_t acknowledged)
+    {
+        create({.incoming = incoming, .state = state, .acknowledged = acknowledged});
+        const std::wstring body = field(L"journal", count(L"journal") - 1, L"Body");
+        return body;
+    }
+};
+
+constexpr const wchar_t* marc = L"[contact]\nFirstName=Marc\nLastName=Durand\nBusinessTelephoneNumber=0123456\n";
+
+}
+
+TEST_F(LogItem, FirstLine_CreatesTheItem_WithStartEqualToEnd)
+{
+    open();
+    LogToOutlookJournal(session, L"Start Connector Initialization");
+    ASSERT_EQ(count(L"journal"), 1u);
+    EXPECT_EQ(field(L"journal", 0, L"Subject"), L"Connector Log");
+    EXPECT_EQ(field(L"journal", 0, L"Type"), L"Pavex Connector");
+    EXPECT_EQ(field(L"journal", 0, L"Start"), L"2023-03-15 12:00:00");
+    EXPECT_EQ(field(L"journal", 0, L"End"), L"2023-03-15 12:00:00");
+    EXPECT_EQ(field(L"journal", 0, L"Body"), L"3/15/2023 12:00:00 PM Start Connector Initialization");
+    EXPECT_EQ(record().front(), L"Application.CreateItem lookup");
+    EXPECT_EQ(calls(L"Application.CreateItem method"), 1u);
+}
+
+TEST_F(LogItem, SecondLine_MovesOnlyEnd_AndIsJoinedByABareLineFeed)
+{
+    open();
+    LogToOutlookJournal(session, L"first");
+    host.time = 45000.75;
+    LogToOutlookJournal(session, L"second");
+    ASSERT_EQ(count(L"journal"), 1u);
+    EXPECT_EQ(field(L"journal", 0, L"Start"), L"2023-03-15 12:00:00");
+    EXPECT_EQ(field(L"journal", 0, L"End"), L"2023-03-15 18:00:00");
+    EXPECT_EQ(field(L"journal", 0, L"Body"), L"3/15/2023 12:00:00 PM first\n3/15/2023 6:00:00 PM second");
+}
+
+TEST_F(LogItem, AtMidnight_TheTimeIsLeftOut_AsTheUsersLocaleHasIt)
+{
+    open();
+    host.time = 45000;
+    LogToOutlookJournal(session, L"line");
+    EXPECT_EQ(field(L"journal", 0, L"Body"), L"3/15/2023 line");
+}
+
+TEST_F(LogItem, FailureLosesThatLineOnly)
+{
+    open();
+    LogToOutlookJournal(session, L"first");
+    recorder.faults.add(L"on JournalItem.Body put fail 0x80004005");
+    LogToOutlookJournal(session, L"lost");
+    recorder.faults.clear();
+    LogToOutlookJournal(session, L"third");
+    EXPECT_EQ(field(L"journal", 0, L"Body"), L"3/15/2023 12:00:00 PM first\n3/15/2023 12:00:00 PM third");
+}
+
+TEST_F(LogItem, AfterAReinitialisation_TheSameItemGoesOn)
+{
+    open();
+    LogToOutlookJournal(session, L"first");
+    session.bOutlookInit = false;
+    InitOutlook(session);
+    LogToOutlookJournal(session, L"second");
+    EXPECT_EQ(count(L"journal"), 1u);
+}
+
+TEST_F(Journal, IncomingCallFromAKnownContact_HasStarNamesAndNumber)
+{
+    open(marc);
+    const std::wstring id = create({.lastName = L"X", .firstName = L"Y", .incoming = true});
+    EXPECT_EQ(id, journal(L"EntryID"));
+    EXPECT_EQ(journal(L"Subject"), L"* Marc Durand (0123456)");
+    EXPECT_EQ(journal(L"Type"), L"Phone Call");
+    EXPECT_EQ(journal(L"Start"), L"2023-03-15 06:00:00");
+    EXPECT_EQ(journal(L"End"), L"2023-03-15 12:00:00");
+    EXPECT_EQ(journal(L"Recipient"), L"Marc Durand");
+}
+
+TEST_F(Journal, OutgoingCallWithoutAName_HasABlankBetweenTheEmptyNames)
+{
+    open();
+    create({.number = L"0654"});
+    EXPECT_EQ(journal(L"Subject"), L"  (0654)");
+}
+
+TEST_F(Journal, UnknownCallerWithoutContactCreation_RecipientIsBlankAndNumber_AndNoContact)
+{
+    open();
+    create({.number = L"06.54", .lastName = L"Nguyen", .firstName = L"Linh", .incoming = true}, false);
+    EXPECT_EQ(journal(L"Subject"), L"* Linh Nguyen (06.54)");
+    EXPECT_EQ(journal(L"Recipient"), L" 06.54");
+    EXPECT_EQ(count(L"contact"), 0u);
+}
+
+TEST_F(Journal, UnknownCallerWithContactCreation_BecomesAContactAndIsTheRecipient)
+{
+    open();
+    create({.number = L"06.54", .lastName = L"Nguyen", .firstName = L"Linh"}, true);
+    ASSERT_EQ(count(L"contact"), 1u);
+    EXPECT_EQ(field(L"contact", 0, L"BusinessTelephoneNumber"), L"0654");
+    EXPECT_EQ(calls(L"ContactItem.Display method"), 0u);
+    EXPECT_EQ(field(L"journal", 1, L"Recipient"), L"Linh Nguyen");
+    EXPECT_EQ(field(L"journal", 0, L"Subject"), L"Connector Log") << "the new contact's line comes first";
+}
+
+TEST_F(Journal, ContactCreationFails_RecipientIsTheNumber)
+{
+    open();
+    recorder.faults.add(L"on ContactItem.Close fail 0x80004005");
+    create({.number = L"0654", .lastName = L"Nguyen"}, true);
+    EXPECT_EQ(journal(L"Recipient"), L" 0654");
+}
+
+TEST_F(Journal, EmptyNumber_HasNoIdentity_AndNoRecipient)
+{
+    open(L"[contact]\nLastName=Mute\n");
+    create({.number = L"", .incoming = true});
+    EXPECT_EQ(journal(L"Subject"), L"* No identity");
+    EXPECT_EQ(journal(L"Recipient"), L"");
+    EXPECT_EQ(calls(L"Items.Find method"), 0u);
+}
+
+TEST_F(Journal, StateTwelveAndAcknowledged_IsUnanswered)
+{
+    open();
+    EXPECT_EQ(bodyFor(true, 12, 1), L"Incoming call unanswered");
+}
+
+TEST_F(Journal, CallState_DecidesTheSixTexts)
+{
+    open();
+    for (const std::int16_t state : {6, 7, 12, 14}) {
+        EXPECT_EQ(bodyFor(true, state, 0), L"Incoming call unanswered") << state;
+        EXPECT_EQ(bodyFor(false, state, 1), L"Outgoing call unanswered") << state;
+    }
+    EXPECT_EQ(bodyFor(true, 3, 1), L"Incoming call acknowledged");
+    EXPECT_EQ(bodyFor(false, 5, 1), L"Outgoing call acknowledged");
+    EXPECT_EQ(bodyFor(true, 3, 0), L"Incoming call answered");
+    EXPECT_EQ(bodyFor(false, 13, 2), L"Outgoing call answered");
+}
+
+TEST_F(Journal, WithADictionary_BodyAndUnknownCallerAreTranslated)
+{
+    const support::ScratchFolder folder;
+    folder.folder(L"dictionary");
+    folder.write(L"dictionary\\1036.ini",
+                 support::utf16File(L"[history]\r\nTI_NAMECALL_UNKNOWN=&Inconnu\r\nST_FILTRE_LST2=Appel &entrant\r\n"));
+    dictionary = Dictionary(folder.path());
+    dictionary.LoadDicoSelected(1036);
+    outlook.load({});
+    session.OutlookApp = automation::Object(outlook.application().get());
+    session.nLanguage = 1036;
+    create({.number = L"", .incoming = true});
+    EXPECT_EQ(journal(L"Subject"), L"* Inconnu");
+    EXPECT_EQ(journal(L"Body"), L"Appel entrant");
+}
+
+TEST_F(Journal, ItemWithoutAState_FailsQuietly_AndNothingIsKept)
+{
+    open();
+    const auto item = support::record({{L"Incoming", true}, {L"Number", L""}, {L"BeginDate", Value::date(1)}, {L"EndDate", Value::date(1)}});
+    EXPECT_EQ(CreateOutlookHistoItem(session, item, true), L"");
+    EXPECT_EQ(count(L"journal"), 0u) << "an unsaved item is discarded";
+}
+
+TEST_F(Journal, AddRecipient_TwoEmptyNames_AddsASingleBlank)
+{
+    open();
+    const automation::Object item = session.OutlookApp.get(L"CreateItem", {std::int16_t{4}}).object();
+    EXPECT_TRUE(AddRecipient(session, item, L"", L""));
+    bool added = false;
+    for (const std::wstring& call : record()) added |= call == L"Recipients.Add method (BSTR \" \")";
+    EXPECT_TRUE(added);
+}
+
+TEST_F(Journal, AddRecipient_FirstNameThenLastName)
+{
+    open();
+    const automation::Object item = session.OutlookApp.get(L"CreateItem", {std::int16_t{4}}).object();
+    EXPECT_TRUE(AddRecipient(session, item, L"Durand", L"Marc"));
+    EXPECT_EQ(record().back(), L"Recipients.Add method (BSTR \"Marc Durand\")");
+    EXPECT_FALSE(AddRecipient(session, automation::Object(), L"Durand", L"Marc"));
+}

@@ -1,0 +1,66 @@
+// What the tests of the Outlook room share: a simulated Outlook in this
+// process, reached through real automation, and an open session with it.
+#pragma once
+
+#include "common/text.h"
+#include "desk/common/store_file.h"
+#include "desk/outlook/outlook.h"
+#include "outlook/outlook_session.h"
+#include "outlook/session.h"
+#include "support/scratch_folder.h"
+#include "support/test_host.h"
+
+#include <gtest/gtest.h>
+
+class OutlookTest : public testing::Test {
+protected:
+    OutlookTest()
+    {
+        host.settings.bgWithOutlook = true;
+        host.settings.szFileConnectorIni = L"C:\\no such folder\\pavexconnector.ini";
+    }
+
+    // A session that is open, with the records (store text) in Outlook.
+    void open(const std::wstring& records = L"")
+    {
+        outlook.load(desk::parseStore(records));
+        session.OutlookApp = automation::Object(outlook.application().get());
+        InitOutlook(session);
+        ASSERT_TRUE(session.bOutlookInit);
+        forgetCalls();
+    }
+
+    void forgetCalls() { recorder.clear(); }
+
+    // How often a member was called or a name looked up: "ContactItem.Close method".
+    unsigned long calls(const std::wstring& member) { return recorder.count(member); }
+
+    // The record of every call, a line each.
+    std::vector<std::wstring> record() { return split(recorder.record(), L'\n'); }
+
+    // A field of the n-th saved record of a kind ("contact", "journal"), "" when absent.
+    std::wstring field(const wchar_t* kind, std::size_t index, const wchar_t* name)
+    {
+        for (const desk::StoreRecord& candidate : outlook.records()) {
+            if (candidate.kind != kind || index-- != 0) continue;
+            const std::wstring* value = candidate.find(name);
+            return value ? *value : L"";
+        }
+        return L"(no such record)";
+    }
+
+    std::size_t count(const wchar_t* kind)
+    {
+        std::size_t found = 0;
+        for (const desk::StoreRecord& candidate : outlook.records()) found += candidate.kind == kind;
+        return found;
+    }
+
+    TestHost host;
+    GroupwareState groupware;
+    Dictionary dictionary{L"C:\\nowhere"};
+    desk::Recorder recorder;
+    desk::outlook::NoScreen screen;
+    desk::outlook::Outlook outlook{recorder, screen};
+    OutlookSession session{host, groupware, dictionary};
+};
