@@ -8,7 +8,10 @@ namespace {
 
 class Factory final : public IClassFactory {
 public:
-    explicit Factory(ClassFactory::Creator create) : create_(std::move(create)) {}
+    Factory(ClassFactory::Creator create, std::function<void()> unused)
+        : create_(std::move(create)), unused_(std::move(unused))
+    {
+    }
 
     STDMETHODIMP QueryInterface(REFIID iid, void** result) override
     {
@@ -45,7 +48,10 @@ public:
 
     STDMETHODIMP LockServer(BOOL lock) override
     {
-        lock ? CoAddRefServerProcess() : CoReleaseServerProcess();
+        if (lock)
+            CoAddRefServerProcess();
+        else if (CoReleaseServerProcess() == 0 && unused_)
+            unused_();
         return S_OK;
     }
 
@@ -53,14 +59,15 @@ private:
     ~Factory() = default;
 
     const ClassFactory::Creator create_;
+    const std::function<void()> unused_;
     ULONG references_ = 1;
 };
 
 }
 
-ClassFactory::ClassFactory(const CLSID& classId, Creator create)
+ClassFactory::ClassFactory(const CLSID& classId, Creator create, std::function<void()> unused)
 {
-    const auto factory = ComPtr<IClassFactory>::adopt(new Factory(std::move(create)));
+    const auto factory = ComPtr<IClassFactory>::adopt(new Factory(std::move(create), std::move(unused)));
     check(CoRegisterClassObject(classId, factory.get(), CLSCTX_LOCAL_SERVER, REGCLS_MULTIPLEUSE, &cookie_),
           L"CoRegisterClassObject");
 }

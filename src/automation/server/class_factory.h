@@ -11,9 +11,10 @@ class ClassFactory {
 public:
     using Creator = std::function<ComPtr<IDispatch>()>;
 
-    // Registers the running factory: one process serves every client. Throws
-    // AutomationError when COM refuses.
-    ClassFactory(const CLSID& classId, Creator create);
+    // Registers the running factory: one process serves every client. `unused`
+    // is called when a client's unlocking took the process's last reference.
+    // Throws AutomationError when COM refuses.
+    ClassFactory(const CLSID& classId, Creator create, std::function<void()> unused = {});
     ~ClassFactory() { revoke(); }
     ClassFactory(const ClassFactory&) = delete;
     ClassFactory& operator=(const ClassFactory&) = delete;

@@ -1,0 +1,60 @@
+// The store's file as Windows sees it. Every failure throws StoreError.
+#pragma once
+
+#include "convid/log_entry.h"
+
+#include <windows.h>
+
+#include <string>
+
+namespace convid {
+
+class LogFile {
+public:
+    // Opens the file for this process alone to write; others may read and copy
+    // it. `disposition` is CreateFile's (OPEN_ALWAYS, CREATE_ALWAYS). A file in
+    // use elsewhere is tried again for `patience` milliseconds: virus scanners
+    // and backups hold files for a moment.
+    LogFile(std::wstring path, DWORD disposition, DWORD patience);
+    LogFile(LogFile&& other) noexcept;
+    LogFile& operator=(LogFile&& other) noexcept;
+    ~LogFile();
+
+    std::uint64_t size() const;
+
+    // Fills `target` from `offset` on; returns how much there was.
+    std::size_t read(std::uint64_t offset, std::span<std::uint8_t> target) const;
+
+    // Writes at `offset`, all of it or a failure; what a failure leaves
+    // half-written is the caller's to cut off.
+    void write(std::uint64_t offset, ByteView bytes);
+
+    // The file ends at `size` from now on.
+    void cut(std::uint64_t size);
+
+    // Returns when everything written has reached the disk.
+    void flush();
+
+private:
+    void seek(std::uint64_t offset) const;
+    [[noreturn]] void fail(const wchar_t* operation) const;
+
+    std::wstring path_;
+    HANDLE handle_;
+};
+
+// Runs `attempt`, which returns a Windows error code, until it is no longer
+// told that another program uses the file, or `patience` milliseconds are over.
+template <class Attempt>
+DWORD retryWhileInUse(DWORD patience, Attempt attempt)
+{
+    const DWORD start = GetTickCount();
+    for (;;) {
+        const DWORD result = attempt();
+        if (result != ERROR_SHARING_VIOLATION && result != ERROR_LOCK_VIOLATION) return result;
+        if (GetTickCount() - start >= patience) return result;
+        Sleep(20);
+    }
+}
+
+}

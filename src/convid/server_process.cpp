@@ -1,0 +1,73 @@
+#include "convid/server_process.h"
+
+#include "convid/class_identity.h"
+#include "convid/map_object.h"
+#include "convid/store_place.h"
+
+namespace convid {
+
+namespace server = automation::server;
+
+void ServerProcess::run(UINT patience)
+{
+    offer();
+    const UINT_PTR firstClient = SetTimer(nullptr, 0, patience, nullptr);
+    MSG message;
+    while (!finishing_ && GetMessageW(&message, nullptr, 0, 0) > 0) {
+        if (message.message == WM_TIMER && !message.hwnd && message.wParam == firstClient) {
+            KillTimer(nullptr, firstClient);
+            CoAddRefServerProcess();
+            if (CoReleaseServerProcess() == 0) finish();
+        }
+        DispatchMessageW(&message);
+        if (finishing_) serveWaiting();
+    }
+    factory_.reset();
+}
+
+void ServerProcess::offer()
+{
+    const auto create = [this] { return automation::ComPtr<IDispatch>(server::make<MapObject>(sharedStore())); };
+    factory_.emplace(classRegistration.classId, create, [this] { finish(); });
+}
+
+// Called the moment COM has counted the process out, before the client's call
+// returns: whoever asks for an object from now on gets a new process.
+void ServerProcess::finish() noexcept
+{
+    factory_.reset();
+    finishing_ = true;
+    PostThreadMessageW(GetCurrentThreadId(), WM_NULL, 0, 0);
+}
+
+// A client may have found the class just before it was withdrawn. Its request
+// waits in the queue; served, it keeps the process.
+void ServerProcess::serveWaiting()
+{
+    MSG message;
+    while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) DispatchMessageW(&message);
+}
+
+// The one store of this process. It exists as long as any object does, and so
+// stands for all of them in COM's count of this process's users.
+std::shared_ptr<IdentifierStore> ServerProcess::sharedStore()
+{
+    if (auto present = store_.lock()) return present;
+    const auto release = [this](IdentifierStore* store) {
+        // The file is free before a next process can be asked for.
+        delete store;
+        if (CoReleaseServerProcess() == 0) finish();
+    };
+    auto made = std::make_unique<IdentifierStore>(storePath());
+    CoAddRefServerProcess();
+    const std::shared_ptr<IdentifierStore> store(made.release(), release);
+    store_ = store;
+    if (finishing_) {
+        CoResumeClassObjects();
+        offer();
+        finishing_ = false;
+    }
+    return store;
+}
+
+}

@@ -1,0 +1,222 @@
+// PavexConvId.exe as its users meet it: as processes, through COM.
+#include "automation/enumeration.h"
+#include "automation/error.h"
+#include "server_session.h"
+
+#include <algorithm>
+
+using namespace convid_tests;
+using automation::Object;
+using automation::Value;
+
+namespace {
+
+constexpr std::int32_t outlook = 0;
+constexpr std::int32_t lotus = 1;
+constexpr std::int32_t addressBook = 1;
+
+bool classIsKnown()
+{
+    CLSID classId;
+    return SUCCEEDED(CLSIDFromProgID(L"PavexConvId.OrvelConvertId", &classId));
+}
+
+bool serversAre(std::size_t count)
+{
+    return becomesTrue([&] { return servers().size() == count; });
+}
+
+// What the server program writes to its error output.
+std::string errorOutputOf(const std::wstring& arguments, DWORD& exitCode)
+{
+    SECURITY_ATTRIBUTES inherited{sizeof inherited, nullptr, TRUE};
+    const TemporaryFolder folder;
+    const HANDLE file = CreateFileW(folder.file(L"errors").c_str(), GENERIC_WRITE, FILE_SHARE_READ, &inherited,
+                                    CREATE_ALWAYS, 0, nullptr);
+    exitCode = Process(L"\"" + serverProgram() + L"\" " + arguments, file).exitCode();
+    CloseHandle(file);
+    const auto bytes = contents(folder.file(L"errors"));
+    return {bytes.begin(), bytes.end()};
+}
+
+}
+
+using Server = ServerSession;
+
+TEST_F(Server, RegisteredAndUnregistered_IsKnownAndUnknown)
+{
+    EXPECT_TRUE(classIsKnown());
+    EXPECT_EQ(runServer(L"/RegServer"), 0u); // once more does no harm
+    EXPECT_TRUE(classIsKnown());
+    EXPECT_EQ(runServer(L"/UnregServer"), 0u);
+    EXPECT_FALSE(classIsKnown());
+    EXPECT_EQ(runServer(L"/UnregServer"), 0u);
+}
+
+TEST_F(Server, WrongCommandLine_EndsWithACode_AndOneLineOfExplanation)
+{
+    for (const wchar_t* arguments : {L"", L"/Help", L"/RegServer now"}) {
+        DWORD code = 0;
+        const std::string text = errorOutputOf(arguments, code);
+        EXPECT_EQ(code, 2u);
+        EXPECT_NE(text.find("usage: PavexConvId"), std::string::npos);
+        EXPECT_EQ(std::count(text.begin(), text.end(), '\n'), 1);
+    }
+    DWORD code = 1;
+    EXPECT_EQ(errorOutputOf(L"/RegServer", code), "");
+    EXPECT_EQ(code, 0u);
+}
+
+TEST_F(Server, TwoObjects_ShareOneProcessAndOneStore)
+{
+    const Object first = newObject();
+    const Object second = newObject();
+    first.call(L"InsertId", {L"entry", L"5.7", outlook, addressBook});
+    EXPECT_EQ(converted(second, L"5.7", outlook), L"entry");
+    EXPECT_EQ(servers().size(), 1u);
+}
+
+TEST_F(Server, LastObjectReleased_ProcessEnds_AndTheNextOneFindsTheRecords)
+{
+    {
+        Object first = newObject();
+        const Object second = newObject();
+        first.call(L"InsertId", {L"entry", L"5.7", outlook, addressBook});
+        first = Object();
+        Sleep(200);
+        EXPECT_EQ(servers().size(), 1u) << "an object is left";
+    }
+    EXPECT_TRUE(serversAre(0));
+    EXPECT_EQ(converted(newObject(), L"5.7", outlook), L"entry");
+}
+
+TEST_F(Server, CollectionAloneHeld_KeepsTheProcess)
+{
+    Object records;
+    {
+        const Object map = newObject();
+        map.call(L"InsertId", {L"entry", L"5.7", outlook, addressBook});
+        records = map.get(L"idCollection", {addressBook}).object();
+    }
+    Sleep(200);
+    EXPECT_EQ(records.get(L"Item", {std::int32_t{1}}).object().get(L"idAppli").text(), L"entry");
+    records = Object();
+    EXPECT_TRUE(serversAre(0));
+}
+
+TEST_F(Server, ObjectAskedForRightAfterTheLastRelease_IsAlwaysServed)
+{
+    for (int round = 0; round < 4; ++round) {
+        const std::wstring id = L"1." + std::to_wstring(round);
+        {
+            const Object map = newObject();
+            map.call(L"InsertId", {L"entry", id, outlook, addressBook});
+        }
+        EXPECT_EQ(converted(newObject(), id.c_str(), outlook), L"entry");
+    }
+    EXPECT_TRUE(serversAre(0));
+}
+
+TEST_F(Server, RecordsRemovedDuringForEach_AreAllSeen)
+{
+    const Object map = newObject();
+    for (int number = 0; number < 20; ++number)
+        map.call(L"InsertId", {L"note", L"1." + std::to_wstring(number), lotus, addressBook});
+    const Object other = newObject();
+    int seen = 0;
+    automation::Enumeration records(other.get(L"idCollection", {addressBook}).object());
+    for (Value element; records.next(element); ++seen) {
+        const Object found = element.object();
+        other.call(L"RemoveIdOrvel", {found.get(L"idOrvel"), found.get(L"typApplication")});
+    }
+    EXPECT_EQ(seen, 20);
+    EXPECT_EQ(map.get(L"idCollection", {addressBook}).object().get(L"Count").int32(), 0);
+}
+
+TEST_F(Server, StoppedServer_HasLetGoOfTheStore_AndWorksOnWithTheNextCall)
+{
+    const Object map = newObject();
+    map.call(L"InsertId", {L"entry", L"5.7", outlook, addressBook});
+    const auto canBeHeldAlone = [&] {
+        const HANDLE file = CreateFileW(store.c_str(), GENERIC_READ, 0, nullptr, OPEN_EXISTING, 0, nullptr);
+        if (file != INVALID_HANDLE_VALUE) CloseHandle(file);
+        return file != INVALID_HANDLE_VALUE;
+    };
+    EXPECT_FALSE(canBeHeldAlone());
+    map.call(L"StopOrvelConvertId");
+    EXPECT_TRUE(canBeHeldAlone());
+    EXPECT_EQ(converted(map, L"5.7", outlook), L"entry");
+}
+
+TEST_F(Server, StoreHeldByAnotherProgram_IsAnErrorWithADescription)
+{
+    const Object map = newObject();
+    map.call(L"InsertId", {L"entry", L"5.7", outlook, addressBook});
+    map.call(L"StopOrvelConvertId");
+    convid::IdentifierStore holder(store);
+    holder.find(L"5.7", outlook);
+    try {
+        map.call(L"InsertId", {L"entry", L"5.8", outlook, addressBook});
+        ADD_FAILURE() << "no error";
+    } catch (const automation::AutomationError& error) {
+        EXPECT_EQ(error.source(), L"PavexConvId");
+        EXPECT_NE(error.description().find(L"in use by another program"), std::wstring::npos);
+    }
+    holder.close();
+    EXPECT_NO_THROW(map.call(L"InsertId", {L"entry", L"5.8", outlook, addressBook}));
+}
+
+TEST_F(Server, ClientDiesSuddenly_ItsRecordIsKept_AndOthersGoOn)
+{
+    const Object map = newObject();
+    EXPECT_EQ(Process(L"\"" + besideThisProgram(L"convid_victim.exe") + L"\" client").exitCode(), 9u);
+    EXPECT_EQ(converted(map, L"6.6", outlook), L"inserted before death");
+    EXPECT_EQ(converted(newObject(), L"6.6", outlook), L"inserted before death");
+    EXPECT_EQ(servers().size(), 1u);
+}
+
+TEST_F(Server, OnlyClientDiesSuddenly_LaterClientIsServed)
+{
+    const std::wstring client = L"\"" + besideThisProgram(L"convid_victim.exe") + L"\" ";
+    EXPECT_EQ(Process(client + L"client").exitCode(), 9u);
+    EXPECT_EQ(Process(client + L"later").exitCode(), 0u);
+    EXPECT_LE(servers().size(), 1u);
+}
+
+TEST_F(Server, KilledRightAfterAnAnswer_LosesNothing)
+{
+    for (int round = 0; round < 5; ++round) {
+        const std::wstring id = L"1." + std::to_wstring(round);
+        {
+            const Object map = newObject();
+            map.call(L"InsertId", {L"entry " + id, id, outlook, addressBook});
+            killServers();
+        }
+        ASSERT_EQ(servers().size(), 0u);
+        const Object map = newObject();
+        for (int earlier = 0; earlier <= round; ++earlier) {
+            const std::wstring known = L"1." + std::to_wstring(earlier);
+            EXPECT_EQ(converted(map, known.c_str(), outlook), L"entry " + known);
+        }
+    }
+}
+
+TEST_F(Server, LateBoundScript_FindsEverythingAsDescribed)
+{
+    Process script(L"cscript.exe //nologo \"" + besideThisProgram(L"late_bound_client.vbs") + L"\"");
+    EXPECT_EQ(script.exitCode(), 42u);
+}
+
+TEST_F(Server, ThousandInsertionsAndLookUps_AreQuick)
+{
+    const Object map = newObject();
+    const DWORD start = GetTickCount();
+    for (int number = 0; number < 1'000; ++number)
+        map.call(L"InsertId", {std::wstring(140, L'A'), L"1." + std::to_wstring(number), outlook, addressBook});
+    const DWORD inserted = GetTickCount();
+    for (int number = 0; number < 1'000; ++number)
+        ASSERT_EQ(converted(map, (L"1." + std::to_wstring(number)).c_str(), outlook).size(), 140u);
+    const DWORD lookedUp = GetTickCount();
+    std::printf("1000 insertions %lu ms, 1000 look-ups %lu ms\n", inserted - start, lookedUp - inserted);
+    EXPECT_LT(lookedUp - start, 30'000u);
+}
