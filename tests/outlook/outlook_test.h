@@ -3,6 +3,7 @@
 #pragma once
 
 #include "common/text.h"
+#include "desk/common/text.h"
 #include "desk/common/store_file.h"
 #include "desk/outlook/outlook.h"
 #include "outlook/outlook_session.h"

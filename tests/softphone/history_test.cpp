@@ -1,0 +1,135 @@
+#include "link_test.h"
+
+namespace {
+
+using Lines = std::vector<std::wstring>;
+
+class History : public LinkTest {
+protected:
+    History()
+    {
+        host.settings.bgWithHisto = true;
+        host.settings.tempo = 200;
+        host.settings.tempo1 = 20;
+    }
+
+    void item(std::int32_t low, const wchar_t* number)
+    {
+        desk::softphone::HistoryRecord record;
+        record.id = {2, low};
+        record.party = {number, L"Nguyen", L"Linh"};
+        record.begin = 45000.25;
+        record.end = 45000.5;
+        pavex.addHistory(record);
+    }
+
+    Lines lines() const
+    {
+        Lines found;
+        for (const std::wstring& line : host.log)
+            if (line.find(L"Connector Initialization") == std::wstring::npos) found.push_back(line);
+        return found;
+    }
+};
+
+}
+
+TEST_F(History, Empty_LogsItsTwoLines)
+{
+    start();
+    EXPECT_EQ(lines(), (Lines{L"start History Synchronisation ", L"History Synchronisation Ok"}));
+}
+
+TEST_F(History, EveryItem_BecomesAJournalItem_FromTheFirstUp_AndIsMapped)
+{
+    item(1, L"111");
+    item(2, L"222");
+    start();
+    EXPECT_EQ(field(L"journal", 0, L"Subject"), L"Linh Nguyen (111)");
+    EXPECT_EQ(field(L"journal", 1, L"Subject"), L"Linh Nguyen (222)");
+    EXPECT_EQ(mapped(L"2.1"), field(L"journal", 0, L"EntryID"));
+    EXPECT_EQ(mapped(L"2.2"), field(L"journal", 1, L"EntryID"));
+    EXPECT_EQ(store->records(0).size(), 2u);
+    EXPECT_EQ(host.pauses, (std::vector<std::int32_t>{200, 20, 200, 20}));
+    EXPECT_EQ(count(L"contact"), 0u);
+}
+
+TEST_F(History, AllItemsMapped_NothingIsCreated_AndTheOnlyPauseIsTempo1)
+{
+    item(1, L"111");
+    item(2, L"222");
+    start();
+    host.pauses.clear();
+    link.InitConnector(true);
+    EXPECT_EQ(count(L"journal"), 2u);
+    EXPECT_EQ(host.pauses, (std::vector<std::int32_t>{20, 20}));
+}
+
+TEST_F(History, NewContactOn_UnknownPartiesBecomeContacts)
+{
+    host.settings.bgSetNewContact = true;
+    item(1, L"1 11");
+    start();
+    EXPECT_EQ(count(L"contact"), 1u);
+    EXPECT_EQ(field(L"contact", 0, L"BusinessTelephoneNumber"), L"111");
+}
+
+TEST_F(History, NewContactSwitch_IsReadAtThatMoment)
+{
+    host.settings.bgSetNewContact = true;
+    host.settings.tempo = 1;
+    item(1, L"111");
+    item(2, L"222");
+    host.onLog = [&](const std::wstring& line) { host.settings.bgSetNewContact &= line != L"start History Synchronisation "; };
+    start();
+    EXPECT_EQ(count(L"contact"), 0u);
+}
+
+TEST_F(History, StopDuringTheLoop_EndsWithAbort)
+{
+    item(1, L"111");
+    host.onLog = [&](const std::wstring& line) { host.settings.gStop |= line == L"start History Synchronisation "; };
+    start();
+    EXPECT_EQ(lines(), (Lines{L"start History Synchronisation ", L"Abort History Synchronisation"}));
+    EXPECT_EQ(count(L"journal"), 0u);
+}
+
+TEST_F(History, CreationFails_NoMapRecord_AndTheItemIsMirroredNextTime)
+{
+    item(1, L"111");
+    outlookCalls.faults.add(L"on JournalItem.Close fail 0x80004005");
+    start();
+    EXPECT_EQ(mapped(L"2.1"), L"");
+    EXPECT_EQ(lines().back(), L"History Synchronisation Ok");
+    link.InitConnector(true);
+    EXPECT_EQ(count(L"journal"), 1u);
+    EXPECT_NE(mapped(L"2.1"), L"");
+}
+
+TEST_F(History, ErrorInTheLoopItself_LogsPbIn_WithASmallI)
+{
+    item(1, L"111");
+    softphoneCalls.faults.add(L"on History.Item fail 0x80004005");
+    start();
+    EXPECT_EQ(lines(), (Lines{L"start History Synchronisation ", L"Pb in History Synchronisation"}));
+}
+
+TEST_F(History, NewItemEvent_IsMirroredWithoutAskingTheMap_AndMakesNoContact)
+{
+    host.settings.bgSetNewContact = true;
+    start();
+    item(5, L"555");
+    host.runDeferred();
+    EXPECT_EQ(count(L"journal"), 1u);
+    EXPECT_EQ(count(L"contact"), 0u);
+    EXPECT_EQ(mapped(L"2.5"), field(L"journal", 0, L"EntryID"));
+}
+
+TEST_F(History, NewItemEvent_SwitchedOff_DoesNothing)
+{
+    start();
+    host.settings.bgWithHisto = false;
+    item(5, L"555");
+    host.runDeferred();
+    EXPECT_EQ(count(L"journal"), 0u);
+}
