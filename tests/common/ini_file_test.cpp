@@ -1,0 +1,108 @@
+#include "common/ini_file.h"
+
+#include "support/scratch_folder.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+class Ini : public testing::Test {
+protected:
+    IniFile with(std::string_view content) const { return IniFile(folder.write(L"test.ini", content)); }
+
+    const support::ScratchFolder folder;
+};
+
+}
+
+TEST_F(Ini, Value_IsReadWithoutRegardToTheCaseOfItsNames)
+{
+    const IniFile ini = with("[Application]\r\nTempo=250\r\n");
+    EXPECT_EQ(ini.read("Application", "Tempo", "x"), L"250");
+    EXPECT_EQ(ini.read("APPLICATION", "tempo", "x"), L"250");
+}
+
+TEST_F(Ini, MissingKeySectionOrFile_GivesTheDefault)
+{
+    const IniFile ini = with("[Application]\r\nTempo=250\r\nEmpty=\r\n");
+    EXPECT_EQ(ini.read("Application", "tempo1", "20"), L"20");
+    EXPECT_EQ(ini.read("AllApplication", "tempo", "20"), L"20");
+    EXPECT_EQ(IniFile(folder.file(L"missing.ini")).read("Application", "tempo", "20"), L"20");
+    EXPECT_EQ(ini.read("Application", "empty", "20"), L"") << "an empty value is there";
+}
+
+TEST_F(Ini, LongValue_IsCutTo1023Characters)
+{
+    const std::string exact(1023, 'a');
+    EXPECT_EQ(with("[s]\r\nk=" + exact + "\r\n").read("s", "k", ""), std::wstring(1023, L'a'));
+    EXPECT_EQ(with("[s]\r\nk=" + exact + "b\r\n").read("s", "k", ""), std::wstring(1023, L'a'));
+    EXPECT_EQ(with("[s]\r\nk=" + std::string(5000, 'a') + "\r\n").read("s", "k", ""), std::wstring(1023, L'a'));
+}
+
+TEST_F(Ini, LongDefault_IsCutToo)
+{
+    const std::string fallback(1500, 'd');
+    EXPECT_EQ(with("").read("s", "k", fallback.c_str()), std::wstring(1023, L'd'));
+}
+
+TEST_F(Ini, AnsiText_IsReadInTheCodePage)
+{
+    EXPECT_EQ(with("[s]\r\nk=r\xE9pondu\r\n").read("s", "k", ""), L"r\u00E9pondu");
+}
+
+TEST_F(Ini, Switch_IsOnForTheExactTextOnly)
+{
+    for (const char* text : {"True", "TRUE", "1", "yes", "-1", "truer", "\" true\"", "true ; on", ""})
+        EXPECT_FALSE(with(std::string("[s]\r\nk=") + text + "\r\n").readSwitch("s", "k", "true")) << text;
+    EXPECT_TRUE(with("[s]\r\nk=true\r\n").readSwitch("s", "k", "false"));
+    EXPECT_TRUE(with("[s]\r\nk = true \r\n").readSwitch("s", "k", "false")) << "outer blanks belong to no value";
+}
+
+TEST_F(Ini, MissingSwitch_TakesItsDefault)
+{
+    EXPECT_TRUE(with("").readSwitch("s", "k", "true"));
+    EXPECT_FALSE(with("").readSwitch("s", "k", "false"));
+    EXPECT_FALSE(with("").readSwitch("s", "k", ""));
+}
+
+TEST_F(Ini, Write_ChangesTheValueAndNothingElse)
+{
+    const IniFile ini = with("[Application]\r\nkill=true\r\ntype=OUTLOOK\r\n");
+    EXPECT_TRUE(ini.write("Application", "kill", "false"));
+    EXPECT_EQ(ini.read("Application", "kill", ""), L"false");
+    EXPECT_EQ(ini.read("Application", "type", ""), L"OUTLOOK");
+}
+
+TEST_F(Ini, Write_MakesAMissingFile_ButNoFolder)
+{
+    EXPECT_TRUE(IniFile(folder.file(L"new.ini")).write("s", "k", "v"));
+    EXPECT_EQ(IniFile(folder.file(L"new.ini")).read("s", "k", ""), L"v");
+    EXPECT_FALSE(IniFile(folder.file(L"nowhere\\new.ini")).write("s", "k", "v"));
+}
+
+TEST_F(Ini, FolderInItsPlace_GivesDefaultsAndRefusesToBeWritten)
+{
+    const IniFile ini(folder.folder(L"test.ini"));
+    EXPECT_EQ(ini.read("s", "k", "default"), L"default");
+    EXPECT_FALSE(ini.write("s", "k", "v"));
+}
+
+TEST_F(Ini, BinaryJunk_GivesDefaults)
+{
+    std::string junk;
+    for (int index = 0; index < 20'000; ++index) junk += static_cast<char>(index * 7 + index / 256);
+    const IniFile ini = with(junk);
+    EXPECT_EQ(ini.read("Application", "tempo", "200"), L"200");
+    EXPECT_EQ(ini.read("", "", "200"), L"200");
+}
+
+TEST_F(Ini, JunkAroundASection_LeavesItReadable)
+{
+    const std::string junk = "\x01\x02[[]]==\r\n=\r\n]\r\n[\r\n";
+    EXPECT_EQ(with(junk + "[s]\r\nk=v\r\n" + junk).read("s", "k", ""), L"v");
+}
+
+TEST_F(Ini, Utf16File_IsReadAsText)
+{
+    EXPECT_EQ(with(support::utf16File(L"[s]\r\nk=r\u00E9pondu\r\n")).read("s", "k", ""), L"r\u00E9pondu");
+}
