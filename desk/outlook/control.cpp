@@ -106,24 +106,17 @@ std::wstring changeItem(Outlook& outlook, std::wstring_view text)
     for (const auto& [name, value] : changes[0].fields) setFromText(item, changes[0], name, value);
     item.version = saved->version + 1;
     *saved = std::move(item);
+    outlook.updateInspector(*makeItem(outlook, saved).get());
     outlook.changed();
-    return L"ok";
-}
-
-std::wstring open(Outlook& outlook, std::wstring_view entryId)
-{
-    const SavedItem saved = outlook.mailbox().find(std::wstring(entryId));
-    if (!saved) throw std::runtime_error("there is no such item");
-    outlook.display(*makeItem(outlook, saved).get(), false);
     return L"ok";
 }
 
 std::wstring closeWindows(Outlook& outlook, bool save)
 {
     while (!outlook.inspectors().empty()) {
-        const Outlook::Inspector last = outlook.inspectors().back();
-        if (save) last.item->save();
-        outlook.closedByUser(last.id);
+        const InspectorId last = outlook.inspectors().back().id;
+        if (save) outlook.savedByUser(last);
+        else outlook.closedByUser(last);
     }
     return L"ok";
 }
@@ -147,7 +140,7 @@ std::optional<std::wstring> Outlook::command(const std::wstring& word, std::wstr
     if (word == L"add") return addItem(*this, rest);
     if (word == L"change") return changeItem(*this, rest);
     if (word == L"delete") return removeItem(*this, rest);
-    if (word == L"open") return open(*this, rest);
+    if (word == L"open") return open(std::wstring(rest)), L"ok";
     if (word == L"close-windows") return closeWindows(*this, false);
     if (word == L"save-windows") return closeWindows(*this, true);
     if (word == L"old") return setOld(*this, rest);

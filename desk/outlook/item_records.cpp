@@ -10,7 +10,9 @@ namespace {
 
 using automation::Value;
 
-constexpr const wchar_t* recipientFields[] = {L"Recipient", L"RecipientCC", L"RecipientBCC"};
+// A message names its recipients by type; elsewhere there is only one.
+constexpr const wchar_t* recipientField = L"Recipient";
+constexpr const wchar_t* addresseeFields[] = {L"To", L"CC", L"BCC"};
 
 std::wstring storedText(const Value& value, FieldType type)
 {
@@ -31,6 +33,18 @@ bool isDefault(const Item& item, const Field& field, const Value& value)
     return field.type == FieldType::boolean && !value.truth();
 }
 
+void addRecipients(StoreRecord& record, const Item& item)
+{
+    if (item.itemClass != ItemClass::mail) {
+        for (const RecipientData& recipient : item.recipients) record.add(recipientField, recipient.name);
+        return;
+    }
+    for (const wchar_t* field : addresseeFields) {
+        std::wstring names = valueOf(item, *fieldNamed(field)).text();
+        if (!names.empty()) record.add(field, std::move(names));
+    }
+}
+
 Value fromText(const std::wstring& text, FieldType type)
 {
     switch (type) {
@@ -47,9 +61,8 @@ Value fromText(const std::wstring& text, FieldType type)
 
 void setFromText(Item& item, const StoreRecord& record, const std::wstring& name, const std::wstring& text)
 {
-    for (long type = 0; type < 3; ++type) {
-        if (name != recipientFields[type]) continue;
-        addRecipient(item, text, type + 1);
+    if (name == recipientField && item.itemClass == ItemClass::journal) {
+        addRecipient(item, text, 1);
         return;
     }
     const Field* field = fieldNamed(name);
@@ -77,8 +90,7 @@ StoreRecord recordOf(const Item& item)
         if (found == item.fields.end() || isDefault(item, field, found->second)) continue;
         record.add(field.name, storedText(found->second, field.type));
     }
-    for (const RecipientData& recipient : item.recipients)
-        record.add(recipientFields[recipient.type - 1], recipient.name);
+    addRecipients(record, item);
     return record;
 }
 

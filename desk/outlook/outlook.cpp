@@ -5,6 +5,7 @@
 #include "desk/outlook/item_object.h"
 
 #include <algorithm>
+#include <stdexcept>
 
 namespace desk::outlook {
 
@@ -49,6 +50,7 @@ void Outlook::load(const std::vector<StoreRecord>& records)
     });
     mailbox_.load(items);
     version_ = version;
+    while (!inspectors_.empty()) remove(inspectors_.back().id);
     screen_.updateFolders();
 }
 
@@ -100,6 +102,26 @@ void Outlook::closedByUser(InspectorId id)
         inspector.item->discard();
         return remove(id);
     }
+}
+
+void Outlook::savedByUser(InspectorId id)
+{
+    for (const Inspector& inspector : inspectors_) {
+        if (inspector.id != id) continue;
+        try {
+            inspector.item->save();
+        } catch (const automation::server::Exception& error) {
+            throw std::runtime_error(utf8(error.description));
+        }
+        return remove(id);
+    }
+}
+
+void Outlook::open(const std::wstring& entryId)
+{
+    const SavedItem saved = mailbox_.find(entryId);
+    if (!saved) throw std::runtime_error("there is no such item");
+    display(*makeItem(*this, saved).get(), false);
 }
 
 void Outlook::remove(InspectorId id)

@@ -44,6 +44,7 @@ public:
     void changed();
 
     // The records of the store: [outlook] with the version, then the items.
+    // Loading others closes the windows.
     void load(const std::vector<StoreRecord>& records);
     std::vector<StoreRecord> records() const;
 
@@ -61,8 +62,12 @@ public:
     void updateInspector(ItemObject& item);
     void closeInspector(ItemObject& item);
 
-    // The user has closed the window: what is not saved is lost.
+    // What the user does: close a window (what is not saved is lost), save and
+    // close it, open an item of a list. Throw std::runtime_error when it cannot
+    // be done.
     void closedByUser(InspectorId id);
+    void savedByUser(InspectorId id);
+    void open(const std::wstring& entryId);
 
 private:
     Inspector* inspectorOf(const ItemObject& item) noexcept;

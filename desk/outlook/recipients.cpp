@@ -103,7 +103,7 @@ private:
 
     Value add(std::wstring name)
     {
-        if (name.find_first_not_of(L' ') == std::wstring::npos) raiseBadParameter();
+        if (name.empty()) raiseBadParameter();
         const unsigned id = addRecipient(item_->edit(), std::move(name), 1).id;
         item_->changed();
         return server::valueOf(server::make<Recipient>(*item_.get(), id));

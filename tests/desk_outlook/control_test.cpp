@@ -35,7 +35,7 @@ TEST_F(Control, Dump_HoldsExactlyWhatWasSaved)
 TEST_F(Control, Store_ComesBackTheSame)
 {
     const std::wstring store = L"[outlook]\nVersion=2007\n\n"
-                               L"[mail]\nEntryID=AB\nSubject=Re: it\nRecipient=a@x.example\nFolder=6\n\n"
+                               L"[mail]\nEntryID=AB\nSubject=Re: it\nTo=a@x.example\nFolder=6\n\n"
                                L"[contact]\nEntryID=CD\nSubject=Marc Durand\nFirstName=Marc\nLastName=Durand\n"
                                L"FullName=Marc Durand\nFileAs=The Boss\nBirthday=1970-01-02 00:00:00\n\n"
                                L"[journal]\nEntryID=EF\nSubject=Call\nType=Fax\nStart=2023-03-15 06:00:10\n"

@@ -151,8 +151,7 @@ TEST_F(Item, MailAddressees_AreItsRecipients)
     mail.put(L"Subject", L"Hello");
     mail.call(L"Save");
     EXPECT_EQ(outlook.ask(L"mails"), L"[mail]\nEntryID=" + mail.get(L"EntryID").text() +
-                                         L"\nSubject=Hello\nRecipient=a@x.example\nRecipientCC=b@x.example\n"
-                                         L"RecipientCC=c@x.example\n");
+                                         L"\nSubject=Hello\nTo=a@x.example\nCC=b@x.example; c@x.example\n");
 }
 
 TEST_F(Item, SentMail_LiesInSentItems_AndCannotBeUsedAnyMore)

@@ -1,0 +1,218 @@
+#include "desk/outlook/main_window.h"
+
+#include "desk/common/text.h"
+
+#include <algorithm>
+#include <stdexcept>
+
+namespace desk::outlook {
+
+namespace {
+
+constexpr int left = 306;
+constexpr int top = 432; // below the first windows of items
+constexpr int width = 714;
+constexpr int height = 314;
+constexpr int foldersWidth = 170;
+constexpr int statusHeight = 20;
+constexpr int margin = 4;
+constexpr UINT_PTR updateTimer = 1;
+constexpr UINT updateDelay = 150; // milliseconds
+constexpr long firstShown = folders::contacts;
+
+constexpr const wchar_t* windowClassName = L"DeskOutlookMain";
+
+struct Columns {
+    ItemClass itemClass;
+    const wchar_t* titles[3];
+    const wchar_t* fields[3];
+};
+
+constexpr Columns columnsOf[] = {
+    {ItemClass::contact, {L"Name", L"Company", L"Business phone"}, {L"FileAs", L"CompanyName", L"BusinessTelephoneNumber"}},
+    {ItemClass::journal, {L"Subject", L"Start", L"Entry type"}, {L"Subject", L"Start", L"Type"}},
+    {ItemClass::mail, {L"Subject", L"To", L"Sent"}, {L"Subject", L"To", L"SentOn"}}};
+
+constexpr int columnWidths[] = {220, 140, 120};
+
+const Columns& columnsFor(const Folder& folder)
+{
+    for (const Columns& columns : columnsOf)
+        if (columns.itemClass == folder.defaultClass) return columns;
+    return columnsOf[0];
+}
+
+void addColumn(HWND list, int index, const wchar_t* title, int columnWidth, int format = LVCFMT_LEFT)
+{
+    LVCOLUMNW column{};
+    column.mask = LVCF_TEXT | LVCF_WIDTH | LVCF_FMT;
+    column.fmt = format;
+    column.cx = columnWidth;
+    column.pszText = const_cast<wchar_t*>(title);
+    SendMessageW(list, LVM_INSERTCOLUMNW, static_cast<WPARAM>(index), reinterpret_cast<LPARAM>(&column));
+}
+
+void setCell(HWND list, int row, int column, const std::wstring& text)
+{
+    LVITEMW item{};
+    item.mask = LVIF_TEXT;
+    item.iItem = row;
+    item.iSubItem = column;
+    item.pszText = const_cast<wchar_t*>(text.c_str());
+    SendMessageW(list, LVM_SETITEMW, 0, reinterpret_cast<LPARAM>(&item));
+}
+
+}
+
+MainWindow::MainWindow(Handlers handlers) : handlers_(std::move(handlers))
+{
+    const INITCOMMONCONTROLSEX controls{sizeof controls, ICC_LISTVIEW_CLASSES};
+    InitCommonControlsEx(&controls);
+    WNDCLASSW windowClass{};
+    windowClass.lpfnWndProc = procedure;
+    windowClass.hInstance = GetModuleHandleW(nullptr);
+    windowClass.hIcon = LoadIconW(nullptr, IDI_APPLICATION);
+    windowClass.hCursor = LoadCursorW(nullptr, IDC_ARROW);
+    windowClass.hbrBackground = reinterpret_cast<HBRUSH>(COLOR_BTNFACE + 1);
+    windowClass.lpszClassName = windowClassName;
+    RegisterClassW(&windowClass);
+    window_ = CreateWindowExW(0, windowClassName, L"Microsoft Outlook",
+                              WS_OVERLAPPED | WS_CAPTION | WS_SYSMENU | WS_MINIMIZEBOX | WS_CLIPCHILDREN, left, top,
+                              width, height, nullptr, nullptr, windowClass.hInstance, nullptr);
+    if (!window_) throw std::runtime_error("Outlook's window cannot be made");
+    SetWindowLongPtrW(window_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
+    makeLists();
+}
+
+MainWindow::~MainWindow()
+{
+    SetWindowLongPtrW(window_, GWLP_USERDATA, 0);
+    DestroyWindow(window_);
+}
+
+void MainWindow::makeLists()
+{
+    RECT client;
+    GetClientRect(window_, &client);
+    const int listHeight = client.bottom - statusHeight - 2 * margin;
+    const DWORD style = WS_CHILD | WS_VISIBLE | WS_TABSTOP | LVS_REPORT | LVS_SINGLESEL | LVS_SHOWSELALWAYS |
+                        LVS_NOSORTHEADER;
+    const auto make = [&](const wchar_t* kind, DWORD wanted, DWORD extended, int x, int y, int cx, int cy) {
+        const HWND made = CreateWindowExW(extended, kind, L"", wanted, x, y, cx, cy, window_, nullptr,
+                                          GetModuleHandleW(nullptr), nullptr);
+        font_.giveTo(made);
+        return made;
+    };
+    folders_ = make(WC_LISTVIEWW, style, WS_EX_CLIENTEDGE, margin, margin, foldersWidth, listHeight);
+    items_ = make(WC_LISTVIEWW, style | LVS_OWNERDATA, WS_EX_CLIENTEDGE, foldersWidth + 2 * margin, margin,
+                  client.right - foldersWidth - 3 * margin, listHeight);
+    status_ = make(L"STATIC", WS_CHILD | WS_VISIBLE | SS_NOPREFIX, 0, 2 * margin, client.bottom - statusHeight,
+                   client.right - 4 * margin, statusHeight - margin);
+    for (const HWND list : {folders_, items_})
+        SendMessageW(list, LVM_SETEXTENDEDLISTVIEWSTYLE, 0, LVS_EX_FULLROWSELECT);
+    addColumn(folders_, 0, L"Folder", foldersWidth - 60);
+    addColumn(folders_, 1, L"Items", 54, LVCFMT_RIGHT);
+}
+
+void MainWindow::watch(Mailbox& mailbox)
+{
+    mailbox_ = &mailbox;
+    for (std::size_t index = 0; index < mailbox.all().size(); ++index) {
+        const Folder& folder = mailbox.all()[index];
+        LVITEMW row{};
+        row.mask = LVIF_TEXT;
+        row.iItem = static_cast<int>(index);
+        row.pszText = const_cast<wchar_t*>(folder.name);
+        SendMessageW(folders_, LVM_INSERTITEMW, 0, reinterpret_cast<LPARAM>(&row));
+        if (folder.number == firstShown) chosen_ = index;
+    }
+    choose(chosen_);
+    LVITEMW selected{};
+    selected.state = selected.stateMask = LVIS_SELECTED;
+    SendMessageW(folders_, LVM_SETITEMSTATE, chosen_, reinterpret_cast<LPARAM>(&selected));
+    ShowWindow(window_, SW_SHOWNOACTIVATE);
+    UpdateWindow(window_);
+}
+
+const Folder* MainWindow::chosen() const
+{
+    return mailbox_ ? &mailbox_->all()[chosen_] : nullptr;
+}
+
+void MainWindow::choose(std::size_t folder)
+{
+    chosen_ = folder;
+    const Columns& columns = columnsFor(*chosen());
+    while (SendMessageW(items_, LVM_DELETECOLUMN, 0, 0)) {}
+    for (int index = 0; index < 3; ++index) addColumn(items_, index, columns.titles[index], columnWidths[index]);
+    SetWindowTextW(window_, (chosen()->name + std::wstring(L" - Microsoft Outlook")).c_str());
+    refresh();
+}
+
+void MainWindow::update()
+{
+    if (waiting_ || !mailbox_) return;
+    waiting_ = true;
+    SetTimer(window_, updateTimer, updateDelay, nullptr);
+}
+
+void MainWindow::refresh()
+{
+    waiting_ = false;
+    KillTimer(window_, updateTimer);
+    int row = 0;
+    for (const Folder& folder : mailbox_->all()) setCell(folders_, row++, 1, std::to_wstring(folder.items.size()));
+    const std::size_t count = chosen()->items.size();
+    SendMessageW(items_, LVM_SETITEMCOUNT, count, LVSICF_NOSCROLL);
+    InvalidateRect(items_, nullptr, TRUE);
+    SetWindowTextW(status_, (std::to_wstring(count) + (count == 1 ? L" item" : L" items")).c_str());
+}
+
+void MainWindow::fillRow(LVITEMW& row)
+{
+    const auto& items = chosen()->items;
+    if (!(row.mask & LVIF_TEXT) || row.iSubItem > 2 || static_cast<std::size_t>(row.iItem) >= items.size()) return;
+    const Item& item = *items[static_cast<std::size_t>(row.iItem)];
+    const Field& field = *fieldNamed(columnsFor(*chosen()).fields[row.iSubItem]);
+    cell_ = row.iSubItem == 0 && item.itemClass == ItemClass::distributionList ? nameOf(item)
+            : field.in(item.itemClass)                                         ? valueOf(item, field).text()
+                                                                               : std::wstring();
+    if (field.type == FieldType::date && valueOf(item, field).asDate() == noDate) cell_.clear();
+    row.pszText = cell_.data();
+}
+
+LRESULT MainWindow::notified(NMHDR& header)
+{
+    if (header.hwndFrom == items_ && header.code == LVN_GETDISPINFOW)
+        fillRow(reinterpret_cast<NMLVDISPINFOW&>(header).item);
+    if (header.hwndFrom == items_ && header.code == NM_DBLCLK) {
+        const auto& items = chosen()->items;
+        const auto row = static_cast<std::size_t>(reinterpret_cast<NMITEMACTIVATE&>(header).iItem);
+        if (row < items.size()) handlers_.opened(std::wstring(items[row]->entryId));
+    }
+    if (header.hwndFrom == folders_ && header.code == LVN_ITEMCHANGED) {
+        const auto& change = reinterpret_cast<NMLISTVIEW&>(header);
+        const bool selected = (change.uNewState & ~change.uOldState & LVIS_SELECTED) != 0;
+        if (selected && static_cast<std::size_t>(change.iItem) != chosen_)
+            choose(static_cast<std::size_t>(change.iItem));
+    }
+    return 0;
+}
+
+LRESULT CALLBACK MainWindow::procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam)
+{
+    auto* self = reinterpret_cast<MainWindow*>(GetWindowLongPtrW(window, GWLP_USERDATA));
+    return self ? self->handle(message, wParam, lParam) : DefWindowProcW(window, message, wParam, lParam);
+}
+
+LRESULT MainWindow::handle(UINT message, WPARAM wParam, LPARAM lParam)
+{
+    switch (message) {
+    case WM_NOTIFY: return mailbox_ ? notified(*reinterpret_cast<NMHDR*>(lParam)) : 0;
+    case WM_TIMER: refresh(); return 0;
+    case WM_CLOSE: handlers_.closed(); return 0;
+    default: return DefWindowProcW(window_, message, wParam, lParam);
+    }
+}
+
+}

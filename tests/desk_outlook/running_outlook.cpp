@@ -1,0 +1,101 @@
+#include "desk_outlook/running_outlook.h"
+
+#include "automation/server/registration.h"
+#include "desk/common/control_pipe.h"
+
+#include <objbase.h>
+
+#include <stdexcept>
+
+Process::Process(const std::wstring& commandLine, const std::wstring& errorFile)
+{
+    std::wstring line = commandLine;
+    SECURITY_ATTRIBUTES inherited{sizeof inherited, nullptr, TRUE};
+    const HANDLE errors = errorFile.empty() ? nullptr
+                                            : CreateFileW(errorFile.c_str(), GENERIC_WRITE, FILE_SHARE_READ, &inherited,
+                                                          CREATE_ALWAYS, 0, nullptr);
+    STARTUPINFOW startup{};
+    startup.cb = sizeof startup;
+    if (errors) {
+        startup.dwFlags = STARTF_USESTDHANDLES;
+        startup.hStdError = errors;
+    }
+    PROCESS_INFORMATION information{};
+    const BOOL started = CreateProcessW(nullptr, line.data(), nullptr, nullptr, errors != nullptr, 0, nullptr, nullptr,
+                                        &startup, &information);
+    if (errors) CloseHandle(errors);
+    if (!started) throw std::runtime_error("a process cannot be started");
+    CloseHandle(information.hThread);
+    process_ = information.hProcess;
+}
+
+Process::~Process()
+{
+    CloseHandle(process_);
+}
+
+DWORD Process::exitCode(DWORD milliseconds) const
+{
+    DWORD code = stillRuns;
+    WaitForSingleObject(process_, milliseconds);
+    GetExitCodeProcess(process_, &code);
+    return code;
+}
+
+namespace {
+
+// The registered program's command line, "" for none.
+std::wstring registeredProgram()
+{
+    CLSID classId;
+    wchar_t text[64];
+    std::wstring line(MAX_PATH, L'\0');
+    LONG size = MAX_PATH * sizeof(wchar_t);
+    if (FAILED(CLSIDFromProgID(L"Outlook.Application", &classId)) || !StringFromGUID2(classId, text, 64)) return L"";
+    const std::wstring key = std::wstring(L"CLSID\\") + text + L"\\LocalServer32";
+    if (RegQueryValueW(HKEY_CLASSES_ROOT, key.c_str(), line.data(), &size) != ERROR_SUCCESS) return L"";
+    return line.c_str();
+}
+
+}
+
+RunningOutlook::RunningOutlook(std::string_view store)
+    : oneAtATime_(CreateMutexW(nullptr, FALSE, L"desk-outlook-test")), registeredBefore_(registeredProgram())
+{
+    WaitForSingleObject(oneAtATime_, INFINITE);
+    const std::wstring test = automation::server::programPath();
+    const std::wstring built = test.substr(0, test.rfind(L'\\')) + L"\\OUTLOOK.exe";
+    if (!CopyFileW(built.c_str(), program().c_str(), FALSE))
+        throw std::runtime_error("OUTLOOK.exe is not beside the test");
+    if (Process(program() + L" /RegServer").exitCode() != 0) throw std::runtime_error("OUTLOOK.exe is not registered");
+    if (!store.empty()) support::writeFile(storeFile(), store);
+    start();
+}
+
+void RunningOutlook::start()
+{
+    process_ = std::make_unique<Process>(program() + L" -Embedding");
+    ask(L"ping");
+}
+
+RunningOutlook::~RunningOutlook()
+{
+    if (process_->exitCode(0) == Process::stillRuns) {
+        try {
+            ask(L"exit");
+        } catch (const std::runtime_error&) {
+            process_->kill();
+        }
+        if (process_->exitCode() == Process::stillRuns) process_->kill();
+    }
+    process_.reset();
+    Process(program() + L" /UnregServer").exitCode();
+    if (!registeredBefore_.empty()) Process(registeredBefore_ + L" /RegServer").exitCode();
+    ReleaseMutex(oneAtATime_);
+    CloseHandle(oneAtATime_);
+}
+
+std::wstring RunningOutlook::ask(std::wstring_view request) const
+{
+    return desk::ask(L"outlook", request);
+}
