@@ -50,7 +50,8 @@ public:
     virtual Recorder& recorder() noexcept = 0;
 
     // The records have changed: the store file follows before the next
-    // response on the control pipe, and within 200 ms otherwise.
+    // response on the control pipe, and otherwise within 200 ms (for a big store
+    // within a few times what its writing takes).
     virtual void changed() = 0;
 
     // Ends the program once the call or message in progress has been answered.

@@ -60,9 +60,10 @@ std::wstring registeredProgram()
 }
 
 RunningOutlook::RunningOutlook(std::string_view store)
-    : oneAtATime_(CreateMutexW(nullptr, FALSE, L"desk-outlook-test")), registeredBefore_(registeredProgram())
+    : oneAtATime_(CreateMutexW(nullptr, FALSE, L"desk-outlook-test"))
 {
     WaitForSingleObject(oneAtATime_, INFINITE);
+    registeredBefore_ = registeredProgram();
     const std::wstring test = automation::server::programPath();
     const std::wstring built = test.substr(0, test.rfind(L'\\')) + L"\\OUTLOOK.exe";
     if (!CopyFileW(built.c_str(), program().c_str(), FALSE))

@@ -47,7 +47,7 @@ public:
 
 private:
     const HANDLE oneAtATime_;
-    const std::wstring registeredBefore_;
+    std::wstring registeredBefore_; // its command line
     support::ScratchFolder folder_;
     std::unique_ptr<Process> process_;
 };
