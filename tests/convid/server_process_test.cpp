@@ -1,6 +1,8 @@
 // PavexConvId.exe as its users meet it: as processes, through COM.
 #include "automation/enumeration.h"
 #include "automation/error.h"
+#include "convid/class_identity.h"
+#include "convid/server_process.h"
 #include "server_session.h"
 
 #include <algorithm>
@@ -37,6 +39,21 @@ std::string errorOutputOf(const std::wstring& arguments, DWORD& exitCode)
     CloseHandle(file);
     const auto bytes = contents(folder.file(L"errors"));
     return {bytes.begin(), bytes.end()};
+}
+
+DWORD unlocked; // when
+
+// A client in the serving thread itself: Wine passes no locking on to other
+// processes.
+void CALLBACK lockAndUnlock(HWND, UINT, UINT_PTR timer, DWORD)
+{
+    KillTimer(nullptr, timer);
+    automation::ComPtr<IClassFactory> factory;
+    ASSERT_EQ(CoGetClassObject(convid::classRegistration.classId, CLSCTX_LOCAL_SERVER, nullptr, IID_IClassFactory,
+                               factory.receiveVoid()), S_OK);
+    ASSERT_EQ(factory->LockServer(TRUE), S_OK);
+    ASSERT_EQ(factory->LockServer(FALSE), S_OK);
+    unlocked = GetTickCount();
 }
 
 }
@@ -115,6 +132,24 @@ TEST_F(Server, ObjectAskedForRightAfterTheLastRelease_IsAlwaysServed)
         EXPECT_EQ(converted(newObject(), id.c_str(), outlook), L"entry");
     }
     EXPECT_TRUE(serversAre(0));
+}
+
+TEST_F(Server, ClientNeverComes_ProcessEndsWhenItsPatienceDoes)
+{
+    convid::ServerProcess process;
+    const DWORD start = GetTickCount();
+    process.run(300);
+    EXPECT_GE(GetTickCount() - start, 290u);
+}
+
+TEST_F(Server, UnlockedByItsLastClient_ProcessEnds)
+{
+    unlocked = 0;
+    SetTimer(nullptr, 0, 50, lockAndUnlock);
+    convid::ServerProcess process;
+    process.run(20'000);
+    EXPECT_NE(unlocked, 0u);
+    EXPECT_LT(GetTickCount() - unlocked, 5'000u);
 }
 
 TEST_F(Server, RecordsRemovedDuringForEach_AreAllSeen)
