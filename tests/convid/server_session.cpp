@@ -72,7 +72,10 @@ void ServerSession::SetUp()
 
 void ServerSession::TearDown()
 {
+    if (store.empty()) return; // the test was skipped
     killServers();
+    DeleteFileW(store.c_str());
+    EXPECT_EQ(runServer(L"/UnregServer"), 0u);
 }
 
 std::wstring converted(const automation::Object& map, const wchar_t* idOrvel, std::int32_t typApplication)
