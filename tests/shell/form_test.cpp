@@ -1,0 +1,186 @@
+#include "form_test.h"
+
+#include "automation/text.h"
+#include "common/ini_file.h"
+#include "shell/file_time.h"
+#include "shell/tray_icon_data.h"
+
+#include <shellapi.h>
+
+namespace shell_tests {
+
+namespace {
+
+std::wstring classKey(const std::wstring& progId)
+{
+    return L"Software\\Classes\\" + progId + L"\\CLSID";
+}
+
+}
+
+SavedValue::SavedValue(HKEY root, std::wstring key, std::wstring name)
+    : root_(root), key_(std::move(key)), name_(std::move(name))
+{
+    HKEY opened = nullptr;
+    if (RegOpenKeyExW(root_, key_.c_str(), 0, KEY_READ, &opened) != ERROR_SUCCESS) return;
+    DWORD size = 0;
+    if (RegQueryValueExW(opened, name_.c_str(), nullptr, &type_, nullptr, &size) == ERROR_SUCCESS) {
+        content_.emplace(size, '\0');
+        RegQueryValueExW(opened, name_.c_str(), nullptr, &type_, reinterpret_cast<BYTE*>(content_->data()), &size);
+    }
+    RegCloseKey(opened);
+}
+
+SavedValue::~SavedValue()
+{
+    if (content_) {
+        set(type_, content_->data(), content_->size());
+    } else {
+        removeValue();
+        removeKey();
+    }
+}
+
+void SavedValue::set(DWORD type, const void* data, std::size_t size) const
+{
+    HKEY opened = nullptr;
+    RegCreateKeyExW(root_, key_.c_str(), 0, nullptr, 0, KEY_ALL_ACCESS, nullptr, &opened, nullptr);
+    RegSetValueExW(opened, name_.c_str(), 0, type, static_cast<const BYTE*>(data), static_cast<DWORD>(size));
+    RegCloseKey(opened);
+}
+
+void SavedValue::removeValue() const
+{
+    HKEY opened = nullptr;
+    if (RegOpenKeyExW(root_, key_.c_str(), 0, KEY_ALL_ACCESS, &opened) != ERROR_SUCCESS) return;
+    RegDeleteValueW(opened, name_.c_str());
+    RegCloseKey(opened);
+}
+
+void SavedValue::removeKey() const
+{
+    HKEY opened = nullptr;
+    DWORD values = 0;
+    if (RegOpenKeyExW(root_, key_.c_str(), 0, KEY_READ, &opened) != ERROR_SUCCESS) return;
+    RegQueryInfoKeyW(opened, nullptr, nullptr, nullptr, nullptr, nullptr, nullptr, &values, nullptr, nullptr, nullptr,
+                     nullptr);
+    RegCloseKey(opened);
+    if (values == 0) RegDeleteKeyW(root_, key_.c_str());
+}
+
+HiddenClass::HiddenClass(const std::wstring& progId)
+    : machine_(HKEY_LOCAL_MACHINE, classKey(progId), L""), user_(HKEY_CURRENT_USER, classKey(progId), L"")
+{
+    machine_.removeValue();
+    machine_.removeKey();
+    user_.removeValue();
+    user_.removeKey();
+    CLSID ignored;
+    EXPECT_TRUE(FAILED(CLSIDFromProgID(progId.c_str(), &ignored))) << automation::ansi(progId) << " is in reach";
+}
+
+HiddenClass::~HiddenClass() = default;
+
+FormTest::FormTest()
+{
+    SetCurrentDirectoryW(L"C:\\");
+    folder.folder(L"pavex");
+    folder.folder(L"pavex\\Connector");
+    pavexPath.setText(folder.file(L"pavex"));
+    server.setText(L"zrb.example");
+    user.setText(L"john");
+    outlook.onCall = [this](const support::RawPartner::Call& call) {
+        if (call.id != 2) return S_OK;
+        V_VT(call.result) = VT_DISPATCH;
+        V_DISPATCH(call.result) = &logItem;
+        logItem.AddRef();
+        return S_OK;
+    };
+}
+
+FormTest::~FormTest()
+{
+    onBox = nullptr;
+    form_.reset();
+    pump();
+}
+
+Hublink& FormTest::form()
+{
+    if (!form_) {
+        form_ = std::make_unique<Hublink>(Desktop{
+            programFolder,
+            [this](const std::wstring& text, UINT flags) {
+                boxes.push_back({text, flags});
+                return onBox ? onBox(text) : IDOK;
+            },
+            [this] {
+                ++ended;
+                if (onEnd) onEnd();
+            },
+        });
+    }
+    return *form_;
+}
+
+Hublink& FormTest::load()
+{
+    form().Form_Load();
+    return form();
+}
+
+std::wstring FormTest::iniValue(const char* section, const char* key) const
+{
+    return IniFile(iniPath()).read(section, key, "(none)");
+}
+
+void FormTest::touchIni() const
+{
+    const auto before = modificationTime(iniPath());
+    ASSERT_TRUE(before);
+    ULARGE_INTEGER time{{before->dwLowDateTime, before->dwHighDateTime}};
+    time.QuadPart += 20'000'000; // two seconds
+    const FILETIME later{time.LowPart, time.HighPart};
+    const HANDLE file = CreateFileW(iniPath().c_str(), FILE_WRITE_ATTRIBUTES, 0, nullptr, OPEN_EXISTING, 0, nullptr);
+    ASSERT_TRUE(SetFileTime(file, nullptr, nullptr, &later));
+    CloseHandle(file);
+}
+
+void FormTest::pump()
+{
+    MSG message;
+    while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) DispatchMessageW(&message);
+}
+
+bool FormTest::iconIsShown()
+{
+    TrayIconData data = FillTrayIconData(form().hWnd(), 1, NIF_TIP, 0, nullptr, std::string("Orvel - Hublink\0", 16));
+    return Shell_NotifyIconA(NIM_MODIFY, reinterpret_cast<NOTIFYICONDATAA*>(&data)) != FALSE;
+}
+
+std::vector<std::wstring> FormTest::boxTexts() const
+{
+    std::vector<std::wstring> texts;
+    for (const Box& box : boxes) texts.push_back(box.text);
+    return texts;
+}
+
+bool FormTest::wasShown(const std::wstring& text) const
+{
+    for (const Box& box : boxes)
+        if (box.text == text) return true;
+    return false;
+}
+
+void FormTest::openOutlook()
+{
+    form().outlook().OutlookApp = automation::Object(&outlook);
+    form().outlook().bOutlookInit = true;
+}
+
+std::string iniText(const std::string& application, const std::string& features, const std::string& type)
+{
+    return "[Application]\r\n" + type + application + "[AllApplication]\r\n" + features;
+}
+
+}

@@ -1,0 +1,123 @@
+// The form, in the test's own process: real window, real registry keys, a
+// real ini file in a scratch folder. Only the desktop's answers are the
+// test's: message boxes are kept and answered, the end of the process is
+// counted. No softphone, Outlook or map server can be reached.
+#pragma once
+
+#include "shell/hublink.h"
+#include "support/raw_partner.h"
+#include "support/scratch_folder.h"
+#include "support/stand_in.h"
+
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace shell_tests {
+
+// A registry value, put back as it was at the end.
+class SavedValue {
+public:
+    SavedValue(HKEY root, std::wstring key, std::wstring name);
+    ~SavedValue();
+    SavedValue(const SavedValue&) = delete;
+    SavedValue& operator=(const SavedValue&) = delete;
+
+    // Each makes the key when it is missing.
+    void setText(const std::wstring& text) const { set(REG_SZ, text.c_str(), (text.size() + 1) * sizeof(wchar_t)); }
+    void setNumber(DWORD number) const { set(REG_DWORD, &number, sizeof number); }
+    void removeValue() const;
+
+    // The key, if nothing else is in it.
+    void removeKey() const;
+
+private:
+    void set(DWORD type, const void* data, std::size_t size) const;
+
+    const HKEY root_;
+    const std::wstring key_;
+    const std::wstring name_;
+    DWORD type_ = REG_NONE;
+    std::optional<std::string> content_;
+};
+
+// A class that cannot be created for as long as this lives.
+class HiddenClass {
+public:
+    explicit HiddenClass(const std::wstring& progId);
+    ~HiddenClass();
+    HiddenClass(const HiddenClass&) = delete;
+    HiddenClass& operator=(const HiddenClass&) = delete;
+
+private:
+    const SavedValue machine_;
+    const SavedValue user_;
+};
+
+struct Box {
+    std::wstring text;
+    UINT flags;
+};
+
+class FormTest : public testing::Test {
+protected:
+    FormTest();
+    ~FormTest() override;
+
+    // The softphone's folder and its ini file.
+    std::wstring iniPath() const { return folder.file(L"pavex\\Connector\\pavexconnector.ini"); }
+    void writeIni(const std::string& content) const { support::writeFile(iniPath(), content); }
+    std::wstring iniValue(const char* section, const char* key) const;
+    // Gives the file another modification time, its content unchanged.
+    void touchIni() const;
+
+    // The form, made on first use, and loaded.
+    Hublink& form();
+    Hublink& load();
+    const Configuration& configuration() { return form().configuration(); }
+
+    // What Windows sends when the supervision timer's time has come.
+    void tick() { SendMessageW(form().hWnd(), WM_TIMER, FormWindow::supervisionTimer, 0); }
+
+    // Handles what waits in the thread's message queue.
+    static void pump();
+
+    bool iconIsShown();
+    std::vector<std::wstring> boxTexts() const;
+    bool wasShown(const std::wstring& text) const;
+
+    // An open Outlook session, of which only "quit" and the log item exist.
+    void openOutlook();
+
+    const support::ScratchFolder folder;
+    const std::wstring programFolder = folder.folder(L"program");
+    const SavedValue pavexPath{HKEY_LOCAL_MACHINE,
+                               L"SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\App Paths\\Pavex.exe", L"Path"};
+    const SavedValue server{HKEY_CURRENT_USER, L"Software\\Orvel\\Pavex\\Name", L"HostZRB"};
+    const SavedValue user{HKEY_CURRENT_USER, L"Software\\Orvel\\Pavex\\Name", L"Man"};
+    const HiddenClass noSoftphone{L"Pavex.Application"};
+    const HiddenClass noMap{L"PavexConvId.OrvelConvertId"};
+    const HiddenClass noOutlook{L"outlook.application"};
+
+    std::vector<Box> boxes;
+    std::function<int(const std::wstring&)> onBox; // while a box is open; its answer
+    int ended = 0;
+    std::function<void()> onEnd;
+    support::RawPartner outlook{{{L"quit", 1}, {L"CreateItem", 2}}};
+    support::RawPartner logItem{
+        {{L"Subject", 1}, {L"Start", 2}, {L"End", 3}, {L"Type", 4}, {L"Body", 5}, {L"Close", 6}}};
+    support::RawPartner map{{{L"StopOrvelConvertId", 1}}};
+
+private:
+    std::unique_ptr<Hublink> form_;
+};
+
+// An ini file that names Outlook, with these lines added to its sections.
+std::string iniText(const std::string& application = "", const std::string& features = "",
+                    const std::string& type = "type=OUTLOOK\r\n");
+
+}

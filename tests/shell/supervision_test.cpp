@@ -1,0 +1,325 @@
+// The supervision tick.
+#include "form_test.h"
+
+#include "automation/outgoing_call.h"
+
+#include <algorithm>
+
+using shell_tests::iniText;
+
+namespace {
+
+class Supervision : public shell_tests::FormTest {
+protected:
+    void start(const std::string& content = iniText("trace=true\r\n"))
+    {
+        writeIni(content);
+        load();
+        boxes.clear();
+    }
+
+    void startSoftphone() { softphone.emplace(folder, L"Pavex.exe"); }
+    void startOutlook() { outlookProgram.emplace(folder, L"Outlook.EXE"); }
+
+    std::optional<support::StandIn> softphone;
+    std::optional<support::StandIn> outlookProgram;
+};
+
+}
+
+TEST_F(Supervision, EverythingAsBefore_DoesNothing)
+{
+    startSoftphone();
+    start();
+    for (int time = 0; time < 3; ++time) tick();
+    EXPECT_TRUE(boxes.empty());
+    EXPECT_FALSE(configuration().gStop);
+    EXPECT_EQ(ended, 0);
+}
+
+TEST_F(Supervision, SoftphoneGone_IsLogged_AndEndsTheProgramAtTheNextTick)
+{
+    startSoftphone();
+    start();
+    form().link().hashID = automation::Object(&map);
+    softphone->end();
+    tick();
+    EXPECT_EQ(boxTexts(), (std::vector<std::wstring>{L"Stop Connector Pavex HS", L"Stop Connector"}));
+    EXPECT_TRUE(configuration().gStop);
+    EXPECT_EQ(ended, 0);
+    tick();
+    EXPECT_EQ(ended, 1);
+}
+
+TEST_F(Supervision, SoftphoneGone_TheTickGoesOnWithItsSteps)
+{
+    start();
+    touchIni();
+    tick();
+    EXPECT_TRUE(configuration().gStop);
+    EXPECT_TRUE(wasShown(L"Reload Ini data"));
+}
+
+TEST_F(Supervision, BeforeTheProcessWatchIsReady_ATickOnlyStops)
+{
+    form().SupervisionPavex_Timer();
+    EXPECT_FALSE(configuration().gStop) << "the missing softphone is not looked for yet";
+    form().initProcessHandle();
+    form().SupervisionPavex_Timer();
+    EXPECT_TRUE(configuration().gStop);
+}
+
+TEST_F(Supervision, BeforeTheProcessWatchIsReady_AStopIsCarriedOut)
+{
+    form().link().hashID = automation::Object(&map);
+    form().StopConnector();
+    form().SupervisionPavex_Timer();
+    EXPECT_EQ(ended, 1);
+}
+
+TEST_F(Supervision, OutlookGone_DropsTheSession)
+{
+    startSoftphone();
+    start();
+    openOutlook();
+    tick();
+    EXPECT_FALSE(form().outlook().bOutlookInit);
+    EXPECT_FALSE(form().outlook().OutlookApp);
+    EXPECT_TRUE(boxes.empty());
+    EXPECT_TRUE(outlook.invocations.empty()) << "the Outlook that went is not called";
+}
+
+TEST_F(Supervision, OutlookRunningWithAnOpenSession_IsLeftAlone)
+{
+    startSoftphone();
+    startOutlook();
+    start();
+    openOutlook();
+    tick();
+    EXPECT_TRUE(form().outlook().bOutlookInit);
+    EXPECT_EQ(form().outlook().OutlookApp.dispatch(), &outlook);
+    EXPECT_TRUE(boxes.empty());
+}
+
+TEST_F(Supervision, OutlookBack_InitialisesTheConnectorAgain)
+{
+    startSoftphone();
+    start();
+    tick();
+    EXPECT_FALSE(wasShown(L"Start Connector Initialization"));
+    startOutlook();
+    tick();
+    EXPECT_TRUE(wasShown(L"Start Connector Initialization"));
+    EXPECT_FALSE(wasShown(L"Reload Ini data"));
+}
+
+TEST_F(Supervision, OutlookSwitchedOff_IsNotWatched)
+{
+    startSoftphone();
+    start(iniText("trace=true\r\n", "", "type=LOTUS\r\n"));
+    openOutlook();
+    tick();
+    EXPECT_TRUE(form().outlook().bOutlookInit);
+    form().outlook().bOutlookInit = false;
+    startOutlook();
+    tick();
+    EXPECT_FALSE(wasShown(L"Start Connector Initialization"));
+}
+
+TEST_F(Supervision, TouchedIniFile_IsReloaded_ThoughNothingChangedInIt)
+{
+    startSoftphone();
+    startOutlook();
+    start();
+    openOutlook();
+    boxes.clear();
+    touchIni();
+    tick();
+    EXPECT_TRUE(wasShown(L"Reload Ini data"));
+    EXPECT_TRUE(wasShown(L"Pb Init Outlook")) << "the session is initialised anew, in vain here";
+    EXPECT_FALSE(form().outlook().bOutlookInit);
+}
+
+TEST_F(Supervision, ReloadedIniFile_IsReadOnce)
+{
+    startSoftphone();
+    start();
+    touchIni();
+    tick();
+    boxes.clear();
+    tick();
+    EXPECT_TRUE(boxes.empty());
+}
+
+TEST_F(Supervision, ChangedIniFile_TakesEffect)
+{
+    startSoftphone();
+    start(iniText("tempo=111\r\n"));
+    writeIni(iniText("tempo=222\r\n", "PopUp=true\r\n"));
+    touchIni();
+    tick();
+    EXPECT_EQ(configuration().tempo, 222);
+    EXPECT_TRUE(configuration().bgWithPopUp);
+    EXPECT_TRUE(boxes.empty()) << "trace is off: no box";
+}
+
+TEST_F(Supervision, IniFileWithAnOlderTime_IsReloadedToo)
+{
+    startSoftphone();
+    start();
+    touchIni();
+    tick();
+    boxes.clear();
+    const FILETIME longAgo{0, 0x01000000};
+    const HANDLE file = CreateFileW(iniPath().c_str(), FILE_WRITE_ATTRIBUTES, 0, nullptr, OPEN_EXISTING, 0, nullptr);
+    SetFileTime(file, nullptr, nullptr, &longAgo);
+    CloseHandle(file);
+    tick();
+    EXPECT_TRUE(wasShown(L"Reload Ini data"));
+}
+
+TEST_F(Supervision, KillInTheReloadedFile_StopsTheProgram)
+{
+    startSoftphone();
+    start();
+    form().link().hashID = automation::Object(&map);
+    writeIni(iniText("trace=true\r\nkill=true\r\n"));
+    touchIni();
+    tick();
+    EXPECT_TRUE(configuration().gStop);
+    EXPECT_TRUE(wasShown(L"Stop Connector"));
+    EXPECT_EQ(iniValue("Application", "kill"), L"false");
+    tick();
+    EXPECT_EQ(ended, 1);
+}
+
+TEST_F(Supervision, ReloadedFileWithoutAGroupware_StopsTheProgram)
+{
+    startSoftphone();
+    start();
+    writeIni("[Application]\r\ntype=\r\n");
+    touchIni();
+    tick();
+    EXPECT_TRUE(configuration().gStop);
+}
+
+TEST_F(Supervision, MissingIniFile_ChangesNothing_UntilItIsBack)
+{
+    startSoftphone();
+    start();
+    const std::string content = support::readFile(iniPath());
+    DeleteFileW(iniPath().c_str());
+    tick();
+    tick();
+    EXPECT_TRUE(boxes.empty());
+    EXPECT_FALSE(configuration().gStop);
+    writeIni(content);
+    touchIni();
+    tick();
+    EXPECT_TRUE(wasShown(L"Reload Ini data"));
+}
+
+TEST_F(Supervision, TickInsideATicksMessageBox_OpensNoSecondBox)
+{
+    start();
+    int depth = 0;
+    int deepest = 0;
+    onBox = [&](const std::wstring&) {
+        deepest = std::max(deepest, ++depth);
+        if (depth < 5) tick();
+        --depth;
+        return IDOK;
+    };
+    tick();
+    EXPECT_EQ(deepest, 1);
+    EXPECT_EQ(boxTexts(), (std::vector<std::wstring>{L"Stop Connector Pavex HS", L"Stop Connector"}));
+}
+
+TEST_F(Supervision, TickInsideATicksMessageBox_CarriesOutAStop)
+{
+    startSoftphone();
+    start();
+    form().link().hashID = automation::Object(&map);
+    touchIni();
+    bool stopped = false;
+    onBox = [&](const std::wstring& text) {
+        if (text != L"Reload Ini data") return IDOK;
+        stopped = true;
+        form().StopConnector();
+        tick();
+        EXPECT_EQ(ended, 1);
+        return IDOK;
+    };
+    tick();
+    EXPECT_TRUE(stopped);
+    EXPECT_EQ(ended, 1);
+}
+
+TEST_F(Supervision, TickInsideAnotherProceduresBox_RunsInFull)
+{
+    startSoftphone();
+    start();
+    onBox = [&](const std::wstring& text) {
+        if (text == L"a line") {
+            touchIni();
+            tick();
+        }
+        return IDOK;
+    };
+    form().WriteLog(L"a line");
+    EXPECT_TRUE(wasShown(L"Reload Ini data"));
+}
+
+TEST_F(Supervision, TickAfterATicksBoxWasClosed_RunsInFullAgain)
+{
+    startSoftphone();
+    start();
+    for (int time = 0; time < 2; ++time) {
+        boxes.clear();
+        touchIni();
+        tick();
+        EXPECT_TRUE(wasShown(L"Reload Ini data"));
+    }
+}
+
+TEST_F(Supervision, FailingTick_DoesNotHinderTheNext)
+{
+    startSoftphone();
+    start();
+    touchIni();
+    onBox = [](const std::wstring&) -> int { throw std::bad_alloc(); };
+    tick();
+    onBox = nullptr;
+    boxes.clear();
+    touchIni();
+    tick();
+    EXPECT_TRUE(wasShown(L"Reload Ini data"));
+}
+
+TEST_F(Supervision, TickInsideAnOutgoingCall_IsLeftToTheNextTick)
+{
+    start();
+    {
+        const automation::OutgoingCall call;
+        tick();
+        EXPECT_TRUE(boxes.empty());
+        EXPECT_FALSE(configuration().gStop);
+    }
+    tick();
+    EXPECT_TRUE(configuration().gStop);
+}
+
+TEST_F(Supervision, Timer_TicksEveryFiveSeconds_OnceTheLinkIsMade)
+{
+    EXPECT_EQ(FormWindow::supervisionInterval, 5000u);
+    EXPECT_FALSE(KillTimer(form().hWnd(), FormWindow::supervisionTimer));
+    start();
+    EXPECT_TRUE(KillTimer(form().hWnd(), FormWindow::supervisionTimer));
+}
+
+TEST_F(Supervision, OtherTimers_AreNoTicks)
+{
+    start();
+    SendMessageW(form().hWnd(), WM_TIMER, 99, 0);
+    EXPECT_FALSE(configuration().gStop);
+}
