@@ -7,6 +7,7 @@
 
 #include <shlobj.h>
 
+#include <algorithm>
 #include <stdexcept>
 
 namespace desk::player {
@@ -151,6 +152,37 @@ std::wstring Desk::softphone(std::wstring_view request)
 std::wstring Desk::outlook(std::wstring_view request)
 {
     return asked(outlookName, request);
+}
+
+std::optional<StoreRecord> Desk::record(std::wstring_view list, const wchar_t* field, const std::wstring& value)
+{
+    for (const StoreRecord& candidate : parseStore(outlook(list))) {
+        const std::wstring* text = candidate.find(field);
+        if (text && *text == value) return candidate;
+    }
+    return std::nullopt;
+}
+
+std::wstring Desk::logBody()
+{
+    const auto log = record(L"journal", L"Subject", L"Connector Log");
+    const std::wstring* body = log ? log->find(L"Body") : nullptr;
+    return body ? *body : L"";
+}
+
+bool Desk::logHolds(const std::wstring& line)
+{
+    return (logBody() + L"\n").find(L" " + line + L"\n") != std::wstring::npos;
+}
+
+bool Desk::outlookShows(const std::wstring& title)
+{
+    return waitUntil(
+        [&] {
+            const auto titles = windowTitles(outlook_.id());
+            return std::find(titles.begin(), titles.end(), title) != titles.end();
+        },
+        patience);
 }
 
 void Desk::tick()

@@ -3,9 +3,11 @@
 // back from the partners, their windows and the files, never from Hublink.
 #pragma once
 
+#include "desk/common/store_file.h"
 #include "desk/player/screen.h"
 #include "desk/player/windows_files.h"
 
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -37,6 +39,18 @@ public:
     Process& hublinkProcess() { return hublink_; }
     Process& outlookProcess() { return outlook_; }
     Process& softphoneProcess() { return softphone_; }
+
+    // Outlook's first record of a list ("contacts", "journal", "mails") whose
+    // field has that value.
+    std::optional<StoreRecord> record(std::wstring_view list, const wchar_t* field, const std::wstring& value);
+
+    // The text of the item "Connector Log", "" without one; and whether it has
+    // a line that ends like this after its date and time.
+    std::wstring logBody();
+    bool logHolds(const std::wstring& line);
+
+    // Waits for an Outlook window with that title; false when none opens.
+    bool outlookShows(const std::wstring& title);
 
     // A supervision tick at once; Windows delivers the regular ones besides.
     void tick();

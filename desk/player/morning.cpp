@@ -53,12 +53,12 @@ void Morning::start()
     desk_.startSoftphone(morningSoftphone());
     desk_.startOutlook(morningContacts());
     desk_.startHublink();
-    narrator_.expect(waitUntil([&] { return logHolds(L"Connector Initialization  Ok"); }, soon),
+    narrator_.expect(waitUntil([&] { return desk_.logHolds(L"Connector Initialization  Ok"); }, soon),
                      L"Outlook's journal has the line \"Connector Initialization  Ok\"");
     narrator_.expect(desk_.softphone(L"attached") == L"True", L"the softphone has been attached to");
     // The switch is off in the file as installed; it takes effect at the next tick.
     desk_.setIni("AllApplication", "NewContact", "true");
-    narrator_.expect(waitUntil([&] { return logHolds(L"Reload Ini data"); }, nextTick),
+    narrator_.expect(waitUntil([&] { return desk_.logHolds(L"Reload Ini data"); }, nextTick),
                      L"\"NewContact\" is switched on in the ini file, and Hublink has read it");
 }
 
@@ -66,9 +66,8 @@ void Morning::callFromNumberWithDots()
 {
     narrator_.step(L"0123456789 calls; Outlook has the number as 01.23.45.67.89.");
     ring(L"Number=0123456789 Incoming=true");
-    narrator_.expect(windowOpens(L"Marc Durand - Contact"), L"the contact of Marc Durand is on the screen");
-    const auto contacts = parseStore(desk_.outlook(L"contacts"));
-    const StoreRecord* marc = find(contacts, L"LastName", L"Durand");
+    narrator_.expect(desk_.outlookShows(L"Marc Durand - Contact"), L"the contact of Marc Durand is on the screen");
+    const auto marc = desk_.record(L"contacts", L"LastName", L"Durand");
     const std::wstring* number = marc ? marc->find(L"MobileTelephoneNumber") : nullptr;
     narrator_.expect(number && *number == L"0123456789", L"his number is stored as 0123456789 now");
     if (!picture_.empty()) {
@@ -82,16 +81,15 @@ void Morning::callFromStranger()
 {
     narrator_.step(L"06 55 44 33 22 calls; nobody has that number. The softphone knows the name.");
     ring(L"Number=\"06 55 44 33 22\" LastName=Nguyen FirstName=Linh Incoming=true");
-    narrator_.expect(windowOpens(L"Linh Nguyen - Contact"), L"a new contact of Linh Nguyen is on the screen");
-    const auto contacts = parseStore(desk_.outlook(L"contacts"));
-    const StoreRecord* linh = find(contacts, L"LastName", L"Nguyen");
+    narrator_.expect(desk_.outlookShows(L"Linh Nguyen - Contact"), L"a new contact of Linh Nguyen is on the screen");
+    const auto linh = desk_.record(L"contacts", L"LastName", L"Nguyen");
     const auto has = [&](const wchar_t* field, const wchar_t* value) {
         const std::wstring* text = linh ? linh->find(field) : nullptr;
         return text && *text == value;
     };
     narrator_.expect(has(L"FirstName", L"Linh") && has(L"BusinessTelephoneNumber", L"0655443322"),
                      L"Outlook keeps it, with first name, last name and the number 0655443322");
-    narrator_.expect(waitUntil([&] { return logHolds(L"New contact 0655443322 Nguyen Linh"); }, soon),
+    narrator_.expect(waitUntil([&] { return desk_.logHolds(L"New contact 0655443322 Nguyen Linh"); }, soon),
                      L"the log item has the line \"New contact 0655443322 Nguyen Linh\"");
     countCalls();
 }
@@ -101,9 +99,8 @@ void Morning::forwardedCall()
     narrator_.step(L"0123456789 calls and is forwarded to 4711, Claire Petit, who has a mail address.");
     ring(L"Number=0123456789 Incoming=true DestinationNumber=4711");
     const std::wstring subject = L"Please call Marc Durand back at 0123456789";
-    narrator_.expect(windowOpens(subject + L" - Message"), L"a mail \"" + subject + L"\" is on the screen");
-    const auto mails = parseStore(desk_.outlook(L"mails"));
-    const StoreRecord* mail = find(mails, L"Subject", subject.c_str());
+    narrator_.expect(desk_.outlookShows(subject + L" - Message"), L"a mail \"" + subject + L"\" is on the screen");
+    const auto mail = desk_.record(L"mails", L"Subject", subject.c_str());
     const std::wstring* to = mail ? mail->find(L"To") : nullptr;
     const std::wstring* body = mail ? mail->find(L"Body") : nullptr;
     narrator_.expect(to && *to == L"claire.petit@example.com" && (!body || body->empty()),
@@ -113,25 +110,24 @@ void Morning::forwardedCall()
 
 void Morning::outgoingCall()
 {
-    const std::wstring before = desk_.outlook(L"windows");
     narrator_.step(L"Anna calls 4711 herself.");
     ring(L"Number=4711 Incoming=false");
     narrator_.expect(waitUntil([&] { return contains(desk_.outlook(L"calls"), L"Items.Find"); }, soon),
                      L"Outlook has been asked for the name");
     waitFor(quiet);
-    narrator_.expect(desk_.outlook(L"windows") == before, L"nothing has opened");
+    narrator_.expect(desk_.outlook(L"windows").empty(), L"nothing has opened");
     countCalls();
 }
 
 void Morning::editedIniFile()
 {
     narrator_.step(L"The text of the callback mail is changed in the ini file while Hublink runs.");
-    const std::wstring before = logBody();
+    const std::wstring before = desk_.logBody();
     desk_.setIni("outlook", "CallBackMailSyntaxe", "<LastName>: <PhoneNumber>");
-    narrator_.expect(waitUntil([&] { return contains(logBody().substr(before.size()), L" Reload Ini data"); }, nextTick),
+    narrator_.expect(waitUntil([&] { return contains(desk_.logBody().substr(before.size()), L" Reload Ini data"); }, nextTick),
                      L"the log item has a new line \"Reload Ini data\"");
     ring(L"Number=0123456789 Incoming=true DestinationNumber=4711");
-    narrator_.expect(windowOpens(L"Durand: 0123456789 - Message"), L"the next callback mail has the new text");
+    narrator_.expect(desk_.outlookShows(L"Durand: 0123456789 - Message"), L"the next callback mail has the new text");
 }
 
 void Morning::logItem()
@@ -143,9 +139,9 @@ void Morning::logItem()
     const Object item = journal.get(L"Items").object().get(L"Find", {L"[Subject] = 'Connector Log'"}).object();
     if (!narrator_.expect(static_cast<bool>(item), L"there is one")) return;
     item.call(L"Display");
-    narrator_.expect(windowOpens(L"Connector Log - Journal Entry"), L"it is on the screen");
-    for (const std::wstring& line : linesOf(logBody())) narrator_.tell(L"         " + line);
-    narrator_.expect(contains(logBody(), L" Start Connector Initialization\n"), L"its lines are joined by line feeds");
+    narrator_.expect(desk_.outlookShows(L"Connector Log - Journal Entry"), L"it is on the screen");
+    for (const std::wstring& line : linesOf(desk_.logBody())) narrator_.tell(L"         " + line);
+    narrator_.expect(contains(desk_.logBody(), L" Start Connector Initialization\n"), L"its lines are joined by line feeds");
 }
 
 void Morning::outlookRestarted()
@@ -160,7 +156,7 @@ void Morning::outlookRestarted()
         L"Hublink has opened a new session");
     waitFor(quiet);
     ring(L"Number=0655443322 Incoming=true");
-    narrator_.expect(windowOpens(L"Linh Nguyen - Contact"), L"a call is served as before: Linh Nguyen is on the screen");
+    narrator_.expect(desk_.outlookShows(L"Linh Nguyen - Contact"), L"a call is served as before: Linh Nguyen is on the screen");
 }
 
 void Morning::iconPressed()
@@ -169,20 +165,27 @@ void Morning::iconPressed()
     const auto asked = [&] {
         moveToNotificationIcon();
         rightPress();
-        return waitUntil([&] { return !messageBoxes(title).empty(); }, soon);
+        const bool shown = waitUntil([&] { return !messageBoxes(title).empty(); }, soon);
+        waitFor(500); // nobody answers a question before it is painted
+        return shown;
     };
-    narrator_.step(L"Anna presses the notification icon with the right button and answers No.");
+    // A click that falls while the desktop is busy may get lost; then one clicks again.
+    const auto answers = [&](int button) {
+        for (int click = 0; click < 3 && !messageBoxes(title).empty(); ++click) {
+            clickButton(messageBoxes(title)[0], button);
+            waitUntil([&] { return messageBoxes(title).empty(); }, 2000);
+        }
+        return messageBoxes(title).empty();
+    };
+    narrator_.step(L"Anna presses the notification icon with the right button and answers No, later Yes.");
     if (!narrator_.expect(asked() && messageBoxes(title)[0].text == L"Do you want to really stop Hublink ?",
                           L"Hublink asks \"Do you want to really stop Hublink ?\""))
         return;
-    clickButton(messageBoxes(title)[0], IDNO);
-    narrator_.expect(waitUntil([&] { return messageBoxes(title).empty(); }, soon), L"the question is gone");
+    narrator_.expect(answers(IDNO), L"the question is gone");
     waitFor(6000); // longer than a tick
     narrator_.expect(desk_.hublinkProcess().running(), L"Hublink goes on");
-
-    narrator_.step(L"She presses it again and answers Yes.");
     if (!narrator_.expect(asked(), L"Hublink asks again")) return;
-    clickButton(messageBoxes(title)[0], IDYES);
+    narrator_.expect(answers(IDYES), L"the question is gone");
     narrator_.expect(desk_.hublinkProcess().ended(nextTick), L"Hublink is gone at the next tick");
     narrator_.expect(desk_.hublinkProcess().exitCode() == 0, L"its exit code is 0");
     narrator_.expect(desk_.outlookProcess().running(), L"Outlook is left running");
@@ -201,39 +204,6 @@ void Morning::countCalls()
     waitFor(quiet);
     narrator_.tell(L"COM calls for it: Outlook " + std::to_wstring(totalOf(desk_.outlook(L"calls"))) +
                    L", softphone " + std::to_wstring(totalOf(desk_.softphone(L"calls"))));
-}
-
-bool Morning::windowOpens(const std::wstring& title)
-{
-    return waitUntil(
-        [&] {
-            for (const std::wstring& shown : windowTitles(desk_.outlookProcess().id()))
-                if (shown == title) return true;
-            return false;
-        },
-        soon);
-}
-
-std::wstring Morning::logBody()
-{
-    const auto items = parseStore(desk_.outlook(L"journal"));
-    const StoreRecord* log = find(items, L"Subject", L"Connector Log");
-    const std::wstring* body = log ? log->find(L"Body") : nullptr;
-    return body ? *body : L"";
-}
-
-bool Morning::logHolds(const std::wstring& line)
-{
-    return contains(logBody() + L"\n", L" " + line + L"\n");
-}
-
-const StoreRecord* Morning::find(const std::vector<StoreRecord>& records, const wchar_t* field, const wchar_t* value)
-{
-    for (const StoreRecord& record : records) {
-        const std::wstring* text = record.find(field);
-        if (text && *text == value) return &record;
-    }
-    return nullptr;
 }
 
 }

@@ -1,7 +1,6 @@
 // A scripted morning at the desk, and what must have come of it.
 #pragma once
 
-#include "desk/common/store_file.h"
 #include "desk/player/desk.h"
 #include "desk/player/narrator.h"
 
@@ -28,10 +27,6 @@ private:
 
     void ring(const std::wstring& fields);
     void countCalls();
-    bool windowOpens(const std::wstring& title);
-    bool logHolds(const std::wstring& line);
-    std::wstring logBody();
-    const StoreRecord* find(const std::vector<StoreRecord>& records, const wchar_t* field, const wchar_t* value);
 
     Desk& desk_;
     Narrator& narrator_;

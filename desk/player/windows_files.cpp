@@ -35,6 +35,7 @@ void makeFolder(const std::wstring& folder)
 
 void copyFile(const std::wstring& from, const std::wstring& to)
 {
+    if (GetFileAttributesW(to.c_str()) != INVALID_FILE_ATTRIBUTES && readFile(to) == readFile(from)) return;
     if (!CopyFileW(from.c_str(), to.c_str(), FALSE)) fail("cannot copy", from);
 }
 

@@ -13,6 +13,9 @@ namespace desk::player {
 std::wstring ownFolder();
 
 void makeFolder(const std::wstring& folder); // and those above it
+
+// Leaves a copy that is the same already alone: a program that still runs
+// cannot be overwritten.
 void copyFile(const std::wstring& from, const std::wstring& to);
 void copyFolder(const std::wstring& from, const std::wstring& to); // files only, not what lies deeper
 void writeFile(const std::wstring& file, std::string_view bytes);

@@ -13,7 +13,7 @@
 namespace {
 
 constexpr int hungTest = 97;
-constexpr DWORD patience = 50'000; // milliseconds for one test
+constexpr DWORD patience = 110'000; // milliseconds for one test
 
 class LeakCheck : public testing::EmptyTestEventListener {
     void OnTestEnd(const testing::TestInfo&) override

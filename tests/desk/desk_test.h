@@ -1,0 +1,70 @@
+// The real programs end to end: hublink.exe between softphone, Outlook and
+// identifier map, each a process of its own. Only what a user or an
+// administrator could see is looked at.
+#pragma once
+
+#include "desk/common/text.h"
+#include "desk/player/desk.h"
+
+#include <gtest/gtest.h>
+
+class DeskTest : public testing::Test {
+protected:
+    static constexpr DWORD soon = 15'000; // milliseconds
+
+    // Starts softphone, Outlook (with these contacts) and Hublink, and waits
+    // until its initialisation is through.
+    void start(std::string_view contacts = {}, std::string_view softphone = {})
+    {
+        desk.startSoftphone(softphone);
+        desk.startOutlook(contacts);
+        desk.startHublink();
+        ASSERT_TRUE(logGets(L"Connector Initialization  Ok"));
+        // The form's window answers only when the start-up is over.
+        ASSERT_TRUE(desk::player::waitUntil([&] { return idle(); }, soon));
+    }
+
+    bool logGets(const std::wstring& line)
+    {
+        return desk::player::waitUntil([&] { return desk.logHolds(line); }, soon);
+    }
+
+    // Whether Hublink's message loop answers.
+    static bool idle()
+    {
+        DWORD_PTR result = 0;
+        const HWND form = FindWindowW(L"Hublink", nullptr);
+        return form && SendMessageTimeoutW(form, WM_NULL, 0, 0, SMTO_NORMAL, 1000, &result);
+    }
+
+    // A tick, and the end of what it does.
+    void tick()
+    {
+        desk.tick();
+        desk::player::waitFor(50);
+        ASSERT_TRUE(desk::player::waitUntil([] { return idle(); }, soon));
+    }
+
+    bool ends(DWORD milliseconds = soon) { return desk.hublinkProcess().ended(milliseconds); }
+
+    bool outlookIsAskedFor(const std::wstring& member)
+    {
+        return desk::player::waitUntil(
+            [&] { return desk.outlook(L"calls").find(member) != std::wstring::npos; }, soon);
+    }
+
+    // Waits for a message box of the program with that text; answers it with OK.
+    bool boxShows(const std::wstring& text)
+    {
+        return desk::player::waitUntil(
+            [&] {
+                const auto boxes = desk::player::messageBoxes(L"Hublink");
+                if (boxes.empty() || boxes[0].text != text) return false;
+                desk::player::answer(boxes[0], IDOK);
+                return desk::player::waitUntil([&] { return !IsWindow(boxes[0].window); }, 2000);
+            },
+            soon);
+    }
+
+    desk::player::Desk desk;
+};

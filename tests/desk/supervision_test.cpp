@@ -1,0 +1,163 @@
+#include "desk_test.h"
+
+namespace {
+
+class Supervision : public DeskTest {};
+
+constexpr std::string_view marc = "[contact]\nFirstName=Marc\nLastName=Durand\nBusinessTelephoneNumber=0123\n";
+
+}
+
+TEST_F(Supervision, SoftphoneKilled_IsLoggedAtTheNextTick_AndTheProcessEndsAtTheFollowingOne)
+{
+    start();
+    desk.softphone(L"die"); // withdrawn first: a killed class stays dead for a while under some systems
+    tick();
+    EXPECT_TRUE(desk.logHolds(L"Stop Connector Pavex HS"));
+    EXPECT_TRUE(desk.logHolds(L"Abort Connector Initialization"))
+        << "Outlook still runs, so that tick opens its session once more";
+    EXPECT_TRUE(desk.hublinkProcess().running());
+    desk.tick();
+    EXPECT_TRUE(ends());
+    EXPECT_EQ(desk.hublinkProcess().exitCode(), 0u);
+    EXPECT_TRUE(desk.outlookProcess().running());
+}
+
+TEST_F(Supervision, SoftphoneQuits_TheProcessEndsAtTheNextTick_AndOutlookStays)
+{
+    start();
+    desk.softphone(L"quit");
+    EXPECT_TRUE(desk.softphoneProcess().ended(soon));
+    desk::player::waitFor(200);
+    desk.tick();
+    EXPECT_TRUE(ends());
+    EXPECT_EQ(desk.logBody().find(L"Stop Connector"), std::wstring::npos)
+        << "the session is let go before the line is written";
+    EXPECT_TRUE(desk.outlookProcess().running()) << "\"quitoutlook\" is off";
+}
+
+TEST_F(Supervision, QuitOutlookOn_OutlookIsClosedWithTheProgram)
+{
+    start();
+    desk.setIni("outlook", "quitoutlook", "true");
+    tick();
+    EXPECT_TRUE(desk.stopHublink());
+    EXPECT_TRUE(desk.outlookProcess().ended(soon));
+}
+
+TEST_F(Supervision, OutlookClosedAndOpenedAgain_TheSessionIsOpenedAgain_AndACallIsServed)
+{
+    start(marc);
+    desk.closeOutlook();
+    tick();
+    desk.startOutlook();
+    tick();
+    EXPECT_NE(desk.outlook(L"calls").find(L"NameSpace.GetDefaultFolder"), std::wstring::npos);
+    desk.softphone(L"call Number=0123 Incoming=true");
+    EXPECT_TRUE(desk.outlookShows(L"Marc Durand - Contact"));
+    EXPECT_EQ(desk.logBody().find(L"\n", desk.logBody().rfind(L"Connector Initialization  Ok")), std::wstring::npos)
+        << "the log item belonged to the Outlook that went: no line follows";
+}
+
+TEST_F(Supervision, IniFileTouchedWithoutAChange_IsReloaded_AndTheSessionOpenedAgain)
+{
+    start();
+    const std::string text = desk::player::readFile(desk.iniFile());
+    desk.outlook(L"clear");
+    desk::player::writeFile(desk.iniFile(), text);
+    tick();
+    EXPECT_TRUE(desk.logHolds(L"Reload Ini data"));
+    EXPECT_NE(desk.outlook(L"calls").find(L"NameSpace.GetDefaultFolder"), std::wstring::npos);
+    desk.outlook(L"clear");
+    tick();
+    EXPECT_EQ(desk.outlook(L"calls"), L"") << "once";
+}
+
+TEST_F(Supervision, KillInTheIniFile_EndsTheProgram_AndIsSetBack)
+{
+    start();
+    desk.setIni("Application", "kill", "true");
+    tick();
+    char value[16];
+    GetPrivateProfileStringA("Application", "kill", "", value, sizeof value, "C:\\Pavex\\Connector\\pavexconnector.ini");
+    EXPECT_STREQ(value, "false");
+    desk.tick();
+    EXPECT_TRUE(ends());
+}
+
+TEST_F(Supervision, IniFileRemoved_NothingHappens_UntilItIsBack)
+{
+    start();
+    const std::string text = desk::player::readFile(desk.iniFile());
+    desk::player::removeFile(desk.iniFile());
+    tick();
+    tick();
+    EXPECT_FALSE(desk.logHolds(L"Reload Ini data"));
+    desk::player::writeFile(desk.iniFile(), text);
+    tick();
+    EXPECT_TRUE(desk.logHolds(L"Reload Ini data"));
+    EXPECT_TRUE(desk.hublinkProcess().running());
+}
+
+TEST_F(Supervision, FileThatNamesNoGroupware_StopsTheProgramAtItsFirstTick)
+{
+    desk.startSoftphone();
+    desk.startOutlook();
+    desk::player::writeFile(desk.iniFile(), "[Application]\r\ntype=outlook\r\n");
+    desk.startHublink();
+    EXPECT_TRUE(ends());
+    EXPECT_EQ(desk.hublinkProcess().exitCode(), 0u);
+    EXPECT_EQ(desk.outlook(L"calls"), L"");
+}
+
+TEST_F(Supervision, IniFileCannotBeInstalled_StopsTheProgramAtItsFirstTick)
+{
+    desk.startSoftphone();
+    desk::player::setRegistryText(HKEY_LOCAL_MACHINE,
+                                  L"SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\App Paths\\Pavex.exe", L"Path",
+                                  L"C:\\No such folder");
+    desk.startHublink();
+    EXPECT_TRUE(ends());
+    EXPECT_EQ(desk.hublinkProcess().exitCode(), 0u);
+}
+
+TEST_F(Supervision, DirectoryInTheIniFilesPlace_StopsTheProgramAtItsFirstTick)
+{
+    desk.startSoftphone();
+    desk::player::makeFolder(desk.iniFile());
+    desk.startHublink();
+    EXPECT_TRUE(ends());
+    RemoveDirectoryW(desk.iniFile().c_str());
+}
+
+TEST_F(Supervision, StaleStopRequest_DoesNotStopANewRun)
+{
+    desk.startSoftphone();
+    desk.startOutlook();
+    desk::player::writeFile(desk.iniFile(), "[Application]\r\nkill=true\r\ntype=OUTLOOK\r\n");
+    desk.startHublink();
+    EXPECT_TRUE(logGets(L"Connector Initialization  Ok"));
+    EXPECT_FALSE(ends(6000));
+}
+
+TEST_F(Supervision, SecondStart_EndsWithZero_AndTouchesNothing)
+{
+    start();
+    desk.outlook(L"clear");
+    desk.softphone(L"clear");
+    desk.setIni("Application", "kill", "unchanged");
+    const desk::player::Process second(std::wstring(desk.programFolder) + L"\\hublink.exe", L"");
+    EXPECT_TRUE(second.ended(soon));
+    EXPECT_EQ(second.exitCode(), 0u);
+    EXPECT_NE(desk::player::readFile(desk.iniFile()).find("kill=unchanged"), std::string::npos);
+    EXPECT_EQ(desk.softphone(L"calls"), L"");
+    EXPECT_TRUE(desk.hublinkProcess().running());
+}
+
+TEST_F(Supervision, FormClosed_AsksForAStop)
+{
+    start();
+    PostMessageW(FindWindowW(L"Hublink", nullptr), WM_CLOSE, 0, 0);
+    desk.tick();
+    EXPECT_TRUE(ends());
+}
