@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+#include <windows.h>
+
 namespace {
 
 class Ini : public testing::Test {
@@ -85,6 +87,16 @@ TEST_F(Ini, FolderInItsPlace_GivesDefaultsAndRefusesToBeWritten)
     const IniFile ini(folder.folder(L"test.ini"));
     EXPECT_EQ(ini.read("s", "k", "default"), L"default");
     EXPECT_FALSE(ini.write("s", "k", "v"));
+}
+
+TEST_F(Ini, FileThatAnotherProgramKeepsToItself_GivesDefaults)
+{
+    const std::wstring path = folder.write(L"kept.ini", "[s]\r\nk=v\r\n");
+    const HANDLE kept = CreateFileW(path.c_str(), GENERIC_READ, 0, nullptr, OPEN_EXISTING, 0, nullptr);
+    EXPECT_EQ(IniFile(path).read("s", "k", "default"), L"default");
+    EXPECT_FALSE(IniFile(path).write("s", "k", "other"));
+    CloseHandle(kept);
+    EXPECT_EQ(IniFile(path).read("s", "k", "default"), L"v");
 }
 
 TEST_F(Ini, BinaryJunk_GivesDefaults)

@@ -185,6 +185,7 @@ TEST_F(Stop, TicksWhileTheEndIsShown_ShowItNoSecondTime)
     form().StopConnector();
     boxes.clear();
     onBox = [&](const std::wstring&) {
+        if (boxes.size() > 3) return IDOK; // enough is shown
         tick();
         tick();
         return IDOK;

@@ -2,6 +2,7 @@
 #include "form_test.h"
 
 #include "automation/outgoing_call.h"
+#include "support/handle_count.h"
 
 #include <algorithm>
 
@@ -35,6 +36,19 @@ TEST_F(Supervision, EverythingAsBefore_DoesNothing)
     EXPECT_TRUE(boxes.empty());
     EXPECT_FALSE(configuration().gStop);
     EXPECT_EQ(ended, 0);
+}
+
+TEST_F(Supervision, HundredsOfTicks_GainNoHandle)
+{
+    startSoftphone();
+    startOutlook();
+    start(iniText());
+    openOutlook();
+    tick();
+    const int before = support::openHandles();
+    for (int time = 0; time < 300; ++time) tick();
+    EXPECT_EQ(support::openHandles(), before);
+    EXPECT_TRUE(form().outlook().bOutlookInit);
 }
 
 TEST_F(Supervision, SoftphoneGone_IsLogged_AndEndsTheProgramAtTheNextTick)
