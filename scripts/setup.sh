@@ -4,7 +4,7 @@
 set -euo pipefail
 
 packages=(
-    g++-mingw-w64-i686-posix mingw-w64-tools cmake ninja-build googletest
+    g++-mingw-w64-i686-win32 mingw-w64-tools cmake ninja-build googletest
     wine wine32:i386 fonts-wine fonts-liberation
     xvfb xauth x11-utils xdotool imagemagick procps util-linux
 )

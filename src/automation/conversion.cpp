@@ -28,7 +28,11 @@ std::wstring textFromDate(DATE date)
 
 std::wstring textFromBoolean(bool truth)
 {
-    return Value(truth).text();
+    BSTR text = nullptr;
+    check(VarBstrFromBool(truth ? VARIANT_TRUE : VARIANT_FALSE, LOCALE_USER_DEFAULT, 0, &text), L"Boolean");
+    const std::wstring result(text ? text : L"", SysStringLen(text));
+    SysFreeString(text);
+    return result;
 }
 
 DATE now()

@@ -3,6 +3,9 @@
 #include "automation/error.h"
 #include "automation/outgoing_call.h"
 
+#include <array>
+#include <utility>
+
 namespace automation {
 
 Enumeration::Enumeration(const Object& collection)
@@ -18,12 +21,23 @@ Enumeration::Enumeration(const Object& collection)
 
 bool Enumeration::next(Value& element)
 {
+    if (fetched_.empty() && !atEnd_) fetch();
+    if (fetched_.empty()) return false;
+    element = std::move(fetched_.front());
+    fetched_.pop_front();
+    return true;
+}
+
+void Enumeration::fetch()
+{
+    std::array<VARIANT, 64> block{};
+    ULONG count = 0;
     const OutgoingCall scope;
-    ULONG fetched = 0;
-    const HRESULT result =
-        scope.retryWhileBusy([&] { return enumerator_->Next(1, element.receive(), &fetched); });
+    const HRESULT result = scope.retryWhileBusy(
+        [&] { return enumerator_->Next(static_cast<ULONG>(block.size()), block.data(), &count); });
     check(result, L"Next");
-    return fetched == 1;
+    for (ULONG index = 0; index < count; ++index) *fetched_.emplace_back().receive() = block[index];
+    atEnd_ = result != S_OK || count == 0;
 }
 
 }

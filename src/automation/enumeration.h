@@ -6,6 +6,8 @@
 
 #include <oaidl.h>
 
+#include <deque>
+
 namespace automation {
 
 class Enumeration {
@@ -13,10 +15,15 @@ public:
     // Asks the collection for its enumerator. Throws AutomationError.
     explicit Enumeration(const Object& collection);
 
-    // Fetches the next element; false at the end. Throws AutomationError.
+    // The next element; false at the end. Elements are fetched in blocks, so
+    // that a long collection does not cost a call for each. Throws AutomationError.
     bool next(Value& element);
 
 private:
+    void fetch();
+
+    std::deque<Value> fetched_;
+    bool atEnd_ = false;
     ComPtr<IEnumVARIANT> enumerator_;
 };
 

@@ -7,6 +7,10 @@
 #include <olectl.h>
 #include <oleauto.h>
 
+#include <algorithm>
+#include <cwchar>
+#include <utility>
+
 namespace automation {
 
 namespace {
@@ -28,6 +32,13 @@ private:
 IID interfaceIdOf(ITypeInfo* type)
 {
     return Attributes(type)->guid;
+}
+
+// A dual interface has members of its own behind those of IDispatch.
+bool isDispatchOnly(ITypeInfo* type)
+{
+    const Attributes attributes(type);
+    return attributes->typekind == TKIND_DISPATCH && !(attributes->wTypeFlags & TYPEFLAG_FDUAL);
 }
 
 ComPtr<ITypeInfo> implementedType(ITypeInfo* coclass, UINT index)
@@ -106,19 +117,38 @@ ComPtr<ITypeInfo> fromContainingLibrary(const Object& object)
     return nullptr;
 }
 
-ComPtr<ITypeLib> registeredLibrary(const wchar_t* progId)
+// The identifier text of the type library that the class names, "" without one.
+std::wstring libraryIdOf(const wchar_t* progId)
 {
     CLSID classId;
     wchar_t classText[64];
     wchar_t libraryText[64];
     LONG size = sizeof libraryText;
-    IID libraryId;
-    ComPtr<ITypeLib> library;
-    if (FAILED(CLSIDFromProgID(progId, &classId)) || !StringFromGUID2(classId, classText, 64)) return library;
+    if (FAILED(CLSIDFromProgID(progId, &classId)) || !StringFromGUID2(classId, classText, 64)) return L"";
     const std::wstring key = std::wstring(L"CLSID\\") + classText + L"\\TypeLib";
-    if (RegQueryValueW(HKEY_CLASSES_ROOT, key.c_str(), libraryText, &size) == ERROR_SUCCESS &&
-        SUCCEEDED(CLSIDFromString(libraryText, &libraryId)))
-        LoadRegTypeLib(libraryId, 1, 0, LOCALE_NEUTRAL, library.receive());
+    return RegQueryValueW(HKEY_CLASSES_ROOT, key.c_str(), libraryText, &size) == ERROR_SUCCESS ? libraryText : L"";
+}
+
+// The latest registered version of a type library. Versions are keys named
+// "major.minor" in hexadecimal.
+ComPtr<ITypeLib> latestLibrary(const std::wstring& libraryText)
+{
+    ComPtr<ITypeLib> library;
+    IID libraryId;
+    HKEY versions = nullptr;
+    if (FAILED(CLSIDFromString(const_cast<LPOLESTR>(libraryText.c_str()), &libraryId)) ||
+        RegOpenKeyExW(HKEY_CLASSES_ROOT, (L"TypeLib\\" + libraryText).c_str(), 0, KEY_READ, &versions) != ERROR_SUCCESS)
+        return library;
+    std::pair<unsigned long, unsigned long> latest{0, 0};
+    wchar_t name[32];
+    for (DWORD index = 0; RegEnumKeyW(versions, index, name, 32) == ERROR_SUCCESS; ++index) {
+        wchar_t* rest = nullptr;
+        const unsigned long major = std::wcstoul(name, &rest, 16);
+        latest = std::max(latest, {major, *rest == L'.' ? std::wcstoul(rest + 1, nullptr, 16) : 0});
+    }
+    RegCloseKey(versions);
+    LoadRegTypeLib(libraryId, static_cast<WORD>(latest.first), static_cast<WORD>(latest.second), LOCALE_NEUTRAL,
+                   library.receive());
     return library;
 }
 
@@ -126,7 +156,7 @@ ComPtr<ITypeLib> registeredLibrary(const wchar_t* progId)
 // library registered for the object's application.
 ComPtr<ITypeInfo> fromRegisteredLibrary(const Object& object, const wchar_t* progId)
 {
-    const auto library = registeredLibrary(progId);
+    const auto library = latestLibrary(libraryIdOf(progId));
     const auto container = query<IConnectionPointContainer>(object.dispatch(), IID_IConnectionPointContainer);
     ComPtr<IEnumConnectionPoints> points;
     if (!library || !container || FAILED(container->EnumConnectionPoints(points.receive()))) return nullptr;
@@ -171,7 +201,7 @@ EventSource findEventSource(const Object& object, const wchar_t* progId)
     if (!source) source = fromContainingLibrary(object);
     if (!source) source = fromRegisteredLibrary(object, progId);
     if (!source) throw AutomationError(L"event source", CONNECT_E_NOCONNECTION);
-    return {interfaceIdOf(source.get()), eventNames(source.get())};
+    return {interfaceIdOf(source.get()), eventNames(source.get()), isDispatchOnly(source.get())};
 }
 
 }

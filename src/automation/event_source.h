@@ -13,6 +13,9 @@ namespace automation {
 struct EventSource {
     IID interfaceId = IID_NULL;
     std::map<DISPID, std::wstring> names;
+    // Whether a plain IDispatch can stand for the interface. A dual one is
+    // raised through IDispatch too, but nothing may be passed off as it.
+    bool dispatchOnly = true;
 };
 
 // The object is asked for its class information, then for the type library

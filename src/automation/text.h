@@ -13,7 +13,8 @@ std::string ansi(std::wstring_view text);
 // From the ANSI code page.
 std::wstring wide(std::string_view text);
 
-// Compares as the Windows file system and COM names do: without regard to case.
+// Whether the texts differ in nothing but the case of letters, as file names
+// and the names of COM members may.
 bool equalWithoutCase(std::wstring_view a, std::wstring_view b);
 
 }

@@ -2,6 +2,7 @@
 
 #include "automation/error.h"
 #include "automation/object.h"
+#include "automation/outgoing_call.h"
 
 #include <new>
 
@@ -18,6 +19,7 @@ VARIANT* source(const VARIANT& variant)
 Value converted(const VARIANT& from, VARTYPE type, const wchar_t* operation)
 {
     Value to;
+    const OutgoingCall scope; // an object converts through its default property
     check(VariantChangeTypeEx(to.receive(), source(from), LOCALE_USER_DEFAULT, 0, type), operation);
     return to;
 }

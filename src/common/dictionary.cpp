@@ -1,21 +1,27 @@
 #include "common/dictionary.h"
 
 #include "automation/text.h"
-
 #include "common/files.h"
 
 #include <utility>
+
+using automation::ansi;
+using automation::wide;
 
 Dictionary::Dictionary(std::wstring programFolder) : folder_(std::move(programFolder) + L"\\dictionary\\") {}
 
 void Dictionary::LoadDico()
 {
-    LoadDicoSelected(GetUserDefaultUILanguage());
+    load(GetUserDefaultUILanguage());
 }
 
 void Dictionary::LoadDicoSelected(std::int32_t language)
 {
-    if (language == 0) return LoadDico();
+    load(language == 0 ? GetUserDefaultUILanguage() : language);
+}
+
+void Dictionary::load(std::int32_t language)
+{
     const auto mainForm = MAKELANGID(PRIMARYLANGID(static_cast<LANGID>(language)), SUBLANG_DEFAULT);
     const auto english = MAKELANGID(LANG_ENGLISH, SUBLANG_ENGLISH_US);
     file_.clear();
@@ -29,7 +35,15 @@ void Dictionary::LoadDicoSelected(std::int32_t language)
 
 DWORD Dictionary::GetElt(const char* section, const char* key, const char* fallback, char* buffer, DWORD size) const
 {
-    // No name at all would mean the system's own win.ini.
+    if (size == 0) return 0;
+    // No name at all would mean the system's own win.ini. The wide function
+    // reads from folders that the ANSI code page cannot name.
     const std::wstring source = file_.empty() ? folder_ + L"none.ini" : file_;
-    return GetPrivateProfileStringA(section, key, fallback, buffer, size, automation::ansi(source).c_str());
+    wchar_t text[1024];
+    const DWORD length = GetPrivateProfileStringW(wide(section).c_str(), wide(key).c_str(), wide(fallback).c_str(), text,
+                                                  1024, source.c_str());
+    const std::string value = ansi({text, length}).substr(0, size - 1);
+    value.copy(buffer, value.size());
+    buffer[value.size()] = '\0';
+    return static_cast<DWORD>(value.size());
 }

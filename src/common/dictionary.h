@@ -29,6 +29,8 @@ public:
     const std::wstring& file() const noexcept { return file_; }
 
 private:
+    void load(std::int32_t language);
+
     std::wstring folder_;
     std::wstring file_;
 };

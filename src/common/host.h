@@ -42,7 +42,7 @@ public:
     // The folder that the program lies in, without a trailing backslash.
     virtual std::wstring programFolder() const = 0;
 
-    // Runs `work` from the message loop, after what is deferred already and
-    // after the work under way: never inside a call to another program.
+    // Runs `work` from the message loop (a message box's loop included), after
+    // what was deferred before it has ended: never inside a call to another program.
     virtual void defer(std::function<void()> work) = 0;
 };

@@ -5,6 +5,7 @@
 #include <tlhelp32.h>
 
 #include <algorithm>
+#include <optional>
 #include <vector>
 
 namespace {
@@ -18,14 +19,19 @@ bool inThisSession(DWORD processId)
            own == others;
 }
 
-std::vector<DWORD> processesNamed(const wchar_t* fileName)
+// Empty when the system cannot list its processes.
+std::optional<std::vector<DWORD>> processesNamed(const wchar_t* fileName)
 {
     std::vector<DWORD> found;
     const HANDLE snapshot = CreateToolhelp32Snapshot(TH32CS_SNAPPROCESS, 0);
-    if (snapshot == INVALID_HANDLE_VALUE) return found;
+    if (snapshot == INVALID_HANDLE_VALUE) return std::nullopt;
     PROCESSENTRY32W entry{};
     entry.dwSize = sizeof entry;
-    for (BOOL more = Process32FirstW(snapshot, &entry); more; more = Process32NextW(snapshot, &entry))
+    if (!Process32FirstW(snapshot, &entry)) {
+        CloseHandle(snapshot);
+        return std::nullopt;
+    }
+    for (BOOL more = TRUE; more; more = Process32NextW(snapshot, &entry))
         if (automation::equalWithoutCase(entry.szExeFile, fileName) && inThisSession(entry.th32ProcessID))
             found.push_back(entry.th32ProcessID);
     CloseHandle(snapshot);
@@ -39,16 +45,19 @@ bool isRunning(HANDLE process)
     return WaitForSingleObject(process, 0) == WAIT_TIMEOUT;
 }
 
-HANDLE opened(DWORD processId)
-{
-    const HANDLE handle = OpenProcess(SYNCHRONIZE, FALSE, processId);
-    return handle ? handle : GetCurrentProcess();
-}
-
 void close(HANDLE& handle)
 {
     if (handle && handle != GetCurrentProcess()) CloseHandle(handle);
     handle = nullptr;
+}
+
+// A null handle for a process that has ended meanwhile.
+HANDLE opened(DWORD processId)
+{
+    HANDLE handle = OpenProcess(SYNCHRONIZE, FALSE, processId);
+    if (!handle && GetLastError() == ERROR_ACCESS_DENIED) return GetCurrentProcess();
+    if (handle && !isRunning(handle)) close(handle);
+    return handle;
 }
 
 }
@@ -61,15 +70,24 @@ ProcessLookup::~ProcessLookup()
 bool ProcessLookup::GetProcessHandle(const wchar_t* fileName, HANDLE& handle, DWORD& processId)
 {
     Known& known = known_[fileName];
-    const std::vector<DWORD> running = processesNamed(fileName);
-    const bool same = known.handle && std::find(running.begin(), running.end(), known.processId) != running.end() &&
-                      (known.handle == GetCurrentProcess() || isRunning(known.handle));
-    if (!same) {
-        close(known.handle);
-        if (running.empty()) return false;
-        known = {opened(running.front()), running.front()};
-    }
+    if (!stillRuns(fileName, known)) return false;
     handle = known.handle;
     processId = known.processId;
     return true;
+}
+
+bool ProcessLookup::stillRuns(const wchar_t* fileName, Known& known)
+{
+    const auto running = processesNamed(fileName);
+    const bool isPseudo = known.handle == GetCurrentProcess();
+    const bool isAlive = known.handle && (isPseudo || isRunning(known.handle));
+    // A system short of resources says nothing about the process.
+    if (!running) return isAlive;
+    if (isAlive && std::find(running->begin(), running->end(), known.processId) != running->end()) return true;
+    close(known.handle);
+    for (const DWORD candidate : *running) {
+        known = {opened(candidate), candidate};
+        if (known.handle) return true;
+    }
+    return false;
 }

@@ -27,5 +27,7 @@ private:
         DWORD processId = 0;
     };
 
+    static bool stillRuns(const wchar_t* fileName, Known& known);
+
     std::map<std::wstring, Known> known_;
 };

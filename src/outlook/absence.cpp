@@ -12,8 +12,10 @@ namespace {
 using automation::Object;
 using automation::Value;
 
-// A table cuts longer texts there.
-constexpr std::size_t longestText = 255;
+// A table cuts texts at 255 bytes, which may be 127 characters.
+constexpr std::size_t longestText = 127;
+// What stands in the column of a row whose item has no such field.
+constexpr SCODE notFound = static_cast<SCODE>(0x8004010FL);
 constexpr std::int32_t rowsAtOnce = 500;
 
 Object telephoneTable(const OutlookSession& session)
@@ -29,7 +31,9 @@ Object telephoneTable(const OutlookSession& session)
 // Whether the value leaves open that the field is the sought number.
 bool mayBe(const Value& value, const std::wstring& sought)
 {
-    const std::wstring text = value.type() == VT_NULL ? L"" : value.text();
+    const bool isAbsent = value.type() == VT_NULL ||
+                          (value.type() == VT_ERROR && V_ERROR(&value.variant()) == notFound);
+    const std::wstring text = isAbsent ? L"" : value.text();
     return text.size() >= longestText || StripPhoneNumber(text) == sought;
 }
 
@@ -44,13 +48,14 @@ bool absenceIsProved(const OutlookSession& session, const std::wstring& sought)
         const std::int32_t rows = table.get(L"GetRowCount").int32();
         // Outlook 2007 refuses a block larger than the whole table.
         const std::int32_t block = std::min(rows, rowsAtOnce);
-        for (std::int32_t read = 0; read < rows;) {
+        std::int32_t read = 0;
+        while (read < rows) {
             const std::vector<Value> values = automation::elementsOf(table.get(L"GetArray", {block}));
-            if (values.size() < telephoneFields.size()) return;
+            if (values.empty() || values.size() % telephoneFields.size() != 0) return;
             if (std::any_of(values.begin(), values.end(), [&](const Value& value) { return mayBe(value, sought); })) return;
             read += static_cast<std::int32_t>(values.size() / telephoneFields.size());
         }
-        proved = true;
+        proved = read == rows;
     });
     return proved;
 }

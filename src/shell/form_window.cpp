@@ -37,7 +37,8 @@ FormWindow::~FormWindow()
 
 void FormWindow::startSupervision()
 {
-    SetTimer(window_, supervisionTimer, supervisionInterval, nullptr);
+    if (!SetTimer(window_, supervisionTimer, supervisionInterval, nullptr))
+        throw automation::AutomationError(L"SetTimer", HRESULT_FROM_WIN32(GetLastError()));
 }
 
 void FormWindow::defer(std::function<void()> work)
@@ -72,7 +73,7 @@ LRESULT FormWindow::handle(UINT message, WPARAM wParam, LPARAM lParam)
         runDeferred();
         return 0;
     case WM_CLOSE:
-        events_.Form_Terminate();
+        outsideCalls([this] { events_.Form_Terminate(); });
         return 0;
     case WM_ENDSESSION:
         if (wParam) events_.Form_Terminate();
@@ -86,10 +87,29 @@ void FormWindow::timer(UINT_PTR id)
 {
     if (id == retryTimer) {
         KillTimer(window_, retryTimer);
-        runDeferred();
+        retry();
     } else if (id == supervisionTimer && !automation::OutgoingCall::inProgress()) {
         events_.timerTick();
     }
+}
+
+void FormWindow::outsideCalls(std::function<void()> work)
+{
+    if (!automation::OutgoingCall::inProgress()) return work();
+    heldBack_.push_back(std::move(work));
+    retryLater();
+}
+
+void FormWindow::retryLater()
+{
+    SetTimer(window_, retryTimer, retryInterval, nullptr);
+}
+
+void FormWindow::retry()
+{
+    if (automation::OutgoingCall::inProgress()) return retryLater();
+    for (const auto& work : std::exchange(heldBack_, {})) trapErrors(L"held back", work);
+    runDeferred();
 }
 
 void FormWindow::mouseMove(WPARAM wParam, LPARAM lParam)
@@ -102,10 +122,7 @@ void FormWindow::mouseMove(WPARAM wParam, LPARAM lParam)
 void FormWindow::runDeferred()
 {
     if (runningDeferred_) return; // the work under way is finished first, then the rest
-    if (automation::OutgoingCall::inProgress()) {
-        SetTimer(window_, retryTimer, retryInterval, nullptr);
-        return;
-    }
+    if (automation::OutgoingCall::inProgress()) return retryLater();
     runningDeferred_ = true;
     while (!deferred_.empty()) {
         const std::function<void()> work = std::move(deferred_.front());

@@ -6,6 +6,7 @@
 
 #include <deque>
 #include <functional>
+#include <vector>
 
 // What the window's messages mean to the form. Nothing may be thrown.
 class FormEvents {
@@ -35,6 +36,10 @@ public:
     // a call to another program.
     void defer(std::function<void()> work);
 
+    // Runs `work` at once or, inside a call to another program, soon after it:
+    // a question that opened there would hold everything up until it is answered.
+    void outsideCalls(std::function<void()> work);
+
     static constexpr const wchar_t* className = L"Hublink";
     static constexpr UINT_PTR supervisionTimer = 1;
     static constexpr UINT supervisionInterval = 5000; // milliseconds
@@ -44,10 +49,13 @@ private:
     LRESULT handle(UINT message, WPARAM wParam, LPARAM lParam);
     void timer(UINT_PTR id);
     void mouseMove(WPARAM wParam, LPARAM lParam);
+    void retryLater();
+    void retry();
     void runDeferred();
 
     FormEvents& events_;
     std::deque<std::function<void()>> deferred_;
     bool runningDeferred_ = false;
+    std::vector<std::function<void()>> heldBack_; // what came inside a call
     HWND window_ = nullptr;
 };

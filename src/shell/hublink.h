@@ -1,4 +1,4 @@
-// The hidden main form. It owns the configuration, both timers' work, the
+// The hidden main form. It owns the configuration, the supervision, the
 // notification icon and the objects of the rooms below, which reach it as
 // their Host. It lives from start to end of the process.
 //
@@ -74,6 +74,7 @@ private:
     void superviseSoftphone();
     void superviseOutlook();
     void superviseIniFile();
+    void askWhetherToStop();
     bool isRunning(const wchar_t* fileName, HANDLE& handle);
     void readGroupwares(const IniFile& ini);
     void readFeatures(const IniFile& ini);
@@ -83,6 +84,7 @@ private:
     GroupwareState groupware_;
     Dictionary dictionary_;
     ProcessLookup processes_;
+    FormWindow window_; // before what defers work to it, so that it outlives that
     OutlookSession outlook_;
     PavexInterface gPavexInterface;
     std::optional<FILETIME> gIniFileDate; // modification time when last read
@@ -94,5 +96,4 @@ private:
     bool asking_ = false;      // the icon's question is open
     bool mapWasTold_ = false;  // StopAll has called the map server, in vain perhaps
     bool ending_ = false;      // StopAll is past the point of return
-    FormWindow window_;        // last: its messages reach complete objects only
 };

@@ -13,7 +13,7 @@ Desktop realDesktop()
     return {
         program.substr(0, program.rfind(L'\\')),
         [](const std::wstring& text, UINT flags) { return MessageBoxW(nullptr, text.c_str(), L"Hublink", flags); },
-        [] { ExitProcess(0); },
+        [] { TerminateProcess(GetCurrentProcess(), 0); },
     };
 }
 
@@ -32,6 +32,7 @@ int run()
         TranslateMessage(&message);
         DispatchMessageW(&message);
     }
+    form.Form_Terminate();
     return 0;
 }
 

@@ -20,11 +20,18 @@ void Hublink::Form_MouseMove(int, int, double X, double)
     // One question at a time, however often the icon is pressed.
     if (screenScale::pixelsFromTwips(X) != WM_RBUTTONDOWN || asking_) return;
     asking_ = true;
+    window_.outsideCalls([this] {
+        askWhetherToStop();
+        asking_ = false;
+    });
+}
+
+void Hublink::askWhetherToStop()
+{
     trapErrors(L"Form_MouseMove", [&] {
         SetForegroundWindow(hWnd()); // else the question would not get the focus
         const int answer = desktop_.messageBox(L"Do you want to really stop Hublink ?",
                                                MB_YESNO | MB_ICONQUESTION | MB_DEFBUTTON2);
         if (answer == IDYES) StopConnector();
     });
-    asking_ = false;
 }

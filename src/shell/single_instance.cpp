@@ -1,7 +1,9 @@
 #include "shell/single_instance.h"
 
 SingleInstance::SingleInstance()
-    : mutex_(CreateMutexW(nullptr, FALSE, L"Local\\Hublink running")), first_(GetLastError() != ERROR_ALREADY_EXISTS)
+    : mutex_(CreateMutexW(nullptr, FALSE, L"Local\\Hublink running")),
+      // One that runs with other rights lets nobody open its mutex.
+      first_(mutex_ && GetLastError() != ERROR_ALREADY_EXISTS)
 {
 }
 

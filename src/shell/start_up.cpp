@@ -19,8 +19,8 @@ constexpr const wchar_t* iniFileName = L"pavexconnector.ini";
 }
 
 Hublink::Hublink(Desktop desktop)
-    : desktop_(std::move(desktop)), dictionary_(desktop_.programFolder), outlook_(*this, groupware_, dictionary_),
-      gPavexInterface(*this, groupware_, outlook_), trayIconData_(), window_(*this)
+    : desktop_(std::move(desktop)), dictionary_(desktop_.programFolder), window_(*this),
+      outlook_(*this, groupware_, dictionary_), gPavexInterface(*this, groupware_, outlook_), trayIconData_()
 {
 }
 

@@ -34,8 +34,10 @@ void PavexInterface::InsertRepertory()
 std::wstring PavexInterface::walkRepertory()
 {
     const Object book = adressbookPavex;
+    ++repertoryWalks_;
+    std::int16_t remaining = book.get(softphone::records::count).int16();
     int created = 0;
-    for (std::int16_t remaining = book.get(softphone::records::count).int16(); remaining >= 1;) {
+    while (remaining >= 1) {
         if (host_.configuration().gStop) return L"Abort Repertory Synchronisation";
         --remaining;
         const Object entry = book.get(softphone::records::atIndex, {std::int32_t{remaining}}).object();
@@ -55,8 +57,9 @@ void PavexInterface::mirrorEntry(const Object& entry, int& created)
     const std::wstring known = FindOutlookContact(outlook_, number, lastName, firstName, mail);
     if (known.empty()) {
         ++created;
-        host_.WriteLog(std::to_wstring(created) + L" In OutLook " + number + L" " + entry.get(L"LastName").text() +
-                       L" " + entry.get(L"FirstName").text());
+        const std::wstring name = entry.get(L"LastName").text();
+        host_.WriteLog(std::to_wstring(created) + L" In OutLook " + number + L" " + name + L" " +
+                       entry.get(L"FirstName").text());
         CreateOutlookContactFromPavex(entry);
     } else {
         insertId(hashID, known, id, MapApplication::outlook, MapCollection::contacts);

@@ -33,7 +33,8 @@ void PavexInterface::InitPavex()
         LineObj = PavexObj.get(application::line).object();
         lineEvents_ = Subscription(LineObj, progId, lineHandlers());
         UserObj = PavexObj.get(application::user).object();
-        groupware_.PavexUserName = UserObj.get(user::firstText).text() + L" " + UserObj.get(user::secondText).text();
+        const std::wstring firstText = UserObj.get(user::firstText).text();
+        groupware_.PavexUserName = firstText + L" " + UserObj.get(user::secondText).text();
         histo = PavexObj.get(application::history).object();
         historyEvents_ = Subscription(histo, progId, historyHandlers());
         adressbookPavex = PavexObj.get(application::addressBook).object();
@@ -56,12 +57,16 @@ EventHandlers PavexInterface::lineHandlers()
              }}};
 }
 
+// A new record whose event has waited while a synchronisation took its count
+// is among the counted ones: it must not be mirrored a second time.
 EventHandlers PavexInterface::historyHandlers()
 {
     return {{L"OnHistoricNewItem",
              [this](EventArguments arguments) {
                  const Object item = arguments.at(0).object().sharing(historyItemNames_);
-                 host_.defer([this, item] { histo_OnHistoricNewItem(item); });
+                 host_.defer([this, item, walks = historyWalks_] {
+                     if (walks == historyWalks_) histo_OnHistoricNewItem(item);
+                 });
              }},
             {L"OnHistoricDeleteItem",
              [this](EventArguments arguments) {
@@ -76,7 +81,9 @@ EventHandlers PavexInterface::addressBookHandlers()
     return {{L"OnRepertoryNewEntry",
              [this](EventArguments arguments) {
                  const Object entry = arguments.at(0).object().sharing(entryNames_);
-                 host_.defer([this, entry] { adressbookPavex_OnRepertoryNewEntry(entry); });
+                 host_.defer([this, entry, walks = repertoryWalks_] {
+                     if (walks == repertoryWalks_) adressbookPavex_OnRepertoryNewEntry(entry);
+                 });
              }},
             {L"OnRepertoryDeleteEntry",
              [this](EventArguments arguments) {
@@ -102,13 +109,14 @@ void PavexInterface::InitConnector(bool)
     });
 }
 
-// Without a map the program goes on: every record then looks unmapped.
+// Without a map the program goes on, its synchronisations end at their first
+// record. The old object is let go only when the new one is there: the server
+// would end between the two and read its whole store again.
 void PavexInterface::openIdentifierMap()
 {
-    trapErrors(L"InitConnector", [&] {
-        hashID = Object();
-        hashID = createIdentifierMap(host_);
-    });
+    Object fresh;
+    trapErrors(L"InitConnector", [&] { fresh = createIdentifierMap(host_); });
+    hashID = fresh;
 }
 
 void PavexInterface::Kill()

@@ -34,6 +34,7 @@ void PavexInterface::InitHisto()
 std::wstring PavexInterface::walkHistory()
 {
     const Object history = histo;
+    ++historyWalks_;
     const std::int32_t count = history.get(softphone::records::count).int32();
     for (std::int32_t index = 0; index < count; ++index) {
         if (host_.configuration().gStop) return L"Abort History Synchronisation";

@@ -104,6 +104,8 @@ private:
     const automation::SharedNames callNames_ = automation::sharedNames();
     const automation::SharedNames entryNames_ = automation::sharedNames();
     const automation::SharedNames historyItemNames_ = automation::sharedNames();
+    int repertoryWalks_ = 0; // counts taken by the synchronisations so far
+    int historyWalks_ = 0;
     automation::Subscription applicationEvents_;
     automation::Subscription lineEvents_;
     automation::Subscription historyEvents_;

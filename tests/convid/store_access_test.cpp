@@ -4,8 +4,6 @@
 
 #include <gtest/gtest.h>
 
-#include <thread>
-
 using namespace convid_tests;
 using convid::IdentifierStore;
 using convid::StoreError;
@@ -43,19 +41,24 @@ TEST(StoreAccess, SecondOpener_FailsClearly_UntilTheFirstHasClosed)
     EXPECT_EQ(everything(second).size(), 2u);
 }
 
+DWORD WINAPI closeAfterAMoment(void* file)
+{
+    Sleep(300);
+    CloseHandle(file);
+    return 0;
+}
+
 TEST(StoreAccess, FileHeldForAMoment_IsWaitedFor)
 {
     const TemporaryFolder folder;
     const HANDLE holder =
         CreateFileW(folder.file(L"map").c_str(), GENERIC_READ | GENERIC_WRITE, 0, nullptr, CREATE_NEW, 0, nullptr);
     ASSERT_NE(holder, INVALID_HANDLE_VALUE);
-    std::thread release([holder] {
-        Sleep(300);
-        CloseHandle(holder);
-    });
+    const HANDLE release = CreateThread(nullptr, 0, closeAfterAMoment, holder, 0, nullptr);
     IdentifierStore store(folder.file(L"map"));
     EXPECT_NO_THROW(store.insert(record(L"5.7", L"entry", 0, 1)));
-    release.join();
+    WaitForSingleObject(release, INFINITE);
+    CloseHandle(release);
 }
 
 TEST(StoreAccess, OpenStore_CanBeCopiedByAReader)

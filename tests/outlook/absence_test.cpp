@@ -55,7 +55,7 @@ std::wstring oddFolder(std::mt19937& random)
         records += L"[contact]\nLastName=P\n";
         for (const wchar_t* name : fields)
             if (random() % 3 == 0) records += std::wstring(name) + L"=" + numbers[random() % 9] + L"\n";
-        if (random() % 20 == 0) records += L"HomeTelephoneNumber=" + std::wstring(253 + random() % 5, L'1') + L"\n";
+        if (random() % 20 == 0) records += L"HomeTelephoneNumber=" + std::wstring(random() % 2 ? 125 + random() % 4 : 253 + random() % 5, L'1') + L"\n";
     }
     return records;
 }
@@ -65,7 +65,7 @@ std::wstring oddFolder(std::mt19937& random)
 TEST_F(Absence, ThousandsOfOddFolders_WithAndWithoutTables_GiveTheSame)
 {
     std::mt19937 random(20230315);
-    static const std::wstring sought[] = {L"12", L"1.2", L"", L"1-2", L"99", std::wstring(255, L'1'), std::wstring(256, L'1')};
+    static const std::wstring sought[] = {L"12", L"1.2", L"", L"1-2", L"99", std::wstring(126, L'1'), std::wstring(256, L'1')};
     int found = 0;
     for (int folder = 0; folder < 3000; ++folder) {
         const std::wstring records = oddFolder(random);
@@ -116,9 +116,9 @@ TEST_F(Absence, RefusedColumnOrFailingBlock_ProvesNothing)
 
 TEST_F(Absence, TextThatMayHaveBeenCut_ProvesNothing)
 {
-    openAs(Version::v2016, L"[contact]\nHomeTelephoneNumber=" + std::wstring(300, L'1') + L"\n");
+    openAs(Version::v2016, L"[contact]\nHomeTelephoneNumber=" + std::wstring(127, L'1') + L"\n");
     EXPECT_FALSE(absenceIsProved(session, L"999"));
-    openAs(Version::v2016, L"[contact]\nHomeTelephoneNumber=" + std::wstring(254, L'1') + L"\n");
+    openAs(Version::v2016, L"[contact]\nHomeTelephoneNumber=" + std::wstring(126, L'1') + L"\n");
     EXPECT_TRUE(absenceIsProved(session, L"999"));
 }
 

@@ -1,0 +1,57 @@
+// Events that arrive while a synchronisation is under way.
+#include "link_test.h"
+
+namespace {
+
+class QueuedEvent : public LinkTest {
+protected:
+    QueuedEvent()
+    {
+        host.settings.bgWithHisto = true;
+        host.settings.bgWithRepertory = true;
+    }
+
+    // Journal items of calls; the log item is no call.
+    int calls()
+    {
+        int found = 0;
+        for (std::size_t index = 0; index < count(L"journal"); ++index)
+            found += field(L"journal", index, L"Type") == L"Phone Call";
+        return found;
+    }
+
+    // New records of the softphone as soon as that line is logged.
+    void addRecordsAt(const wchar_t* line)
+    {
+        host.onLog = [this, line](const std::wstring& logged) {
+            if (logged != line) return;
+            pavex.addEntry({{1, 1}, {L"0123", L"Durand", L"Marc"}});
+            desk::softphone::HistoryRecord record;
+            record.id = {2, 1};
+            record.party = {L"0456", L"Nguyen", L"Linh"};
+            pavex.addHistory(record);
+        };
+    }
+};
+
+}
+
+TEST_F(QueuedEvent, RecordsThatComeBeforeTheWalks_AreMirroredOnce)
+{
+    addRecordsAt(L"Start Connector Initialization");
+    start();
+    host.runDeferred();
+    EXPECT_EQ(count(L"contact"), 1u);
+    EXPECT_EQ(calls(), 1);
+}
+
+TEST_F(QueuedEvent, RecordsThatComeAfterTheWalks_AreMirroredByTheirEvents)
+{
+    addRecordsAt(L"History Synchronisation Ok");
+    start();
+    EXPECT_EQ(count(L"contact"), 0u);
+    host.runDeferred();
+    EXPECT_EQ(count(L"contact"), 1u);
+    EXPECT_NE(mapped(L"1.1"), L"");
+    EXPECT_NE(mapped(L"2.1"), L"");
+}
