@@ -19,12 +19,17 @@ bool contains(const std::wstring& text, const std::wstring& part)
     return text.find(part) != std::wstring::npos;
 }
 
-// How many calls a partner has received.
-unsigned long totalOf(const std::wstring& totals)
+// How many calls a partner has received, and how many of them were for names.
+std::wstring summary(const std::wstring& totals)
 {
-    unsigned long sum = 0;
-    for (const std::wstring& line : linesOf(totals)) sum += std::wcstoul(line.c_str(), nullptr, 10);
-    return sum;
+    unsigned long all = 0;
+    unsigned long lookUps = 0;
+    for (const std::wstring& line : linesOf(totals)) {
+        const unsigned long count = std::wcstoul(line.c_str(), nullptr, 10);
+        all += count;
+        if (line.ends_with(L" lookup")) lookUps += count;
+    }
+    return std::to_wstring(all) + L" (" + std::to_wstring(lookUps) + L" name look-ups)";
 }
 
 }
@@ -202,8 +207,8 @@ void Morning::ring(const std::wstring& fields)
 void Morning::countCalls()
 {
     waitFor(quiet);
-    narrator_.tell(L"COM calls for it: Outlook " + std::to_wstring(totalOf(desk_.outlook(L"calls"))) +
-                   L", softphone " + std::to_wstring(totalOf(desk_.softphone(L"calls"))));
+    narrator_.tell(L"COM calls for it: Outlook " + summary(desk_.outlook(L"calls")) + L", softphone " +
+                   summary(desk_.softphone(L"calls")));
 }
 
 }

@@ -3,6 +3,7 @@
 #include "automation/error.h"
 #include "automation/outgoing_call.h"
 #include "automation/text.h"
+#include "automation/unknown.h"
 
 #include <atomic>
 #include <utility>
@@ -24,7 +25,7 @@ EventArguments argumentsOf(const DISPPARAMS& parameters)
 
 }
 
-class EventSink final : public IDispatch {
+class EventSink final : public Unknown<IDispatch> {
 public:
     EventSink(const EventSource& source, const EventHandlers& handlers) : interfaceId_(source.dispatchOnly ? source.interfaceId : IID_IDispatch)
     {
@@ -35,26 +36,6 @@ public:
     }
 
     void detach() noexcept { handlers_.clear(); }
-
-    STDMETHODIMP QueryInterface(REFIID iid, void** result) override
-    {
-        if (iid != IID_IUnknown && iid != IID_IDispatch && iid != interfaceId_) {
-            *result = nullptr;
-            return E_NOINTERFACE;
-        }
-        *result = static_cast<IDispatch*>(this);
-        AddRef();
-        return S_OK;
-    }
-
-    STDMETHODIMP_(ULONG) AddRef() override { return ++references_; }
-
-    STDMETHODIMP_(ULONG) Release() override
-    {
-        const ULONG left = --references_;
-        if (left == 0) delete this;
-        return left;
-    }
 
     STDMETHODIMP GetTypeInfoCount(UINT* count) override
     {
@@ -80,11 +61,12 @@ public:
     }
 
 private:
+    bool answers(REFIID iid) const override { return iid == IID_IDispatch || iid == interfaceId_; }
+
     ~EventSink() { --liveSinks; }
 
     const IID interfaceId_;
     std::map<DISPID, std::function<void(EventArguments)>> handlers_;
-    ULONG references_ = 1;
 };
 
 Subscription::Subscription(const Object& object, const wchar_t* progId, EventHandlers handlers)

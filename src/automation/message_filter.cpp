@@ -1,33 +1,14 @@
 #include "automation/message_filter.h"
 
 #include "automation/outgoing_call.h"
+#include "automation/unknown.h"
 
 namespace automation {
 
 namespace {
 
-class RetryFilter final : public IMessageFilter {
+class RetryFilter final : public Unknown<IMessageFilter> {
 public:
-    STDMETHODIMP QueryInterface(REFIID iid, void** result) override
-    {
-        if (iid != IID_IUnknown && iid != IID_IMessageFilter) {
-            *result = nullptr;
-            return E_NOINTERFACE;
-        }
-        *result = static_cast<IMessageFilter*>(this);
-        AddRef();
-        return S_OK;
-    }
-
-    STDMETHODIMP_(ULONG) AddRef() override { return ++references_; }
-
-    STDMETHODIMP_(ULONG) Release() override
-    {
-        const ULONG left = --references_;
-        if (left == 0) delete this;
-        return left;
-    }
-
     // Events are only queued when they arrive, so they are welcome at any time.
     STDMETHODIMP_(DWORD) HandleInComingCall(DWORD, HTASK, DWORD, LPINTERFACEINFO) override
     {
@@ -45,7 +26,7 @@ public:
     STDMETHODIMP_(DWORD) MessagePending(HTASK, DWORD, DWORD) override { return PENDINGMSG_WAITDEFPROCESS; }
 
 private:
-    ULONG references_ = 1;
+    bool answers(REFIID iid) const override { return iid == IID_IMessageFilter; }
 };
 
 }

@@ -8,6 +8,7 @@
 #include "desk/outlook/outlook.h"
 #include "outlook/outlook_session.h"
 #include "outlook/session.h"
+#include "support/outlook_records.h"
 #include "support/scratch_folder.h"
 #include "support/test_host.h"
 
@@ -39,23 +40,12 @@ protected:
     // The record of every call, a line each.
     std::vector<std::wstring> record() { return split(recorder.record(), L'\n'); }
 
-    // A field of the n-th saved record of a kind ("contact", "journal"), "" when absent.
     std::wstring field(const wchar_t* kind, std::size_t index, const wchar_t* name)
     {
-        for (const desk::StoreRecord& candidate : outlook.records()) {
-            if (candidate.kind != kind || index-- != 0) continue;
-            const std::wstring* value = candidate.find(name);
-            return value ? *value : L"";
-        }
-        return L"(no such record)";
+        return support::savedField(outlook, kind, index, name);
     }
 
-    std::size_t count(const wchar_t* kind)
-    {
-        std::size_t found = 0;
-        for (const desk::StoreRecord& candidate : outlook.records()) found += candidate.kind == kind;
-        return found;
-    }
+    std::size_t count(const wchar_t* kind) { return support::savedCount(outlook, kind); }
 
     TestHost host;
     GroupwareState groupware;

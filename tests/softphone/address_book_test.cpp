@@ -19,15 +19,6 @@ protected:
     {
         pavex.addEntry({{1, low}, {number, lastName, firstName}});
     }
-
-    // The log lines of the synchronisation alone.
-    Lines lines() const
-    {
-        Lines found;
-        for (const std::wstring& line : host.log)
-            if (line.find(L"Connector Initialization") == std::wstring::npos) found.push_back(line);
-        return found;
-    }
 };
 
 }
@@ -35,7 +26,7 @@ protected:
 TEST_F(AddressBook, Empty_LogsTheStartLineWithItsBlank_AndOk)
 {
     start();
-    EXPECT_EQ(lines(), (Lines{L"Start repertory Synchronisation ", L"Repertory Synchronisation Ok"}));
+    EXPECT_EQ(synchronisationLines(), (Lines{L"Start repertory Synchronisation ", L"Repertory Synchronisation Ok"}));
     EXPECT_TRUE(host.pauses.empty());
 }
 
@@ -44,7 +35,7 @@ TEST_F(AddressBook, SwitchedOff_NothingIsDone)
     host.settings.bgWithRepertory = false;
     entry(1, L"0123", L"D", L"M");
     start();
-    EXPECT_EQ(lines(), Lines{});
+    EXPECT_EQ(synchronisationLines(), Lines{});
     EXPECT_EQ(count(L"contact"), 0u);
 }
 
@@ -53,7 +44,7 @@ TEST_F(AddressBook, NewEntries_BecomeContacts_FromTheLastDown_AndAreMapped)
     entry(1, L"01.23", L"Durand", L"Marc");
     entry(2, L"04 56", L"Petit", L"Claire");
     start();
-    EXPECT_EQ(lines(), (Lines{L"Start repertory Synchronisation ", L"1 In OutLook 0456 Petit Claire",
+    EXPECT_EQ(synchronisationLines(), (Lines{L"Start repertory Synchronisation ", L"1 In OutLook 0456 Petit Claire",
                               L"2 In OutLook 0123 Durand Marc", L"Repertory Synchronisation Ok"}));
     EXPECT_EQ(field(L"contact", 0, L"LastName"), L"Petit");
     EXPECT_EQ(field(L"contact", 0, L"BusinessTelephoneNumber"), L"0456");
@@ -67,7 +58,7 @@ TEST_F(AddressBook, NumberAlreadyInOutlook_IsAdopted_WithoutALogLine_ButWithAPau
 {
     entry(1, L"01 23", L"Durand", L"Marc");
     start(L"[contact]\nLastName=Known\nCarTelephoneNumber=0.12.3\n");
-    EXPECT_EQ(lines(), (Lines{L"Start repertory Synchronisation ", L"Repertory Synchronisation Ok"}));
+    EXPECT_EQ(synchronisationLines(), (Lines{L"Start repertory Synchronisation ", L"Repertory Synchronisation Ok"}));
     EXPECT_EQ(count(L"contact"), 1u);
     EXPECT_EQ(mapped(L"1.1"), field(L"contact", 0, L"EntryID"));
     EXPECT_EQ(host.pauses, (std::vector<std::int32_t>{200, 20}));
@@ -113,7 +104,7 @@ TEST_F(AddressBook, StopDuringTheWalk_AbortIsTheLastLine)
     for (int n = 1; n <= 5; ++n) entry(n, std::to_wstring(n).c_str(), L"D", L"M");
     host.onLog = [&](const std::wstring& line) { host.settings.gStop |= line.starts_with(L"2 In OutLook "); };
     start();
-    EXPECT_EQ(lines().back(), L"Abort Repertory Synchronisation");
+    EXPECT_EQ(synchronisationLines().back(), L"Abort Repertory Synchronisation");
     EXPECT_EQ(count(L"contact"), 2u);
 }
 
@@ -123,7 +114,7 @@ TEST_F(AddressBook, CreationFails_NothingIsMapped_AndTheNextRunTriesAgain)
     outlookCalls.faults.add(L"on ContactItem.Close fail 0x80004005");
     start();
     EXPECT_EQ(mapped(L"1.1"), L"");
-    EXPECT_EQ(lines().back(), L"Repertory Synchronisation Ok");
+    EXPECT_EQ(synchronisationLines().back(), L"Repertory Synchronisation Ok");
     link.InitConnector(true);
     EXPECT_EQ(count(L"contact"), 1u);
     EXPECT_NE(mapped(L"1.1"), L"");
@@ -135,7 +126,7 @@ TEST_F(AddressBook, ErrorInTheLoopItself_LogsPbIn_AndTheRestWaits)
     entry(2, L"0456", L"Petit", L"Claire");
     softphoneCalls.faults.add(L"on Entry.Number at 3 fail 0x80004005");
     start();
-    EXPECT_EQ(lines(), (Lines{L"Start repertory Synchronisation ", L"1 In OutLook 0456 Petit Claire",
+    EXPECT_EQ(synchronisationLines(), (Lines{L"Start repertory Synchronisation ", L"1 In OutLook 0456 Petit Claire",
                               L"Pb In Repertory Synchronisation"}));
     EXPECT_EQ(count(L"contact"), 1u);
 }
@@ -145,7 +136,7 @@ TEST_F(AddressBook, MoreEntriesThanSixteenBitsCount_LogsPbIn_AndWalksNothing)
     entry(1, L"0123", L"Durand", L"Marc");
     pavex.phone().addressBookCount = 40000;
     start();
-    EXPECT_EQ(lines(), (Lines{L"Start repertory Synchronisation ", L"Pb In Repertory Synchronisation"}));
+    EXPECT_EQ(synchronisationLines(), (Lines{L"Start repertory Synchronisation ", L"Pb In Repertory Synchronisation"}));
     EXPECT_EQ(count(L"contact"), 0u);
 }
 

@@ -22,14 +22,6 @@ protected:
         record.end = 45000.5;
         pavex.addHistory(record);
     }
-
-    Lines lines() const
-    {
-        Lines found;
-        for (const std::wstring& line : host.log)
-            if (line.find(L"Connector Initialization") == std::wstring::npos) found.push_back(line);
-        return found;
-    }
 };
 
 }
@@ -37,7 +29,7 @@ protected:
 TEST_F(History, Empty_LogsItsTwoLines)
 {
     start();
-    EXPECT_EQ(lines(), (Lines{L"start History Synchronisation ", L"History Synchronisation Ok"}));
+    EXPECT_EQ(synchronisationLines(), (Lines{L"start History Synchronisation ", L"History Synchronisation Ok"}));
 }
 
 TEST_F(History, EveryItem_BecomesAJournalItem_FromTheFirstUp_AndIsMapped)
@@ -90,7 +82,7 @@ TEST_F(History, StopDuringTheLoop_EndsWithAbort)
     item(1, L"111");
     host.onLog = [&](const std::wstring& line) { host.settings.gStop |= line == L"start History Synchronisation "; };
     start();
-    EXPECT_EQ(lines(), (Lines{L"start History Synchronisation ", L"Abort History Synchronisation"}));
+    EXPECT_EQ(synchronisationLines(), (Lines{L"start History Synchronisation ", L"Abort History Synchronisation"}));
     EXPECT_EQ(count(L"journal"), 0u);
 }
 
@@ -100,7 +92,7 @@ TEST_F(History, CreationFails_NoMapRecord_AndTheItemIsMirroredNextTime)
     outlookCalls.faults.add(L"on JournalItem.Close fail 0x80004005");
     start();
     EXPECT_EQ(mapped(L"2.1"), L"");
-    EXPECT_EQ(lines().back(), L"History Synchronisation Ok");
+    EXPECT_EQ(synchronisationLines().back(), L"History Synchronisation Ok");
     link.InitConnector(true);
     EXPECT_EQ(count(L"journal"), 1u);
     EXPECT_NE(mapped(L"2.1"), L"");
@@ -111,7 +103,7 @@ TEST_F(History, ErrorInTheLoopItself_LogsPbIn_WithASmallI)
     item(1, L"111");
     softphoneCalls.faults.add(L"on History.Item fail 0x80004005");
     start();
-    EXPECT_EQ(lines(), (Lines{L"start History Synchronisation ", L"Pb in History Synchronisation"}));
+    EXPECT_EQ(synchronisationLines(), (Lines{L"start History Synchronisation ", L"Pb in History Synchronisation"}));
 }
 
 TEST_F(History, NewItemEvent_IsMirroredWithoutAskingTheMap_AndMakesNoContact)

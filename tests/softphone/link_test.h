@@ -13,6 +13,7 @@
 #include "desk/softphone/softphone.h"
 #include "outlook/session.h"
 #include "softphone/pavex_interface.h"
+#include "support/outlook_records.h"
 #include "support/scratch_folder.h"
 #include "support/test_host.h"
 
@@ -73,21 +74,19 @@ protected:
         return desk::joined(titles);
     }
 
-    // A field of the n-th saved record of a kind, "" when absent.
     std::wstring field(const wchar_t* kind, std::size_t index, const wchar_t* name)
     {
-        for (const desk::StoreRecord& candidate : outlook.records()) {
-            if (candidate.kind != kind || index-- != 0) continue;
-            const std::wstring* value = candidate.find(name);
-            return value ? *value : L"";
-        }
-        return L"(no such record)";
+        return support::savedField(outlook, kind, index, name);
     }
 
-    std::size_t count(const wchar_t* kind)
+    std::size_t count(const wchar_t* kind) { return support::savedCount(outlook, kind); }
+
+    // The log without the two lines of the initialisation itself.
+    std::vector<std::wstring> synchronisationLines() const
     {
-        std::size_t found = 0;
-        for (const desk::StoreRecord& candidate : outlook.records()) found += candidate.kind == kind;
+        std::vector<std::wstring> found;
+        for (const std::wstring& line : host.log)
+            if (line.find(L"Connector Initialization") == std::wstring::npos) found.push_back(line);
         return found;
     }
 

@@ -1,4 +1,5 @@
 #include "automation/server/class_factory.h"
+#include "automation/unknown.h"
 
 #include <utility>
 
@@ -6,31 +7,11 @@ namespace automation::server {
 
 namespace {
 
-class Factory final : public IClassFactory {
+class Factory final : public Unknown<IClassFactory> {
 public:
     Factory(ClassFactory::Creator create, std::function<void()> unused)
         : create_(std::move(create)), unused_(std::move(unused))
     {
-    }
-
-    STDMETHODIMP QueryInterface(REFIID iid, void** result) override
-    {
-        if (iid != IID_IUnknown && iid != IID_IClassFactory) {
-            *result = nullptr;
-            return E_NOINTERFACE;
-        }
-        *result = static_cast<IClassFactory*>(this);
-        AddRef();
-        return S_OK;
-    }
-
-    STDMETHODIMP_(ULONG) AddRef() override { return ++references_; }
-
-    STDMETHODIMP_(ULONG) Release() override
-    {
-        const ULONG left = --references_;
-        if (left == 0) delete this;
-        return left;
     }
 
     STDMETHODIMP CreateInstance(IUnknown* outer, REFIID iid, void** result) override
@@ -56,11 +37,10 @@ public:
     }
 
 private:
-    ~Factory() = default;
+    bool answers(REFIID iid) const override { return iid == IID_IClassFactory; }
 
     const ClassFactory::Creator create_;
     const std::function<void()> unused_;
-    ULONG references_ = 1;
 };
 
 }

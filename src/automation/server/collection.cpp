@@ -1,6 +1,7 @@
 #include "automation/server/collection.h"
 
 #include "automation/error.h"
+#include "automation/unknown.h"
 
 #include <algorithm>
 #include <utility>
@@ -9,29 +10,9 @@ namespace automation::server {
 
 namespace {
 
-class Enumeration final : public IEnumVARIANT {
+class Enumeration final : public Unknown<IEnumVARIANT> {
 public:
     Enumeration(std::vector<Value> values, std::size_t position) : values_(std::move(values)), position_(position) {}
-
-    STDMETHODIMP QueryInterface(REFIID iid, void** result) override
-    {
-        if (iid != IID_IUnknown && iid != IID_IEnumVARIANT) {
-            *result = nullptr;
-            return E_NOINTERFACE;
-        }
-        *result = static_cast<IEnumVARIANT*>(this);
-        AddRef();
-        return S_OK;
-    }
-
-    STDMETHODIMP_(ULONG) AddRef() override { return ++references_; }
-
-    STDMETHODIMP_(ULONG) Release() override
-    {
-        const ULONG left = --references_;
-        if (left == 0) delete this;
-        return left;
-    }
 
     STDMETHODIMP Next(ULONG count, VARIANT* values, ULONG* fetched) override
     {
@@ -66,11 +47,10 @@ public:
     }
 
 private:
-    ~Enumeration() = default;
+    bool answers(REFIID iid) const override { return iid == IID_IEnumVARIANT; }
 
     const std::vector<Value> values_;
     std::size_t position_;
-    ULONG references_ = 1;
 };
 
 }

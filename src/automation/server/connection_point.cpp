@@ -1,4 +1,5 @@
 #include "automation/server/connection_point.h"
+#include "automation/unknown.h"
 
 #include <vector>
 
@@ -7,29 +8,9 @@ namespace automation::server {
 namespace {
 
 // Enumerates the one connection point of an object.
-class PointEnumeration final : public IEnumConnectionPoints {
+class PointEnumeration final : public Unknown<IEnumConnectionPoints> {
 public:
     PointEnumeration(IConnectionPoint* point, bool done) : point_(point), done_(done) {}
-
-    STDMETHODIMP QueryInterface(REFIID iid, void** result) override
-    {
-        if (iid != IID_IUnknown && iid != IID_IEnumConnectionPoints) {
-            *result = nullptr;
-            return E_NOINTERFACE;
-        }
-        *result = static_cast<IEnumConnectionPoints*>(this);
-        AddRef();
-        return S_OK;
-    }
-
-    STDMETHODIMP_(ULONG) AddRef() override { return ++references_; }
-
-    STDMETHODIMP_(ULONG) Release() override
-    {
-        const ULONG left = --references_;
-        if (left == 0) delete this;
-        return left;
-    }
 
     STDMETHODIMP Next(ULONG count, IConnectionPoint** points, ULONG* fetched) override
     {
@@ -63,11 +44,10 @@ public:
     }
 
 private:
-    ~PointEnumeration() = default;
+    bool answers(REFIID iid) const override { return iid == IID_IEnumConnectionPoints; }
 
     const ComPtr<IConnectionPoint> point_;
     bool done_;
-    ULONG references_ = 1;
 };
 
 bool isGone(HRESULT result)
