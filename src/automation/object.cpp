@@ -106,11 +106,10 @@ void Object::put(Member member, const Value& value) const
     invoke(member, DISPATCH_PROPERTYPUT, {value}, false);
 }
 
-DISPID Object::lookUp(Member member) const
+DISPID Object::lookUp(Member member, const OutgoingCall& scope) const
 {
     DISPID id = DISPID_UNKNOWN;
     LPOLESTR name = const_cast<LPOLESTR>(member.name());
-    const OutgoingCall scope;
     const HRESULT result = scope.retryWhileBusy(
         [&] { return dispatch_->GetIDsOfNames(IID_NULL, &name, 1, LOCALE_USER_DEFAULT, &id); });
     if (FAILED(result)) throw AutomationError(member.text(), result);
@@ -123,9 +122,10 @@ Value Object::invoke(Member member, WORD flags, std::initializer_list<Value> arg
     if (!dispatch_) throw AutomationError(member.text(), objectNotSet);
     // The reference may be replaced by whatever runs while the call is out.
     const Object self = *this;
+    const OutgoingCall scope; // one patience for the look-up and the call
 
     const DISPID* remembered = member.named() ? names_->find(member.name()) : nullptr;
-    DISPID id = !member.named() ? member.id() : remembered ? *remembered : self.lookUp(member);
+    DISPID id = !member.named() ? member.id() : remembered ? *remembered : self.lookUp(member, scope);
 
     std::vector<VARIANT> reversed;
     reversed.reserve(arguments.size());
@@ -139,7 +139,6 @@ Value Object::invoke(Member member, WORD flags, std::initializer_list<Value> arg
     Value result;
     EXCEPINFO info{};
     UINT refused = count;
-    const OutgoingCall scope;
     const auto attempt = [&] {
         return scope.retryWhileBusy([&] {
             return self.dispatch_->Invoke(id, IID_NULL, LOCALE_USER_DEFAULT, flags, &parameters,
@@ -149,7 +148,7 @@ Value Object::invoke(Member member, WORD flags, std::initializer_list<Value> arg
     HRESULT code = attempt();
     if (code == DISP_E_MEMBERNOTFOUND && remembered) {
         // The name was learnt from another object of what was thought to be the same class.
-        id = self.lookUp(member);
+        id = self.lookUp(member, scope);
         code = attempt();
     }
     if (FAILED(code)) throw failure(member, code, info, refused, count);

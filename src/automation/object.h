@@ -14,6 +14,8 @@
 
 namespace automation {
 
+class OutgoingCall;
+
 // A member of an object: its name, or its dispatch identifier where the
 // object's maker publishes no name.
 class Member {
@@ -74,7 +76,7 @@ public:
 
 private:
     Value invoke(Member member, WORD flags, std::initializer_list<Value> arguments, bool wantsResult) const;
-    DISPID lookUp(Member member) const;
+    DISPID lookUp(Member member, const OutgoingCall& scope) const;
 
     ComPtr<IDispatch> dispatch_;
     SharedNames names_;
