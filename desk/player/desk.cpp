@@ -139,6 +139,14 @@ void Desk::closeOutlook()
     if (!outlook_.ended(patience)) throw std::runtime_error("Outlook does not close");
 }
 
+void Desk::restartPartners()
+{
+    endPartner(outlook_, outlookName);
+    endPartner(softphone_, softphoneName);
+    softphone_ = startPartner(softphoneFile, softphoneName);
+    startOutlook();
+}
+
 void Desk::startHublink()
 {
     hublink_ = Process(std::wstring(programFolder) + L"\\hublink.exe", L"");

@@ -32,6 +32,9 @@ public:
     void startHublink();
     void closeOutlook(); // as a user does
 
+    // Softphone and Outlook closed and opened again, with what they had.
+    void restartPartners();
+
     // A request to a partner's control pipe; an "error:" response throws.
     std::wstring softphone(std::wstring_view request);
     std::wstring outlook(std::wstring_view request);

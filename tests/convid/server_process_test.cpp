@@ -225,7 +225,7 @@ TEST_F(Server, KilledRightAfterAnAnswer_LosesNothing)
         {
             const Object map = newObject();
             map.call(L"InsertId", {L"entry " + id, id, outlook, addressBook});
-            killServers();
+            support::killMapServers();
         }
         ASSERT_EQ(servers().size(), 0u);
         const Object map = newObject();

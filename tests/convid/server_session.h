@@ -4,6 +4,7 @@
 
 #include "automation/object.h"
 #include "store_files.h"
+#include "support/processes.h"
 
 #include <gtest/gtest.h>
 
@@ -11,9 +12,7 @@ namespace convid_tests {
 
 std::wstring serverProgram();
 
-// The process identifiers of all running programs of that name.
-std::vector<DWORD> processesNamed(const wchar_t* name);
-inline std::vector<DWORD> servers() { return processesNamed(L"PavexConvId.exe"); }
+inline std::vector<DWORD> servers() { return support::processesNamed(L"PavexConvId.exe"); }
 
 // True when `condition` becomes true within `patience` milliseconds.
 template <class Condition>
@@ -26,8 +25,6 @@ bool becomesTrue(Condition condition, DWORD patience = 10'000)
 
 // Runs the server program with arguments and returns its exit code.
 DWORD runServer(const std::wstring& arguments);
-
-void killServers();
 
 class ServerSession : public testing::Test {
 protected:

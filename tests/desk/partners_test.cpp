@@ -3,6 +3,7 @@
 
 #include "automation/object.h"
 #include "desk/common/control_pipe.h"
+#include "support/processes.h"
 
 namespace {
 
@@ -119,6 +120,38 @@ TEST_F(Partners, SynchronisationRunsOnceForEveryRecord)
     desk::player::waitFor(1500);
     EXPECT_EQ(desk.outlook(L"contacts"), contacts);
     EXPECT_EQ(desk.outlook(L"calls").find(L"Items.Add"), std::wstring::npos);
+}
+
+TEST_F(Partners, MapServerKilled_CallsAreServed_AndTheProgramCanBeStopped)
+{
+    start(people);
+    support::killMapServers();
+    EXPECT_TRUE(serves());
+    PostMessageW(FindWindowW(L"Hublink", nullptr), WM_CLOSE, 0, 0);
+    desk.tick();
+    EXPECT_FALSE(ends(1000)) << "the first try ends quietly: the map cannot be told";
+    desk.tick();
+    EXPECT_TRUE(ends());
+    EXPECT_EQ(desk.hublinkProcess().exitCode(), 0u);
+}
+
+TEST_F(Partners, MapServerKilled_NothingAnsweredIsLost_AndNothingIsCopiedTwice)
+{
+    start({}, "[entry]\nId=1.1\nNumber=0111\nLastName=Adler\nFirstName=Alice\n"
+              "[history]\nId=2.1\nNumber=0222\nIncoming=true\nState=6\n");
+    const std::wstring contacts = desk.outlook(L"contacts");
+    support::killMapServers();
+    ASSERT_TRUE(desk.stopHublink());
+    desk.restartPartners(); // where the service had to end with the server, it has forgotten them
+    desk.startHublink();
+    EXPECT_TRUE(outlookIsAskedFor(L"NameSpace.GetDefaultFolder"));
+    desk::player::waitFor(2500);
+    EXPECT_EQ(desk.outlook(L"contacts"), contacts);
+    EXPECT_EQ(desk.outlook(L"calls").find(L"Items.Add"), std::wstring::npos);
+    std::size_t calls = 0;
+    for (const desk::StoreRecord& record : desk::parseStore(desk.outlook(L"journal")))
+        calls += record.find(L"Type") && *record.find(L"Type") == L"Phone Call";
+    EXPECT_EQ(calls, 1u);
 }
 
 TEST_F(Partners, DeletedEntry_StaysMappedUntilTheNextStart)

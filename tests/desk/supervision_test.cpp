@@ -130,6 +130,32 @@ TEST_F(Supervision, DirectoryInTheIniFilesPlace_StopsTheProgramAtItsFirstTick)
     RemoveDirectoryW(desk.iniFile().c_str());
 }
 
+TEST_F(Supervision, BinaryJunkInTheIniFile_NamesNoGroupware_AndStopsTheProgram)
+{
+    start();
+    std::string junk(100'000, '\0');
+    for (std::size_t index = 0; index < junk.size(); ++index) junk[index] = static_cast<char>(index * 31 % 251);
+    desk::player::writeFile(desk.iniFile(), junk);
+    tick();
+    desk.tick();
+    EXPECT_TRUE(ends());
+    EXPECT_EQ(desk.hublinkProcess().exitCode(), 0u);
+}
+
+TEST_F(Supervision, ValuesOfSeveralThousandCharacters_AreCut_AndTheProgramGoesOn)
+{
+    const std::string longText(5000, 'x');
+    desk.startSoftphone();
+    desk.startOutlook(marc);
+    desk::player::writeFile(desk.iniFile(), "[Application]\r\ntype=OUTLOOK," + longText + "\r\ntrace=" + longText +
+                                                "\r\n[AllApplication]\r\nPopUp=true\r\nHisto=" + longText +
+                                                "\r\n[outlook]\r\nCallBackMailSyntaxe=" + longText + "\r\n");
+    desk.startHublink();
+    ASSERT_TRUE(logGets(L"Connector Initialization  Ok"));
+    desk.softphone(L"call Number=0123 Incoming=true");
+    EXPECT_TRUE(desk.outlookShows(L"Marc Durand - Contact"));
+}
+
 TEST_F(Supervision, StaleStopRequest_DoesNotStopANewRun)
 {
     desk.startSoftphone();

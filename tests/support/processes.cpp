@@ -1,0 +1,50 @@
+#include "support/processes.h"
+
+#include "automation/text.h"
+
+#include <tlhelp32.h>
+
+namespace support {
+
+namespace {
+
+void endProcesses(const std::vector<DWORD>& ids)
+{
+    for (const DWORD id : ids) {
+        const HANDLE process = OpenProcess(PROCESS_TERMINATE | SYNCHRONIZE, FALSE, id);
+        if (!process) continue;
+        TerminateProcess(process, 9);
+        WaitForSingleObject(process, 5'000);
+        CloseHandle(process);
+    }
+}
+
+}
+
+std::vector<DWORD> processesNamed(const wchar_t* name)
+{
+    std::vector<DWORD> ids;
+    const HANDLE snapshot = CreateToolhelp32Snapshot(TH32CS_SNAPPROCESS, 0);
+    PROCESSENTRY32W entry{};
+    entry.dwSize = sizeof entry;
+    for (BOOL more = Process32FirstW(snapshot, &entry); more; more = Process32NextW(snapshot, &entry))
+        if (automation::equalWithoutCase(entry.szExeFile, name)) ids.push_back(entry.th32ProcessID);
+    CloseHandle(snapshot);
+    return ids;
+}
+
+void killMapServers()
+{
+    const auto running = processesNamed(L"PavexConvId.exe");
+    if (running.empty()) return;
+    endProcesses(running);
+    // Wine goes on sending clients to the dead process until its service ends.
+    if (isWine()) endProcesses(processesNamed(L"rpcss.exe"));
+}
+
+bool isWine()
+{
+    return GetProcAddress(GetModuleHandleW(L"ntdll.dll"), "wine_get_version") != nullptr;
+}
+
+}
