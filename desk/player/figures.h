@@ -6,9 +6,9 @@
 
 namespace desk::player {
 
-// An idle minute, 2,000 ticks and 5,000 calls with all partners up. Before and
-// after each it prints a line "memory?", where a script may sample the memory
-// of hublink.exe: there is no portable way to ask for it.
+// 2,000 ticks, twice 5,000 calls and an idle minute, all partners up. Where it
+// prints a line "memory?" or "processor?" a script may ask the host system what
+// hublink.exe uses: asked from here, not every system tells.
 void measureFigures(Desk& desk, Narrator& narrator);
 
 }

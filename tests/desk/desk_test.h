@@ -37,7 +37,8 @@ protected:
         return form && SendMessageTimeoutW(form, WM_NULL, 0, 0, SMTO_NORMAL, 1000, &result);
     }
 
-    // A tick, and the end of what it does.
+    // A tick that has begun. What it brings about is to be waited for: the
+    // window answers also while the tick waits for a partner.
     void tick()
     {
         desk.tick();

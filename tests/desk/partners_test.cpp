@@ -54,9 +54,12 @@ TEST_F(Partners, OutlookDiesInTheMiddleOfAWalk_HublinkGoesOn_AndServesTheNextOut
     ring(L"Number=999 Incoming=true");
     EXPECT_TRUE(desk.outlookProcess().ended(soon));
     tick();
+    desk::player::waitFor(300);
     EXPECT_TRUE(desk.hublinkProcess().running());
     desk.startOutlook(people);
     tick();
+    EXPECT_TRUE(outlookIsAskedFor(L"NameSpace.GetDefaultFolder"));
+    desk::player::waitFor(500);
     EXPECT_TRUE(serves());
 }
 
@@ -109,8 +112,8 @@ TEST_F(Partners, SynchronisationRunsOnceForEveryRecord)
               "[entry]\nId=1.1\nNumber=01 11\nLastName=Adler\nFirstName=Alice\n"
               "[entry]\nId=1.2\nNumber=0222\nLastName=Blanc\nFirstName=Bernd\n"
               "[history]\nId=2.1\nNumber=0111\nIncoming=true\nState=6\n");
-    EXPECT_TRUE(desk.logHolds(L"1 In OutLook 0222 Blanc Bernd"));
-    EXPECT_TRUE(desk.logHolds(L"2 In OutLook 0111 Adler Alice"));
+    EXPECT_TRUE(logGets(L"1 In OutLook 0222 Blanc Bernd"));
+    EXPECT_TRUE(logGets(L"2 In OutLook 0111 Adler Alice"));
     EXPECT_TRUE(desk.record(L"journal", L"Subject", L"* Alice Adler (0111)"));
     const std::wstring contacts = desk.outlook(L"contacts");
     ASSERT_TRUE(desk.stopHublink());
