@@ -78,12 +78,14 @@ bool ProcessLookup::GetProcessHandle(const wchar_t* fileName, HANDLE& handle, DW
 
 bool ProcessLookup::stillRuns(const wchar_t* fileName, Known& known)
 {
-    const auto running = processesNamed(fileName);
+    // The usual tick needs no list of processes: the one found last still runs.
     const bool isPseudo = known.handle == GetCurrentProcess();
-    const bool isAlive = known.handle && (isPseudo || isRunning(known.handle));
-    // A system short of resources says nothing about the process.
-    if (!running) return isAlive;
-    if (isAlive && std::find(running->begin(), running->end(), known.processId) != running->end()) return true;
+    if (known.handle && !isPseudo && isRunning(known.handle)) return true;
+
+    const auto running = processesNamed(fileName);
+    // A system short of resources says nothing about a process that cannot be opened.
+    if (!running) return isPseudo;
+    if (isPseudo && std::find(running->begin(), running->end(), known.processId) != running->end()) return true;
     close(known.handle);
     for (const DWORD candidate : *running) {
         known = {opened(candidate), candidate};
