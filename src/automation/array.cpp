@@ -24,7 +24,10 @@ std::size_t sizeOf(SAFEARRAY* array)
 // An array whose elements lie open as long as this lives.
 class OpenArray {
 public:
-    explicit OpenArray(SAFEARRAY* array) : array_(array) { check(SafeArrayAccessData(array, &data_), L"SafeArrayAccessData"); }
+    explicit OpenArray(SAFEARRAY* array) : array_(array)
+    {
+        check(SafeArrayAccessData(array, &data_), L"SafeArrayAccessData");
+    }
     ~OpenArray() { SafeArrayUnaccessData(array_); }
     OpenArray(const OpenArray&) = delete;
     OpenArray& operator=(const OpenArray&) = delete;

@@ -27,7 +27,8 @@ EventArguments argumentsOf(const DISPPARAMS& parameters)
 
 class EventSink final : public Unknown<IDispatch> {
 public:
-    EventSink(const EventSource& source, const EventHandlers& handlers) : interfaceId_(source.dispatchOnly ? source.interfaceId : IID_IDispatch)
+    EventSink(const EventSource& source, const EventHandlers& handlers)
+        : interfaceId_(source.dispatchOnly ? source.interfaceId : IID_IDispatch)
     {
         for (const auto& [id, eventName] : source.names)
             for (const auto& [handlerName, handler] : handlers)

@@ -60,7 +60,9 @@ ComPtr<ITypeInfo> sourceOfClass(ITypeInfo* coclass, REFIID wanted)
         if (FAILED(coclass->GetImplTypeFlags(index, &flags)) || !(flags & IMPLTYPEFLAG_FSOURCE)) continue;
         ComPtr<ITypeInfo> type = implementedType(coclass, index);
         if (!type) continue;
-        if (wanted == IID_NULL ? (flags & IMPLTYPEFLAG_FDEFAULT) != 0 : wanted == interfaceIdOf(type.get())) return type;
+        const bool isWanted = wanted == IID_NULL ? (flags & IMPLTYPEFLAG_FDEFAULT) != 0
+                                                 : wanted == interfaceIdOf(type.get());
+        if (isWanted) return type;
     }
     return nullptr;
 }

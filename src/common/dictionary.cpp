@@ -40,8 +40,8 @@ DWORD Dictionary::GetElt(const char* section, const char* key, const char* fallb
     // reads from folders that the ANSI code page cannot name.
     const std::wstring source = file_.empty() ? folder_ + L"none.ini" : file_;
     wchar_t text[1024];
-    const DWORD length = GetPrivateProfileStringW(wide(section).c_str(), wide(key).c_str(), wide(fallback).c_str(), text,
-                                                  1024, source.c_str());
+    const DWORD length = GetPrivateProfileStringW(wide(section).c_str(), wide(key).c_str(), wide(fallback).c_str(),
+                                                  text, 1024, source.c_str());
     const std::string value = ansi({text, length}).substr(0, size - 1);
     value.copy(buffer, value.size());
     buffer[value.size()] = '\0';

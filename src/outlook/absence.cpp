@@ -52,7 +52,8 @@ bool absenceIsProved(const OutlookSession& session, const std::wstring& sought)
         while (read < rows) {
             const std::vector<Value> values = automation::elementsOf(table.get(L"GetArray", {block}));
             if (values.empty() || values.size() % telephoneFields.size() != 0) return;
-            if (std::any_of(values.begin(), values.end(), [&](const Value& value) { return mayBe(value, sought); })) return;
+            const auto leavesItOpen = [&](const Value& value) { return mayBe(value, sought); };
+            if (std::any_of(values.begin(), values.end(), leavesItOpen)) return;
             read += static_cast<std::int32_t>(values.size() / telephoneFields.size());
         }
         proved = read == rows;

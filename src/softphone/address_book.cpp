@@ -12,7 +12,8 @@ void PavexInterface::CreateOutlookContactFromPavex(const Object& Obj)
 {
     trapErrors(L"CreateOutlookContactFromPavex", [&] {
         const std::wstring entryId = CreateOutlookContact(outlook_, Obj);
-        if (!entryId.empty()) insertId(hashID, entryId, softphoneIdOf(Obj), MapApplication::outlook, MapCollection::contacts);
+        if (entryId.empty()) return;
+        insertId(hashID, entryId, softphoneIdOf(Obj), MapApplication::outlook, MapCollection::contacts);
     });
 }
 

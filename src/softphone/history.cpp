@@ -10,7 +10,8 @@ void PavexInterface::SetHistoItemOutlook(const Object& histoObj, bool bnewContac
 {
     trapErrors(L"SetHistoItemOutlook", [&] {
         const std::wstring entryId = CreateOutlookHistoItem(outlook_, histoObj, bnewContact);
-        if (!entryId.empty()) insertId(hashID, entryId, historyIdOf(histoObj), MapApplication::outlook, MapCollection::history);
+        if (entryId.empty()) return;
+        insertId(hashID, entryId, historyIdOf(histoObj), MapApplication::outlook, MapCollection::history);
     });
 }
 

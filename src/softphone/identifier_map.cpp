@@ -19,8 +19,8 @@ constexpr DWORD registrationPatience = 10'000; // milliseconds
 
 bool saysNotRegistered(HRESULT code)
 {
-    return code == REGDB_E_CLASSNOTREG || code == CO_E_CLASSSTRING || code == HRESULT_FROM_WIN32(ERROR_FILE_NOT_FOUND) ||
-           code == HRESULT_FROM_WIN32(ERROR_PATH_NOT_FOUND);
+    return code == REGDB_E_CLASSNOTREG || code == CO_E_CLASSSTRING ||
+           code == HRESULT_FROM_WIN32(ERROR_FILE_NOT_FOUND) || code == HRESULT_FROM_WIN32(ERROR_PATH_NOT_FOUND);
 }
 
 // Whether the map server beside the program registered itself.
@@ -31,7 +31,8 @@ bool registerServer(const std::wstring& programFolder)
     STARTUPINFOW start{};
     start.cb = sizeof start;
     PROCESS_INFORMATION process{};
-    if (!CreateProcessW(program.c_str(), command.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &start, &process))
+    if (!CreateProcessW(program.c_str(), command.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &start,
+                        &process))
         return false;
     DWORD result = ERROR_TIMEOUT;
     if (WaitForSingleObject(process.hProcess, registrationPatience) == WAIT_OBJECT_0)

@@ -95,7 +95,8 @@ private:
     void mirrorEntry(const automation::Object& entry, int& created);
     std::wstring walkHistory();
     void mirrorHistoryItem(const automation::Object& item);
-    void purge(const wchar_t* procedure, std::int32_t collection, const std::function<bool(const std::wstring&)>& exists);
+    void purge(const wchar_t* procedure, std::int32_t collection,
+               const std::function<bool(const std::wstring&)>& exists);
 
     Host& host_;
     GroupwareState& groupware_;

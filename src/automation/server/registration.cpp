@@ -69,7 +69,8 @@ void registerTypeLibrary(const std::wstring& program)
 void registerClass(const ClassRegistration& registration, const std::wstring& program)
 {
     const LSTATUS result = writeClass(HKEY_CURRENT_USER, registration, program);
-    if (result != ERROR_SUCCESS) throw AutomationError(registration.progId, HRESULT_FROM_WIN32(static_cast<DWORD>(result)));
+    if (result != ERROR_SUCCESS)
+        throw AutomationError(registration.progId, HRESULT_FROM_WIN32(static_cast<DWORD>(result)));
     writeClass(HKEY_LOCAL_MACHINE, registration, program);
     if (registration.typeLibrary != GUID_NULL) registerTypeLibrary(program);
 }
