@@ -3,6 +3,7 @@
 
 #include "shell/screen_scale.h"
 #include "shell/tray_icon_data.h"
+#include "support/gui_objects.h"
 
 #include <cstddef>
 
@@ -238,4 +239,20 @@ TEST_F(Icon, Question_ComesWithTheFormInTheForeground)
     };
     press();
     EXPECT_EQ(boxes.size(), 1u);
+}
+
+TEST_F(Icon, ThousandsOfMessages_KeepNoGdiObjectAndNoWindow)
+{
+    answer(IDNO);
+    press();
+    const support::GuiMark before = support::guiMark();
+    for (int message = 0; message < 5000; ++message) press(message % 10 ? WM_MOUSEMOVE : WM_RBUTTONDOWN);
+    EXPECT_EQ(support::guiMark(), before);
+
+    const HBRUSH kept = CreateSolidBrush(RGB(1, 2, 3));
+    EXPECT_NE(support::guiMark().gdi, before.gdi) << "a kept object shows";
+    DeleteObject(kept);
+    const HWND window = CreateWindowW(L"STATIC", L"", WS_POPUP, 0, 0, 1, 1, nullptr, nullptr, nullptr, nullptr);
+    EXPECT_NE(support::guiMark().windows, before.windows) << "a kept window shows";
+    DestroyWindow(window);
 }
