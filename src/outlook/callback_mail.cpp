@@ -21,9 +21,7 @@ bool SendOutlookMail(OutlookSession& session, const std::wstring& to, const std:
 {
     bool displayed = false;
     trapErrors(L"SendOutlookMail", [&] {
-        const automation::Object outlook = session.OutlookApp;
-        const automation::Object mail =
-            outlook.get(L"CreateItem", {std::int16_t{0}}).object().sharing(session.names.mail);
+        const automation::Object mail = newOutlookItem(session, OutlookItemType::mail);
         mail.put(L"Subject", subject);
         mail.put(L"Body", L"");
         mail.put(L"To", to);

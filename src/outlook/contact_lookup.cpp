@@ -10,12 +10,6 @@ namespace {
 using automation::Object;
 using automation::Value;
 
-Object itemsOf(const OutlookSession& session)
-{
-    const Object contacts = session.OutlookContacts;
-    return contacts.get(L"Items").object().sharing(session.names.items);
-}
-
 Object asContact(const OutlookSession& session, const Value& item)
 {
     return item.object().sharing(session.names.contact);
@@ -25,7 +19,7 @@ Object asContact(const OutlookSession& session, const Value& item)
 Object filteredContact(const OutlookSession& session, const std::wstring& number)
 {
     const std::wstring filter = BuildPhoneFilter(StripPhoneNumber(number));
-    return asContact(session, itemsOf(session).get(L"Find", {filter}));
+    return asContact(session, contactItems(session).get(L"Find", {filter}));
 }
 
 // The contact's first field with the number; a null pointer when it has none.
@@ -73,7 +67,7 @@ bool WalkOutlookContacts(OutlookSession& session, const std::wstring& number, co
     trapErrors(L"WalkOutlookContacts", [&] {
         const std::wstring sought = StripPhoneNumber(number);
         if (absenceIsProved(session, sought)) return;
-        const Object items = itemsOf(session);
+        const Object items = contactItems(session);
         Object item = asContact(session, items.get(L"GetFirst"));
         bool needsRewrite = false;
         const wchar_t* field = nullptr;

@@ -16,9 +16,7 @@ struct NewContact {
 
 Object addContact(const OutlookSession& session)
 {
-    const Object contacts = session.OutlookContacts;
-    const Object items = contacts.get(L"Items").object().sharing(session.names.items);
-    return items.get(L"Add").object().sharing(session.names.contact);
+    return contactItems(session).get(L"Add").object().sharing(session.names.contact);
 }
 
 void fillAndSave(const Object& item, const NewContact& contact)

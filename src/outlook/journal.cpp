@@ -54,8 +54,7 @@ std::wstring CreateOutlookHistoItem(OutlookSession& session, const Object& histo
 {
     std::wstring entryId;
     trapErrors(L"CreateOutlookHistoItem", [&] {
-        const Object outlook = session.OutlookApp;
-        const Object item = outlook.get(L"CreateItem", {std::int16_t{4}}).object().sharing(session.names.journalItem);
+        const Object item = newOutlookItem(session, OutlookItemType::journal);
         const bool incoming = historyItem.get(L"Incoming").truth();
         const std::wstring number = historyItem.get(L"Number").text();
         const Party party = number.empty() ? Party{} : partyOf(session, historyItem, number, createContact);

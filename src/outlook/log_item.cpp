@@ -9,11 +9,7 @@ void LogToOutlookJournal(OutlookSession& session, const std::wstring& text)
         const automation::Value now = automation::Value::date(session.host.now());
         const std::wstring line = now.text() + L" " + text;
         const bool isFirst = !session.OutlookLogItem;
-        if (isFirst) {
-            const automation::Object outlook = session.OutlookApp;
-            session.OutlookLogItem =
-                outlook.get(L"CreateItem", {std::int16_t{4}}).object().sharing(session.names.journalItem);
-        }
+        if (isFirst) session.OutlookLogItem = newOutlookItem(session, OutlookItemType::journal);
         const automation::Object item = session.OutlookLogItem;
         if (isFirst) {
             item.put(L"Subject", L"Connector Log");

@@ -51,3 +51,11 @@ struct OutlookSession {
     automation::Object OutlookLogItem;    // made with the first log line, kept to the end
     std::wstring szLastLogText;           // the last line about a new contact
 };
+
+// The items of the contacts folder. Throws AutomationError.
+automation::Object contactItems(const OutlookSession& session);
+
+enum class OutlookItemType : std::int16_t { mail = 0, journal = 4 };
+
+// A new item, not saved yet. Throws AutomationError.
+automation::Object newOutlookItem(const OutlookSession& session, OutlookItemType type);

@@ -3,26 +3,13 @@
 #include "automation/conversion.h"
 #include "automation/error.h"
 #include "automation/text.h"
+#include "failure_code.h"
 
 #include <gtest/gtest.h>
 
 #include <oleauto.h>
 
-#include <functional>
-
-using automation::AutomationError;
-
 namespace {
-
-HRESULT codeOf(const std::function<void()>& conversion)
-{
-    try {
-        conversion();
-    } catch (const AutomationError& error) {
-        return error.code();
-    }
-    return S_OK;
-}
 
 constexpr DATE march15 = 45000; // 15 March 2023
 

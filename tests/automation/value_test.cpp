@@ -1,30 +1,15 @@
 #include "automation/error.h"
 #include "automation/object.h"
 #include "automation/value.h"
+#include "failure_code.h"
 #include "support/raw_partner.h"
 
 #include <gtest/gtest.h>
-
-#include <functional>
 
 using automation::AutomationError;
 using automation::Object;
 using automation::Value;
 using support::RawPartner;
-
-namespace {
-
-HRESULT codeOf(const std::function<void()>& conversion)
-{
-    try {
-        conversion();
-    } catch (const AutomationError& error) {
-        return error.code();
-    }
-    return S_OK;
-}
-
-}
 
 TEST(Value, Constructors_FixTheExactType)
 {

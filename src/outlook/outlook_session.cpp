@@ -1,0 +1,19 @@
+#include "outlook/outlook_session.h"
+
+using automation::Object;
+
+// Both hold a reference of their own while they call: the session's may be
+// replaced meanwhile.
+
+Object contactItems(const OutlookSession& session)
+{
+    const Object contacts = session.OutlookContacts;
+    return contacts.get(L"Items").object().sharing(session.names.items);
+}
+
+Object newOutlookItem(const OutlookSession& session, OutlookItemType type)
+{
+    const Object outlook = session.OutlookApp;
+    const Object item = outlook.get(L"CreateItem", {static_cast<std::int16_t>(type)}).object();
+    return item.sharing(type == OutlookItemType::mail ? session.names.mail : session.names.journalItem);
+}
