@@ -32,17 +32,25 @@ public:
     OpenArray(const OpenArray&) = delete;
     OpenArray& operator=(const OpenArray&) = delete;
 
-    template <class Element>
-    const Element* elements() const { return static_cast<const Element*>(data_); }
+    const void* element(std::size_t index) const
+    {
+        return static_cast<const char*>(data_) + index * SafeArrayGetElemsize(array_);
+    }
 
 private:
     SAFEARRAY* array_;
     void* data_ = nullptr;
 };
 
-Value textValue(BSTR text)
+Value elementValue(const void* element, VARTYPE type)
 {
-    return std::wstring_view(text ? text : L"", SysStringLen(text));
+    if (type == VT_VARIANT) return Value::copyOf(*static_cast<const VARIANT*>(element));
+    // A reference to the element: all members of the union start at the same place.
+    VARIANT reference;
+    VariantInit(&reference);
+    V_VT(&reference) = static_cast<VARTYPE>(VT_BYREF | type);
+    V_BYREF(&reference) = const_cast<void*>(element);
+    return Value::copyOf(reference);
 }
 
 }
@@ -50,17 +58,15 @@ Value textValue(BSTR text)
 std::vector<Value> elementsOf(const Value& array)
 {
     std::vector<Value> values;
-    if (array.type() != (VT_ARRAY | VT_VARIANT) && array.type() != (VT_ARRAY | VT_BSTR))
+    const VARTYPE type = array.type() & VT_TYPEMASK;
+    if (array.type() != (VT_ARRAY | type) || type == VT_RECORD)
         throw AutomationError(L"array", DISP_E_TYPEMISMATCH);
     SAFEARRAY* const elements = V_ARRAY(&array.variant());
     if (!elements) return values;
     const std::size_t size = sizeOf(elements);
     const OpenArray open(elements);
     values.reserve(size);
-    for (std::size_t index = 0; index < size; ++index) {
-        if (array.type() == (VT_ARRAY | VT_BSTR)) values.push_back(textValue(open.elements<BSTR>()[index]));
-        else values.push_back(Value::copyOf(open.elements<VARIANT>()[index]));
-    }
+    for (std::size_t index = 0; index < size; ++index) values.push_back(elementValue(open.element(index), type));
     return values;
 }
 

@@ -9,7 +9,7 @@ namespace automation {
 
 // All elements of an array of any number of dimensions, in memory order (the
 // first index changes fastest). Throws AutomationError (type mismatch) when
-// the value is no array of VARIANTs or texts.
+// the value is no array, or one of records.
 std::vector<Value> elementsOf(const Value& array);
 
 }

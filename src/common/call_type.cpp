@@ -34,18 +34,24 @@ std::wstring withoutAccessKey(std::wstring text)
     return text;
 }
 
+}
+
 bool isUnanswered(std::int32_t state)
 {
     return state == 6 || state == 7 || state == 12 || state == 14;
 }
 
+std::wstring callTypeText(bool incoming, bool unanswered, bool acknowledged)
+{
+    const std::wstring direction = incoming ? L"Incoming call" : L"Outgoing call";
+    if (unanswered) return direction + L" unanswered";
+    return direction + (acknowledged ? L" acknowledged" : L" answered");
 }
 
 std::wstring callTypeText(const automation::Object& historyItem, bool incoming)
 {
-    const std::wstring direction = incoming ? L"Incoming call" : L"Outgoing call";
-    if (isUnanswered(historyItem.get(L"State").int32())) return direction + L" unanswered";
-    return direction + (historyItem.get(L"Acknowledged").int32() == 1 ? L" acknowledged" : L" answered");
+    const bool unanswered = isUnanswered(historyItem.get(L"State").int32());
+    return callTypeText(incoming, unanswered, !unanswered && historyItem.get(L"Acknowledged").int32() == 1);
 }
 
 std::wstring unknownCallerText(const Dictionary& dictionary)

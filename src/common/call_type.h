@@ -4,10 +4,18 @@
 #include "automation/object.h"
 #include "common/dictionary.h"
 
+#include <cstdint>
 #include <string>
 
-// The English call-type text of a softphone history item: its direction, then
-// " unanswered" by its state alone, else " acknowledged" or " answered".
+// Whether a call of that state (as the softphone numbers it) was not answered.
+bool isUnanswered(std::int32_t state);
+
+// The English call-type text: the direction, then " unanswered" whatever else
+// holds, else " acknowledged" or " answered".
+std::wstring callTypeText(bool incoming, bool unanswered, bool acknowledged);
+
+// The same of a softphone history item, whose acknowledgement is not asked for
+// when its state tells enough.
 // Throws AutomationError when the item lacks one of the members it reads.
 std::wstring callTypeText(const automation::Object& historyItem, bool incoming);
 

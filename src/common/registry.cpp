@@ -41,7 +41,7 @@ std::wstring RegGetString(HKEY hInKey, const std::wstring& subkey, const std::ws
     DWORD type = REG_NONE;
     if (RegQueryValueExA(key.get(), ansi(valname).c_str(), nullptr, &type, reinterpret_cast<BYTE*>(buffer), &size) !=
         ERROR_SUCCESS)
-        return L"--Not String--";
+        return registryNoText;
     if (type != REG_SZ || size == 0) return L"";
     return automation::wide({buffer, size - 1});
 }

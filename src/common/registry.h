@@ -7,8 +7,11 @@
 
 #include <string>
 
+// What RegGetString returns for a value that it cannot read.
+inline constexpr const wchar_t* registryNoText = L"--Not String--";
+
 // A text value of up to 255 characters. "" when the key is missing or the
-// value is of another type; "--Not String--" when the value is missing or longer.
+// value is of another type; `registryNoText` when the value is missing or longer.
 std::wstring RegGetString(HKEY hInKey, const std::wstring& subkey, const std::wstring& valname);
 
 // Writes a text value into an existing key. "True" when key and write were in

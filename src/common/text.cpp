@@ -1,5 +1,7 @@
 #include "common/text.h"
 
+#include <windows.h>
+
 std::vector<std::wstring> split(std::wstring_view text, wchar_t separator)
 {
     std::vector<std::wstring> parts;
@@ -10,6 +12,19 @@ std::vector<std::wstring> split(std::wstring_view text, wchar_t separator)
         if (end == std::wstring_view::npos) return parts;
         text.remove_prefix(end + 1);
     }
+}
+
+std::wstring trim(std::wstring_view text)
+{
+    const std::size_t first = text.find_first_not_of(L' ');
+    if (first == std::wstring_view::npos) return L"";
+    return std::wstring(text.substr(first, text.find_last_not_of(L' ') - first + 1));
+}
+
+std::wstring lowerCase(std::wstring text)
+{
+    CharLowerBuffW(text.data(), static_cast<DWORD>(text.size()));
+    return text;
 }
 
 std::wstring replaceAll(std::wstring text, std::wstring_view what, std::wstring_view with)

@@ -8,6 +8,12 @@
 // The parts between the separators, untrimmed; an empty text has no parts.
 std::vector<std::wstring> split(std::wstring_view text, wchar_t separator);
 
+// The text without the blanks at both ends; other white space stays.
+std::wstring trim(std::wstring_view text);
+
+// In lower case, by the user's language.
+std::wstring lowerCase(std::wstring text);
+
 // Every occurrence replaced, from the left, case-sensitive. What a replacement
 // brings in is not looked at again. An empty `what` replaces nothing.
 std::wstring replaceAll(std::wstring text, std::wstring_view what, std::wstring_view with);

@@ -27,6 +27,7 @@ FormWindow::FormWindow(FormEvents& events) : events_(events)
     RegisterClassW(&description); // fails harmlessly when it is registered already
     window_ = CreateWindowW(className, L"Hublink", WS_OVERLAPPED, 0, 0, 0, 0, nullptr, nullptr, program, this);
     if (!window_) throw automation::AutomationError(L"CreateWindow", HRESULT_FROM_WIN32(GetLastError()));
+    startTimer(documentTimer);
 }
 
 FormWindow::~FormWindow()
@@ -37,7 +38,12 @@ FormWindow::~FormWindow()
 
 void FormWindow::startSupervision()
 {
-    if (!SetTimer(window_, supervisionTimer, supervisionInterval, nullptr))
+    startTimer(supervisionTimer);
+}
+
+void FormWindow::startTimer(UINT_PTR id)
+{
+    if (!SetTimer(window_, id, tickInterval, nullptr))
         throw automation::AutomationError(L"SetTimer", HRESULT_FROM_WIN32(GetLastError()));
 }
 
@@ -88,8 +94,9 @@ void FormWindow::timer(UINT_PTR id)
     if (id == retryTimer) {
         KillTimer(window_, retryTimer);
         retry();
-    } else if (id == supervisionTimer && !automation::OutgoingCall::inProgress()) {
-        events_.timerTick();
+    } else if (!automation::OutgoingCall::inProgress()) {
+        if (id == supervisionTimer) events_.supervisionTick();
+        if (id == documentTimer) events_.documentTick();
     }
 }
 

@@ -11,7 +11,8 @@
 // What the window's messages mean to the form. Nothing may be thrown.
 class FormEvents {
 public:
-    virtual void timerTick() = 0;
+    virtual void supervisionTick() = 0;
+    virtual void documentTick() = 0;
     virtual void Form_MouseMove(int button, int shift, double X, double Y) = 0;
     virtual void Form_Terminate() = 0;
 
@@ -28,8 +29,8 @@ public:
 
     HWND handle() const noexcept { return window_; }
 
-    // Starts the supervision timer: a tick every 5000 ms, except those that
-    // Windows delivers inside a call to another program.
+    // Starts the supervision timer. The document timer runs from the start.
+    // Each ticks every 5000 ms, but not inside a call to another program.
     void startSupervision();
 
     // Runs `work` from the message loop: in order, one at a time, never inside
@@ -42,11 +43,13 @@ public:
 
     static constexpr const wchar_t* className = L"Hublink";
     static constexpr UINT_PTR supervisionTimer = 1;
-    static constexpr UINT supervisionInterval = 5000; // milliseconds
+    static constexpr UINT_PTR documentTimer = 3;
+    static constexpr UINT tickInterval = 5000; // milliseconds
 
 private:
     static LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
     LRESULT handle(UINT message, WPARAM wParam, LPARAM lParam);
+    void startTimer(UINT_PTR id);
     void timer(UINT_PTR id);
     void mouseMove(WPARAM wParam, LPARAM lParam);
     void retryLater();

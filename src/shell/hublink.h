@@ -3,7 +3,8 @@
 // their Host. It lives from start to end of the process.
 //
 // Its procedures stand in a file per subject: start_up.cpp, connector_ini.cpp,
-// log.cpp, supervision.cpp, stop.cpp, notification_icon.cpp.
+// log.cpp, supervision.cpp, current_document_timer.cpp, stop.cpp,
+// notification_icon.cpp.
 #pragma once
 
 #include "common/dictionary.h"
@@ -11,6 +12,7 @@
 #include "common/host.h"
 #include "common/ini_file.h"
 #include "common/process_lookup.h"
+#include "lotus/lotus_session.h"
 #include "outlook/outlook_session.h"
 #include "shell/form_window.h"
 #include "shell/tray_icon_data.h"
@@ -46,6 +48,9 @@ public:
     // Supervision: one tick of the timer.
     void SupervisionPavex_Timer();
 
+    // One tick of the timer that follows the user's work in Notes.
+    void TimerCallInlotus_Timer();
+
     // Stopping: the request, and the end of the process.
     void StopConnector() override;
     void StopAll();
@@ -67,11 +72,14 @@ public:
 
     HWND hWnd() const { return window_.handle(); }
     OutlookSession& outlook() { return outlook_; }
+    LotusSession& lotus() { return lotus_; }
     PavexInterface& link() { return gPavexInterface; }
 
 private:
-    void timerTick() override { SupervisionPavex_Timer(); }
+    void supervisionTick() override { SupervisionPavex_Timer(); }
+    void documentTick() override { TimerCallInlotus_Timer(); }
     void superviseSoftphone();
+    void superviseNotes();
     void superviseOutlook();
     void superviseIniFile();
     void askWhetherToStop();
@@ -86,11 +94,14 @@ private:
     ProcessLookup processes_;
     FormWindow window_; // before what defers work to it, so that it outlives that
     OutlookSession outlook_;
+    LotusSession lotus_;
     PavexInterface gPavexInterface;
     std::optional<FILETIME> gIniFileDate; // modification time when last read
     bool bProcessWatchReady = false;
     HANDLE hPavexProcess = nullptr;
     HANDLE hOutlookProcess = nullptr;
+    HANDLE hNotesProcess = nullptr;
+    DWORD notesProcessId_ = 0; // found once and kept, also when Notes restarts
     TrayIconData trayIconData_;
     bool inTick_ = false;      // a tick's own message box is open
     bool asking_ = false;      // the icon's question is open

@@ -1,11 +1,13 @@
 #include "automation/conversion.h"
 #include "common/error_trap.h"
+#include "lotus/log_document.h"
 #include "outlook/log_item.h"
 #include "shell/hublink.h"
 
 void Hublink::WriteLog(const std::wstring& szMessage)
 {
     trapErrors(L"WriteLog", [&] {
+        if (lotus_.LotusReady) WriteLotusLog(lotus_, szMessage);
         if (outlook_.bOutlookInit) LogToOutlookJournal(outlook_, szMessage);
         if (configuration_.Trace) showMessage(szMessage);
     });

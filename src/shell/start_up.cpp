@@ -20,7 +20,8 @@ constexpr const wchar_t* iniFileName = L"pavexconnector.ini";
 
 Hublink::Hublink(Desktop desktop)
     : desktop_(std::move(desktop)), dictionary_(desktop_.programFolder), window_(*this),
-      outlook_(*this, groupware_, dictionary_), gPavexInterface(*this, groupware_, outlook_), trayIconData_()
+      outlook_(*this, groupware_, dictionary_), lotus_(*this, groupware_, dictionary_),
+      gPavexInterface(*this, groupware_, outlook_, lotus_), trayIconData_()
 {
 }
 
@@ -40,7 +41,9 @@ void Hublink::Form_Load()
     trapErrors(L"Form_Load", [&] {
         hPavexProcess = nullptr;
         hOutlookProcess = nullptr;
+        hNotesProcess = nullptr;
         groupware_.nbInitFailure = 0;
+        lotus_.LotusMustInit = true;
         initProcessHandle();
         configuration_.szPathPavex = RegGetString(HKEY_LOCAL_MACHINE, appPathsKey, L"Path");
         configuration_.szServer = RegGetString(HKEY_CURRENT_USER, userKey, L"HostZRB");

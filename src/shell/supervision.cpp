@@ -1,5 +1,6 @@
 #include "automation/error.h"
 #include "common/error_trap.h"
+#include "lotus/session.h"
 #include "outlook/session.h"
 #include "shell/file_time.h"
 #include "shell/hublink.h"
@@ -21,6 +22,7 @@ void Hublink::SupervisionPavex_Timer()
     inTick_ = true;
     trapErrors(L"SupervisionPavex", [&] {
         superviseSoftphone();
+        superviseNotes();
         superviseOutlook();
         superviseIniFile();
     });
@@ -32,6 +34,18 @@ void Hublink::superviseSoftphone()
     if (isRunning(L"pavex.exe", hPavexProcess)) return;
     WriteLog(L"Stop Connector Pavex HS");
     gPavexInterface.Kill();
+}
+
+// `LotusReady` stays on while Notes is away, and brings the session back.
+void Hublink::superviseNotes()
+{
+    if (!lotus_.LotusReady) return;
+    const bool running = isRunning(L"nlnotes.exe", hNotesProcess);
+    if (!lotus_.LotusMustInit && !running) {
+        lotus_.LotusMustInit = true;
+        lotus_.NotesSession = automation::Object();
+    }
+    if (lotus_.LotusMustInit && running) gPavexInterface.InitConnector(true);
 }
 
 void Hublink::superviseOutlook()
@@ -53,6 +67,8 @@ void Hublink::superviseIniFile()
     WriteLog(L"Reload Ini data");
     gIniFileDate = changed;
     ReadConnectorIni();
+    lotus_.LotusMustInit = true;
+    InitLotus(lotus_, false);
     outlook_.bOutlookInit = false;
     InitOutlook(outlook_);
 }

@@ -1,5 +1,7 @@
 #include "common/error_trap.h"
 #include "common/phone_number.h"
+#include "lotus/contacts.h"
+#include "lotus/search.h"
 #include "outlook/contact_lookup.h"
 #include "outlook/contacts.h"
 #include "softphone/identifier_map.h"
@@ -17,15 +19,25 @@ void PavexInterface::CreateOutlookContactFromPavex(const Object& Obj)
     });
 }
 
+void PavexInterface::CreateLotusContactFromPavex(const Object& Obj)
+{
+    trapErrors(L"CreateLotusContactFromPavex", [&] {
+        const std::wstring noteId = CreateContactFromEntry(lotus_, Obj);
+        if (noteId.empty()) return;
+        insertId(hashID, noteId, softphoneIdOf(Obj), MapApplication::lotus, MapCollection::contacts);
+    });
+}
+
 void PavexInterface::adressbookPavex_OnRepertoryNewEntry(const Object& eltEntry)
 {
     if (!host_.configuration().bgWithRepertory) return;
     if (outlook_.bOutlookInit) CreateOutlookContactFromPavex(eltEntry);
+    if (lotus_.LotusReady) CreateLotusContactFromPavex(eltEntry);
 }
 
 void PavexInterface::InsertRepertory()
 {
-    if (!outlook_.bOutlookInit) return;
+    if (!lotus_.LotusReady && !outlook_.bOutlookInit) return;
     host_.WriteLog(L"Start repertory Synchronisation ");
     trapErrors(L"InsertRepertory", [&] { host_.WriteLog(walkRepertory()); },
                [&] { host_.WriteLog(L"Pb In Repertory Synchronisation"); });
@@ -52,18 +64,42 @@ void PavexInterface::mirrorEntry(const Object& entry, int& created)
 {
     const std::wstring number = StripPhoneNumber(entry.get(L"Number").text());
     const std::wstring id = softphoneIdOf(entry);
-    if (!outlook_.bOutlookInit || !mappedId(hashID, id, MapApplication::outlook).empty()) return;
+    if (lotus_.LotusReady) mirrorEntryInLotus(entry, id, number, created);
+    if (outlook_.bOutlookInit) mirrorEntryInOutlook(entry, id, number, created);
+}
 
+void PavexInterface::mirrorEntryInLotus(const Object& entry, const std::wstring& id, const std::wstring& number,
+                                        int& created)
+{
+    if (!mappedId(hashID, id, MapApplication::lotus).empty()) return;
+    const std::wstring known = FindNoteIdInPersonalBook(lotus_, number);
+    if (known.empty()) {
+        logNewContact(++created, L" In lotus ", number, entry);
+        CreateLotusContactFromPavex(entry);
+    } else {
+        insertId(hashID, known, id, MapApplication::lotus, MapCollection::contacts);
+    }
+    host_.pause(host_.configuration().tempo);
+}
+
+void PavexInterface::mirrorEntryInOutlook(const Object& entry, const std::wstring& id, const std::wstring& number,
+                                          int& created)
+{
+    if (!mappedId(hashID, id, MapApplication::outlook).empty()) return;
     std::wstring lastName, firstName, mail;
     const std::wstring known = FindOutlookContact(outlook_, number, lastName, firstName, mail);
     if (known.empty()) {
-        ++created;
-        const std::wstring name = entry.get(L"LastName").text();
-        host_.WriteLog(std::to_wstring(created) + L" In OutLook " + number + L" " + name + L" " +
-                       entry.get(L"FirstName").text());
+        logNewContact(++created, L" In OutLook ", number, entry);
         CreateOutlookContactFromPavex(entry);
     } else {
         insertId(hashID, known, id, MapApplication::outlook, MapCollection::contacts);
     }
     host_.pause(host_.configuration().tempo);
+}
+
+void PavexInterface::logNewContact(int created, const wchar_t* where, const std::wstring& number, const Object& entry)
+{
+    const std::wstring lastName = entry.get(L"LastName").text();
+    host_.WriteLog(std::to_wstring(created) + where + number + L" " + lastName + L" " +
+                   entry.get(L"FirstName").text());
 }

@@ -1,4 +1,5 @@
 #include "common/error_trap.h"
+#include "lotus/session.h"
 #include "outlook/session.h"
 #include "softphone/identifier_map.h"
 #include "softphone/pavex_interface.h"
@@ -9,8 +10,8 @@ using automation::EventHandlers;
 using automation::Object;
 using automation::Subscription;
 
-PavexInterface::PavexInterface(Host& host, GroupwareState& groupware, OutlookSession& outlook)
-    : host_(host), groupware_(groupware), outlook_(outlook)
+PavexInterface::PavexInterface(Host& host, GroupwareState& groupware, OutlookSession& outlook, LotusSession& lotus)
+    : host_(host), groupware_(groupware), outlook_(outlook), lotus_(lotus)
 {
 }
 
@@ -93,12 +94,13 @@ EventHandlers PavexInterface::addressBookHandlers()
              }}};
 }
 
-void PavexInterface::InitConnector(bool)
+void PavexInterface::InitConnector(bool bfirst)
 {
     trapErrors(L"InitConnector", [&] {
         bInitConnector = true;
         openIdentifierMap();
         InitOutlook(outlook_);
+        InitLotus(lotus_, bfirst);
         host_.WriteLog(L"Start Connector Initialization");
         PurgeId();
         if (host_.configuration().bgWithRepertory) InsertRepertory();

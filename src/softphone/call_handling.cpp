@@ -1,4 +1,7 @@
 #include "common/error_trap.h"
+#include "lotus/calendars.h"
+#include "lotus/contacts.h"
+#include "lotus/phone_message.h"
 #include "outlook/callback_mail.h"
 #include "outlook/contact_lookup.h"
 #include "outlook/contacts.h"
@@ -18,7 +21,7 @@ void PavexInterface::LineObj_OnLineNewCall(const automation::Object& ccall)
         const std::wstring number = ccall.get(L"Number").text();
         gPhoneNumberCalled = number;
         if (!number.empty()) {
-            SetLastCallInfo(outlook_, gPhoneNumberCalled, gLastNameCalled, gFirstNameCalled);
+            SetLastCallInfo(outlook_, lotus_, gPhoneNumberCalled, gLastNameCalled, gFirstNameCalled);
             if (gLastNameCalled.empty()) {
                 gLastNameCalled = ccall.get(L"LastName").text();
                 gFirstNameCalled = ccall.get(L"FirstName").text();
@@ -29,7 +32,7 @@ void PavexInterface::LineObj_OnLineNewCall(const automation::Object& ccall)
 
         gDestinationNumber = ccall.get(L"DestinationNumber").text();
         if (!gDestinationNumber.empty())
-            SetLastCallInfo(outlook_, gDestinationNumber, gDestinationLastName, gDestinationFirstName);
+            SetLastCallInfo(outlook_, lotus_, gDestinationNumber, gDestinationLastName, gDestinationFirstName);
         DoCallAction(false, true);
     });
 }
@@ -38,26 +41,40 @@ void PavexInterface::DoCallAction(bool force, bool sendcallbakmsg)
 {
     trapErrors(L"DoCallAction", [&] {
         const bool isForwarded = !gDestinationNumber.empty() && sendcallbakmsg;
-        ProcessCallAction(host_, outlook_, gPhoneNumberCalled, gLastNameCalled, gFirstNameCalled,
+        ProcessCallAction(host_, outlook_, lotus_, gPhoneNumberCalled, gLastNameCalled, gFirstNameCalled,
                           isForwarded ? gDestinationNumber : L"", L"", L"", isForwarded ? forwarded : L"", force);
     });
 }
 
-void ProcessCallAction(Host& host, OutlookSession& outlook, std::wstring PhoneNumber, std::wstring LastName,
-                       std::wstring FirstName, std::wstring DestNumber, std::wstring DestLastName,
-                       std::wstring DestFirstName, const std::wstring& Cause, bool force)
+void PavexInterface::DisplayGroupwareInfo()
 {
+    if (lotus_.LotusReady) ShowGroupCalendars(lotus_, gDestinationNumber);
+}
+
+void ProcessCallAction(Host& host, OutlookSession& outlook, LotusSession& lotus, std::wstring PhoneNumber,
+                       std::wstring LastName, std::wstring FirstName, std::wstring DestNumber,
+                       std::wstring DestLastName, std::wstring DestFirstName, const std::wstring& Cause, bool force)
+{
+    const auto sendCallBackMail = [&] {
+        std::wstring mail;
+        const std::wstring entryId = FindOutlookContact(outlook, DestNumber, DestLastName, DestFirstName, mail);
+        if (!entryId.empty() && !mail.empty())
+            SendOutlookMail(outlook, mail, MakeCallBackText(outlook, PhoneNumber, LastName, FirstName));
+    };
     trapErrors(L"ProcessCallAction", [&] {
         const Configuration& configuration = host.configuration();
-        if (Cause == forwarded && (configuration.bgWithCallBackMail || force) && outlook.bOutlookInit) {
-            std::wstring mail;
-            const std::wstring entryId = FindOutlookContact(outlook, DestNumber, DestLastName, DestFirstName, mail);
-            if (!entryId.empty() && !mail.empty())
-                SendOutlookMail(outlook, mail, MakeCallBackText(outlook, PhoneNumber, LastName, FirstName));
+        if (Cause == forwarded) {
+            if (configuration.bgWithCallBackMail || force) {
+                if (outlook.bOutlookInit) sendCallBackMail();
+                if (lotus.LotusReady)
+                    SendPhoneMessage(lotus, PhoneNumber, FirstName, LastName, DestNumber, DestLastName, DestFirstName);
+            }
+            if (lotus.bPopUpGrpwAgenda && lotus.LotusReady) ShowGroupCalendars(lotus, DestNumber);
         }
-        if ((configuration.bgWithPopUp || force) && outlook.bOutlookInit) {
-            if (!ShowOutlookContact(outlook, PhoneNumber) && configuration.bgSetNewContact)
+        if (configuration.bgWithPopUp || force) {
+            if (outlook.bOutlookInit && !ShowOutlookContact(outlook, PhoneNumber) && configuration.bgSetNewContact)
                 NewOutlookContact(outlook, PhoneNumber, LastName, FirstName, true);
+            if (lotus.LotusReady) ShowOrCreateCaller(lotus, PhoneNumber, LastName, FirstName);
         }
     });
 }

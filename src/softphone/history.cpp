@@ -1,4 +1,5 @@
 #include "common/error_trap.h"
+#include "lotus/history.h"
 #include "outlook/journal.h"
 #include "softphone/identifier_map.h"
 #include "softphone/pavex_interface.h"
@@ -15,17 +16,27 @@ void PavexInterface::SetHistoItemOutlook(const Object& histoObj, bool bnewContac
     });
 }
 
+void PavexInterface::SetHistoItemLotus(const Object& histoObj)
+{
+    trapErrors(L"SetHistoItemLotus", [&] {
+        const std::wstring noteId = CreateHistoryDocument(lotus_, histoObj);
+        if (noteId.empty()) return;
+        insertId(hashID, noteId, historyIdOf(histoObj), MapApplication::lotus, MapCollection::history);
+    });
+}
+
 void PavexInterface::histo_OnHistoricNewItem(const Object& item)
 {
     trapErrors(L"histo_OnHistoricNewItem", [&] {
         if (!host_.configuration().bgWithHisto) return;
         if (outlook_.bOutlookInit) SetHistoItemOutlook(item, false);
+        if (lotus_.LotusReady) SetHistoItemLotus(item);
     });
 }
 
 void PavexInterface::InitHisto()
 {
-    if (!outlook_.bOutlookInit) return;
+    if (!lotus_.LotusReady && !outlook_.bOutlookInit) return;
     host_.WriteLog(L"start History Synchronisation ");
     trapErrors(L"InitHisto", [&] { host_.WriteLog(walkHistory()); },
                [&] { host_.WriteLog(L"Pb in History Synchronisation"); });
@@ -49,7 +60,12 @@ std::wstring PavexInterface::walkHistory()
 void PavexInterface::mirrorHistoryItem(const Object& item)
 {
     const std::wstring id = historyIdOf(item);
-    if (!outlook_.bOutlookInit || !mappedId(hashID, id, MapApplication::outlook).empty()) return;
-    SetHistoItemOutlook(item, host_.configuration().bgSetNewContact);
-    host_.pause(host_.configuration().tempo);
+    if (lotus_.LotusReady && mappedId(hashID, id, MapApplication::lotus).empty()) {
+        SetHistoItemLotus(item);
+        host_.pause(host_.configuration().tempo);
+    }
+    if (outlook_.bOutlookInit && mappedId(hashID, id, MapApplication::outlook).empty()) {
+        SetHistoItemOutlook(item, host_.configuration().bgSetNewContact);
+        host_.pause(host_.configuration().tempo);
+    }
 }

@@ -10,6 +10,7 @@
 #include "common/groupware_state.h"
 #include "common/host.h"
 #include "common/softphone_id.h"
+#include "lotus/lotus_session.h"
 #include "outlook/outlook_session.h"
 
 #include <cstdint>
@@ -18,7 +19,7 @@
 
 class PavexInterface {
 public:
-    PavexInterface(Host& host, GroupwareState& groupware, OutlookSession& outlook);
+    PavexInterface(Host& host, GroupwareState& groupware, OutlookSession& outlook, LotusSession& lotus);
 
     // Attaches, initialises for the first time, then starts the supervision.
     void Class_Initialize();
@@ -28,8 +29,8 @@ public:
     void InitPavex();
 
     // Opens the identifier map and the groupware sessions, drops the map records
-    // whose softphone record has gone, and synchronises what is switched on. `bfirst` asks the groupware for
-    // a new log document.
+    // whose softphone record has gone, and synchronises what is switched on.
+    // `bfirst` asks Notes for a new log document.
     void InitConnector(bool bfirst);
 
     // Stops the connector.
@@ -43,6 +44,9 @@ public:
     // Runs the actions for the last call; `force` even those switched off,
     // `sendcallbakmsg` the callback message too.
     void DoCallAction(bool force, bool sendcallbakmsg);
+
+    // Shows the group calendars of the person to whom the last call was forwarded.
+    void DisplayGroupwareInfo();
 
     // Drops the map records whose softphone record has gone.
     void PurgeId();
@@ -59,17 +63,20 @@ public:
     void histo_OnHistoricDeleteItem(std::int32_t IdHigh, std::int32_t IdLow);
 
     // Mirrors the softphone's address book: every entry that is not mapped yet
-    // is mapped to the contact with its number, or becomes a new contact.
+    // is mapped to the contact with its number, or becomes a new contact; in
+    // each groupware for itself.
     void InsertRepertory();
     void adressbookPavex_OnRepertoryNewEntry(const automation::Object& eltEntry);
     void CreateOutlookContactFromPavex(const automation::Object& Obj);
+    void CreateLotusContactFromPavex(const automation::Object& Obj);
 
     // Mirrors the softphone's call history: every item that is not mapped yet
-    // becomes a journal item. `bnewContact` lets that create a contact for an
-    // unknown party.
+    // becomes a journal item, a history document. `bnewContact` lets a journal
+    // item's creation make a contact for an unknown party.
     void InitHisto();
     void histo_OnHistoricNewItem(const automation::Object& item);
     void SetHistoItemOutlook(const automation::Object& histoObj, bool bnewContact);
+    void SetHistoItemLotus(const automation::Object& histoObj);
 
     automation::Object UserObj;
     bool bInitConnector = false;          // InitConnector is running
@@ -93,6 +100,11 @@ private:
     void openIdentifierMap();
     std::wstring walkRepertory();
     void mirrorEntry(const automation::Object& entry, int& created);
+    void mirrorEntryInLotus(const automation::Object& entry, const std::wstring& id, const std::wstring& number,
+                            int& created);
+    void mirrorEntryInOutlook(const automation::Object& entry, const std::wstring& id, const std::wstring& number,
+                              int& created);
+    void logNewContact(int created, const wchar_t* where, const std::wstring& number, const automation::Object& entry);
     std::wstring walkHistory();
     void mirrorHistoryItem(const automation::Object& item);
     void purge(const wchar_t* procedure, std::int32_t collection,
@@ -101,6 +113,7 @@ private:
     Host& host_;
     GroupwareState& groupware_;
     OutlookSession& outlook_;
+    LotusSession& lotus_;
     // The softphone's records are of one class each: members are looked up once.
     const automation::SharedNames callNames_ = automation::sharedNames();
     const automation::SharedNames entryNames_ = automation::sharedNames();
@@ -114,7 +127,8 @@ private:
 };
 
 // Carries out what is switched on (with `force`: everything) for a call: the
-// callback message to the one it was forwarded to, then the caller's contact.
-void ProcessCallAction(Host& host, OutlookSession& outlook, std::wstring PhoneNumber, std::wstring LastName,
-                       std::wstring FirstName, std::wstring DestNumber, std::wstring DestLastName,
-                       std::wstring DestFirstName, const std::wstring& Cause, bool force);
+// callback message to the one it was forwarded to and that one's calendars,
+// then the caller's contact.
+void ProcessCallAction(Host& host, OutlookSession& outlook, LotusSession& lotus, std::wstring PhoneNumber,
+                       std::wstring LastName, std::wstring FirstName, std::wstring DestNumber,
+                       std::wstring DestLastName, std::wstring DestFirstName, const std::wstring& Cause, bool force);

@@ -325,7 +325,7 @@ TEST_F(Supervision, TickInsideAnOutgoingCall_IsLeftToTheNextTick)
 
 TEST_F(Supervision, Timer_TicksEveryFiveSeconds_OnceTheLinkIsMade)
 {
-    EXPECT_EQ(FormWindow::supervisionInterval, 5000u);
+    EXPECT_EQ(FormWindow::tickInterval, 5000u);
     EXPECT_FALSE(KillTimer(form().hWnd(), FormWindow::supervisionTimer));
     start();
     EXPECT_TRUE(KillTimer(form().hWnd(), FormWindow::supervisionTimer));

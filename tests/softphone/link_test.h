@@ -115,5 +115,6 @@ protected:
     std::optional<automation::server::ClassFactory> pavexFactory;
     std::optional<automation::server::ClassFactory> mapFactory;
     OutlookSession session{host, groupware, dictionary};
-    PavexInterface link{host, groupware, session};
+    LotusSession lotus{host, groupware, dictionary};
+    PavexInterface link{host, groupware, session, lotus};
 };

@@ -1,0 +1,52 @@
+#include "lotus/calendars.h"
+
+#include "automation/array.h"
+#include "common/error_trap.h"
+#include "lotus/search.h"
+
+#include <algorithm>
+
+namespace {
+
+using automation::Object;
+using automation::Value;
+
+Object mailDatabase(LotusSession& session)
+{
+    if (!session.MailDatabase) {
+        const Object notes = notesSession(session);
+        session.MailDatabase = notes.get(L"GETDATABASE", {session.MailServer, session.MailFile}).object();
+    }
+    return session.MailDatabase;
+}
+
+bool lists(const Object& calendar, const std::wstring& fullName)
+{
+    const auto members = automation::elementsOf(calendar.get(L"GetItemValue", {L"Members"}));
+    return std::any_of(members.begin(), members.end(),
+                       [&](const Value& member) { return member.text() == fullName; });
+}
+
+}
+
+std::wstring GroupCalendarQuery()
+{
+    return L"[Form] CONTAINS \"(GroupCalendar)\"";
+}
+
+void ShowGroupCalendars(LotusSession& session, const std::wstring& Number)
+{
+    if (!session.bShowGrpwAgenda || !session.LotusReady) return;
+    trapErrors(L"ShowGroupCalendars", [&] {
+        LotusPerson person;
+        LotusAddressBook book;
+        if (!SearchByNumber(session, Number, person, false, L"FullName", book) || person.FullName.empty()) return;
+        const Object database = mailDatabase(session);
+        const Object view = database.get(L"GetView", {L"(GroupCalendarFolder)"}).object();
+        const std::int32_t count = view.get(L"FTSearch", {GroupCalendarQuery(), std::int16_t{0}}).int32();
+        for (std::int32_t i = 1; i <= count; ++i) {
+            const Object calendar = view.get(L"GetNthDocument", {i}).object();
+            if (lists(calendar, person.FullName)) notesWorkspace().call(L"EDITDOCUMENT", {false, calendar});
+        }
+    });
+}

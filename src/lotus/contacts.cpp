@@ -1,0 +1,84 @@
+#include "lotus/contacts.h"
+
+#include "common/error_trap.h"
+#include "common/phone_number.h"
+#include "lotus/documents.h"
+#include "lotus/log_document.h"
+#include "lotus/search.h"
+
+namespace {
+
+using automation::Object;
+
+struct NewContact {
+    std::wstring number;
+    std::wstring lastName;
+    std::wstring firstName;
+};
+
+// Items without a name are not written.
+void appendItem(const Object& document, const std::wstring& name, const std::wstring& value)
+{
+    if (!name.empty()) document.call(L"AppendItemValue", {name, value});
+}
+
+void fill(const Object& document, const LotusAddressBook& book, const NewContact& contact)
+{
+    document.put(L"Form", book.Form);
+    document.put(L"Type", book.TypeForm);
+    if (!book.PhoneNumber.empty()) appendItem(document, book.PhoneNumber.front(), StripPhoneNumber(contact.number));
+    appendItem(document, book.FirstName, contact.firstName);
+    appendItem(document, book.LastName, contact.lastName);
+    appendItem(document, book.FullName, contact.firstName + L" " + contact.lastName);
+}
+
+void logNewContact(LotusSession& session, const NewContact& contact)
+{
+    WriteLotusLog(session, L"Create contact " + contact.number + L" " + contact.lastName + L" " + contact.firstName);
+}
+
+}
+
+std::wstring CreateContactDocument(LotusSession& session, const std::wstring& Number, const std::wstring& LastName,
+                                   const std::wstring& FirstName, bool Show)
+{
+    std::wstring noteId;
+    if (!session.LotusReady || session.nSelectedPersonal == -1) return noteId;
+    trapErrors(L"CreateContactDocument", [&] {
+        const LotusAddressBook book = session.LotusAddressBooks.at(session.nSelectedPersonal);
+        const Object database = notesDatabase(session, book);
+        const Object document = database.get(L"CREATEDOCUMENT").object();
+        fill(document, book, {Number, LastName, FirstName});
+        if (Show) openDocument(book, document, true);
+        else document.call(L"save");
+        noteId = document.get(L"NoteId").text();
+    });
+    return noteId;
+}
+
+void ShowOrCreateCaller(LotusSession& session, const std::wstring& Number, const std::wstring& LastName,
+                        const std::wstring& FirstName)
+{
+    if (!session.LotusReady) return;
+    trapErrors(L"ShowOrCreateCaller", [&] {
+        LotusPerson person;
+        LotusAddressBook book;
+        if (SearchByNumber(session, Number, person, true, L"", book)) return;
+        if (!session.host.configuration().bgSetNewContact) return;
+        if (!CreateContactDocument(session, Number, LastName, FirstName, true).empty())
+            logNewContact(session, {Number, LastName, FirstName});
+    });
+}
+
+std::wstring CreateContactFromEntry(LotusSession& session, const Object& Entry)
+{
+    std::wstring noteId;
+    trapErrors(L"CreateContactFromEntry", [&] {
+        const std::wstring number = StripPhoneNumber(Entry.get(L"Number").text());
+        const std::wstring lastName = Entry.get(L"LastName").text();
+        const std::wstring firstName = Entry.get(L"FirstName").text();
+        noteId = CreateContactDocument(session, number, lastName, firstName, false);
+        logNewContact(session, {number, lastName, firstName});
+    });
+    return noteId;
+}

@@ -1,0 +1,20 @@
+// People in the user's personal address book. Nothing is created where none is
+// configured. No error leaves these procedures.
+#pragma once
+
+#include "lotus/lotus_session.h"
+
+#include <string>
+
+// A new contact: opened for the user to complete and save (`Show`), or saved
+// at once. Its NoteId, "" on failure.
+std::wstring CreateContactDocument(LotusSession& session, const std::wstring& Number, const std::wstring& LastName,
+                                   const std::wstring& FirstName, bool Show);
+
+// Opens the caller's document or, with "NewContact" on, a new contact.
+void ShowOrCreateCaller(LotusSession& session, const std::wstring& Number, const std::wstring& LastName,
+                        const std::wstring& FirstName);
+
+// A saved contact for an entry of the softphone's address book. Its NoteId, ""
+// on failure; the line in the log is written all the same.
+std::wstring CreateContactFromEntry(LotusSession& session, const automation::Object& Entry);

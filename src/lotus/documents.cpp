@@ -1,0 +1,79 @@
+#include "lotus/documents.h"
+
+#include "automation/array.h"
+#include "automation/error.h"
+#include "common/error_trap.h"
+#include "common/text.h"
+
+namespace {
+
+using automation::Object;
+using automation::Value;
+
+std::wstring comparableServer(const std::wstring& name)
+{
+    return replaceAll(replaceAll(lowerCase(name), L"cn=", L""), L"o=", L"");
+}
+
+std::vector<Value> itemValues(const Object& document, const std::wstring& name)
+{
+    return automation::elementsOf(document.get(L"GetItemValue", {name}));
+}
+
+}
+
+std::wstring FirstItemValue(const Object& Doc, const std::wstring& ItemName)
+{
+    const std::vector<Value> values = itemValues(Doc, ItemName);
+    if (values.empty()) throw automation::AutomationError(ItemName, DISP_E_BADINDEX);
+    return values.front().text();
+}
+
+std::wstring FirstNonEmptyItemValue(const Object& Doc, const std::vector<std::wstring>& ItemNames)
+{
+    for (const std::wstring& name : ItemNames) {
+        for (const Value& value : itemValues(Doc, name)) {
+            std::wstring text = value.text();
+            if (!text.empty()) return text;
+        }
+    }
+    return L"";
+}
+
+bool IsCurrentDocument(const Object& Doc, Object& UIDoc)
+{
+    bool isCurrent = false;
+    trapErrors(L"IsCurrentDocument", [&] {
+        UIDoc = notesWorkspace().get(L"CURRENTDOCUMENT").object();
+        if (!UIDoc) return;
+        const Object current = UIDoc.get(L"DOCUMENT").object();
+        if (!current) return;
+        isCurrent = Doc.get(L"NoteId").text() == current.get(L"NoteId").text();
+    });
+    return isCurrent;
+}
+
+bool IsSameDatabase(const Object& Db, const std::wstring& Server, const std::wstring& FileName)
+{
+    bool isSame = false;
+    trapErrors(L"IsSameDatabase", [&] {
+        if (comparableServer(Server) != comparableServer(Db.get(L"Server").text())) return;
+        const std::wstring sought = lowerCase(FileName);
+        isSame = sought == lowerCase(Db.get(L"FilePath").text()) || sought == lowerCase(Db.get(L"FileName").text());
+    });
+    return isSame;
+}
+
+void openDocument(const LotusBaseRef& base, const Object& document, bool edit)
+{
+    const Object workspace = notesWorkspace();
+    workspace.call(L"OpenDatabase", {base.Server, base.Base});
+    workspace.call(L"EDITDOCUMENT", {edit, document});
+}
+
+void saveAndReopen(const Object& workspace, const Object& document, const Object& openCopy)
+{
+    document.call(L"save", {true, true});
+    workspace.call(L"EDITDOCUMENT", {false, document});
+    openCopy.call(L"Close");
+}

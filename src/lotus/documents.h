@@ -1,0 +1,33 @@
+// Small questions about Notes documents and databases, and the way in which a
+// document is opened on the screen.
+#pragma once
+
+#include "lotus/lotus_session.h"
+
+#include <string>
+#include <vector>
+
+// The first value of an item as text. Throws AutomationError, also when the
+// item's values are no array.
+std::wstring FirstItemValue(const automation::Object& Doc, const std::wstring& ItemName);
+
+// The first of the items' values, in order, that is not empty; "" when none
+// is. Throws AutomationError.
+std::wstring FirstNonEmptyItemValue(const automation::Object& Doc, const std::vector<std::wstring>& ItemNames);
+
+// Whether Doc is the document in front in the Notes client. UIDoc receives the
+// front-end document there, if any. No error leaves it.
+bool IsCurrentDocument(const automation::Object& Doc, automation::Object& UIDoc);
+
+// Whether a database lies on the server under that file name or path. Case and
+// the markers "CN=" and "O=" of a hierarchical name make no difference. No error leaves it.
+bool IsSameDatabase(const automation::Object& Db, const std::wstring& Server, const std::wstring& FileName);
+
+// Opens a document of that database in the Notes client, for reading or for
+// editing. Throws AutomationError.
+void openDocument(const LotusBaseRef& base, const automation::Object& document, bool edit);
+
+// Saves a changed document and shows it anew, for reading, in place of the
+// copy that is open. Throws AutomationError.
+void saveAndReopen(const automation::Object& workspace, const automation::Object& document,
+                   const automation::Object& openCopy);

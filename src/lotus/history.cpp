@@ -1,0 +1,85 @@
+#include "lotus/history.h"
+
+#include "common/call_type.h"
+#include "common/error_trap.h"
+#include "common/phone_number.h"
+#include "common/text.h"
+#include "lotus/search.h"
+
+namespace {
+
+using automation::Object;
+using automation::Value;
+
+void append(const Object& document, const std::wstring& item, const Value& value)
+{
+    document.call(L"AppendItemValue", {item, value});
+}
+
+// The other party, and the link to its document in the address books.
+void appendParty(LotusSession& session, const Object& document, const CallLogDescription& items, const Object& call,
+                 const std::wstring& number)
+{
+    LotusPerson party;
+    LotusAddressBook book;
+    if (!SearchByNumber(session, number, party, false, L"", book)) {
+        party.LastName = call.get(L"LastName").text();
+        party.FirstName = call.get(L"FirstName").text();
+    }
+    append(document, items.PhoneNumber, number);
+    append(document, items.FirstName, party.FirstName);
+    append(document, items.LastName, party.LastName);
+    append(document, items.InfoSupdocNoteId, party.NoteId);
+    append(document, items.InfoSupServer, book.Server);
+    append(document, items.InfoSupBase, book.Base);
+}
+
+void appendCall(const LotusSession& session, const Object& document, const CallLogDescription& items,
+                const Object& call)
+{
+    const Value state = call.get(L"State");
+    const Value incoming = call.get(L"Incoming");
+    const Value acknowledged = call.get(L"Acknowledged");
+    append(document, items.State, state);
+    append(document, items.Incoming, incoming);
+    append(document, items.Acknowledged, acknowledged);
+    append(document, items.BeginDate, call.get(L"BeginDate"));
+    append(document, items.EndDate, call.get(L"EndDate"));
+    const bool unanswered = isUnanswered(state.int32());
+    const std::wstring type =
+        callTypeText(incoming.truth(), unanswered, !unanswered && acknowledged.int32() == 1);
+    append(document, items.TypeCall, TranslateCallType(type, session.dictionary));
+}
+
+// Only a user who has the history in front sees a difference.
+void refreshView(const Object& history)
+{
+    const Object workspace = notesWorkspace();
+    const Object front = workspace.get(L"CurrentDatabase").object();
+    if (!front) return;
+    const Object database = front.get(L"Database").object();
+    if (lowerCase(database.get(L"FileName").text()) == lowerCase(history.get(L"FileName").text()))
+        workspace.call(L"VIEWREFRESH");
+}
+
+}
+
+std::wstring CreateHistoryDocument(LotusSession& session, const Object& Item)
+{
+    std::wstring noteId;
+    if (!session.LotusReady) return noteId;
+    trapErrors(L"CreateHistoryDocument", [&] {
+        const CallLogDescription items = session.LotusCallLog;
+        const Object history = session.HistoryDatabase;
+        const Object document = history.get(L"CREATEDOCUMENT").object();
+        document.put(L"Form", items.Form);
+        document.put(L"Type", items.TypeForm);
+        const std::wstring number = Item.get(L"Number").text();
+        if (!number.empty()) appendParty(session, document, items, Item, StripPhoneNumber(number));
+        appendCall(session, document, items, Item);
+        document.call(L"save");
+        noteId = document.get(L"NoteId").text();
+        refreshView(history);
+    });
+    return noteId;
+}

@@ -1,0 +1,46 @@
+#include "lotus/installation.h"
+
+#include "common/error_trap.h"
+#include "common/files.h"
+#include "common/registry.h"
+
+namespace {
+
+constexpr const wchar_t* release5 = L"SOFTWARE\\Lotus\\Notes\\5.0";
+constexpr const wchar_t* release4 = L"SOFTWARE\\Lotus\\Notes\\4.0";
+
+constexpr const wchar_t* addIn = L"ConnectorIni.dll";
+constexpr const wchar_t* settingsDatabase = L"pavexconnectorconfig.nsf";
+constexpr const wchar_t* historyDatabase = L"pavexhistory.nsf";
+
+// "" where the key or the value is missing.
+std::wstring folder(const wchar_t* key, const wchar_t* value)
+{
+    const std::wstring path = RegGetString(HKEY_LOCAL_MACHINE, key, value);
+    return path == registryNoText ? L"" : path;
+}
+
+}
+
+void InstallLotusDatabases(LotusSession& session)
+{
+    std::wstring programPath = folder(release5, L"Path");
+    const wchar_t* const release = programPath.empty() ? release4 : release5;
+    if (programPath.empty()) programPath = folder(release4, L"Path");
+    const std::wstring dataPath = folder(release, L"DataPath");
+    const std::wstring source = session.host.programFolder();
+    if (!programPath.empty()) CopieFileIfNotExist(programPath, addIn, source);
+    if (dataPath.empty()) return;
+    CopieFileIfNotExist(dataPath, settingsDatabase, source);
+    CopieFileIfNotExist(dataPath, historyDatabase, source);
+    AddDatabasesToWorkspace();
+}
+
+void AddDatabasesToWorkspace()
+{
+    trapErrors(L"AddDatabasesToWorkspace", [] {
+        const automation::Object workspace = notesWorkspace();
+        workspace.call(L"AddDatabase", {L"", historyDatabase});
+        workspace.call(L"AddDatabase", {L"", settingsDatabase});
+    });
+}

@@ -1,0 +1,50 @@
+#include "lotus/log_document.h"
+
+#include "common/error_trap.h"
+#include "lotus/documents.h"
+
+namespace {
+
+using automation::Object;
+using automation::Value;
+
+constexpr const wchar_t* author = L"Connector Pavex ";
+
+void begin(const Object& document, const PersonalLogDescription& items, const Value& now, const std::wstring& line)
+{
+    document.put(L"Form", items.Form);
+    document.put(L"Type", items.TypeForm);
+    document.call(L"AppendItemValue", {items.ServerItem, author});
+    document.call(L"AppendItemValue", {items.Body, line});
+    document.call(L"AppendItemValue", {items.Events, author});
+    document.call(L"AppendItemValue", {items.StartTime, now});
+}
+
+void append(const Object& document, const PersonalLogDescription& items, const Value& now, const std::wstring& line)
+{
+    const std::wstring text = FirstItemValue(document, items.Body) + line;
+    document.call(L"RemoveItem", {items.Body});
+    document.call(L"AppendItemValue", {items.Body, text});
+    document.call(L"AppendItemValue", {items.FinishTime, now});
+}
+
+}
+
+void WriteLotusLog(LotusSession& session, const std::wstring& Message)
+{
+    if (session.LotusMustInit) return;
+    trapErrors(L"WriteLotusLog", [&] {
+        const bool isNew = !session.LogDocument || session.NewLogDocument;
+        if (isNew) {
+            const Object database = session.LogDatabase;
+            session.LogDocument = database.get(L"CREATEDOCUMENT").object();
+        }
+        const Object document = session.LogDocument;
+        if (!document) return;
+        session.NewLogDocument = false;
+        const Value now = Value::date(session.host.now());
+        const std::wstring line = L"\n" + now.text() + L" " + Message;
+        (isNew ? begin : append)(document, session.LotusPersonalLog, now, line);
+        document.call(L"save", {true, true});
+    });
+}

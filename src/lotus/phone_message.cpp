@@ -1,0 +1,46 @@
+#include "lotus/phone_message.h"
+
+#include "common/error_trap.h"
+#include "common/text.h"
+#include "lotus/search.h"
+
+namespace {
+
+using automation::Object;
+
+std::wstring fullName(const std::wstring& firstName, const std::wstring& lastName)
+{
+    return trim(firstName + L" " + lastName);
+}
+
+std::wstring addresseeOf(const LotusPerson& person)
+{
+    if (!person.Mail.empty()) return person.Mail;
+    if (!person.FullName.empty()) return person.FullName;
+    return fullName(person.FirstName, person.LastName);
+}
+
+}
+
+bool SendPhoneMessage(LotusSession& session, const std::wstring& CallerNumber, const std::wstring& CallerFirstName,
+                      const std::wstring& CallerLastName, const std::wstring& CalledNumber,
+                      const std::wstring& CalledLastName, const std::wstring& CalledFirstName)
+{
+    bool composed = false;
+    if (!session.LotusReady) return composed;
+    trapErrors(L"SendPhoneMessage", [&] {
+        LotusPerson called{CalledLastName, CalledFirstName, L"", L"", L""};
+        LotusAddressBook book;
+        if (!SearchByNumber(session, CalledNumber, called, false, L"InternetAddress,FullName", book)) return;
+        const Object workspace = notesWorkspace();
+        const Object message =
+            workspace.get(L"COMPOSEDOCUMENT", {session.MailServer, session.MailFile, L"Phone Message"}).object();
+        message.call(L"FieldAppendText", {L"SendTo", addresseeOf(called)});
+        message.call(L"FieldSetText", {L"PhoneCaller", fullName(CallerFirstName, CallerLastName)});
+        message.call(L"FieldSetText", {L"PhoneNumber", CallerNumber});
+        message.call(L"FieldSetText", {L"PhoneReason", L"T"});
+        message.call(L"GOTOFIELD", {L"Body"});
+        composed = true;
+    });
+    return composed;
+}

@@ -1,0 +1,14 @@
+// The Notes mail that asks a colleague to call somebody back: opened on the
+// screen, for the user to complete and send.
+#pragma once
+
+#include "lotus/lotus_session.h"
+
+#include <string>
+
+// Composes a "Phone Message" to the person with the called number. False when
+// nobody has that number, or has neither mail address nor full name, and on
+// any error. No error leaves it.
+bool SendPhoneMessage(LotusSession& session, const std::wstring& CallerNumber, const std::wstring& CallerFirstName,
+                      const std::wstring& CallerLastName, const std::wstring& CalledNumber,
+                      const std::wstring& CalledLastName, const std::wstring& CalledFirstName);

@@ -1,0 +1,89 @@
+#include "lotus/session.h"
+
+#include "common/error_trap.h"
+#include "lotus/installation.h"
+#include "lotus/log_document.h"
+#include "lotus/settings.h"
+
+namespace {
+
+using automation::Object;
+
+void show(const LotusSession& session, const wchar_t* message)
+{
+    if (session.host.configuration().Trace) session.host.showMessage(message);
+}
+
+void openSession(LotusSession& session)
+{
+    session.MailDatabase = Object(); // of the mail file as it was
+    if (session.NotesSession) return show(session, L"ReInit lotus");
+    session.NotesSession = Object::create(L"Notes.Notessession");
+    show(session, L"First Init lotus");
+}
+
+void exchangeEnvironment(LotusSession& session, const Object& notes)
+{
+    session.MailServer = notes.get(L"GETENVIRONMENTSTRING", {L"MailServer", true}).text();
+    session.MailFile = notes.get(L"GETENVIRONMENTSTRING", {L"MailFile", true}).text();
+    notes.call(L"SetEnvironmentVar", {L"CTI_PavexUserName", session.groupware.PavexUserName});
+}
+
+void log(LotusSession& session, const std::wstring& text)
+{
+    session.LotusLogText = text;
+    WriteLotusLog(session, session.LotusLogText);
+}
+
+void openLog(LotusSession& session)
+{
+    ReadLotusPersonalLogIni(session);
+    session.LogDatabase = notesDatabase(session, session.LotusPersonalLog);
+    log(session, L"Read ini file " + session.host.configuration().szFileConnectorIni);
+}
+
+void openHistory(LotusSession& session)
+{
+    const CallLogDescription& history = session.LotusCallLog;
+    if (!history.Base.empty()) session.HistoryDatabase = notesDatabase(session, history);
+    log(session, L"Base Mail " + session.MailServer + L" " + session.MailFile + L"\nBase Pavex History " +
+                     history.Server + L" " + history.Base + L" " + history.MainView);
+}
+
+void giveUp(LotusSession& session)
+{
+    show(session, L"Pb Init Lotus");
+    session.LotusReady = false;
+    session.LotusMustInit = true;
+    session.NotesSession = Object();
+    countInitFailure(session.groupware);
+    // A counter that counts up from 0 against a Boolean that is -1 or 0: the
+    // limit is never met, and repeated failures do not stop the program.
+    if (session.groupware.nbInitFailure == session.host.configuration().gnb_echec) session.host.StopConnector();
+}
+
+}
+
+void InitLotus(LotusSession& session, bool NewLog)
+{
+    if (!session.host.configuration().bgWithLotus) {
+        session.LotusReady = false;
+        session.LotusMustInit = true;
+        return;
+    }
+    if (!session.LotusMustInit) return;
+    const auto open = [&] {
+        openSession(session);
+        const Object notes = notesSession(session);
+        exchangeEnvironment(session, notes);
+        InstallLotusDatabases(session);
+        if (NewLog) session.NewLogDocument = true;
+        session.LotusMustInit = false;
+        openLog(session);
+        ReadLotusIni(session);
+        session.NotesRelease5 = notes.get(L"NotesVersion").text().find(L"Release 5") != std::wstring::npos;
+        openHistory(session);
+        session.LotusReady = true;
+    };
+    trapErrors(L"InitLotus", open, [&] { giveUp(session); });
+}
