@@ -128,6 +128,12 @@ std::wstring setOld(Outlook& outlook, std::wstring_view rest)
     return L"ok";
 }
 
+std::wstring showFolder(Screen& screen, std::wstring_view name)
+{
+    if (!screen.showFolder(name)) throw std::runtime_error("show: no such folder");
+    return L"ok";
+}
+
 }
 
 std::optional<std::wstring> Outlook::command(const std::wstring& word, std::wstring_view rest)
@@ -143,6 +149,7 @@ std::optional<std::wstring> Outlook::command(const std::wstring& word, std::wstr
     if (word == L"open") return open(std::wstring(rest)), L"ok";
     if (word == L"close-windows") return closeWindows(*this, false);
     if (word == L"save-windows") return closeWindows(*this, true);
+    if (word == L"show") return showFolder(screen_, rest);
     if (word == L"old") return setOld(*this, rest);
     if (word == L"version") return setVersion(versionOf(rest)), L"ok";
     return std::nullopt;

@@ -127,11 +127,24 @@ void MainWindow::watch(Mailbox& mailbox)
         if (folder.number == firstShown) chosen_ = index;
     }
     choose(chosen_);
-    LVITEMW selected{};
-    selected.state = selected.stateMask = LVIS_SELECTED;
-    SendMessageW(folders_, LVM_SETITEMSTATE, chosen_, reinterpret_cast<LPARAM>(&selected));
+    select(chosen_);
     ShowWindow(window_, SW_SHOWNOACTIVATE);
     UpdateWindow(window_);
+}
+
+// The list answers with a notification that chooses it.
+void MainWindow::select(std::size_t folder)
+{
+    LVITEMW selected{};
+    selected.state = selected.stateMask = LVIS_SELECTED;
+    SendMessageW(folders_, LVM_SETITEMSTATE, folder, reinterpret_cast<LPARAM>(&selected));
+}
+
+bool MainWindow::show(std::wstring_view folderName)
+{
+    for (std::size_t index = 0; index < mailbox_->all().size(); ++index)
+        if (mailbox_->all()[index].name == folderName) return select(index), true;
+    return false;
 }
 
 const Folder* MainWindow::chosen() const

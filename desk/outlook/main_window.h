@@ -27,6 +27,9 @@ public:
     // Whose folders are shown; it outlives this window.
     void watch(Mailbox& mailbox);
 
+    // The user chooses a folder by its name; false when there is none.
+    bool show(std::wstring_view folderName);
+
     // The folders have changed: shown a little later, since changes come in crowds.
     void update();
 
@@ -38,6 +41,7 @@ private:
     void fillRow(LVITEMW& row);
     void refresh();
     void choose(std::size_t folder);
+    void select(std::size_t folder);
     const Folder* chosen() const;
 
     const Handlers handlers_;

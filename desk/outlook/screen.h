@@ -3,6 +3,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -30,6 +31,9 @@ public:
 
     // Folders' contents have changed.
     virtual void updateFolders() = 0;
+
+    // The user looks at that folder; false when there is none of that name.
+    virtual bool showFolder(std::wstring_view name) = 0;
 };
 
 // Shows nothing; a modal window counts as closed by the user at once.
@@ -41,6 +45,7 @@ public:
     void close(InspectorId) override {}
     void waitUntilClosed(InspectorId) override {}
     void updateFolders() override {}
+    bool showFolder(std::wstring_view) override { return true; }
 };
 
 }

@@ -24,6 +24,7 @@ public:
     void close(InspectorId id) override;
     void waitUntilClosed(InspectorId id) override;
     void updateFolders() override;
+    bool showFolder(std::wstring_view name) override { return main_.show(name); }
 
 private:
     int freePlace() const;

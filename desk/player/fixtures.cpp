@@ -6,19 +6,41 @@ namespace desk::player {
 
 namespace {
 
-// The n-th ordinary contact: ten digits in one of four layouts, in one of
-// three fields.
-std::string ordinaryContact(int n)
+// The ten digits of the n-th ordinary contact's number, in one of four layouts.
+std::string ordinaryNumber(int n, int layout)
 {
     static const char* const layouts[] = {"0%d%d0%03d%03d", "0%d %d0 %03d %03d", "0%d.%d0.%03d.%03d", "0%d-%d0-%03d-%03d"};
+    char number[32];
+    std::snprintf(number, sizeof number, layouts[layout], 2 + n % 4, n % 10, n, 7 * n % 1000);
+    return number;
+}
+
+// The n-th ordinary contact, its number in one of three fields.
+std::string ordinaryContact(int n)
+{
     static const char* const fields[] = {"BusinessTelephoneNumber", "HomeTelephoneNumber", "MobileTelephoneNumber"};
     static const char* const firstNames[] = {"Alice", "Bernd", "Carla", "David", "Elena", "Franz", "Greta"};
     static const char* const lastNames[] = {"Adler", "Blanc", "Costa", "Dubois", "Engel", "Ferrari", "Garcia", "Huber",
                                             "Ibarra", "Jansen", "Koch"};
-    char number[32];
-    std::snprintf(number, sizeof number, layouts[n % 4], 2 + n % 4, n % 10, n, 7 * n % 1000);
     return std::string("[contact]\nFirstName=") + firstNames[n % 7] + "\nLastName=" + lastNames[n % 11] + "\n" +
-           fields[n % 3] + "=" + number + "\n";
+           fields[n % 3] + "=" + ordinaryNumber(n, n % 4) + "\n";
+}
+
+std::string entry(const std::string& number, const char* firstName, const char* lastName)
+{
+    return "[entry]\nNumber=" + number + "\nFirstName=" + firstName + "\nLastName=" + lastName + "\n";
+}
+
+// The n-th call of yesterday; the callers' numbers repeat, the times do not.
+std::string pastCall(int n)
+{
+    static const char* const numbers[] = {"0123456789", "4711", "07 12 34 56 78", "", "0698765432"};
+    char fields[160];
+    std::snprintf(fields, sizeof fields,
+                  "[history]\nNumber=%s\nIncoming=%s\nBeginDate=2023-03-14 %02d:05:00\n"
+                  "EndDate=2023-03-14 %02d:07:30\nState=%d\nAcknowledged=%d\n",
+                  numbers[n % 5], n % 3 ? "True" : "False", 8 + n % 12, 8 + n % 12, n % 4 == 1 ? 6 : 3, n % 4 == 2);
+    return fields;
 }
 
 }
@@ -36,7 +58,13 @@ std::string morningContacts()
 
 std::string morningSoftphone()
 {
-    return "[user]\nFirstText=Anna\nSecondText=Keller\nNumber=4700\n";
+    std::string records = "[user]\nFirstText=Anna\nSecondText=Keller\nNumber=4700\n";
+    records += entry("0123456789", "Marc", "Durand") + entry("4711", "Claire", "Petit");
+    for (int n : {1, 2, 4}) records += entry(ordinaryNumber(n, 2), "Colleague", std::to_string(n).c_str());
+    records += entry("06.98.76.54.32", "Nora", "Lind") + entry("0611 22 33 44", "Omar", "Haddad") +
+               entry("+49 30 1234", "Petra", "Vogel");
+    for (int n = 0; n < callsOfYesterday; ++n) records += pastCall(n);
+    return records;
 }
 
 }

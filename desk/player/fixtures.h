@@ -9,7 +9,10 @@ namespace desk::player {
 // Marc Durand (01.23.45.67.89) and, with a mail address, Claire Petit (4711).
 std::string morningContacts();
 
-// The softphone of Anna Keller.
+// The softphone of Anna Keller: an address book of which Outlook knows all but
+// `strangers`, and a history of `callsOfYesterday`.
+inline constexpr int strangers = 3;
+inline constexpr int callsOfYesterday = 12;
 std::string morningSoftphone();
 
 }

@@ -16,6 +16,7 @@ public:
 
 private:
     void start();
+    void synchronised();
     void callFromNumberWithDots();
     void callFromStranger();
     void forwardedCall();
@@ -27,10 +28,12 @@ private:
 
     void ring(const std::wstring& fields);
     void countCalls();
+    bool eachOnce();
 
     Desk& desk_;
     Narrator& narrator_;
     const std::wstring picture_;
+    std::size_t contacts_ = 0; // that came into Outlook in other ways than from the address book
 };
 
 }

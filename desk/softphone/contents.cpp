@@ -10,9 +10,6 @@ namespace desk::softphone {
 
 namespace {
 
-// The first half of the identifiers that the softphone gives by itself.
-constexpr std::int32_t ownHigh = 1;
-
 std::uint64_t keyOf(RecordId id)
 {
     return static_cast<std::uint64_t>(static_cast<std::uint32_t>(id.high)) << 32 | static_cast<std::uint32_t>(id.low);
@@ -45,10 +42,10 @@ RecordId recordIdOf(std::wstring_view text)
 template <class Record>
 const Record& Book<Record>::add(Record record)
 {
-    if (record.id == RecordId{}) record.id = {ownHigh, nextLow_};
+    if (record.id == RecordId{}) record.id = {ownHigh_, nextLow_};
     if (!positions_.emplace(keyOf(record.id), records_.size()).second)
         throw std::runtime_error("the identifier " + utf8(textOf(record.id)) + " is in use");
-    if (record.id.high == ownHigh && record.id.low >= nextLow_ && record.id.low < INT32_MAX)
+    if (record.id.high == ownHigh_ && record.id.low >= nextLow_ && record.id.low < INT32_MAX)
         nextLow_ = record.id.low + 1;
     return records_.emplace_back(std::move(record));
 }

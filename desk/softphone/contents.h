@@ -60,10 +60,13 @@ struct CallRecord {
     std::wstring destinationNumber;
 };
 
-// Records in the order in which they came.
+// Records in the order in which they came. The identifiers that the softphone
+// gives by itself have a first half of each book's own: none stands for two records.
 template <class Record>
 class Book {
 public:
+    explicit Book(std::int32_t ownHigh) noexcept : ownHigh_(ownHigh) {}
+
     const std::vector<Record>& records() const noexcept { return records_; }
 
     // The record as kept: with an identifier. Throws std::runtime_error when
@@ -74,6 +77,7 @@ public:
     const Record* find(RecordId id) const;
 
 private:
+    std::int32_t ownHigh_;
     std::vector<Record> records_;
     std::unordered_map<std::uint64_t, std::size_t> positions_; // by identifier
     std::int32_t nextLow_ = 1; // never goes back: an identifier is not given twice
@@ -81,8 +85,8 @@ private:
 
 struct Contents {
     User user;
-    Book<HistoryRecord> history;
-    Book<EntryRecord> entries;
+    Book<HistoryRecord> history{1};
+    Book<EntryRecord> entries{2};
 };
 
 }

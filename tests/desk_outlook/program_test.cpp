@@ -272,6 +272,15 @@ TEST(OutlookProgram, BadStartOrStore_EndsWithOneLine)
     EXPECT_TRUE(line.ends_with("outlook.store.txt: line 2: neither [kind] nor Field=value\n")) << line;
 }
 
+TEST(OutlookProgram, Show_BringsAFolderIntoTheMainWindow)
+{
+    const RunningOutlook outlook;
+    ASSERT_NE(FindWindowW(nullptr, L"Contacts - Microsoft Outlook"), nullptr);
+    EXPECT_EQ(outlook.ask(L"show Journal"), L"ok");
+    EXPECT_NE(FindWindowW(nullptr, L"Journal - Microsoft Outlook"), nullptr);
+    EXPECT_EQ(outlook.ask(L"show Tasks"), L"error: show: no such folder");
+}
+
 TEST(OutlookProgram, TenThousandContacts_AreReadQuickly)
 {
     std::string store;

@@ -50,7 +50,7 @@ TEST(SoftphoneFields, Identifier_IsTwoNumbersWithADot)
 
 TEST(SoftphoneContents, NewRecord_GetsTheNextFreeIdentifier)
 {
-    Book<EntryRecord> book;
+    Book<EntryRecord> book(1);
     EXPECT_EQ(book.add({}).id, (RecordId{1, 1}));
     book.add({{1, 7}, {}});
     EXPECT_EQ(book.add({}).id, (RecordId{1, 8}));
@@ -62,6 +62,13 @@ TEST(SoftphoneContents, NewRecord_GetsTheNextFreeIdentifier)
     EXPECT_EQ(book.find({1, 8}), &book.records().at(1));
     EXPECT_EQ(book.add({{2, 1}, {}}).id, (RecordId{2, 1}));
     EXPECT_EQ(book.find({1, 2}), nullptr);
+}
+
+TEST(SoftphoneContents, OwnIdentifiersOfBothBooks_AreNeverTheSame)
+{
+    Contents contents;
+    EXPECT_EQ(contents.history.add({}).id, (RecordId{1, 1}));
+    EXPECT_EQ(contents.entries.add({}).id, (RecordId{2, 1}));
 }
 
 TEST(SoftphoneStore, WrittenContents_AreReadBack)

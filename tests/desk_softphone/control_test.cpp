@@ -50,14 +50,14 @@ TEST_F(SoftphoneControl, Records_AreAddedListedAndDeleted)
     EXPECT_EQ(tell(L"history"),
               L"Id=\"12.3405\" Incoming=\"true\" Number=\"0123\" LastName=\"van \\\"X\\\"\" FirstName=\"\" "
               L"BeginDate=\"2023-03-15 06:00:00\" EndDate=\"2023-03-15 06:00:00\" State=\"3\" Acknowledged=\"1\"");
-    EXPECT_EQ(tell(L"entry add number=1 first=Paul"), L"1.1");
-    EXPECT_EQ(tell(L"entry add number=2"), L"1.2");
-    EXPECT_EQ(tell(L"entries"), L"Id=\"1.1\" Number=\"1\" LastName=\"\" FirstName=\"Paul\"\n"
-                                L"Id=\"1.2\" Number=\"2\" LastName=\"\" FirstName=\"\"");
+    EXPECT_EQ(tell(L"entry add number=1 first=Paul"), L"2.1");
+    EXPECT_EQ(tell(L"entry add number=2"), L"2.2");
+    EXPECT_EQ(tell(L"entries"), L"Id=\"2.1\" Number=\"1\" LastName=\"\" FirstName=\"Paul\"\n"
+                                L"Id=\"2.2\" Number=\"2\" LastName=\"\" FirstName=\"\"");
     EXPECT_EQ(tell(L"history delete 12.3405"), L"ok");
     EXPECT_EQ(tell(L"history"), L"");
-    EXPECT_EQ(tell(L"entry delete 1.1"), L"ok");
-    EXPECT_THROW(tell(L"entry delete 1.1"), std::runtime_error);
+    EXPECT_EQ(tell(L"entry delete 2.1"), L"ok");
+    EXPECT_THROW(tell(L"entry delete 2.1"), std::runtime_error);
     EXPECT_THROW(tell(L"history drop 1.1"), std::runtime_error);
 }
 
