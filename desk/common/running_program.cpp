@@ -40,8 +40,7 @@ RunningProgram::RunningProgram(const ProgramDescription& description, const Part
     } catch (const std::runtime_error& error) {
         throw BadStore(error.what());
     }
-    factory_ = std::make_unique<automation::server::ClassFactory>(description.registration.classId,
-                                                                  [this] { return partner_->application(); });
+    offerClasses();
     pipe_ = std::make_unique<ControlPipe>(
         description.name,
         [window = window_](const std::wstring& request) {
@@ -56,7 +55,7 @@ RunningProgram::RunningProgram(const ProgramDescription& description, const Part
 RunningProgram::~RunningProgram()
 {
     pipe_.reset();
-    factory_.reset();
+    factories_.clear();
     partner_.reset();
     DestroyWindow(window_);
 }
@@ -100,7 +99,7 @@ void RunningProgram::run()
         DispatchMessageW(&message);
     }
     saveQuietly();
-    factory_->revoke();
+    revokeClasses();
 }
 
 void RunningProgram::changed()
@@ -180,11 +179,23 @@ void RunningProgram::saveQuietly()
     }
 }
 
+void RunningProgram::offerClasses()
+{
+    for (const auto& each : description_.classes)
+        factories_.push_back(std::make_unique<automation::server::ClassFactory>(
+            each.classId, [this, classId = each.classId] { return partner_->object(classId); }));
+}
+
+void RunningProgram::revokeClasses() noexcept
+{
+    for (const auto& factory : factories_) factory->revoke();
+}
+
 // A process that dies with its class still offered would leave the class
 // unusable on some systems until the COM service starts anew.
 void RunningProgram::die()
 {
-    if (factory_) factory_->revoke();
+    revokeClasses();
     TerminateProcess(GetCurrentProcess(), 1);
     ExitThread(1); // never reached: TerminateProcess ends this thread
 }

@@ -10,12 +10,12 @@ namespace desk {
 
 class RunningProgram final : public Program {
 public:
-    // Loads the store and offers the class. Throws BadStore, std::runtime_error
+    // Loads the store and offers the classes. Throws BadStore, std::runtime_error
     // or AutomationError.
     RunningProgram(const ProgramDescription& description, const PartnerMaker& makePartner);
     ~RunningProgram();
 
-    // Until the end is asked for; then saves and revokes the class.
+    // Until the end is asked for; then saves and revokes the classes.
     void run();
 
     Recorder& recorder() noexcept override { return recorder_; }
@@ -31,6 +31,8 @@ private:
     void answered();
     void save();
     void saveQuietly();
+    void offerClasses();
+    void revokeClasses() noexcept;
     [[noreturn]] void die();
 
     enum class AfterAnswer { nothing, close, die };
@@ -44,7 +46,7 @@ private:
     DWORD saveDelay_ = 0; // milliseconds
     AfterAnswer after_ = AfterAnswer::nothing;
     std::unique_ptr<Partner> partner_;
-    std::unique_ptr<automation::server::ClassFactory> factory_;
+    std::vector<std::unique_ptr<automation::server::ClassFactory>> factories_;
     std::unique_ptr<ControlPipe> pipe_;
 };
 

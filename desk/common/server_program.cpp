@@ -10,6 +10,8 @@ namespace desk {
 
 namespace {
 
+namespace server = automation::server;
+
 constexpr DWORD longestRun = 3 * 60 * 60 * 1000;   // milliseconds
 constexpr DWORD endPatience = 60 * 1000;           // milliseconds
 constexpr int badCommandLine = 1;
@@ -82,9 +84,9 @@ try {
     const std::vector<std::wstring> arguments = commandLine();
     const std::wstring argument = arguments.size() == 1 ? arguments[0] : L"";
     if (argument == L"/regserver")
-        automation::server::registerClass(description.registration, automation::server::programPath());
+        for (const auto& each : description.classes) server::registerClass(each, server::programPath());
     else if (argument == L"/unregserver")
-        automation::server::unregisterClass(description.registration);
+        for (const auto& each : description.classes) server::unregisterClass(each);
     else if (arguments.empty() || argument == L"/embedding")
         serve(description, makePartner);
     else

@@ -1,13 +1,13 @@
 // What every partner program is made of: registration, one running instance,
-// the class factory, the message loop, the store file beside the program, and
-// the control pipe. A partner adds its application object, its records and its
+// the class factories, the message loop, the store file beside the program, and
+// the control pipe. A partner adds its objects, its records and its
 // own control commands:
 //
 //     class Outlook : public desk::Partner { ... };
 //
 //     int WINAPI WinMain(HINSTANCE, HINSTANCE, LPSTR, int)
 //     {
-//         const desk::ProgramDescription description{L"outlook", {L"Outlook.Application", classId, L"..."},
+//         const desk::ProgramDescription description{L"outlook", {{L"Outlook.Application", classId, L"..."}},
 //                                                    L"outlook.store.txt"};
 //         return desk::runProgram(description, [](desk::Program& program) {
 //             return std::make_unique<Outlook>(program);
@@ -41,6 +41,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace desk {
 
@@ -61,14 +62,15 @@ protected:
     ~Program() = default;
 };
 
-// Lives from before the class factory's registration until after its end, on
+// Lives from before the class factories' registration until after their end, on
 // the main thread. Its constructor makes the windows, its destructor ends them.
 class Partner {
 public:
     virtual ~Partner() = default;
 
-    // What a client gets that creates an object of the class.
-    virtual automation::ComPtr<IDispatch> application() = 0;
+    // What a client gets that creates an object of the class, one of those in
+    // the program's description.
+    virtual automation::ComPtr<IDispatch> object(const CLSID& classId) = 0;
 
     // Replaces all records. Throws std::runtime_error (see refuseRecord) and
     // leaves them as they were when one of them makes no sense.
@@ -83,7 +85,7 @@ public:
 
 struct ProgramDescription {
     const wchar_t* name; // of the control pipe
-    automation::server::ClassRegistration registration;
+    std::vector<automation::server::ClassRegistration> classes; // all in one process
     const wchar_t* storeFile; // its name, in the program's folder
 };
 

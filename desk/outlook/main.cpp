@@ -20,7 +20,7 @@ public:
         screen_.watch(outlook_);
     }
 
-    automation::ComPtr<IDispatch> application() override { return outlook_.application(); }
+    automation::ComPtr<IDispatch> object(const CLSID&) override { return outlook_.application(); }
     void load(const std::vector<desk::StoreRecord>& records) override { outlook_.load(records); }
     std::vector<desk::StoreRecord> records() const override { return outlook_.records(); }
 
@@ -39,7 +39,7 @@ private:
 int WINAPI WinMain(HINSTANCE, HINSTANCE, LPSTR, int)
 {
     const desk::ProgramDescription description{
-        L"outlook", {L"Outlook.Application", classId, L"Microsoft Outlook (simulated)"}, L"outlook.store.txt"};
+        L"outlook", {{L"Outlook.Application", classId, L"Microsoft Outlook (simulated)"}}, L"outlook.store.txt"};
     return desk::runProgram(description,
                             [](desk::Program& program) { return std::make_unique<OutlookProgram>(program); });
 }

@@ -68,7 +68,7 @@ public:
         softphone_.disconnectClients();
     }
 
-    automation::ComPtr<IDispatch> application() override { return softphone_.application(); }
+    automation::ComPtr<IDispatch> object(const CLSID&) override { return softphone_.application(); }
 
     void load(const std::vector<desk::StoreRecord>& records) override
     {
@@ -108,7 +108,7 @@ private:
 int WINAPI WinMain(HINSTANCE, HINSTANCE, LPSTR, int)
 {
     const desk::ProgramDescription description{
-        pipeName, {progId, applicationClassId, L"Pavex softphone", libraryId}, L"pavex.store.txt"};
+        pipeName, {{progId, applicationClassId, L"Pavex softphone", libraryId}}, L"pavex.store.txt"};
     return desk::runProgram(description,
                             [](desk::Program& program) { return std::make_unique<Pavex>(program); });
 }
