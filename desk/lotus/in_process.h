@@ -1,0 +1,82 @@
+// Notes inside a unit test's own process: the same objects as the program's,
+// without windows, and while this lives, what CreateObject gives for
+// "Notes.NotesSession" and "Notes.NotesUIWorkspace".
+//
+//     desk::lotus::InProcess notes;
+//     notes.load(L"[database]\nFile=names.nsf\n[view]\nName=People\n...");
+//     const automation::Object session = automation::Object::create(L"Notes.NotesSession");
+//     ...
+//     EXPECT_EQ(notes.ask(L"windows"), L"...");
+#pragma once
+
+#include "automation/server/class_factory.h"
+#include "automation/server/registration.h"
+#include "desk/common/text.h"
+#include "desk/lotus/classes.h"
+#include "desk/lotus/notes.h"
+
+#include <stdexcept>
+
+namespace desk::lotus {
+
+class InProcess {
+public:
+    InProcess() : notes_(recorder_, screen_, [this] { ++changes_; })
+    {
+        offer();
+        for (const auto& each : classes)
+            automation::server::registerClass(each, automation::server::programPath());
+    }
+
+    ~InProcess()
+    {
+        for (const auto& each : classes) automation::server::unregisterClass(each);
+    }
+
+    // "Notes.NotesSession" or "Notes.NotesUIWorkspace", without going through
+    // COM. Every object got from it ends before this does.
+    automation::Object create(std::wstring_view progId)
+    {
+        return automation::Object((progId == sessionProgId ? notes_.session() : notes_.workspaceObject()).get());
+    }
+
+    // Notes ends for those who want new objects: CreateObject fails until `offer`.
+    void withdraw()
+    {
+        session_.reset();
+        workspace_.reset();
+    }
+
+    void offer()
+    {
+        session_ = std::make_unique<automation::server::ClassFactory>(classes[0].classId,
+                                                                      [this] { return notes_.session(); });
+        workspace_ = std::make_unique<automation::server::ClassFactory>(classes[1].classId,
+                                                                        [this] { return notes_.workspaceObject(); });
+    }
+
+    // Replaces everything by the records of the store text.
+    void load(std::wstring_view storeText) { notes_.load(parseStore(storeText)); }
+
+    // A control command of Notes' own (documents, windows...); its errors are thrown.
+    std::wstring ask(std::wstring_view request)
+    {
+        const std::wstring word = takeWord(request);
+        if (auto response = notes_.command(word, request)) return *response;
+        throw std::runtime_error("unknown command");
+    }
+
+    Recorder& recorder() noexcept { return recorder_; }
+    Notes& model() noexcept { return notes_; }
+    int changes() const noexcept { return changes_; } // of what is saved
+
+private:
+    Recorder recorder_;
+    NoScreen screen_;
+    int changes_ = 0;
+    Notes notes_;
+    std::unique_ptr<automation::server::ClassFactory> session_;
+    std::unique_ptr<automation::server::ClassFactory> workspace_;
+};
+
+}

@@ -1,0 +1,306 @@
+#include "desk/lotus/records.h"
+
+#include "automation/text.h"
+#include "desk/common/text.h"
+
+#include <cwchar>
+#include <stdexcept>
+
+namespace desk::lotus {
+
+namespace {
+
+constexpr std::pair<const wchar_t*, ItemType> typeNames[] = {
+    {L"text", ItemType::text}, {L"number", ItemType::number}, {L"date", ItemType::date},
+    {L"richtext", ItemType::richText}};
+
+constexpr const wchar_t* noteIdField = L"@NoteID";
+constexpr const wchar_t* universalIdField = L"@UniversalID";
+constexpr const wchar_t* createdField = L"@Created";
+constexpr const wchar_t* modifiedField = L"@Modified";
+
+std::wstring nameOf(ItemType type)
+{
+    for (const auto& [name, each] : typeNames)
+        if (each == type) return name;
+    return L"";
+}
+
+ItemType typeNamed(const std::wstring& name)
+{
+    for (const auto& [each, type] : typeNames)
+        if (name == each) return type;
+    throw std::runtime_error("\"" + utf8(name) + "\" is none of the types text, number, date, richtext");
+}
+
+// "Age:number" as its two parts.
+std::pair<const ItemName*, ItemType> typedName(const std::wstring& text)
+{
+    const std::size_t colon = text.find(L':');
+    return {&itemName(text.substr(0, colon)),
+            colon == std::wstring::npos ? ItemType::text : typeNamed(text.substr(colon + 1))};
+}
+
+std::wstring typedText(const ItemName& name, ItemType type)
+{
+    return type == ItemType::text ? name.spelling : name.spelling + L":" + nameOf(type);
+}
+
+std::wstring storedNumber(double number)
+{
+    wchar_t text[32];
+    swprintf(text, 32, L"%.15g", number);
+    return text;
+}
+
+double numberFrom(const std::wstring& text)
+{
+    wchar_t* end = nullptr;
+    const double number = std::wcstod(text.c_str(), &end);
+    if (text.empty() || *end) throw std::runtime_error("\"" + utf8(text) + "\" is no number");
+    return number;
+}
+
+void addValue(Item& item, const std::wstring& text)
+{
+    if (item.isText()) item.texts.push_back(text);
+    else item.numbers.push_back(item.type == ItemType::date ? dateFromIso(text) : numberFrom(text));
+}
+
+bool truthOf(const std::wstring& text)
+{
+    if (text != L"True" && text != L"False") throw std::runtime_error("neither True nor False");
+    return text == L"True";
+}
+
+// Reads the records one after the other; forms, views and documents belong to
+// the database before them.
+class Reader {
+public:
+    Contents read(const std::vector<StoreRecord>& records)
+    {
+        for (const StoreRecord& record : records) {
+            try {
+                read(record);
+            } catch (const std::exception& error) {
+                refuseRecord(record, error.what());
+            }
+        }
+        return std::move(contents_);
+    }
+
+private:
+    void read(const StoreRecord& record)
+    {
+        if (record.kind == L"notes") readSettings(record);
+        else if (record.kind == L"environment")
+            contents_.environment.insert(contents_.environment.end(), record.fields.begin(), record.fields.end());
+        else if (record.kind == L"database") readDatabase(record);
+        else if (record.kind != L"form" && record.kind != L"view" && record.kind != L"document")
+            throw std::runtime_error("is no kind of record");
+        else if (contents_.databases.empty()) throw std::runtime_error("stands before the first [database]");
+        else if (record.kind == L"form") readForm(record);
+        else if (record.kind == L"view") readView(record);
+        else readDocument(record);
+    }
+
+    [[noreturn]] static void refuse(const std::wstring& name)
+    {
+        throw std::runtime_error("has no field \"" + utf8(name) + "\"");
+    }
+
+    Database& database() { return *contents_.databases.back(); }
+
+    void readSettings(const StoreRecord& record)
+    {
+        for (const auto& [name, value] : record.fields) {
+            if (name == L"UserName") contents_.userName = value;
+            else if (name == L"Version") contents_.version = value;
+            else if (name == L"MissingItem") contents_.missingItemIsArray = value != L"text";
+            else refuse(name);
+        }
+    }
+
+    void readDatabase(const StoreRecord& record)
+    {
+        const auto made = std::make_shared<Database>();
+        bool icon = false;
+        for (const auto& [name, value] : record.fields) {
+            if (name == L"Server") made->server = value;
+            else if (name == L"File") made->filePath = value;
+            else if (name == L"Title") made->title = value;
+            else if (name == L"Open") made->canBeOpened = truthOf(value);
+            else if (name == L"FullTextIndex") made->fullTextIndexed = truthOf(value);
+            else if (name == L"Icon") icon = truthOf(value);
+            else refuse(name);
+        }
+        if (made->filePath.empty()) throw std::runtime_error("has no File");
+        for (const SharedDatabase& other : contents_.databases)
+            if (other->isAt(made->server, made->filePath)) throw std::runtime_error("is there twice");
+        contents_.databases.push_back(made);
+        if (icon) contents_.icons.push_back({made->server, made->filePath});
+    }
+
+    void readForm(const StoreRecord& record)
+    {
+        Form form;
+        for (const auto& [name, value] : record.fields) {
+            if (name == L"Name") form.name = value;
+            else if (name == L"Alias") form.aliases.push_back(value);
+            else if (name == L"Title") form.title = &itemName(value);
+            else if (name == L"Field") {
+                const auto [field, type] = typedName(value);
+                form.fields.push_back({field, type});
+            } else refuse(name);
+        }
+        database().forms.push_back(std::move(form));
+    }
+
+    void readView(const StoreRecord& record)
+    {
+        View view;
+        for (const auto& [name, value] : record.fields) {
+            if (name == L"Name") view.names.insert(view.names.begin(), value);
+            else if (name == L"Alias") view.names.push_back(value);
+            else if (name == L"Key") view.sorted.push_back(&itemName(value));
+            else if (name == L"Form") view.forms.push_back(value);
+            else if (name == L"Default") view.isDefault = truthOf(value);
+            else refuse(name);
+        }
+        if (view.names.empty()) throw std::runtime_error("has no Name");
+        database().add(std::move(view));
+    }
+
+    void readDocument(const StoreRecord& record)
+    {
+        Note note = noteOf(record);
+        if (note.noteId != 0 && database().find(note.noteId)) throw std::runtime_error("the NoteID is used twice");
+        if (!note.universalId.empty() && database().findUniversal(note.universalId))
+            throw std::runtime_error("the UniversalID is used twice");
+        database().add(std::move(note));
+    }
+
+    Contents contents_;
+};
+
+StoreRecord recordOf(const Database& database, const std::vector<Icon>& icons)
+{
+    StoreRecord record{L"database", {}, 0};
+    if (!database.server.empty()) record.add(L"Server", database.server);
+    record.add(L"File", database.filePath);
+    if (!database.title.empty()) record.add(L"Title", database.title);
+    if (!database.canBeOpened) record.add(L"Open", L"False");
+    if (database.fullTextIndexed) record.add(L"FullTextIndex", L"True");
+    for (const Icon& icon : icons)
+        if (database.isAt(icon.server, icon.filePath)) record.add(L"Icon", L"True");
+    return record;
+}
+
+StoreRecord recordOf(const Form& form)
+{
+    StoreRecord record{L"form", {}, 0};
+    record.add(L"Name", form.name);
+    for (const std::wstring& alias : form.aliases) record.add(L"Alias", alias);
+    if (form.title) record.add(L"Title", form.title->spelling);
+    for (const FormField& field : form.fields) record.add(L"Field", typedText(*field.name, field.type));
+    return record;
+}
+
+StoreRecord recordOf(const View& view)
+{
+    StoreRecord record{L"view", {}, 0};
+    for (const std::wstring& name : view.names) record.add(&name == view.names.data() ? L"Name" : L"Alias", name);
+    for (const ItemName* key : view.sorted) record.add(L"Key", key->spelling);
+    for (const std::wstring& form : view.forms) record.add(L"Form", form);
+    if (view.isDefault) record.add(L"Default", L"True");
+    return record;
+}
+
+StoreRecord settingsRecord(const Contents& contents)
+{
+    StoreRecord record{L"notes", {}, 0};
+    record.add(L"UserName", contents.userName);
+    record.add(L"Version", contents.version);
+    if (!contents.missingItemIsArray) record.add(L"MissingItem", L"text");
+    return record;
+}
+
+void addItem(StoreRecord& record, const Item& item)
+{
+    const std::wstring name = typedText(*item.name, item.type);
+    for (std::size_t index = 0; index < item.size(); ++index) {
+        const std::wstring value = item.isText()                      ? item.texts[index]
+                                   : item.type == ItemType::date ? isoText(item.numbers[index])
+                                                                 : storedNumber(item.numbers[index]);
+        record.add(index ? name + L"+" : name, value);
+    }
+}
+
+// Whether the field is no item; if so, the note has it now.
+bool readOwnField(Note& note, const std::wstring& name, const std::wstring& value)
+{
+    if (!name.starts_with(L'@')) return false;
+    if (name == noteIdField) note.noteId = numberOf(L"0x" + value, "note ID");
+    else if (name == universalIdField) note.universalId = value;
+    else if (name == createdField) note.created = dateFromIso(value);
+    else if (name == modifiedField) note.modified = dateFromIso(value);
+    else throw std::runtime_error("has no field \"" + utf8(name) + "\"");
+    return true;
+}
+
+}
+
+Contents contentsOf(const std::vector<StoreRecord>& records)
+{
+    return Reader().read(records);
+}
+
+std::vector<StoreRecord> recordsOf(const Contents& contents)
+{
+    std::vector<StoreRecord> records{settingsRecord(contents)};
+    if (!contents.environment.empty()) records.push_back({L"environment", contents.environment, 0});
+    for (const SharedDatabase& database : contents.databases) {
+        records.push_back(recordOf(*database, contents.icons));
+        for (const Form& form : database->forms) records.push_back(recordOf(form));
+        for (const View& view : database->views()) records.push_back(recordOf(view));
+        for (const SavedNote& note : database->notes()) records.push_back(recordOf(*note));
+    }
+    return records;
+}
+
+StoreRecord recordOf(const Note& note)
+{
+    StoreRecord record{L"document", {}, 0};
+    if (note.noteId != 0) record.add(noteIdField, note.noteIdText());
+    if (!note.universalId.empty()) record.add(universalIdField, note.universalId);
+    if (note.created != 0) record.add(createdField, isoText(note.created));
+    if (note.modified != 0) record.add(modifiedField, isoText(note.modified));
+    for (const Item& item : note.items) addItem(record, item);
+    return record;
+}
+
+Note noteOf(const StoreRecord& record)
+{
+    Note note;
+    for (const auto& [name, value] : record.fields) {
+        if (readOwnField(note, name, value)) continue;
+        if (name.ends_with(L'+')) {
+            if (note.items.empty() || typedText(*note.items.back().name, note.items.back().type) + L"+" != name)
+                throw std::runtime_error("\"" + utf8(name) + "\" does not follow its first value");
+        } else {
+            const auto [item, type] = typedName(name);
+            note.items.push_back({item, type, {}, {}});
+        }
+        addValue(note.items.back(), value);
+    }
+    return note;
+}
+
+void change(Note& note, const StoreRecord& record)
+{
+    const Note changes = noteOf(record);
+    for (const Item& item : changes.items) note.remove(*item.name);
+    note.items.insert(note.items.end(), changes.items.begin(), changes.items.end());
+}
+
+}

@@ -1,0 +1,117 @@
+#include "desk/lotus/view.h"
+
+#include "automation/text.h"
+#include "desk/common/text.h"
+
+#include <algorithm>
+
+namespace desk::lotus {
+
+bool ColumnValue::operator<(const ColumnValue& other) const noexcept
+{
+    if (rank != other.rank) return rank < other.rank;
+    return rank < 2 ? number < other.number : folded < other.folded;
+}
+
+bool ColumnValue::matches(const ColumnValue& wanted, bool exact) const noexcept
+{
+    if (exact || wanted.rank < 2) return *this == wanted;
+    return rank == wanted.rank && folded.starts_with(wanted.folded);
+}
+
+ColumnValue columnOf(const Item* item)
+{
+    ColumnValue value;
+    if (!item || item->size() == 0) return value;
+    if (item->isText()) {
+        value.folded = lowerCase(item->texts[0]);
+    } else {
+        value.rank = item->type == ItemType::number ? 0 : 1;
+        value.number = item->numbers[0];
+    }
+    return value;
+}
+
+bool View::isCalled(std::wstring_view name) const
+{
+    return std::any_of(names.begin(), names.end(),
+                       [name](const std::wstring& own) { return automation::equalWithoutCase(own, name); });
+}
+
+bool View::shows(const Note& note) const
+{
+    if (forms.empty()) return true;
+    const std::wstring form = note.text(names::form);
+    return std::any_of(forms.begin(), forms.end(),
+                       [&form](const std::wstring& own) { return automation::equalWithoutCase(own, form); });
+}
+
+Columns View::columnsOf(const Note& note) const
+{
+    Columns columns;
+    columns.reserve(sorted.size());
+    for (const ItemName* name : sorted) columns.push_back(columnOf(note.find(*name)));
+    return columns;
+}
+
+bool ViewIndex::Entry::operator<(const Entry& other) const noexcept
+{
+    if (columns < other.columns) return true;
+    return !(other.columns < columns) && note->place < other.note->place;
+}
+
+void ViewIndex::build(const std::vector<SavedNote>& notes)
+{
+    entries_.clear();
+    responses_ = 0;
+    for (const SavedNote& note : notes) {
+        if (!view_.shows(*note)) continue;
+        entries_.push_back({view_.columnsOf(*note), note});
+        responses_ += note->isResponse();
+    }
+    std::sort(entries_.begin(), entries_.end());
+    built_ = true;
+}
+
+void ViewIndex::add(const SavedNote& note)
+{
+    if (!built_ || !view_.shows(*note)) return;
+    Entry entry{view_.columnsOf(*note), note};
+    entries_.insert(std::lower_bound(entries_.begin(), entries_.end(), entry), std::move(entry));
+    responses_ += note->isResponse();
+}
+
+void ViewIndex::remove(const SavedNote& note)
+{
+    const std::size_t position = positionOf(*note);
+    if (!built_ || position == entries_.size()) return;
+    entries_.erase(entries_.begin() + static_cast<std::ptrdiff_t>(position));
+    responses_ -= note->isResponse();
+}
+
+std::size_t ViewIndex::positionOf(const Note& note) const
+{
+    const Columns columns = view_.columnsOf(note);
+    const auto found = std::lower_bound(entries_.begin(), entries_.end(), note, [&](const Entry& entry, const Note&) {
+        if (entry.columns < columns) return true;
+        return !(columns < entry.columns) && entry.note->place < note.place;
+    });
+    const bool here = found != entries_.end() && found->note->place == note.place && found->columns == columns;
+    return static_cast<std::size_t>((here ? found : entries_.end()) - entries_.begin());
+}
+
+SavedNote ViewIndex::find(const Columns& wanted, bool exact) const
+{
+    // Shorter lists come before longer ones that begin alike, so this is the
+    // first entry that can match.
+    auto entry = std::lower_bound(entries_.begin(), entries_.end(), wanted,
+                                  [](const Entry& one, const Columns& columns) { return one.columns < columns; });
+    for (; entry != entries_.end() && entry->columns[0].matches(wanted[0], exact); ++entry) {
+        const bool all = std::equal(wanted.begin(), wanted.end(), entry->columns.begin(),
+                                    [exact](const ColumnValue& key, const ColumnValue& own) { return own.matches(key, exact); });
+        if (all) return entry->note;
+    }
+    return nullptr;
+}
+
+}
