@@ -21,7 +21,9 @@ namespace desk::lotus {
 
 class InProcess {
 public:
-    InProcess() : notes_(recorder_, screen_, [this] { ++changes_; })
+    // With a recorder of another partner, the record tells the order among both.
+    explicit InProcess(Recorder* shared = nullptr)
+        : recorder_(shared ? *shared : ownRecorder_), notes_(recorder_, screen_, [this] { ++changes_; })
     {
         offer();
         for (const auto& each : classes)
@@ -71,7 +73,8 @@ public:
     int changes() const noexcept { return changes_; } // of what is saved
 
 private:
-    Recorder recorder_;
+    Recorder ownRecorder_;
+    Recorder& recorder_;
     NoScreen screen_;
     int changes_ = 0;
     Notes notes_;

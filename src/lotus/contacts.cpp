@@ -50,7 +50,7 @@ std::wstring CreateContactDocument(LotusSession& session, const std::wstring& Nu
         const Object document = database.get(L"CREATEDOCUMENT").object();
         fill(document, book, {Number, LastName, FirstName});
         if (Show) openDocument(book, document, true);
-        else document.call(L"save");
+        else document.call(L"save", {true, true});
         noteId = document.get(L"NoteId").text();
     });
     return noteId;

@@ -77,7 +77,7 @@ std::wstring CreateHistoryDocument(LotusSession& session, const Object& Item)
         const std::wstring number = Item.get(L"Number").text();
         if (!number.empty()) appendParty(session, document, items, Item, StripPhoneNumber(number));
         appendCall(session, document, items, Item);
-        document.call(L"save");
+        document.call(L"save", {true, true});
         noteId = document.get(L"NoteId").text();
         refreshView(history);
     });

@@ -1,0 +1,205 @@
+// A call with Notes in use, alone or besides Outlook.
+#include "notes_link_test.h"
+
+#include "softphone/last_call.h"
+
+namespace {
+
+using Lines = std::vector<std::wstring>;
+
+class NotesCall : public NotesLinkTest {
+protected:
+    NotesCall()
+    {
+        host.settings.bgWithPopUp = true;
+        host.settings.bgWithCallBackMail = true;
+    }
+
+    void startWithNotesOnly()
+    {
+        host.settings.bgWithOutlook = false;
+        start();
+    }
+
+    // The place of a call among all, counted from 0.
+    std::size_t placeOf(const std::wstring& call)
+    {
+        const Lines lines = desk::linesOf(outlookCalls.record());
+        for (std::size_t place = 0; place < lines.size(); ++place)
+            if (lines[place].starts_with(call)) return place;
+        ADD_FAILURE() << desk::utf8(call) << " did not come";
+        return 0;
+    }
+
+    static constexpr const wchar_t* claireInOutlook =
+        L"[contact]\nFirstName=Clara\nLastName=Klein\nBusinessTelephoneNumber=4711\n"
+        L"Email1Address=clara@example.com\n";
+};
+
+}
+
+TEST_F(NotesCall, KnownCaller_IsShownInNotes_AndPublished)
+{
+    startWithNotesOnly();
+    ring({.party = {L"47.11", L"", L""}, .incoming = true, .destinationNumber = L""});
+    EXPECT_EQ(openNotes(), Lines{L"Claire Petit/Acme read"});
+    EXPECT_EQ(link.gLastNameCalled, L"Petit");
+    EXPECT_EQ(link.gFirstNameCalled, L"Claire");
+    EXPECT_EQ(environment(L"CTI_InfoLastCall_Server"), L"Mail1/Acme");
+    EXPECT_EQ(environment(L"CTI_InfoLastCall_Base"), L"public.nsf");
+    EXPECT_EQ(environment(L"CTI_InfoLastCall_docid"), L"8FA");
+}
+
+TEST_F(NotesCall, Stranger_IsPublishedAsNobody_TheOtherTwoVariablesStay)
+{
+    startWithNotesOnly();
+    ring({.party = {L"4711", L"", L""}, .incoming = true, .destinationNumber = L""});
+    ring({.party = {L"999", L"Stranger", L"Sam"}, .incoming = true, .destinationNumber = L""});
+    EXPECT_EQ(environment(L"CTI_InfoLastCall_docid"), L"");
+    EXPECT_EQ(environment(L"CTI_InfoLastCall_Base"), L"public.nsf");
+    EXPECT_EQ(link.gLastNameCalled, L"Stranger") << "as the softphone has it";
+}
+
+TEST_F(NotesCall, Stranger_OpensANewContact_InEditMode_Unsaved)
+{
+    host.settings.bgSetNewContact = true;
+    startWithNotesOnly();
+    ring({.party = {L"06.55", L"Nguyen", L"Linh"}, .incoming = true, .destinationNumber = L""});
+    EXPECT_EQ(openNotes(), Lines{L"Linh Nguyen edit"});
+    EXPECT_EQ(noteField(L"Person", 2, L"@Unsaved"), L"True");
+    EXPECT_EQ(noteField(L"Person", 2, L"Phone"), L"0655");
+}
+
+TEST_F(NotesCall, Stranger_WithNewContactOff_OpensNothing)
+{
+    startWithNotesOnly();
+    ring({.party = {L"06.55", L"Nguyen", L"Linh"}, .incoming = true, .destinationNumber = L""});
+    EXPECT_EQ(openNotes(), Lines{});
+}
+
+TEST_F(NotesCall, Forwarded_ComposesAPhoneMessage_AndOpensTheCalendarsOfTheCalled)
+{
+    startWithNotesOnly();
+    ring({.party = {L"0123", L"", L""}, .incoming = true, .destinationNumber = L"4711"});
+    EXPECT_EQ(openNotes(), (Lines{L"Marc Durand edit", L"Sales read", L"Marc Durand/Acme read"}));
+    EXPECT_EQ(noteField(L"Phone Message", 0, L"SendTo"), L"claire.petit@example.com");
+    EXPECT_EQ(noteField(L"Phone Message", 0, L"PhoneCaller"), L"Marc Durand");
+    EXPECT_EQ(noteField(L"Phone Message", 0, L"PhoneNumber"), L"0123");
+}
+
+TEST_F(NotesCall, ForwardedWithCallBackMailOff_StillOpensTheCalendar)
+{
+    host.settings.bgWithCallBackMail = false;
+    host.settings.bgWithPopUp = false;
+    startWithNotesOnly();
+    ring({.party = {L"0123", L"", L""}, .incoming = true, .destinationNumber = L"4711"});
+    EXPECT_EQ(openNotes(), Lines{L"Sales read"});
+}
+
+TEST_F(NotesCall, Calendars_OnACall_NeedBothSwitches)
+{
+    for (const char* one : {"ShowGrpwAgenda=true\r\n", "PopUpGrpwAgenda=true\r\n"}) {
+        writeIni(one);
+        lotus.LotusMustInit = true;
+        startWithNotesOnly();
+        ring({.party = {L"999", L"", L""}, .incoming = true, .destinationNumber = L"4711"});
+        EXPECT_EQ(openNotes(), Lines{L"New Phone Message edit"}) << one << "the phone message alone";
+        notes.ask(L"close-windows");
+    }
+}
+
+TEST_F(NotesCall, NotForwarded_OpensNoCalendar)
+{
+    startWithNotesOnly();
+    ring({.party = {L"4711", L"", L""}, .incoming = true, .destinationNumber = L""});
+    EXPECT_EQ(openNotes(), Lines{L"Claire Petit/Acme read"});
+}
+
+TEST_F(NotesCall, OutgoingCall_IsPublished_AndOpensNothing)
+{
+    startWithNotesOnly();
+    ring({.party = {L"4711", L"", L""}, .incoming = false, .destinationNumber = L""});
+    EXPECT_EQ(environment(L"CTI_InfoLastCall_docid"), L"8FA");
+    EXPECT_EQ(openNotes(), Lines{});
+}
+
+TEST_F(NotesCall, Force_RunsWhatIsSwitchedOff)
+{
+    host.settings.bgWithCallBackMail = false;
+    host.settings.bgWithPopUp = false;
+    startWithNotesOnly();
+    ring({.party = {L"0123", L"", L""}, .incoming = true, .destinationNumber = L"4711"});
+    notes.ask(L"close-windows");
+    link.DoCallAction(true, true);
+    EXPECT_EQ(openNotes().size(), 3u) << "message, calendar, caller";
+}
+
+TEST_F(NotesCall, DisplayGroupwareInfo_OpensTheCalendarsOfTheLastDestination)
+{
+    startWithNotesOnly();
+    link.gDestinationNumber = L"4711";
+    link.DisplayGroupwareInfo();
+    EXPECT_EQ(openNotes(), Lines{L"Sales read"});
+    notes.ask(L"close-windows");
+    lotus.LotusReady = false;
+    link.DisplayGroupwareInfo();
+    EXPECT_EQ(openNotes(), Lines{});
+}
+
+TEST_F(NotesCall, BothGroupware_AreServed_OutlookFirst)
+{
+    start(claireInOutlook);
+    ring({.party = {L"4711", L"", L""}, .incoming = true, .destinationNumber = L""});
+    EXPECT_EQ(windows(), L"Clara Klein - Contact");
+    EXPECT_EQ(openNotes(), Lines{L"Claire Petit/Acme read"});
+    EXPECT_LT(placeOf(L"ContactItem.Display method"), placeOf(L"NotesUIWorkspace.EditDocument method"));
+}
+
+TEST_F(NotesCall, BothGroupware_ForwardedCall_LeavesAMailAndAPhoneMessage_OutlookFirst)
+{
+    start(claireInOutlook);
+    ring({.party = {L"0123", L"", L""}, .incoming = true, .destinationNumber = L"4711"});
+    EXPECT_EQ(noteField(L"Phone Message", 0, L"SendTo"), L"claire.petit@example.com");
+    EXPECT_LT(placeOf(L"MailItem.Display method"), placeOf(L"NotesUIWorkspace.ComposeDocument method"));
+    EXPECT_LT(placeOf(L"NotesUIWorkspace.ComposeDocument method"), placeOf(L"NotesUIWorkspace.EditDocument method"))
+        << "the message before the calendars and the caller";
+}
+
+TEST_F(NotesCall, NamesOfNotes_ReplaceThoseOfOutlook_WhereADocumentIsFound)
+{
+    start(claireInOutlook);
+    std::wstring lastName = L"old", firstName = L"old";
+    SetLastCallInfo(session, lotus, L"4711", lastName, firstName);
+    EXPECT_EQ(lastName + L" " + firstName, L"Petit Claire");
+    outlook.load(desk::parseStore(L"[contact]\nFirstName=Only\nLastName=Outlook\nBusinessTelephoneNumber=555\n"));
+    SetLastCallInfo(session, lotus, L"555", lastName, firstName);
+    EXPECT_EQ(lastName + L" " + firstName, L"Outlook Only");
+    SetLastCallInfo(session, lotus, L"999", lastName, firstName);
+    EXPECT_EQ(lastName + firstName, L"");
+}
+
+TEST_F(NotesCall, DocumentVariable_IsClearedBeforeTheSearch_AndSetLast)
+{
+    startWithNotesOnly();
+    std::wstring lastName, firstName;
+    SetLastCallInfo(session, lotus, L"4711", lastName, firstName);
+    Lines sets;
+    for (const std::wstring& line : desk::linesOf(outlookCalls.record()))
+        if (line.starts_with(L"NotesSession.") && line.find(L"lookup") == std::wstring::npos) sets.push_back(line);
+    EXPECT_EQ(sets, (Lines{L"NotesSession.SetEnvironmentVar method (BSTR \"CTI_InfoLastCall_docid\", BSTR \"\")",
+                           L"NotesSession.GetDatabase method (BSTR \"Mail1/Acme\", BSTR \"public.nsf\")",
+                           L"NotesSession.SetEnvironmentVar method (BSTR \"CTI_InfoLastCall_Server\", BSTR \"Mail1/Acme\")",
+                           L"NotesSession.SetEnvironmentVar method (BSTR \"CTI_InfoLastCall_Base\", BSTR \"public.nsf\")",
+                           L"NotesSession.SetEnvironmentVar method (BSTR \"CTI_InfoLastCall_docid\", BSTR \"8FA\")"}));
+}
+
+TEST_F(NotesCall, NotesGoneWithoutNotice_CallEndsQuietly)
+{
+    startWithNotesOnly();
+    lotus.NotesSession = automation::Object();
+    std::wstring lastName = L"old", firstName = L"old";
+    SetLastCallInfo(session, lotus, L"4711", lastName, firstName);
+    EXPECT_EQ(lastName + firstName, L"");
+    ring({.party = {L"4711", L"Petit", L"C"}, .incoming = true, .destinationNumber = L"0123"});
+    EXPECT_EQ(openNotes(), Lines{});
+}

@@ -1,0 +1,176 @@
+// Both synchronisations with Notes in use, alone or besides Outlook.
+#include "notes_link_test.h"
+
+#include "automation/error.h"
+
+namespace {
+
+using Lines = std::vector<std::wstring>;
+
+class NotesSynchronisation : public NotesLinkTest {
+protected:
+    NotesSynchronisation()
+    {
+        host.settings.bgWithRepertory = true;
+        host.settings.bgWithHisto = true;
+        host.settings.tempo = 200;
+        host.settings.tempo1 = 20;
+    }
+
+    void entry(std::int32_t low, const wchar_t* number, const wchar_t* lastName, const wchar_t* firstName)
+    {
+        pavex.addEntry({{2, low}, {number, lastName, firstName}});
+    }
+
+    void pastCall(std::int32_t low, const wchar_t* number, std::int16_t state = 3)
+    {
+        pavex.addHistory({.id = {1, low},
+                          .party = {number, L"Name", L"First"},
+                          .incoming = true,
+                          .begin = 45000.25,
+                          .end = 45000.5,
+                          .state = state,
+                          .acknowledged = 0});
+    }
+};
+
+}
+
+TEST_F(NotesSynchronisation, NewEntry_BecomesAContactInEach_NotesFirst_WithOneCounter)
+{
+    entry(1, L"01.23.45", L"Durand", L"Marc");
+    start();
+    EXPECT_EQ(synchronisationLines(),
+              (Lines{L"Start repertory Synchronisation ", L"1 In lotus 012345 Durand Marc",
+                     L"2 In OutLook 012345 Durand Marc", L"Repertory Synchronisation Ok",
+                     L"start History Synchronisation ", L"History Synchronisation Ok"}));
+    EXPECT_EQ(noteField(L"Person", 2, L"Phone"), L"012345");
+    EXPECT_EQ(noteField(L"Person", 2, L"@Unsaved"), L"(none)");
+    EXPECT_EQ(mapped(L"2.1", 1), noteField(L"Person", 2, L"@NoteID"));
+    EXPECT_EQ(mapped(L"2.1", 0), field(L"contact", 0, L"EntryID"));
+    EXPECT_EQ(store->records(1).size(), 2u);
+    EXPECT_EQ(host.pauses, (std::vector<std::int32_t>{200, 200, 20}));
+}
+
+TEST_F(NotesSynchronisation, EntryMappedForNotesOnly_OnlyOutlookWorksOnIt)
+{
+    entry(1, L"0123", L"Durand", L"Marc");
+    store->insert({.idOrvel = L"2.1", .idAppli = L"8FE", .typApplication = 1, .collection = 1});
+    start();
+    EXPECT_EQ(noteCount(L"Person"), 2u);
+    EXPECT_EQ(count(L"contact"), 1u);
+    EXPECT_EQ(synchronisationLines().at(1), L"1 In OutLook 0123 Durand Marc");
+    EXPECT_EQ(host.pauses, (std::vector<std::int32_t>{200, 20}));
+}
+
+TEST_F(NotesSynchronisation, EntryOfThePersonalBook_IsAdopted_WithoutALogLine_ButWithAPause)
+{
+    host.settings.bgWithOutlook = false;
+    entry(1, L"06 12", L"Known", L"Kim");
+    notes.ask(L"add names.nsf\nForm=Person\nLastName=Known\nPhone=0612\n@NoteID=91A");
+    start();
+    EXPECT_EQ(mapped(L"2.1", 1), L"91A");
+    EXPECT_EQ(noteCount(L"Person"), 3u);
+    EXPECT_EQ(synchronisationLines().at(1), L"Repertory Synchronisation Ok");
+    EXPECT_EQ(host.pauses, (std::vector<std::int32_t>{200, 20}));
+}
+
+TEST_F(NotesSynchronisation, EntryOfAPublicBookOnly_IsCreatedInThePersonalOne)
+{
+    host.settings.bgWithOutlook = false;
+    entry(1, L"4711", L"Petit", L"Claire");
+    start();
+    EXPECT_EQ(noteField(L"Person", 2, L"@Database"), L"names.nsf");
+}
+
+TEST_F(NotesSynchronisation, SecondRun_CopiesNothing)
+{
+    entry(1, L"0123", L"Durand", L"Marc");
+    pastCall(1, L"4711");
+    start();
+    host.pauses.clear();
+    link.InitConnector(true);
+    EXPECT_EQ(noteCount(L"Person"), 3u);
+    EXPECT_EQ(noteCount(L"Call"), 1u);
+    EXPECT_EQ(count(L"contact"), 1u);
+    EXPECT_EQ(count(L"journal"), 2u) << "the call and the log item";
+    EXPECT_EQ(host.pauses, (std::vector<std::int32_t>{20, 20}));
+}
+
+TEST_F(NotesSynchronisation, UnmappedCall_GetsOneDocumentAndOneJournalItem_NotesFirst)
+{
+    pastCall(1, L"47.11");
+    start();
+    EXPECT_EQ(noteField(L"Call", 0, L"Number"), L"4711");
+    EXPECT_EQ(noteField(L"Call", 0, L"LastName"), L"Petit");
+    EXPECT_EQ(noteField(L"Call", 0, L"InfoSupdocNoteId"), L"8FA");
+    EXPECT_EQ(noteField(L"Call", 0, L"TypeCall"), L"Incoming call answered");
+    EXPECT_EQ(mapped(L"1.1", 1), noteField(L"Call", 0, L"@NoteID"));
+    EXPECT_EQ(mapped(L"1.1", 0), field(L"journal", 0, L"EntryID"));
+    EXPECT_EQ(store->records(0).size(), 2u);
+    EXPECT_EQ(host.pauses, (std::vector<std::int32_t>{200, 200, 20}));
+    EXPECT_EQ(outlookCalls.count(L"NotesDocument.Save method"), 0u) << "start() forgets the calls";
+}
+
+TEST_F(NotesSynchronisation, DocumentThatCannotBeSaved_IsNotMapped_AndTriedAgain)
+{
+    pastCall(1, L"4711");
+    host.settings.bgWithOutlook = false;
+    notes.recorder().faults.add(L"on NotesDocument.AppendItemValue fail 0x80004005");
+    start();
+    EXPECT_EQ(mapped(L"1.1", 1), L"");
+    EXPECT_EQ(synchronisationLines().back(), L"History Synchronisation Ok");
+    link.InitConnector(true);
+    EXPECT_EQ(noteCount(L"Call"), 1u);
+    EXPECT_NE(mapped(L"1.1", 1), L"");
+}
+
+TEST_F(NotesSynchronisation, NewRecordsAfterwards_ComeIntoBoth)
+{
+    start();
+    entry(7, L"0777", L"New", L"Nora");
+    pastCall(7, L"0777");
+    host.runDeferred();
+    EXPECT_EQ(noteField(L"Person", 2, L"LastName"), L"New");
+    EXPECT_EQ(noteCount(L"Call"), 1u);
+    EXPECT_EQ(count(L"contact"), 1u);
+    EXPECT_EQ(count(L"journal"), 2u) << "the call and the log item";
+    EXPECT_NE(mapped(L"2.7", 1), L"");
+    EXPECT_NE(mapped(L"1.7", 1), L"");
+}
+
+TEST_F(NotesSynchronisation, NewRecordsWithSwitchesOff_AreLeftAlone)
+{
+    start();
+    host.settings.bgWithRepertory = host.settings.bgWithHisto = false;
+    entry(7, L"0777", L"New", L"Nora");
+    pastCall(7, L"0777");
+    host.runDeferred();
+    EXPECT_EQ(noteCount(L"Person"), 2u);
+    EXPECT_EQ(noteCount(L"Call"), 0u);
+}
+
+TEST_F(NotesSynchronisation, NoPersonalBook_LogsTheEntryEachTime_AndMapsNothing)
+{
+    host.settings.bgWithOutlook = false;
+    WritePrivateProfileStringW(L"lotus base description 2", L"PersonalAddressBook", L"false", ini.c_str());
+    entry(1, L"0123", L"Durand", L"Marc");
+    start();
+    EXPECT_EQ(synchronisationLines().at(1), L"1 In lotus 0123 Durand Marc");
+    EXPECT_EQ(mapped(L"2.1", 1), L"");
+    EXPECT_EQ(noteCount(L"Person"), 2u);
+    EXPECT_NE(noteField(L"Log", 0, L"Body").find(L" Create contact 0123 Durand Marc"), std::wstring::npos);
+}
+
+TEST_F(NotesSynchronisation, Initialisation_OpensOutlookFirst_AndANewLogDocumentWhenToldSo)
+{
+    start();
+    EXPECT_TRUE(lotus.LotusReady);
+    EXPECT_EQ(noteCount(L"Log"), 1u);
+    lotus.LotusMustInit = true;
+    link.InitConnector(false);
+    EXPECT_EQ(noteCount(L"Log"), 1u);
+    lotus.LotusMustInit = true;
+    link.InitConnector(true);
+    EXPECT_EQ(noteCount(L"Log"), 2u);
+}
