@@ -12,7 +12,8 @@ export LC_ALL=C.UTF-8 TZ=${TZ:-UTC}
 
 # One core for client, servers and the Wine server together: a call between
 # processes then needs no wake-up of another core and takes a quarter of the time.
-pinned=(taskset -c 0)
+# Another one (WINE_CORE=1) for a second session at the same time.
+pinned=(taskset -c "${WINE_CORE:-0}")
 
 start_screen() {
     local ready

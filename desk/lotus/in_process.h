@@ -26,14 +26,10 @@ public:
         : recorder_(shared ? *shared : ownRecorder_), notes_(recorder_, screen_, [this] { ++changes_; })
     {
         offer();
-        for (const auto& each : classes)
-            automation::server::registerClass(each, automation::server::programPath());
     }
-
-    ~InProcess()
-    {
-        for (const auto& each : classes) automation::server::unregisterClass(each);
-    }
+    ~InProcess() { withdraw(); }
+    InProcess(const InProcess&) = delete;
+    InProcess& operator=(const InProcess&) = delete;
 
     // "Notes.NotesSession" or "Notes.NotesUIWorkspace", without going through
     // COM. Every object got from it ends before this does.
@@ -42,15 +38,19 @@ public:
         return automation::Object((progId == sessionProgId ? notes_.session() : notes_.workspaceObject()).get());
     }
 
-    // Notes ends for those who want new objects: CreateObject fails until `offer`.
+    // Notes is not installed any more: CreateObject fails until `offer`. A class
+    // that stayed registered would start the test's program again as its server.
     void withdraw()
     {
         session_.reset();
         workspace_.reset();
+        for (const auto& each : classes) automation::server::unregisterClass(each);
     }
 
     void offer()
     {
+        for (const auto& each : classes)
+            automation::server::registerClass(each, automation::server::programPath());
         session_ = std::make_unique<automation::server::ClassFactory>(classes[0].classId,
                                                                       [this] { return notes_.session(); });
         workspace_ = std::make_unique<automation::server::ClassFactory>(classes[1].classId,
