@@ -4,7 +4,7 @@
 # and the caller would wait for them for ever.
 output=$(mktemp)
 trap 'rm -f "$output"' EXIT
-taskset -c 0 wine "$@" > "$output" 2>&1 < /dev/null
+taskset -c "${WINE_CORE:-0}" wine "$@" > "$output" 2>&1 < /dev/null
 result=$?
 cat "$output"
 exit $result
