@@ -61,6 +61,9 @@ void FaultPlan::readAction(Planned& planned, const std::wstring& action, std::ws
         fault.milliseconds = numberOf(takeWord(rest), "milliseconds");
     } else if (action == L"die") {
         fault.action = Fault::Action::die;
+    } else if (action == L"kill") {
+        fault.action = Fault::Action::kill;
+        fault.processId = numberOf(takeWord(rest), "process identifier");
     } else {
         throw std::runtime_error("fault: unknown action \"" + utf8(action) + "\"");
     }
@@ -69,6 +72,11 @@ void FaultPlan::readAction(Planned& planned, const std::wstring& action, std::ws
         if (bar == std::wstring_view::npos) throw std::runtime_error("fault: raise needs SOURCE|TEXT");
         fault.source = rest.substr(0, bar);
         fault.description = rest.substr(bar + 1);
+        rest = {};
+    }
+    const bool isDeath = fault.action == Fault::Action::die || fault.action == Fault::Action::kill;
+    if (isDeath && rest == L"after") {
+        fault.after = true;
         rest = {};
     }
     if (!rest.empty()) throw std::runtime_error("fault: \"" + utf8(rest) + "\" is too much");

@@ -15,8 +15,12 @@
 //               raise HRESULT SOURCE|TEXT   an automation exception
 //               hang MS                     no answer and no message for MS milliseconds,
 //                                           then the ordinary answer
-//               die                         the process dies inside the call
+//               die [after]                 the process dies inside the call, with what its
+//                                           clients have saved in the store file
+//               kill ID [after]             the process of that identifier dies, a client's
+//                                           for example; then the ordinary answer
 //
+// With `after`, the call is carried out first and its answer still to be sent.
 // A fault `at N` is used up when it has happened; the others stay until `off`.
 #pragma once
 
@@ -33,12 +37,14 @@ enum class CallKind { lookup, get, put, method };
 const wchar_t* nameOf(CallKind kind) noexcept;
 
 struct Fault {
-    enum class Action { none, busy, fail, raise, hang, die };
+    enum class Action { none, busy, fail, raise, hang, die, kill };
     Action action = Action::none;
     HRESULT code = S_OK;           // fail, raise
     DWORD milliseconds = 0;        // hang
     std::wstring source;           // raise
     std::wstring description;      // raise
+    DWORD processId = 0;           // kill
+    bool after = false;            // die, kill: once the call has been carried out
 };
 
 class FaultPlan {

@@ -30,4 +30,15 @@ HRESULT RecordedObject::admitCall(const automation::server::IncomingCall& call)
     return recorder_.call(className_, std::move(name), kindOf(call.flags, member), call.arguments);
 }
 
+// Calls may come in while one is carried out, so what was planned for after
+// this one is taken along first.
+automation::Value RecordedObject::carryOut(const automation::server::IncomingCall& call)
+{
+    const Fault left = recorder_.takeLeft();
+    automation::Value value = Dispatch::carryOut(call);
+    const HRESULT result = recorder_.happen(left, false);
+    if (FAILED(result)) throw automation::server::Failure{result};
+    return value;
+}
+
 }

@@ -38,6 +38,7 @@ protected:
 
     HRESULT admitLookUp(std::wstring_view name) override;
     HRESULT admitCall(const automation::server::IncomingCall& call) override;
+    automation::Value carryOut(const automation::server::IncomingCall& call) override;
 
 private:
     Recorder& recorder_;

@@ -9,6 +9,18 @@ namespace {
 
 constexpr std::size_t mostKept = 200'000;
 
+constexpr DWORD endPatience = 5'000; // milliseconds
+
+// Returns when it has ended; one that has gone already is no fault.
+void endProcess(DWORD id)
+{
+    const HANDLE process = OpenProcess(PROCESS_TERMINATE | SYNCHRONIZE, FALSE, id);
+    if (!process) return;
+    TerminateProcess(process, 9);
+    WaitForSingleObject(process, endPatience);
+    CloseHandle(process);
+}
+
 std::wstring typeName(VARTYPE type)
 {
     std::wstring prefix;
@@ -80,7 +92,9 @@ HRESULT Recorder::call(const wchar_t* className, std::wstring member, CallKind k
         list += (index ? L", " : L"") + textOf(arguments.raw(index));
     const Fault fault = faults.next(className, member, kind);
     keep({className, std::move(member), kind, std::move(list)});
-    return happen(fault, true);
+    if (!fault.after) return happen(fault, true);
+    left_ = fault;
+    return S_OK;
 }
 
 void Recorder::keep(RecordedCall call)
@@ -100,6 +114,7 @@ HRESULT Recorder::happen(const Fault& fault, bool mayThrow)
         if (mayThrow) throw automation::server::Exception{fault.code, fault.source, fault.description};
         return fault.code;
     case Fault::Action::hang: Sleep(fault.milliseconds); return S_OK;
+    case Fault::Action::kill: endProcess(fault.processId); return S_OK;
     case Fault::Action::die: break;
     }
     if (die) die();

@@ -8,6 +8,7 @@
 #include <functional>
 #include <map>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace desk {
@@ -30,10 +31,13 @@ class Recorder {
 public:
     // Used by RecordedObject: keeps the call, then lets a planned fault happen.
     // A failure code is the answer to the client. `call` may throw
-    // automation::server::Exception; a look-up never throws.
+    // automation::server::Exception; a look-up never throws. A fault for the time
+    // after the call is left to be taken: it happens when the call has been carried out.
     HRESULT lookUp(const wchar_t* className, std::wstring_view name);
     HRESULT call(const wchar_t* className, std::wstring member, CallKind kind,
                  const automation::server::Arguments& arguments);
+    Fault takeLeft() noexcept { return std::exchange(left_, Fault{}); }
+    HRESULT happen(const Fault& fault, bool mayThrow);
 
     // Calls in order; after the first 200 000 only the totals go on.
     const std::vector<RecordedCall>& calls() const noexcept { return calls_; }
@@ -58,10 +62,10 @@ public:
 
 private:
     void keep(RecordedCall call);
-    HRESULT happen(const Fault& fault, bool mayThrow);
 
     std::vector<RecordedCall> calls_;
     std::map<std::wstring, unsigned long> totals_;
+    Fault left_;
     bool dead_ = false;
 };
 

@@ -31,7 +31,10 @@ void writeError(const std::string& text)
 RunningProgram::RunningProgram(const ProgramDescription& description, const PartnerMaker& makePartner)
     : description_(description), storePath_(inProgramFolder(description.storeFile)), saveDelay_(leastSaveDelay)
 {
-    recorder_.die = [this] { die(); };
+    recorder_.die = [this] {
+        saveQuietly(); // what a client has saved outlives a crash
+        die();
+    };
     makeWindow();
     partner_ = makePartner(*this);
     try {

@@ -119,6 +119,11 @@ void Desk::endPartner(Process& process, std::wstring_view name)
 void Desk::startSoftphone(std::string_view records)
 {
     writeFile(storeOf(softphoneName), records);
+    reopenSoftphone();
+}
+
+void Desk::reopenSoftphone()
+{
     softphone_ = startPartner(softphoneFile, softphoneName);
 }
 
@@ -143,13 +148,20 @@ void Desk::restartPartners()
 {
     endPartner(outlook_, outlookName);
     endPartner(softphone_, softphoneName);
-    softphone_ = startPartner(softphoneFile, softphoneName);
+    reopenSoftphone();
     startOutlook();
 }
 
 void Desk::startHublink()
 {
-    hublink_ = Process(std::wstring(programFolder) + L"\\hublink.exe", L"");
+    startHublink([] {});
+}
+
+void Desk::startHublink(const std::function<void()>& beforeItBegins)
+{
+    hublink_ = Process::suspended(std::wstring(programFolder) + L"\\hublink.exe", L"");
+    beforeItBegins();
+    hublink_.resume();
 }
 
 std::wstring Desk::softphone(std::wstring_view request)

@@ -7,6 +7,7 @@
 #include "desk/player/screen.h"
 #include "desk/player/windows_files.h"
 
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -29,7 +30,11 @@ public:
     void startSoftphone(std::string_view records = {});
     void startOutlook();
     void startOutlook(std::string_view records);
+    void reopenSoftphone(); // with what it had
     void startHublink();
+
+    // The same; `beforeItBegins` runs when the process is there and has done nothing yet.
+    void startHublink(const std::function<void()>& beforeItBegins);
     void closeOutlook(); // as a user does
 
     // Softphone and Outlook closed and opened again, with what they had.

@@ -93,29 +93,47 @@ void setRegistryText(HKEY root, const wchar_t* key, const wchar_t* name, const s
     if (result != ERROR_SUCCESS) fail("cannot write the registry key", key);
 }
 
-Process::Process(const std::wstring& program, const std::wstring& arguments)
+Process::Process(const std::wstring& program, const std::wstring& arguments) : Process(program, arguments, 0)
+{
+    CloseHandle(std::exchange(thread_, nullptr));
+}
+
+Process Process::suspended(const std::wstring& program, const std::wstring& arguments)
+{
+    return Process(program, arguments, CREATE_SUSPENDED);
+}
+
+void Process::resume()
+{
+    ResumeThread(thread_);
+    CloseHandle(std::exchange(thread_, nullptr));
+}
+
+Process::Process(const std::wstring& program, const std::wstring& arguments, DWORD flags)
 {
     std::wstring command = L"\"" + program + L"\" " + arguments;
     const std::wstring folder = program.substr(0, program.rfind(L'\\'));
     STARTUPINFOW start{};
     start.cb = sizeof start;
     PROCESS_INFORMATION process{};
-    if (!CreateProcessW(program.c_str(), command.data(), nullptr, nullptr, FALSE, 0, nullptr, folder.c_str(), &start,
+    if (!CreateProcessW(program.c_str(), command.data(), nullptr, nullptr, FALSE, flags, nullptr, folder.c_str(), &start,
                         &process))
         fail("cannot start", program);
-    CloseHandle(process.hThread);
     handle_ = process.hProcess;
+    thread_ = process.hThread;
     id_ = process.dwProcessId;
 }
 
 Process::Process(Process&& other) noexcept
-    : handle_(std::exchange(other.handle_, nullptr)), id_(std::exchange(other.id_, 0))
+    : handle_(std::exchange(other.handle_, nullptr)), thread_(std::exchange(other.thread_, nullptr)),
+      id_(std::exchange(other.id_, 0))
 {
 }
 
 Process& Process::operator=(Process&& other) noexcept
 {
     std::swap(handle_, other.handle_);
+    std::swap(thread_, other.thread_);
     std::swap(id_, other.id_);
     return *this;
 }
@@ -123,6 +141,7 @@ Process& Process::operator=(Process&& other) noexcept
 Process::~Process()
 {
     if (handle_) CloseHandle(handle_);
+    if (thread_) CloseHandle(thread_);
 }
 
 bool Process::running() const

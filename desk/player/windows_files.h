@@ -32,6 +32,11 @@ public:
 
     // Starts `program` with `arguments`, its folder as the current one.
     Process(const std::wstring& program, const std::wstring& arguments);
+
+    // The same; it has its identifier, and does nothing before resume().
+    static Process suspended(const std::wstring& program, const std::wstring& arguments);
+    void resume();
+
     Process(Process&& other) noexcept;
     Process& operator=(Process&& other) noexcept;
     ~Process();
@@ -50,7 +55,10 @@ public:
     void kill();
 
 private:
+    Process(const std::wstring& program, const std::wstring& arguments, DWORD flags);
+
     HANDLE handle_ = nullptr;
+    HANDLE thread_ = nullptr; // until it is resumed
     DWORD id_ = 0;
 };
 

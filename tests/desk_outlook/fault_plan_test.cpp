@@ -83,6 +83,20 @@ TEST(FaultPlan, OnMemberBusyTimes_OnlyThatOften)
     EXPECT_EQ(nextSave(plan), Action::none);
 }
 
+TEST(FaultPlan, Deaths_BeforeOrAfterTheCall)
+{
+    FaultPlan plan;
+    plan.add(L"at 1 die");
+    plan.add(L"at 2 kill 4711 after");
+    const Fault first = plan.next(L"Items", L"Add", CallKind::method);
+    EXPECT_EQ(first.action, Action::die);
+    EXPECT_FALSE(first.after);
+    const Fault second = plan.next(L"Items", L"Add", CallKind::method);
+    EXPECT_EQ(second.action, Action::kill);
+    EXPECT_EQ(second.processId, 4711u);
+    EXPECT_TRUE(second.after);
+}
+
 TEST(FaultPlan, BadTexts_AreRefusedWithTheReason)
 {
     EXPECT_EQ(refusal(L""), "fault: \"on PATTERN\" or \"at N\" is missing");
@@ -92,4 +106,6 @@ TEST(FaultPlan, BadTexts_AreRefusedWithTheReason)
     EXPECT_EQ(refusal(L"at 1 fail 0"), "fault: the HRESULT is no failure code");
     EXPECT_EQ(refusal(L"at 1 raise 0x80004005 no bar"), "fault: raise needs SOURCE|TEXT");
     EXPECT_EQ(refusal(L"at 1 die now"), "fault: \"now\" is too much");
+    EXPECT_EQ(refusal(L"at 1 busy after"), "\"after\" is no number (how often busy)");
+    EXPECT_EQ(refusal(L"at 1 kill"), "\"\" is no number (process identifier)");
 }

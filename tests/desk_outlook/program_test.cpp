@@ -2,6 +2,7 @@
 #include "automation/error.h"
 #include "automation/object.h"
 #include "desk_outlook/running_outlook.h"
+#include "support/stand_in.h"
 
 #include <gtest/gtest.h>
 
@@ -216,6 +217,34 @@ TEST(OutlookProgram, Death_ShowsInTheClientsCalls_AndTheClassLivesOn)
     EXPECT_EQ(codeOf([&] { application.get(L"Version"); }), HRESULT_FROM_WIN32(RPC_S_CALL_FAILED));
     outlook.start();
     EXPECT_EQ(outlookObject().get(L"Name").text(), L"Outlook");
+}
+
+TEST(OutlookProgram, DeathBeforeOrAfterASave_TheSavedContactOutlivesIt)
+{
+    RunningOutlook outlook;
+    for (const auto& [when, saved] : {std::pair(L"", false), std::pair(L" after", true)}) {
+        const Object contact = newContact(outlookObject(), L"Marc Durand");
+        EXPECT_EQ(outlook.ask(std::wstring(L"fault on ContactItem.Save at 1 die") + when), L"ok");
+        EXPECT_EQ(codeOf([&] { contact.call(L"Save"); }), HRESULT_FROM_WIN32(RPC_S_CALL_FAILED));
+        EXPECT_EQ(outlook.process().exitCode(), 1u);
+        outlook.start();
+        EXPECT_EQ(outlook.ask(L"contacts").find(L"Marc") != std::wstring::npos, saved);
+    }
+}
+
+TEST(OutlookProgram, PlannedEndOfAnotherProcess_ComesBeforeTheAnswer)
+{
+    const RunningOutlook outlook;
+    const support::ScratchFolder folder;
+    const support::StandIn other(folder, L"other.exe");
+    const HANDLE watched = OpenProcess(SYNCHRONIZE, FALSE, other.processId());
+    const Object application = outlookObject();
+    EXPECT_EQ(outlook.ask(L"fault at 3 kill " + std::to_wstring(other.processId()) + L" after"), L"ok");
+    application.get(L"Name"); // its look-up, and the call
+    EXPECT_EQ(WaitForSingleObject(watched, 0), static_cast<DWORD>(WAIT_TIMEOUT));
+    EXPECT_EQ(application.get(L"Name").text(), L"Outlook");
+    EXPECT_EQ(WaitForSingleObject(watched, 0), WAIT_OBJECT_0);
+    CloseHandle(watched);
 }
 
 TEST(OutlookProgram, HangingCall_TakesItsTime)

@@ -178,7 +178,7 @@ STDMETHODIMP Dispatch::Invoke(DISPID id, REFIID, LCID, WORD flags, DISPPARAMS* p
     try {
         const HRESULT admitted = admitCall(call);
         if (FAILED(admitted)) return admitted;
-        Value value = answer(call);
+        Value value = carryOut(call);
         if (result) *result = value.release();
         return S_OK;
     } catch (const Exception& error) {

@@ -101,6 +101,9 @@ protected:
     virtual HRESULT admitLookUp(std::wstring_view) { return S_OK; }
     virtual HRESULT admitCall(const IncomingCall&) { return S_OK; }
 
+    // Around each admitted call, up to the moment before its answer leaves.
+    virtual Value carryOut(const IncomingCall& call) { return answer(call); }
+
 private:
     long references_ = 1;
 };
