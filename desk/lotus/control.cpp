@@ -163,13 +163,12 @@ std::wstring show(Notes& notes, std::wstring_view text)
     return L"ok";
 }
 
-// The window of a document that is displayed.
+// The window of a document that is displayed; "unsaved" is the first new one.
 WindowId windowOf(Notes& notes, std::wstring_view id)
 {
+    const SavedNote wanted = id == L"unsaved" ? nullptr : documentNamed(notes, std::wstring(id)).note;
     for (const DocumentWindow& window : notes.workspace().windows())
-        if (id == (window.note->isNew() ? L"unsaved" : window.note->saved()->universalId) ||
-            (!window.note->isNew() && documentNamed(notes, std::wstring(id)).note == window.note->saved()))
-            return window.id;
+        if (window.note->saved() == wanted) return window.id;
     throw std::runtime_error("there is no window of this document");
 }
 
