@@ -183,6 +183,12 @@ void Workspace::addIcon(const Database& database)
     screen_.updateMain();
 }
 
+bool Workspace::hasIcon(const Database& database) const
+{
+    return std::any_of(icons_.begin(), icons_.end(),
+                       [&database](const Icon& icon) { return database.isAt(icon.server, icon.filePath); });
+}
+
 const Icon* Workspace::highlighted() const noexcept
 {
     return highlighted_ < icons_.size() ? &icons_[highlighted_] : nullptr;

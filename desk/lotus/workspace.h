@@ -71,6 +71,7 @@ public:
     std::vector<Icon>& icons() noexcept { return icons_; }
     const std::vector<Icon>& icons() const noexcept { return icons_; }
     const Icon* highlighted() const noexcept;
+    bool hasIcon(const Database& database) const;
 
     Screen& screen() noexcept { return screen_; }
 

@@ -1,7 +1,7 @@
 // The window of a displayed item: its name, its fields with labels, its text.
 #pragma once
 
-#include "desk/outlook/fonts.h"
+#include "desk/common/fonts.h"
 #include "desk/outlook/screen.h"
 
 #include <functional>

@@ -1,5 +1,6 @@
 #include "desk/outlook/main_window.h"
 
+#include "desk/common/list_view.h"
 #include "desk/common/text.h"
 
 #include <algorithm>
@@ -42,32 +43,10 @@ const Columns& columnsFor(const Folder& folder)
     return columnsOf[0];
 }
 
-void addColumn(HWND list, int index, const wchar_t* title, int columnWidth, int format = LVCFMT_LEFT)
-{
-    LVCOLUMNW column{};
-    column.mask = LVCF_TEXT | LVCF_WIDTH | LVCF_FMT;
-    column.fmt = format;
-    column.cx = columnWidth;
-    column.pszText = const_cast<wchar_t*>(title);
-    SendMessageW(list, LVM_INSERTCOLUMNW, static_cast<WPARAM>(index), reinterpret_cast<LPARAM>(&column));
-}
-
-void setCell(HWND list, int row, int column, const std::wstring& text)
-{
-    LVITEMW item{};
-    item.mask = LVIF_TEXT;
-    item.iItem = row;
-    item.iSubItem = column;
-    item.pszText = const_cast<wchar_t*>(text.c_str());
-    SendMessageW(list, LVM_SETITEMW, 0, reinterpret_cast<LPARAM>(&item));
-}
-
 }
 
 MainWindow::MainWindow(Handlers handlers) : handlers_(std::move(handlers))
 {
-    const INITCOMMONCONTROLSEX controls{sizeof controls, ICC_LISTVIEW_CLASSES};
-    InitCommonControlsEx(&controls);
     WNDCLASSW windowClass{};
     windowClass.lpfnWndProc = procedure;
     windowClass.hInstance = GetModuleHandleW(nullptr);
@@ -95,21 +74,13 @@ void MainWindow::makeLists()
     RECT client;
     GetClientRect(window_, &client);
     const int listHeight = client.bottom - statusHeight - 2 * margin;
-    const DWORD style = WS_CHILD | WS_VISIBLE | WS_TABSTOP | LVS_REPORT | LVS_SINGLESEL | LVS_SHOWSELALWAYS |
-                        LVS_NOSORTHEADER;
-    const auto make = [&](const wchar_t* kind, DWORD wanted, DWORD extended, int x, int y, int cx, int cy) {
-        const HWND made = CreateWindowExW(extended, kind, L"", wanted, x, y, cx, cy, window_, nullptr,
-                                          GetModuleHandleW(nullptr), nullptr);
-        font_.giveTo(made);
-        return made;
-    };
-    folders_ = make(WC_LISTVIEWW, style, WS_EX_CLIENTEDGE, margin, margin, foldersWidth, listHeight);
-    items_ = make(WC_LISTVIEWW, style | LVS_OWNERDATA, WS_EX_CLIENTEDGE, foldersWidth + 2 * margin, margin,
-                  client.right - foldersWidth - 3 * margin, listHeight);
-    status_ = make(L"STATIC", WS_CHILD | WS_VISIBLE | SS_NOPREFIX, 0, 2 * margin, client.bottom - statusHeight,
-                   client.right - 4 * margin, statusHeight - margin);
-    for (const HWND list : {folders_, items_})
-        SendMessageW(list, LVM_SETEXTENDEDLISTVIEWSTYLE, 0, LVS_EX_FULLROWSELECT);
+    folders_ = makeList(window_, {margin, margin, foldersWidth, listHeight});
+    items_ = makeList(window_, {foldersWidth + 2 * margin, margin, client.right - foldersWidth - 3 * margin, listHeight},
+                      LVS_OWNERDATA);
+    status_ = CreateWindowExW(0, L"STATIC", L"", WS_CHILD | WS_VISIBLE | SS_NOPREFIX, 2 * margin,
+                              client.bottom - statusHeight, client.right - 4 * margin, statusHeight - margin, window_,
+                              nullptr, GetModuleHandleW(nullptr), nullptr);
+    for (const HWND control : {folders_, items_, status_}) font_.giveTo(control);
     addColumn(folders_, 0, L"Folder", foldersWidth - 60);
     addColumn(folders_, 1, L"Items", 54, LVCFMT_RIGHT);
 }
@@ -119,11 +90,7 @@ void MainWindow::watch(Mailbox& mailbox)
     mailbox_ = &mailbox;
     for (std::size_t index = 0; index < mailbox.all().size(); ++index) {
         const Folder& folder = mailbox.all()[index];
-        LVITEMW row{};
-        row.mask = LVIF_TEXT;
-        row.iItem = static_cast<int>(index);
-        row.pszText = const_cast<wchar_t*>(folder.name);
-        SendMessageW(folders_, LVM_INSERTITEMW, 0, reinterpret_cast<LPARAM>(&row));
+        addRow(folders_, static_cast<int>(index), folder.name);
         if (folder.number == firstShown) chosen_ = index;
     }
     choose(chosen_);
@@ -156,7 +123,7 @@ void MainWindow::choose(std::size_t folder)
 {
     chosen_ = folder;
     const Columns& columns = columnsFor(*chosen());
-    while (SendMessageW(items_, LVM_DELETECOLUMN, 0, 0)) {}
+    removeColumns(items_);
     for (int index = 0; index < 3; ++index) addColumn(items_, index, columns.titles[index], columnWidths[index]);
     SetWindowTextW(window_, (chosen()->name + std::wstring(L" - Microsoft Outlook")).c_str());
     refresh();
@@ -176,8 +143,7 @@ void MainWindow::refresh()
     int row = 0;
     for (const Folder& folder : mailbox_->all()) setCell(folders_, row++, 1, std::to_wstring(folder.items.size()));
     const std::size_t count = chosen()->items.size();
-    SendMessageW(items_, LVM_SETITEMCOUNT, count, LVSICF_NOSCROLL);
-    InvalidateRect(items_, nullptr, TRUE);
+    setRowCount(items_, count);
     SetWindowTextW(status_, (std::to_wstring(count) + (count == 1 ? L" item" : L" items")).c_str());
 }
 

@@ -2,7 +2,7 @@
 // items of the one that is chosen.
 #pragma once
 
-#include "desk/outlook/fonts.h"
+#include "desk/common/fonts.h"
 #include "desk/outlook/mailbox.h"
 
 #include <commctrl.h>

@@ -1,8 +1,7 @@
 #include "automation/enumeration.h"
 #include "automation/error.h"
 #include "automation/object.h"
-#include "desk_outlook/running_outlook.h"
-#include "support/stand_in.h"
+#include "support/running_partner.h"
 
 #include <gtest/gtest.h>
 
@@ -12,8 +11,17 @@ namespace {
 
 using automation::Object;
 using automation::Value;
+using support::Process;
 
 constexpr std::int32_t olContacts = 10;
+
+class RunningOutlook : public support::RunningPartner {
+public:
+    explicit RunningOutlook(std::string_view store = {})
+        : RunningPartner({L"OUTLOOK.exe", L"outlook", L"Outlook.Application"}, store)
+    {
+    }
+};
 
 Object outlookObject()
 {

@@ -1,6 +1,6 @@
-#include "desk/outlook/fonts.h"
+#include "desk/common/fonts.h"
 
-namespace desk::outlook {
+namespace desk {
 
 Font::Font(int percent, bool bold)
 {

@@ -3,7 +3,7 @@
 
 #include <windows.h>
 
-namespace desk::outlook {
+namespace desk {
 
 class Font {
 public:

@@ -1,11 +1,14 @@
-#include "desk_outlook/running_outlook.h"
+#include "support/running_partner.h"
 
 #include "automation/server/registration.h"
 #include "desk/common/control_pipe.h"
+#include "desk/common/text.h"
 
 #include <objbase.h>
 
 #include <stdexcept>
+
+namespace support {
 
 Process::Process(const std::wstring& commandLine, const std::wstring& errorFile)
 {
@@ -45,41 +48,45 @@ DWORD Process::exitCode(DWORD milliseconds) const
 namespace {
 
 // The registered program's command line, "" for none.
-std::wstring registeredProgram()
+std::wstring registeredProgram(const wchar_t* progId)
 {
     CLSID classId;
     wchar_t text[64];
     std::wstring line(MAX_PATH, L'\0');
     LONG size = MAX_PATH * sizeof(wchar_t);
-    if (FAILED(CLSIDFromProgID(L"Outlook.Application", &classId)) || !StringFromGUID2(classId, text, 64)) return L"";
+    if (FAILED(CLSIDFromProgID(progId, &classId)) || !StringFromGUID2(classId, text, 64)) return L"";
     const std::wstring key = std::wstring(L"CLSID\\") + text + L"\\LocalServer32";
     if (RegQueryValueW(HKEY_CLASSES_ROOT, key.c_str(), line.data(), &size) != ERROR_SUCCESS) return L"";
     return line.c_str();
 }
 
+void require(bool done, const PartnerProgram& partner, const char* what)
+{
+    if (!done) throw std::runtime_error(desk::utf8(partner.file) + " " + what);
 }
 
-RunningOutlook::RunningOutlook(std::string_view store)
-    : oneAtATime_(CreateMutexW(nullptr, FALSE, L"desk-outlook-test"))
+}
+
+RunningPartner::RunningPartner(const PartnerProgram& partner, std::string_view store)
+    : partner_(partner), oneAtATime_(CreateMutexW(nullptr, FALSE, (L"desk-test-" + std::wstring(partner.pipe)).c_str()))
 {
     WaitForSingleObject(oneAtATime_, INFINITE);
-    registeredBefore_ = registeredProgram();
+    registeredBefore_ = registeredProgram(partner.progId);
     const std::wstring test = automation::server::programPath();
-    const std::wstring built = test.substr(0, test.rfind(L'\\')) + L"\\OUTLOOK.exe";
-    if (!CopyFileW(built.c_str(), program().c_str(), FALSE))
-        throw std::runtime_error("OUTLOOK.exe is not beside the test");
-    if (Process(program() + L" /RegServer").exitCode() != 0) throw std::runtime_error("OUTLOOK.exe is not registered");
-    if (!store.empty()) support::writeFile(storeFile(), store);
+    const std::wstring built = test.substr(0, test.rfind(L'\\') + 1) + partner.file;
+    require(CopyFileW(built.c_str(), program().c_str(), FALSE), partner, "is not beside the test");
+    require(Process(program() + L" /RegServer").exitCode() == 0, partner, "is not registered");
+    if (!store.empty()) writeFile(storeFile(), store);
     start();
 }
 
-void RunningOutlook::start()
+void RunningPartner::start()
 {
     process_ = std::make_unique<Process>(program() + L" -Embedding");
     ask(L"ping");
 }
 
-RunningOutlook::~RunningOutlook()
+RunningPartner::~RunningPartner()
 {
     if (process_->exitCode(0) == Process::stillRuns) {
         try {
@@ -96,7 +103,9 @@ RunningOutlook::~RunningOutlook()
     CloseHandle(oneAtATime_);
 }
 
-std::wstring RunningOutlook::ask(std::wstring_view request) const
+std::wstring RunningPartner::ask(std::wstring_view request) const
 {
-    return desk::ask(L"outlook", request);
+    return desk::ask(partner_.pipe, request);
+}
+
 }
