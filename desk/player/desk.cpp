@@ -3,43 +3,16 @@
 #include "automation/error.h"
 #include "automation/object.h"
 #include "automation/text.h"
-#include "desk/common/control_pipe.h"
 
 #include <shlobj.h>
 
-#include <algorithm>
 #include <stdexcept>
 
 namespace desk::player {
 
 namespace {
 
-constexpr const wchar_t* softphoneFile = L"pavex.exe";
-constexpr const wchar_t* outlookFile = L"OUTLOOK.exe";
-constexpr const wchar_t* softphoneName = L"pavex";
-constexpr const wchar_t* outlookName = L"outlook";
 constexpr DWORD patience = 20'000; // milliseconds, for a program to start or end
-
-std::wstring partner(const wchar_t* file)
-{
-    return std::wstring(Desk::partnersFolder) + L"\\" + file;
-}
-
-std::wstring storeOf(std::wstring_view name)
-{
-    return std::wstring(Desk::partnersFolder) + L"\\" + std::wstring(name) + L".store.txt";
-}
-
-void installPartners()
-{
-    makeFolder(Desk::partnersFolder);
-    for (const wchar_t* file : {softphoneFile, outlookFile}) {
-        copyFile(ownFolder() + L"\\" + file, partner(file));
-        const Process registration(partner(file), L"/RegServer");
-        if (!registration.ended(patience) || registration.exitCode() != 0)
-            throw std::runtime_error(automation::ansi(file) + " does not register");
-    }
-}
 
 void installHublink()
 {
@@ -60,19 +33,26 @@ void installSoftphoneSettings()
     setRegistryText(HKEY_CURRENT_USER, L"Software\\Orvel\\Pavex\\Name", L"Man", L"anna");
 }
 
-std::wstring asked(std::wstring_view name, std::wstring_view request)
+std::optional<StoreRecord> firstRecord(const std::wstring& store, const wchar_t* field, const std::wstring& value)
 {
-    const std::wstring response = desk::ask(name, request);
-    if (response.starts_with(L"error:"))
-        throw std::runtime_error(automation::ansi(request) + ": " + automation::ansi(response));
-    return response;
+    for (const StoreRecord& candidate : parseStore(store)) {
+        const std::wstring* text = candidate.find(field);
+        if (text && *text == value) return candidate;
+    }
+    return std::nullopt;
+}
+
+void writeSetting(const std::wstring& file, const char* section, const char* key, const char* value)
+{
+    if (!WritePrivateProfileStringA(section, key, value, automation::ansi(file).c_str()))
+        throw std::runtime_error(std::string("cannot write ") + key + " into " + automation::ansi(file));
 }
 
 }
 
 Desk::Desk()
 {
-    installPartners();
+    for (PartnerProgram* partner : {&softphone_, &outlook_, &notes_}) partner->install();
     installHublink();
     installSoftphoneSettings();
     emptyIdentifierMap();
@@ -81,8 +61,7 @@ Desk::Desk()
 Desk::~Desk()
 {
     if (hublink_.running() && !stopHublink()) hublink_.kill();
-    endPartner(outlook_, outlookName);
-    endPartner(softphone_, softphoneName);
+    for (PartnerProgram* partner : {&notes_, &outlook_, &softphone_}) partner->end();
 }
 
 void Desk::emptyIdentifierMap()
@@ -98,58 +77,13 @@ void Desk::emptyIdentifierMap()
         removeFile(std::wstring(folder) + L"\\Hublink\\identifiers.map");
 }
 
-Process Desk::startPartner(const wchar_t* file, std::wstring_view name)
-{
-    Process process(partner(file), L"");
-    desk::ask(name, L"ping", patience);
-    return process;
-}
-
-void Desk::endPartner(Process& process, std::wstring_view name)
-{
-    if (!process.running()) return;
-    try {
-        desk::ask(name, L"exit");
-    } catch (const std::runtime_error&) {
-        // It died, or hangs: it is ended below.
-    }
-    if (!process.ended(5000)) process.kill();
-}
-
-void Desk::startSoftphone(std::string_view records)
-{
-    writeFile(storeOf(softphoneName), records);
-    reopenSoftphone();
-}
-
-void Desk::reopenSoftphone()
-{
-    softphone_ = startPartner(softphoneFile, softphoneName);
-}
-
-void Desk::startOutlook(std::string_view records)
-{
-    writeFile(storeOf(outlookName), records);
-    startOutlook();
-}
-
-void Desk::startOutlook()
-{
-    outlook_ = startPartner(outlookFile, outlookName);
-}
-
-void Desk::closeOutlook()
-{
-    outlook(L"exit");
-    if (!outlook_.ended(patience)) throw std::runtime_error("Outlook does not close");
-}
-
 void Desk::restartPartners()
 {
-    endPartner(outlook_, outlookName);
-    endPartner(softphone_, softphoneName);
-    reopenSoftphone();
-    startOutlook();
+    for (PartnerProgram* partner : {&notes_, &outlook_, &softphone_}) {
+        if (!partner->process().running()) continue;
+        partner->end();
+        partner->start();
+    }
 }
 
 void Desk::startHublink()
@@ -164,23 +98,14 @@ void Desk::startHublink(const std::function<void()>& beforeItBegins)
     hublink_.resume();
 }
 
-std::wstring Desk::softphone(std::wstring_view request)
-{
-    return asked(softphoneName, request);
-}
-
-std::wstring Desk::outlook(std::wstring_view request)
-{
-    return asked(outlookName, request);
-}
-
 std::optional<StoreRecord> Desk::record(std::wstring_view list, const wchar_t* field, const std::wstring& value)
 {
-    for (const StoreRecord& candidate : parseStore(outlook(list))) {
-        const std::wstring* text = candidate.find(field);
-        if (text && *text == value) return candidate;
-    }
-    return std::nullopt;
+    return firstRecord(outlook(list), field, value);
+}
+
+std::optional<StoreRecord> Desk::document(std::wstring_view database, const wchar_t* item, const std::wstring& value)
+{
+    return firstRecord(notes(L"documents " + std::wstring(database)), item, value);
 }
 
 std::wstring Desk::logBody()
@@ -193,16 +118,6 @@ std::wstring Desk::logBody()
 bool Desk::logHolds(const std::wstring& line)
 {
     return (logBody() + L"\n").find(L" " + line + L"\n") != std::wstring::npos;
-}
-
-bool Desk::outlookShows(const std::wstring& title)
-{
-    return waitUntil(
-        [&] {
-            const auto titles = windowTitles(outlook_.id());
-            return std::find(titles.begin(), titles.end(), title) != titles.end();
-        },
-        patience);
 }
 
 void Desk::tick()
@@ -230,8 +145,12 @@ std::wstring Desk::iniFile() const
 
 void Desk::setIni(const char* section, const char* key, const char* value)
 {
-    if (!WritePrivateProfileStringA(section, key, value, automation::ansi(iniFile()).c_str()))
-        throw std::runtime_error(std::string("cannot write ") + key + " into the ini file");
+    writeSetting(iniFile(), section, key, value);
+}
+
+void Desk::setDefault(const char* section, const char* key, const char* value)
+{
+    writeSetting(std::wstring(programFolder) + L"\\pavexconnector.ini", section, key, value);
 }
 
 }

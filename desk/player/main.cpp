@@ -1,8 +1,9 @@
 // Plays at the simulated desk and tells about it.
 //
-//     player morning FOLDER     the scripted morning; FOLDER gets the picture, desk.bmp
-//     player stay FOLDER        the same, then the programs are left running
-//     player figures            what the program uses in the long run
+//     player morning GROUPWARE FOLDER   the scripted morning, with outlook, lotus
+//                                       or both; FOLDER gets the pictures, *.bmp
+//     player stay GROUPWARE FOLDER      the same, then the programs are left running
+//     player figures                    what the program uses in the long run
 //
 // Exit code 0 only if everything was as it should be.
 #include "automation/apartment.h"
@@ -25,20 +26,25 @@ int conclude(const Narrator& narrator)
     return narrator.missing() ? 1 : 0;
 }
 
-int play(std::string_view what, const std::wstring& folder)
+int play(bool stay, GroupwareInUse groupware, const std::wstring& folder)
 {
     const automation::Apartment apartment;
     auto desk = std::make_unique<Desk>();
     Narrator narrator;
-    if (what == "figures") {
-        measureFigures(*desk, narrator);
-        return conclude(narrator);
-    }
-    Morning(*desk, narrator, folder + L"\\desk.bmp").play();
-    if (what == "stay") {
+    Morning(*desk, narrator, groupware, folder).play();
+    if (stay) {
         desk->startHublink();
         desk.release(); // the programs end with the session
     }
+    return conclude(narrator);
+}
+
+int figures()
+{
+    const automation::Apartment apartment;
+    Desk desk;
+    Narrator narrator;
+    measureFigures(desk, narrator);
     return conclude(narrator);
 }
 
@@ -47,15 +53,16 @@ int play(std::string_view what, const std::wstring& folder)
 int main(int argc, char** argv)
 {
     const std::string_view what = argc > 1 ? argv[1] : "";
-    const bool withFolder = what == "morning" || what == "stay";
-    if (argc != (withFolder ? 3 : 2) || (!withFolder && what != "figures")) {
-        std::fprintf(stderr, "usage: player morning FOLDER | stay FOLDER | figures\n");
-        return 2;
-    }
+    const std::string_view groupware = argc == 4 ? argv[2] : "";
+    const GroupwareInUse inUse{groupware != "lotus", groupware != "outlook"};
+    const bool known = groupware == "outlook" || groupware == "lotus" || groupware == "both";
     try {
-        return play(what, withFolder ? desk::fromUtf8(argv[2]) : L"");
+        if (what == "figures" && argc == 2) return figures();
+        if (known && (what == "morning" || what == "stay")) return play(what == "stay", inUse, desk::fromUtf8(argv[3]));
     } catch (const std::exception& error) {
         std::fprintf(stderr, "player: %s\n", error.what());
         return 1;
     }
+    std::fprintf(stderr, "usage: player morning|stay outlook|lotus|both FOLDER, or player figures\n");
+    return 2;
 }

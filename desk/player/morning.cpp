@@ -1,23 +1,17 @@
 #include "desk/player/morning.h"
 
-#include "automation/object.h"
 #include "desk/common/text.h"
 #include "desk/player/fixtures.h"
+#include "desk/player/notes_side.h"
+#include "desk/player/outlook_side.h"
+#include "desk/player/patience.h"
 
+#include <algorithm>
 #include <cwchar>
 
 namespace desk::player {
 
 namespace {
-
-constexpr DWORD soon = 15'000;      // milliseconds: a call and what follows from it
-constexpr DWORD nextTick = 12'000;  // a supervision tick, and some work
-constexpr DWORD quiet = 600;        // nothing happens any more
-
-bool contains(const std::wstring& text, const std::wstring& part)
-{
-    return text.find(part) != std::wstring::npos;
-}
 
 // How many calls a partner has received, and how many of them were for names.
 std::wstring summary(const std::wstring& totals)
@@ -34,75 +28,71 @@ std::wstring summary(const std::wstring& totals)
 
 }
 
-Morning::Morning(Desk& desk, Narrator& narrator, std::wstring picture)
-    : desk_(desk), narrator_(narrator), picture_(std::move(picture))
+bool hasLine(const std::wstring& log, const std::wstring& line)
 {
+    return (log + L"\n").find(L" " + line + L"\n") != std::wstring::npos;
+}
+
+Morning::Morning(Desk& desk, Narrator& narrator, GroupwareInUse groupware, std::wstring pictures)
+    : desk_(desk), narrator_(narrator), pictures_(std::move(pictures))
+{
+    if (groupware.outlook) sides_.push_back(std::make_unique<OutlookSide>(desk, narrator));
+    if (groupware.notes) sides_.push_back(std::make_unique<NotesSide>(desk, narrator));
+    desk_.setDefault("Application", "type",
+                     !groupware.notes ? "OUTLOOK" : groupware.outlook ? "OUTLOOK,LOTUS" : "LOTUS");
 }
 
 void Morning::play()
 {
     start();
     synchronised();
-    callFromNumberWithDots();
+    callFromKnownNumber();
     callFromStranger();
     forwardedCall();
     outgoingCall();
     editedIniFile();
-    logItem();
-    outlookRestarted();
+    for (const auto& side : sides_) side->ownSteps();
+    for (const auto& side : sides_) groupwareRestarted(*side);
     iconPressed();
 }
 
 void Morning::start()
 {
-    narrator_.tell(L"Anna starts the softphone, Outlook and Hublink.");
+    for (const auto& side : sides_) narrator_.tell(L"Anna starts " + side->name() + L".");
+    narrator_.tell(L"She starts the softphone and Hublink.");
     desk_.startSoftphone(morningSoftphone());
-    desk_.startOutlook(morningContacts());
-    contacts_ = parseStore(desk_.outlook(L"contacts")).size();
+    for (const auto& side : sides_) side->start();
     desk_.startHublink();
-    narrator_.expect(waitUntil([&] { return desk_.logHolds(L"Connector Initialization  Ok"); }, soon),
-                     L"Outlook's journal has the line \"Connector Initialization  Ok\"");
+    narrator_.expect(eachLogHas(L"Connector Initialization  Ok"),
+                     L"the log has the line \"Connector Initialization  Ok\"");
     narrator_.expect(desk_.softphone(L"attached") == L"True", L"the softphone has been attached to");
     // The switch is off in the file as installed; it takes effect at the next tick.
     desk_.setIni("AllApplication", "NewContact", "true");
-    narrator_.expect(waitUntil([&] { return desk_.logHolds(L"Reload Ini data"); }, nextTick),
+    narrator_.expect(eachLogHas(L"Reload Ini data"),
                      L"\"NewContact\" is switched on in the ini file, and Hublink has read it");
+}
+
+bool Morning::eachLogHas(const std::wstring& line)
+{
+    return waitUntil(
+        [&] { return std::all_of(sides_.begin(), sides_.end(), [&](auto& side) { return hasLine(side->log(), line); }); },
+        soon);
 }
 
 void Morning::synchronised()
 {
-    narrator_.step(L"The softphone's address book and call history are brought into Outlook.");
-    narrator_.expect(desk_.logHolds(L"Repertory Synchronisation Ok") && desk_.logHolds(L"History Synchronisation Ok"),
-                     L"the log item tells of both synchronisations");
-    narrator_.expect(eachOnce(), std::to_wstring(strangers) + L" contacts are new, the entries that Outlook knew in "
-                                 L"other layouts were not copied, and " + std::to_wstring(callsOfYesterday) +
-                                 L" calls lie in the journal");
-    desk_.outlook(L"show Journal");
+    narrator_.step(L"The softphone's address book and call history are brought into the groupware.");
+    narrator_.expect(eachLogHas(L"Repertory Synchronisation Ok") && eachLogHas(L"History Synchronisation Ok"),
+                     L"the log tells of both synchronisations");
+    for (const auto& side : sides_) side->expectSynchronised();
 }
 
-// Whether every entry and every call of yesterday is in Outlook exactly once.
-bool Morning::eachOnce()
-{
-    std::size_t calls = 0;
-    for (const StoreRecord& record : parseStore(desk_.outlook(L"journal"))) {
-        const std::wstring* type = record.find(L"Type");
-        calls += type && *type == L"Phone Call";
-    }
-    return calls == callsOfYesterday && parseStore(desk_.outlook(L"contacts")).size() == contacts_ + strangers;
-}
-
-void Morning::callFromNumberWithDots()
+void Morning::callFromKnownNumber()
 {
     narrator_.step(L"0123456789 calls; Outlook has the number as 01.23.45.67.89.");
     ring(L"Number=0123456789 Incoming=true");
-    narrator_.expect(desk_.outlookShows(L"Marc Durand - Contact"), L"the contact of Marc Durand is on the screen");
-    const auto marc = desk_.record(L"contacts", L"LastName", L"Durand");
-    const std::wstring* number = marc ? marc->find(L"MobileTelephoneNumber") : nullptr;
-    narrator_.expect(number && *number == L"0123456789", L"his number is stored as 0123456789 now");
-    if (!picture_.empty()) {
-        waitFor(300); // until everything is painted
-        takePicture(picture_);
-    }
+    for (const auto& side : sides_) side->expectKnownCaller();
+    takePicture(L"desk");
     countCalls();
 }
 
@@ -110,17 +100,7 @@ void Morning::callFromStranger()
 {
     narrator_.step(L"06 55 44 33 22 calls; nobody has that number. The softphone knows the name.");
     ring(L"Number=\"06 55 44 33 22\" LastName=Nguyen FirstName=Linh Incoming=true");
-    narrator_.expect(desk_.outlookShows(L"Linh Nguyen - Contact"), L"a new contact of Linh Nguyen is on the screen");
-    const auto linh = desk_.record(L"contacts", L"LastName", L"Nguyen");
-    const auto has = [&](const wchar_t* field, const wchar_t* value) {
-        const std::wstring* text = linh ? linh->find(field) : nullptr;
-        return text && *text == value;
-    };
-    narrator_.expect(has(L"FirstName", L"Linh") && has(L"BusinessTelephoneNumber", L"0655443322"),
-                     L"Outlook keeps it, with first name, last name and the number 0655443322");
-    narrator_.expect(waitUntil([&] { return desk_.logHolds(L"New contact 0655443322 Nguyen Linh"); }, soon),
-                     L"the log item has the line \"New contact 0655443322 Nguyen Linh\"");
-    ++contacts_;
+    for (const auto& side : sides_) side->expectStranger();
     countCalls();
 }
 
@@ -128,13 +108,8 @@ void Morning::forwardedCall()
 {
     narrator_.step(L"0123456789 calls and is forwarded to 4711, Claire Petit, who has a mail address.");
     ring(L"Number=0123456789 Incoming=true DestinationNumber=4711");
-    const std::wstring subject = L"Please call Marc Durand back at 0123456789";
-    narrator_.expect(desk_.outlookShows(subject + L" - Message"), L"a mail \"" + subject + L"\" is on the screen");
-    const auto mail = desk_.record(L"mails", L"Subject", subject.c_str());
-    const std::wstring* to = mail ? mail->find(L"To") : nullptr;
-    const std::wstring* body = mail ? mail->find(L"Body") : nullptr;
-    narrator_.expect(to && *to == L"claire.petit@example.com" && (!body || body->empty()),
-                     L"it is addressed to claire.petit@example.com and its body is empty");
+    for (const auto& side : sides_) side->expectMessage();
+    takePicture(L"desk-forwarded");
     countCalls();
 }
 
@@ -142,54 +117,43 @@ void Morning::outgoingCall()
 {
     narrator_.step(L"Anna calls 4711 herself.");
     ring(L"Number=4711 Incoming=false");
-    narrator_.expect(waitUntil([&] { return contains(desk_.outlook(L"calls"), L"Items.Find"); }, soon),
-                     L"Outlook has been asked for the name");
+    narrator_.expect(waitUntil([&] { return !sides_.back()->calls().empty(); }, soon),
+                     L"the groupware has been asked for the name");
     waitFor(quiet);
-    narrator_.expect(desk_.outlook(L"windows").empty(), L"nothing has opened");
+    for (const auto& side : sides_) narrator_.expect(side->showsNothing(), side->name() + L": nothing has opened");
     countCalls();
 }
 
 void Morning::editedIniFile()
 {
-    narrator_.step(L"The text of the callback mail is changed in the ini file while Hublink runs.");
-    const std::wstring before = desk_.logBody();
-    desk_.setIni("outlook", "CallBackMailSyntaxe", "<LastName>: <PhoneNumber>");
-    narrator_.expect(waitUntil([&] { return contains(desk_.logBody().substr(before.size()), L" Reload Ini data"); }, nextTick),
-                     L"the log item has a new line \"Reload Ini data\"");
+    narrator_.step(L"The text of the callback mail, or the showing of calendars, is changed in the ini file.");
+    std::vector<std::size_t> before;
+    for (const auto& side : sides_) before.push_back(side->log().size());
+    for (const auto& side : sides_) side->editSetting();
+    for (std::size_t k = 0; k < sides_.size(); ++k)
+        narrator_.expect(
+            waitUntil([&] { return hasLine(sides_[k]->log().substr(before[k]), L"Reload Ini data"); }, nextTick),
+            sides_[k]->name() + L": the log has a new line \"Reload Ini data\"");
     ring(L"Number=0123456789 Incoming=true DestinationNumber=4711");
-    narrator_.expect(desk_.outlookShows(L"Durand: 0123456789 - Message"), L"the next callback mail has the new text");
+    for (const auto& side : sides_) side->expectChangedMessage();
 }
 
-void Morning::logItem()
+void Morning::groupwareRestarted(Side& side)
 {
-    narrator_.step(L"Anna opens the item \"Connector Log\" in Outlook's journal.");
-    using automation::Object;
-    const Object outlook = Object::create(L"Outlook.Application");
-    const Object journal = outlook.get(L"GetNamespace", {L"MAPI"}).object().get(L"GetDefaultFolder", {std::int32_t{11}}).object();
-    const Object item = journal.get(L"Items").object().get(L"Find", {L"[Subject] = 'Connector Log'"}).object();
-    if (!narrator_.expect(static_cast<bool>(item), L"there is one")) return;
-    item.call(L"Display");
-    narrator_.expect(desk_.outlookShows(L"Connector Log - Journal Entry"), L"it is on the screen");
-    for (const std::wstring& line : linesOf(desk_.logBody())) narrator_.tell(L"         " + line);
-    narrator_.expect(contains(desk_.logBody(), L" Start Connector Initialization\n"), L"its lines are joined by line feeds");
-}
-
-void Morning::outlookRestarted()
-{
-    narrator_.step(L"Outlook is closed, and after a while opened again.");
-    desk_.closeOutlook();
+    narrator_.step(side.name() + L" is closed, and after a while opened again.");
+    side.clear();
+    side.close();
     waitFor(6000); // a tick must see that it is gone
     narrator_.expect(desk_.hublinkProcess().running(), L"Hublink goes on without it");
-    desk_.startOutlook();
-    narrator_.expect(
-        waitUntil([&] { return contains(desk_.outlook(L"calls"), L"NameSpace.GetDefaultFolder"); }, nextTick),
-        L"Hublink has opened a new session");
-    narrator_.expect(waitUntil([&] { return contains(desk_.softphone(L"calls"), L"HistoryItem"); }, soon),
+    desk_.softphone(L"clear");
+    side.reopen();
+    side.expectReadAgain();
+    narrator_.expect(waitUntil([&] { return desk_.softphone(L"calls").find(L"HistoryItem") != std::wstring::npos; }, soon),
                      L"it has gone through the softphone's records again");
     waitFor(quiet);
-    narrator_.expect(eachOnce(), L"nothing has been copied twice");
-    ring(L"Number=0655443322 Incoming=true");
-    narrator_.expect(desk_.outlookShows(L"Linh Nguyen - Contact"), L"a call is served as before: Linh Nguyen is on the screen");
+    side.expectNothingTwice();
+    ring(L"Number=0123456789 Incoming=true");
+    side.expectKnownCaller();
 }
 
 void Morning::iconPressed()
@@ -223,13 +187,13 @@ void Morning::iconPressed()
     narrator_.expect(answers(IDYES), L"the question is gone");
     narrator_.expect(desk_.hublinkProcess().ended(nextTick), L"Hublink is gone at the next tick");
     narrator_.expect(desk_.hublinkProcess().exitCode() == 0, L"its exit code is 0");
-    narrator_.expect(desk_.outlookProcess().running(), L"Outlook is left running");
+    for (Process* program : {&desk_.outlookProcess(), &desk_.notesProcess()})
+        narrator_.expect(!*program || program->running(), L"the groupware is left running");
 }
 
 void Morning::ring(const std::wstring& fields)
 {
-    desk_.outlook(L"close-windows");
-    desk_.outlook(L"clear");
+    for (const auto& side : sides_) side->clear();
     desk_.softphone(L"clear");
     desk_.softphone(L"call " + fields);
 }
@@ -237,8 +201,16 @@ void Morning::ring(const std::wstring& fields)
 void Morning::countCalls()
 {
     waitFor(quiet);
-    narrator_.tell(L"COM calls for it: Outlook " + summary(desk_.outlook(L"calls")) + L", softphone " +
-                   summary(desk_.softphone(L"calls")));
+    std::wstring text = L"COM calls for it: softphone " + summary(desk_.softphone(L"calls"));
+    for (const auto& side : sides_) text += L", " + side->name() + L" " + summary(side->calls());
+    narrator_.tell(text);
+}
+
+void Morning::takePicture(const wchar_t* name)
+{
+    if (pictures_.empty()) return;
+    waitFor(300); // until everything is painted
+    desk::player::takePicture(pictures_ + L"\\" + name + L".bmp");
 }
 
 }

@@ -3,13 +3,22 @@
 
 #include "desk/player/desk.h"
 #include "desk/player/narrator.h"
+#include "desk/player/side.h"
+
+#include <memory>
+#include <vector>
 
 namespace desk::player {
 
+struct GroupwareInUse {
+    bool outlook = true;
+    bool notes = true;
+};
+
 class Morning {
 public:
-    // `picture` is the BMP file to leave, "" for none.
-    Morning(Desk& desk, Narrator& narrator, std::wstring picture = {});
+    // `pictures` is the folder for the BMP files to leave, "" for none.
+    Morning(Desk& desk, Narrator& narrator, GroupwareInUse groupware, std::wstring pictures = {});
 
     // The whole morning, from starting the programs to the end of Hublink.
     void play();
@@ -17,23 +26,23 @@ public:
 private:
     void start();
     void synchronised();
-    void callFromNumberWithDots();
+    void callFromKnownNumber();
     void callFromStranger();
     void forwardedCall();
     void outgoingCall();
     void editedIniFile();
-    void logItem();
-    void outlookRestarted();
+    void groupwareRestarted(Side& side);
     void iconPressed();
 
     void ring(const std::wstring& fields);
     void countCalls();
-    bool eachOnce();
+    void takePicture(const wchar_t* name);
+    bool eachLogHas(const std::wstring& line);
 
     Desk& desk_;
     Narrator& narrator_;
-    const std::wstring picture_;
-    std::size_t contacts_ = 0; // that came into Outlook in other ways than from the address book
+    const std::wstring pictures_;
+    std::vector<std::unique_ptr<Side>> sides_;
 };
 
 }

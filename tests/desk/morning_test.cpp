@@ -3,10 +3,29 @@
 
 #include <gtest/gtest.h>
 
-TEST(Morning, EverythingArrives)
+namespace {
+
+void play(desk::player::GroupwareInUse groupware)
 {
     desk::player::Desk desk;
     desk::player::Narrator narrator;
-    desk::player::Morning(desk, narrator).play();
+    desk::player::Morning(desk, narrator, groupware).play();
     EXPECT_EQ(narrator.missing(), 0) << desk::utf8(narrator.missed());
+}
+
+}
+
+TEST(Morning, WithBothGroupware_EverythingArrives)
+{
+    play({.outlook = true, .notes = true});
+}
+
+TEST(Morning, WithOutlookAlone_EverythingArrives)
+{
+    play({.outlook = true, .notes = false});
+}
+
+TEST(Morning, WithNotesAlone_EverythingArrives)
+{
+    play({.outlook = false, .notes = true});
 }

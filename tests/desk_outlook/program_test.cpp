@@ -2,6 +2,7 @@
 #include "automation/error.h"
 #include "automation/object.h"
 #include "support/running_partner.h"
+#include "support/stand_in.h"
 
 #include <gtest/gtest.h>
 

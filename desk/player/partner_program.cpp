@@ -1,0 +1,81 @@
+#include "desk/player/partner_program.h"
+
+#include "automation/text.h"
+#include "desk/common/control_pipe.h"
+#include "desk/player/screen.h"
+
+#include <algorithm>
+#include <stdexcept>
+
+namespace desk::player {
+
+namespace {
+
+constexpr DWORD patience = 20'000; // milliseconds, for a program to start or end
+
+}
+
+std::wstring PartnerProgram::path() const
+{
+    return std::wstring(partnersFolder) + L"\\" + file_;
+}
+
+void PartnerProgram::install() const
+{
+    makeFolder(partnersFolder);
+    copyFile(ownFolder() + L"\\" + file_, path());
+    const Process registration(path(), L"/RegServer");
+    if (!registration.ended(patience) || registration.exitCode() != 0)
+        throw std::runtime_error(automation::ansi(file_) + " does not register");
+}
+
+void PartnerProgram::start()
+{
+    process_ = Process(path(), L"");
+    desk::ask(name_, L"ping", patience);
+}
+
+void PartnerProgram::start(std::string_view records)
+{
+    writeFile(std::wstring(partnersFolder) + L"\\" + name_ + L".store.txt", records);
+    start();
+}
+
+void PartnerProgram::close()
+{
+    ask(L"exit");
+    if (!process_.ended(patience)) throw std::runtime_error(automation::ansi(file_) + " does not close");
+}
+
+void PartnerProgram::end()
+{
+    if (!process_.running()) return;
+    try {
+        desk::ask(name_, L"exit");
+    } catch (const std::runtime_error&) {
+        // It died, or hangs: it is ended below.
+    }
+    if (!process_.ended(5000)) process_.kill();
+}
+
+std::wstring PartnerProgram::ask(std::wstring_view request) const
+{
+    const std::wstring response = desk::ask(name_, request);
+    if (response.starts_with(L"error:"))
+        throw std::runtime_error(automation::ansi(request) + ": " + automation::ansi(response));
+    return response;
+}
+
+bool PartnerProgram::shows(const std::wstring& title, bool exactly) const
+{
+    return waitUntil(
+        [&] {
+            const auto titles = windowTitles(process_.id());
+            return std::any_of(titles.begin(), titles.end(), [&](const std::wstring& each) {
+                return exactly ? each == title : each.starts_with(title);
+            });
+        },
+        patience);
+}
+
+}

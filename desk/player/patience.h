@@ -1,0 +1,12 @@
+// How long the player waits for what must come.
+#pragma once
+
+#include <windows.h>
+
+namespace desk::player {
+
+inline constexpr DWORD soon = 15'000;     // milliseconds: a call and what follows from it
+inline constexpr DWORD nextTick = 12'000; // a tick, and some work
+inline constexpr DWORD quiet = 600;       // nothing happens any more
+
+}
