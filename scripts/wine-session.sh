@@ -6,6 +6,7 @@
 
 project=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
 wine_home=$project/out/wine
+screen=1600x768 # room for the softphone, Outlook and Notes side by side
 
 export WINEARCH=win32 WINEDEBUG=${WINEDEBUG:--all} WINEDLLOVERRIDES="mscoree,mshtml="
 export LC_ALL=C.UTF-8 TZ=${TZ:-UTC}
@@ -18,7 +19,7 @@ pinned=(taskset -c "${WINE_CORE:-0}")
 start_screen() {
     local ready
     ready=$(mktemp)
-    Xvfb -displayfd 3 -screen 0 1024x768x24 -nolisten tcp 3> "$ready" > /dev/null 2>&1 &
+    Xvfb -displayfd 3 -screen 0 ${screen}x24 -nolisten tcp 3> "$ready" > /dev/null 2>&1 &
     screen_pid=$!
     for _ in $(seq 100); do [ -s "$ready" ] && break; sleep 0.05; done
     export DISPLAY=":$(cat "$ready")"
@@ -42,14 +43,14 @@ make_template() {
     wineboot -i > /dev/null 2>&1 < /dev/null
     ln -sf /usr/share/wine/fonts/*.ttf "$raw/drive_c/windows/Fonts/"
     local settings=$raw/settings.reg
-    cat > "$settings" << 'REG'
+    cat > "$settings" << REG
 REGEDIT4
 
 [HKEY_CURRENT_USER\Software\Wine\Explorer]
 "Desktop"="shell"
 
 [HKEY_CURRENT_USER\Software\Wine\Explorer\Desktops]
-"shell"="1024x768"
+"shell"="$screen"
 
 [HKEY_CURRENT_USER\Software\Wine\WineDbg]
 "ShowCrashDialog"=dword:00000000
@@ -74,7 +75,7 @@ start_session() {
     cp -a "$wine_home/template" "$WINEPREFIX"
     "${pinned[@]}" wineserver -p
     # The desktop with its notification area, there before the first program.
-    "${pinned[@]}" wine explorer.exe /desktop=shell,1024x768 > /dev/null 2>&1 < /dev/null &
+    "${pinned[@]}" wine explorer.exe /desktop=shell,$screen > /dev/null 2>&1 < /dev/null &
     for _ in $(seq 100); do
         xwininfo -root -tree 2> /dev/null | grep -q '"shell - Wine desktop"' && break
         sleep 0.05

@@ -7,9 +7,9 @@ namespace desk::lotus {
 
 namespace {
 
-// The cascade lies right of the softphone and leaves every title visible on a
-// screen of 1024 by 768 pixels.
-constexpr int cascadeLeft = 318;
+// The cascade lies right of Outlook's first windows and leaves every title
+// visible on a screen of 1600 by 768 pixels.
+constexpr int cascadeLeft = 880;
 constexpr int cascadeTop = 4;
 constexpr int cascadeStep = 27;
 constexpr int width = 400;

@@ -6,11 +6,11 @@ namespace desk::lotus {
 
 namespace {
 
-constexpr int left = 306;
-constexpr int top = 400; // below the first windows of documents
-constexpr int width = 714;
+constexpr int left = 1024; // beside Outlook's
+constexpr int top = 400;  // below the first windows of documents
+constexpr int width = 572;
 constexpr int height = 346;
-constexpr int leftWidth = 300;
+constexpr int leftWidth = 290;
 constexpr int databasesHeight = 150;
 constexpr int statusHeight = 20;
 constexpr int margin = 4;

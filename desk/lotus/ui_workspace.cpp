@@ -164,7 +164,8 @@ private:
         }
         const DocumentObject* const document = notes_.documentOf(call.arguments.object(1));
         if (!document) throw server::Failure{DISP_E_TYPEMISMATCH, 1};
-        return answerWith(workspace().open(document->opened(), editing, truthOr(call, 2, false)), call, 4);
+        const bool newInstance = truthOr(call, 5, true);
+        return answerWith(workspace().open(document->opened(), editing, truthOr(call, 2, false), newInstance), call, 4);
     }
 
     Value composeDocument(const IncomingCall& call)

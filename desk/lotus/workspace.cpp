@@ -79,10 +79,10 @@ void Workspace::update(const DocumentWindow& window)
     screen_.update(window.id, window.view());
 }
 
-WindowId Workspace::open(const SharedNote& note, bool editing, bool readOnly)
+WindowId Workspace::open(const SharedNote& note, bool editing, bool readOnly, bool newInstance)
 {
     if (note->isDeleted()) raiseDeleted();
-    if (const DocumentWindow* open = windowOf(*note)) {
+    if (const DocumentWindow* open = newInstance ? nullptr : windowOf(*note)) {
         const WindowId id = open->id;
         setEditing(id, editing);
         toFront(id);

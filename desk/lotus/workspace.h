@@ -49,9 +49,9 @@ public:
     // looks at a view or at nothing.
     DocumentWindow* current() noexcept;
 
-    // Displays a document; one that is displayed already comes to the front,
-    // in the wanted mode.
-    WindowId open(const SharedNote& note, bool editing, bool readOnly = false);
+    // Displays a document. One that is displayed already gets another window
+    // (`newInstance`), or its window comes to the front, in the wanted mode.
+    WindowId open(const SharedNote& note, bool editing, bool readOnly = false, bool newInstance = false);
 
     void setEditing(WindowId id, bool editing);
     void save(WindowId id);   // raises in read mode

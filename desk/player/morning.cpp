@@ -63,7 +63,7 @@ void Morning::start()
     desk_.startSoftphone(morningSoftphone());
     for (const auto& side : sides_) side->start();
     desk_.startHublink();
-    narrator_.expect(eachLogHas(L"Connector Initialization  Ok"),
+    narrator_.expect(eachLogHas(L"Connector Initialization  Ok", wholeStart),
                      L"the log has the line \"Connector Initialization  Ok\"");
     narrator_.expect(desk_.softphone(L"attached") == L"True", L"the softphone has been attached to");
     // The switch is off in the file as installed; it takes effect at the next tick.
@@ -72,11 +72,11 @@ void Morning::start()
                      L"\"NewContact\" is switched on in the ini file, and Hublink has read it");
 }
 
-bool Morning::eachLogHas(const std::wstring& line)
+bool Morning::eachLogHas(const std::wstring& line, DWORD patience)
 {
     return waitUntil(
         [&] { return std::all_of(sides_.begin(), sides_.end(), [&](auto& side) { return hasLine(side->log(), line); }); },
-        soon);
+        patience);
 }
 
 void Morning::synchronised()
@@ -153,7 +153,7 @@ void Morning::groupwareRestarted(Side& side)
     waitFor(quiet);
     side.expectNothingTwice();
     ring(L"Number=0123456789 Incoming=true");
-    side.expectKnownCaller();
+    for (const auto& each : sides_) each->expectKnownCaller(); // then none is in the middle of it any more
 }
 
 void Morning::iconPressed()

@@ -3,6 +3,7 @@
 
 #include "desk/player/desk.h"
 #include "desk/player/narrator.h"
+#include "desk/player/patience.h"
 #include "desk/player/side.h"
 
 #include <memory>
@@ -37,7 +38,7 @@ private:
     void ring(const std::wstring& fields);
     void countCalls();
     void takePicture(const wchar_t* name);
-    bool eachLogHas(const std::wstring& line);
+    bool eachLogHas(const std::wstring& line, DWORD patience = soon);
 
     Desk& desk_;
     Narrator& narrator_;

@@ -116,6 +116,7 @@ void NotesSide::expectChangedMessage()
 {
     narrator_.expect(opens(L"Marc Durand", L"edit") && desk_.notes(L"windows").find(L"Sales\t") == std::wstring::npos,
                      L"Notes: the next message comes without a calendar");
+    narrator_.expect(opens(L"Marc Durand/Acme", L"read"), L"Notes: the caller's document follows");
 }
 
 void NotesSide::expectReadAgain()
@@ -140,7 +141,8 @@ void NotesSide::readMail()
     narrator_.expect(waitUntil([&] { return text(desk_.document(mailDatabase, L"Subject", L"Minutes"), L"Tel") == L"4711"; },
                                nextTick),
                      L"the mail has Claire Petit's number, 4711, in its item \"Tel\"");
-    narrator_.expect(opens(L"Minutes", L"read") && linesOf(desk_.notes(L"windows")).size() == 1,
+    narrator_.expect(opens(L"Minutes", L"read") &&
+                         waitUntil([&] { return linesOf(desk_.notes(L"windows")).size() == 1; }, soon),
                      L"it is open once, for reading");
     desk_.notes(L"back");
 }

@@ -6,6 +6,7 @@
 namespace desk::player {
 
 inline constexpr DWORD soon = 15'000;     // milliseconds: a call and what follows from it
+inline constexpr DWORD wholeStart = 60'000; // an initialisation with its pauses, one a record
 inline constexpr DWORD nextTick = 12'000; // a tick, and some work
 inline constexpr DWORD quiet = 600;       // nothing happens any more
 

@@ -213,7 +213,7 @@ TEST(NotesProgram, SeveralWindows_ShowAllTheirTitles)
         ASSERT_NE(window, nullptr);
         RECT place;
         GetWindowRect(window, &place);
-        EXPECT_LE(place.right, 1024);
+        EXPECT_LE(place.right, 1600);
         EXPECT_LE(place.bottom, 768);
         EXPECT_GE(place.top - previous.top, GetSystemMetrics(SM_CYCAPTION)) << number;
         previous = place;

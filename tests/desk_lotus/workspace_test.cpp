@@ -53,6 +53,15 @@ TEST_F(WorkspaceTest, EditDocument_DisplaysTheReference_InTheWantedMode)
     EXPECT_EQ(windows(), L"Marc D.;Ann Abel*;");
 }
 
+TEST_F(WorkspaceTest, EditDocument_OfADisplayedDocument_OpensAnotherWindow)
+{
+    const Object first = display(person(L"Durand"), false);
+    display(person(L"Durand"), false);
+    EXPECT_EQ(windows(), L"Marc Durand;Marc Durand*;");
+    display(documentOf(first), false);
+    EXPECT_EQ(windows(), L"Marc Durand;Marc Durand;Marc Durand*;");
+}
+
 TEST_F(WorkspaceTest, ChangesOfTheDisplayedReference_ShowAtOnce_OthersDoNot)
 {
     const Object marc = person(L"Durand");
@@ -70,12 +79,13 @@ TEST_F(WorkspaceTest, ChangesOfTheDisplayedReference_ShowAtOnce_OthersDoNot)
     EXPECT_EQ(display(person(L"Durand"), false).get(L"WindowTitle").text(), L"Marc Z");
 }
 
-TEST_F(WorkspaceTest, DocumentThatIsDisplayedAlready_ComesToTheFront)
+TEST_F(WorkspaceTest, EditDocument_OfADisplayedDocument_WithoutANewInstance_BringsItToTheFront)
 {
     display(person(L"Durand"), false);
     display(person(L"Abel"), false);
     EXPECT_EQ(windows(), L"Marc Durand;Ann Abel*;");
-    const Object again = display(person(L"Durand"), true);
+    const Object again =
+        workspace().get(L"EditDocument", {true, person(L"Durand"), false, L"", true, false}).object();
     EXPECT_EQ(windows(), L"Marc Durand*;Ann Abel;");
     EXPECT_TRUE(again.get(L"EditMode").truth());
 }
