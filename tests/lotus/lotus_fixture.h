@@ -3,6 +3,7 @@
 // opens from an ini file on the disk.
 #pragma once
 
+#include "automation/text.h"
 #include "common/text.h"
 #include "desk/common/store_file.h"
 #include "desk/lotus/in_process.h"

@@ -1,0 +1,374 @@
+#include "lotus/settings.h"
+
+#include "lotus/log_document.h"
+#include "lotus_fixture.h"
+
+namespace {
+
+class LotusSettings : public LotusTest {
+protected:
+    void read(const std::string& ini)
+    {
+        writeIni(ini);
+        ReadLotusIni(session);
+    }
+
+    // Two books named by their base files, then this order and these marks of personal ones.
+    static std::string twoBooks(const std::string& order, const char* firstPersonal = "false",
+                                const char* secondPersonal = "false")
+    {
+        return "[lotus]\nNbPublicAddressBook=2\nOrder=" + order +
+               "\n[lotus base description 1]\nbase=one.nsf||||\nPersonalAddressBook=" + firstPersonal +
+               "\n[lotus base description 2]\nbase=two.nsf||||\nPersonalAddressBook=" + secondPersonal + "\n";
+    }
+
+    static std::string oneBook(const std::string& keys)
+    {
+        return "[lotus]\nNbPublicAddressBook=1\nOrder=Base 1\n[lotus base description 1]\n" + keys + "\n";
+    }
+
+    std::vector<std::wstring> bases() const
+    {
+        std::vector<std::wstring> names;
+        for (const LotusAddressBook& book : session.LotusAddressBooks) names.push_back(book.Base);
+        return names;
+    }
+
+    // The reading ends with an error and leaves these books behind.
+    void expectStopped(const std::string& ini, const std::vector<std::wstring>& left)
+    {
+        session.LotusAddressBooks.assign(1, {});
+        session.LotusAddressBooks[0].Base = L"old.nsf";
+        session.nSelectedPersonal = 0;
+        session.bShowGrpwAgenda = true;
+        session.LotusCallLog.LastName = L"kept";
+        trapped.procedures.clear();
+        read(ini);
+        EXPECT_EQ(trapped.procedures, Names{L"ReadLotusIni"}) << ini;
+        EXPECT_EQ(bases(), left) << ini;
+        EXPECT_TRUE(session.bShowGrpwAgenda) << ini;
+        EXPECT_EQ(session.LotusCallLog.LastName, L"kept") << ini;
+    }
+
+    using Names = std::vector<std::wstring>;
+};
+
+}
+
+TEST_F(LotusSettings, OrderOfTwoBooks_IsSearchOrder_AndFirstPersonalOneIsSelected)
+{
+    read(twoBooks("Base 2,<none>,Base 1", "true"));
+    EXPECT_EQ(bases(), (Names{L"two.nsf", L"one.nsf"}));
+    EXPECT_EQ(session.nSelectedPersonal, 1);
+    EXPECT_EQ(session.nbPublicAddressBook, 2);
+}
+
+TEST_F(LotusSettings, BothBooksPersonal_TheOneNamedFirst_IsSelected)
+{
+    read(twoBooks("<none>,Base 2,Base 1", "true", "true"));
+    EXPECT_EQ(bases(), (Names{L"two.nsf", L"one.nsf"}));
+    EXPECT_EQ(session.nSelectedPersonal, 0);
+}
+
+TEST_F(LotusSettings, NoPersonalBook_NoneIsSelected)
+{
+    session.nSelectedPersonal = 1;
+    read(twoBooks("Base 1,Base 2"));
+    EXPECT_EQ(session.nSelectedPersonal, -1);
+}
+
+TEST_F(LotusSettings, PersonalBookLeftOutOfTheOrder_IsNeitherSearchedNorSelected)
+{
+    read(twoBooks("Base 2", "true"));
+    EXPECT_EQ(bases(), Names{L"two.nsf"});
+    EXPECT_EQ(session.nSelectedPersonal, -1);
+}
+
+TEST_F(LotusSettings, BookNamedTwice_IsSearchedTwice_AndSelectedAtItsFirstPlace)
+{
+    read(twoBooks("Base 2,Base 1,Base 2,Base 1", "true"));
+    EXPECT_EQ(bases(), (Names{L"two.nsf", L"one.nsf", L"two.nsf", L"one.nsf"}));
+    EXPECT_EQ(session.nSelectedPersonal, 1);
+}
+
+TEST_F(LotusSettings, EveryWordBaseOfAnEntry_IsRemoved_OrNoneIsThere)
+{
+    read(twoBooks("Base Base 2,1, Base 2"));
+    EXPECT_EQ(bases(), (Names{L"two.nsf", L"one.nsf", L"two.nsf"}));
+}
+
+TEST_F(LotusSettings, FiveParts_FillTheLocator_FurtherOnesAreIgnored)
+{
+    read(oneBook("base=a.nsf|Server/Acme|Main|($Tel)|($Mail)|more|still more"));
+    const LotusAddressBook& book = session.LotusAddressBooks.at(0);
+    EXPECT_EQ(book.Base, L"a.nsf");
+    EXPECT_EQ(book.Server, L"Server/Acme");
+    EXPECT_EQ(book.MainView, L"Main");
+    EXPECT_EQ(book.ViewTel, L"($Tel)");
+    EXPECT_EQ(book.ViewMail, L"($Mail)");
+}
+
+TEST_F(LotusSettings, BaseOfFourPartsOrFewer_LeavesTheLocatorAsItWas)
+{
+    for (const char* base : {"a.nsf|b|c|d", "a.nsf", ""}) {
+        LotusAddressBook book;
+        static_cast<LotusBaseRef&>(book) = {L"old.nsf", L"old server", L"old view", L"old phones", L"old mails"};
+        writeIni("[lotus base description 7]\nbase=" + std::string(base) + "\nLastName=Last\n");
+        ReadLotusBaseDescription(session, 7, book);
+        EXPECT_EQ(book.Base + L"|" + book.Server + L"|" + book.MainView + L"|" + book.ViewTel + L"|" + book.ViewMail,
+                  L"old.nsf|old server|old view|old phones|old mails");
+        EXPECT_EQ(book.LastName, L"Last");
+    }
+}
+
+TEST_F(LotusSettings, EveryKeyOfABook_GoesToItsField)
+{
+    read(oneBook("PersonalAddressBook=true\nbase=a.nsf||m|t|e\nLastName=1\nFirstName=2\nPhoneNumber=3,4\n"
+                 "FullName=5\nMailAddress=6,7,8\nForm=9\nTypeForm=10"));
+    const LotusAddressBook& book = session.LotusAddressBooks.at(0);
+    EXPECT_TRUE(book.PersonalAddressBook);
+    EXPECT_EQ(book.LastName, L"1");
+    EXPECT_EQ(book.FirstName, L"2");
+    EXPECT_EQ(book.PhoneNumber, (Names{L"3", L"4"}));
+    EXPECT_EQ(book.FullName, L"5");
+    EXPECT_EQ(book.MailAddress, (Names{L"6", L"7", L"8"}));
+    EXPECT_EQ(book.Form, L"9");
+    EXPECT_EQ(book.TypeForm, L"10");
+}
+
+TEST_F(LotusSettings, EmptyItemLists_AreOneEmptyNameEach)
+{
+    read(oneBook("base=a.nsf||||\nPhoneNumber="));
+    EXPECT_EQ(session.LotusAddressBooks.at(0).PhoneNumber, Names{L""});
+    EXPECT_EQ(session.LotusAddressBooks.at(0).MailAddress, Names{L""});
+}
+
+TEST_F(LotusSettings, ItemNames_KeepTheirBlanks_AndEmptyOnesCount)
+{
+    read(oneBook("PhoneNumber=Office Phone, Cell,,Home"));
+    EXPECT_EQ(session.LotusAddressBooks.at(0).PhoneNumber, (Names{L"Office Phone", L" Cell", L"", L"Home"}));
+}
+
+TEST_F(LotusSettings, ItemListOfMoreThan1023Characters_IsCutThere)
+{
+    read(oneBook("PhoneNumber=" + std::string(1000, 'a') + "," + std::string(100, 'b')));
+    EXPECT_EQ(session.LotusAddressBooks.at(0).PhoneNumber, (Names{std::wstring(1000, L'a'), std::wstring(22, L'b')}));
+}
+
+TEST_F(LotusSettings, PersonalBook_OnlyForExactlyTrue)
+{
+    for (const char* value : {"True", "TRUE", "1", "yes", "true.", ""}) {
+        read(twoBooks("Base 1", value));
+        EXPECT_FALSE(session.LotusAddressBooks.at(0).PersonalAddressBook) << value;
+    }
+    read(twoBooks("Base 1", "true"));
+    EXPECT_TRUE(session.LotusAddressBooks.at(0).PersonalAddressBook);
+}
+
+TEST_F(LotusSettings, ServerNameMark_IsReplacedByTheSessionsServer_InTheBooksOnly)
+{
+    session.NotesSession = notes.create(L"Notes.NotesSession");
+    read("[lotus]\nNbPublicAddressBook=3\nOrder=Base 1,Base 2\n"
+         "[lotus base description 1]\nbase=a.nsf|<server name>|m|t|e\n"
+         "[lotus base description 2]\nbase=b.nsf|<Server name>|m|t|e\n"
+         "[lotus base description 3]\nbase=c.nsf|<server name>|m|t|e\n"
+         "[lotus call log description]\nbase=d.nsf|<server name>|m|t|e\n"
+         "[lotus personnel log description]\nbase=f.nsf|<server name>|m|t|e\n");
+    ReadLotusPersonalLogIni(session);
+    EXPECT_EQ(session.LotusAddressBooks.at(0).Server, L"") << "which is what a client outside of a server gets";
+    EXPECT_EQ(session.LotusAddressBooks.at(1).Server, L"<Server name>");
+    EXPECT_EQ(session.LotusCallLog.Server, L"<server name>");
+    EXPECT_EQ(session.LotusPersonalLog.Server, L"<server name>");
+    EXPECT_EQ(record(), (Names{L"NotesSession.ServerName get ()", L"NotesSession.ServerName get ()"}))
+        << "also for a described book that is not in the order";
+}
+
+TEST_F(LotusSettings, ServerNameThatCannotBeRead_EndsTheReading_WithTheOldBooksInUse)
+{
+    const std::string ini = oneBook("base=a.nsf|<server name>|m|t|e");
+    expectStopped(ini, {L"old.nsf"});
+    EXPECT_EQ(session.nSelectedPersonal, -1);
+    EXPECT_EQ(session.nbPublicAddressBook, 1);
+    session.NotesSession = notes.create(L"Notes.NotesSession");
+    fault(L"on NotesSession.ServerName fail 0x80004005");
+    expectStopped(ini, {L"old.nsf"});
+}
+
+TEST_F(LotusSettings, CountThatIsNone_EndsTheReading_WithTheOldBooksInUse)
+{
+    for (const char* count : {"0", "-1", "-32768", "abc", "70000", "2 books", ""}) {
+        expectStopped("[lotus]\nNbPublicAddressBook=" + std::string(count) + "\nOrder=Base 1\n", {L"old.nsf"});
+        EXPECT_EQ(session.nSelectedPersonal, -1) << count;
+    }
+}
+
+TEST_F(LotusSettings, Count_IsKeptWhenItIsANumber_AndElseStays)
+{
+    session.nbPublicAddressBook = 5;
+    read("[lotus]\nNbPublicAddressBook=abc\n");
+    EXPECT_EQ(session.nbPublicAddressBook, 5);
+    read("[lotus]\nNbPublicAddressBook=70000\n");
+    EXPECT_EQ(session.nbPublicAddressBook, 5);
+    read("[lotus]\nNbPublicAddressBook=-1\n");
+    EXPECT_EQ(session.nbPublicAddressBook, -1);
+    read("[other]\n");
+    EXPECT_EQ(session.nbPublicAddressBook, 0);
+}
+
+TEST_F(LotusSettings, MissingFile_EndsTheReading)
+{
+    ReadLotusIni(session);
+    EXPECT_EQ(trapped.procedures, Names{L"ReadLotusIni"});
+    EXPECT_EQ(session.LotusAddressBooks.size(), 0u);
+    ReadLotusPersonalLogIni(session);
+    EXPECT_EQ(session.LotusPersonalLog.Body, L"");
+}
+
+TEST_F(LotusSettings, OrderThatIsMissing_NamesBookZero_AndEndsTheReading)
+{
+    expectStopped("[lotus]\nNbPublicAddressBook=1\n[lotus base description 1]\nbase=one.nsf||||\n", {L""});
+    EXPECT_EQ(session.nSelectedPersonal, -1);
+}
+
+TEST_F(LotusSettings, OrderThatNamesNoBook_EndsTheReading_WithTheOldBooksInUse)
+{
+    for (const char* order : {"", "<none>", "<none>,<none>"}) expectStopped(twoBooks(order, "true"), {L"old.nsf"});
+    EXPECT_EQ(session.nSelectedPersonal, -1);
+}
+
+TEST_F(LotusSettings, OrderEntryThatNamesNoBook_EndsTheReading_AfterTheBooksBeforeIt)
+{
+    for (const char* entry : {"abc", "0", "3", "-1", "70000", "Base", "Base1", "<None>", " "})
+        expectStopped(twoBooks("Base 2," + std::string(entry) + ",Base 1", "false", "true"), {L"two.nsf", L"", L""});
+    EXPECT_EQ(session.nSelectedPersonal, 0);
+    expectStopped(twoBooks("Base 2,,Base 1"), {L"two.nsf", L"", L""});
+}
+
+TEST_F(LotusSettings, Switches_AreOnOnlyForExactlyTrue)
+{
+    const struct {
+        const char* key;
+        bool LotusSession::* kept;
+    } switches[] = {{"ShowGrpwAgenda", &LotusSession::bShowGrpwAgenda},
+                    {"AlwaysVerifyPhoneNumber", &LotusSession::bAlwaysVerifyPhoneNumber},
+                    {"CallInMail", &LotusSession::bCallInMail},
+                    {"PopUpGrpwAgenda", &LotusSession::bPopUpGrpwAgenda}};
+    const std::string start = "[lotus]\nNbPublicAddressBook=1\nOrder=1\n";
+    for (const auto& set : switches) {
+        read(start + set.key + "=true\n");
+        for (const auto& other : switches) EXPECT_EQ(session.*other.kept, other.key == set.key) << other.key;
+        for (const char* value : {"True", "1", "0", ""}) {
+            session.*set.kept = true;
+            read(start + set.key + "=" + value + "\n");
+            EXPECT_FALSE(session.*set.kept) << set.key << "=" << value;
+        }
+    }
+}
+
+TEST_F(LotusSettings, EveryKeyOfTheCallLog_GoesToItsField)
+{
+    read(twoBooks("1") + "[lotus call log description]\nbase=h.nsf|s|m|t|e\nLastName=1\nFirstName=2\nPhoneNumber=3,x\n"
+                         "State=4\nBeginDate=5\nEndDate=6\nIncoming=7\nExtern=8\nForm=9\nTypeForm=10\n"
+                         "Acknowledged=11\nTypeCall=12\nInfoSupdocNoteId=13\nInfoSupServer=14\nInfoSupBase=15\n");
+    const CallLogDescription& log = session.LotusCallLog;
+    EXPECT_EQ(Names({log.Base, log.Server, log.MainView, log.ViewTel, log.ViewMail}), (Names{L"h.nsf", L"s", L"m", L"t", L"e"}));
+    EXPECT_EQ(Names({log.LastName, log.FirstName, log.PhoneNumber, log.State, log.BeginDate, log.EndDate}),
+              (Names{L"1", L"2", L"3,x", L"4", L"5", L"6"}));
+    EXPECT_EQ(Names({log.Incoming, log.Extern, log.Form, log.TypeForm, log.Acknowledged, log.TypeCall}),
+              (Names{L"7", L"8", L"9", L"10", L"11", L"12"}));
+    EXPECT_EQ(Names({log.InfoSupdocNoteId, log.InfoSupServer, log.InfoSupBase}), (Names{L"13", L"14", L"15"}));
+}
+
+TEST_F(LotusSettings, InfoSupKeysThatAreMissing_AreTheirOwnNames_TheOthersEmpty)
+{
+    CallLogDescription& log = session.LotusCallLog;
+    log.LastName = log.TypeCall = L"old";
+    log.Base = L"old.nsf";
+    read(twoBooks("1"));
+    EXPECT_EQ(Names({log.InfoSupdocNoteId, log.InfoSupServer, log.InfoSupBase}),
+              (Names{L"InfoSupdocNoteId", L"InfoSupServer", L"InfoSupBase"}));
+    EXPECT_EQ(Names({log.LastName, log.TypeCall}), (Names{L"", L""}));
+    EXPECT_EQ(log.Base, L"old.nsf") << "no value has five parts";
+    read(twoBooks("1") + "[lotus call log description]\nInfoSupServer=\n");
+    EXPECT_EQ(log.InfoSupServer, L"") << "an empty value is a value";
+}
+
+TEST_F(LotusSettings, EveryKeyOfThePersonalLog_GoesToItsField)
+{
+    writeIni("[lotus personnel log description]\nbase=l.nsf|s|m|t|e\nBody=1\nEvents=2\nForm=3\nTypeForm=4\n"
+             "StartTime=5\nFinishTime=6\nServer=7\n");
+    ReadLotusPersonalLogIni(session);
+    const PersonalLogDescription& log = session.LotusPersonalLog;
+    EXPECT_EQ(Names({log.Base, log.Server, log.MainView, log.ViewTel, log.ViewMail}), (Names{L"l.nsf", L"s", L"m", L"t", L"e"}));
+    EXPECT_EQ(Names({log.Body, log.Events, log.Form, log.TypeForm, log.StartTime, log.FinishTime, log.ServerItem}),
+              (Names{L"1", L"2", L"3", L"4", L"5", L"6", L"7"}));
+}
+
+TEST_F(LotusSettings, Dump_ListsEveryBook_AsOneEntryOfTheLog)
+{
+    ready();
+    WriteLotusLog(session, L"before");
+    session.LotusAddressBooks[1].PersonalAddressBook = true;
+    session.NewLogDocument = true;
+    DumpLotusAddressBooks(session);
+    EXPECT_EQ(field(documents(L"log.nsf").back(), L"Text"),
+              L"\n3/15/2023 12:00:00 PM Base 0\n"
+              "Server=\n"
+              "Base=names.nsf\n"
+              "Personnal Contacts selected\n"
+              "MainView=People\n"
+              "View (mail)=($Mails)\n"
+              "View (Tel)=($Phones)\n"
+              "FirstName=FirstName\n"
+              "LastName=LastName\n"
+              "FullName=FullName\n"
+              "PhoneNumber=OfficePhoneNumber CellPhoneNumber\n"
+              "Mail=MailAddress InternetAddress\n"
+              "Form=Person\n"
+              "Type=PersonType\n"
+              "Base 1\n"
+              "Server=CN=Mail1/O=Acme\n"
+              "Base=books\\company.nsf\n"
+              "Personnal Contacts\n"
+              "MainView=Staff\n"
+              "View (mail)=\n"
+              "View (Tel)=\n"
+              "FirstName=GivenName\n"
+              "LastName=Name\n"
+              "FullName=WholeName\n"
+              "PhoneNumber=Phone\n"
+              "Mail=Mail\n"
+              "Form=Employee\n"
+              "Type=EmployeeType\n");
+}
+
+TEST_F(LotusSettings, DumpOfABookThatIsNotPersonal_HasNoLineAboutIt)
+{
+    ready();
+    session.LotusAddressBooks.assign(1, {});
+    session.LotusAddressBooks[0].PhoneNumber = {L"", L"x", L""};
+    session.nSelectedPersonal = -1;
+    session.NewLogDocument = true;
+    DumpLotusAddressBooks(session);
+    EXPECT_EQ(field(documents(L"log.nsf").back(), L"Text"),
+              L"\n3/15/2023 12:00:00 PM Base 0\nServer=\nBase=\nMainView=\nView (mail)=\nView (Tel)=\n"
+              "FirstName=\nLastName=\nFullName=\nPhoneNumber= x \nMail=\nForm=\nType=\n");
+}
+
+TEST_F(LotusSettings, ReadingThatEndsBeforeTheDump_WritesNone)
+{
+    ready();
+    session.NewLogDocument = true;
+    read(twoBooks("Base 3"));
+    EXPECT_EQ(documents(L"log.nsf").size(), 1u);
+    read(twoBooks("Base 2"));
+    EXPECT_EQ(documents(L"log.nsf").size(), 2u);
+}
+
+TEST_F(LotusSettings, DumpThatCannotBeWritten_DoesNotEndTheReading)
+{
+    ready();
+    fault(L"on NotesDocument.* fail 0x80004005");
+    read(twoBooks("Base 2") + "[lotus call log description]\nState=read\n");
+    EXPECT_EQ(session.LotusCallLog.State, L"read");
+}
