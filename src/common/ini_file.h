@@ -2,6 +2,7 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 class IniFile {
 public:
@@ -13,6 +14,9 @@ public:
 
     // Whether the value is exactly "true".
     bool readSwitch(const char* section, const char* key, const char* fallback) const;
+
+    // The names of all sections, as they stand in the file.
+    std::vector<std::wstring> sections() const;
 
     // False when the file could not be written.
     bool write(const char* section, const char* key, const char* value) const;

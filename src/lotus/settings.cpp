@@ -2,10 +2,13 @@
 
 #include "automation/conversion.h"
 #include "automation/error.h"
+#include "automation/text.h"
 #include "common/error_trap.h"
 #include "common/ini_file.h"
 #include "common/text.h"
 #include "lotus/log_document.h"
+
+#include <set>
 
 namespace {
 
@@ -23,12 +26,26 @@ std::vector<std::wstring> itemNames(const std::wstring& value)
     return split(value, L',');
 }
 
+std::wstring sectionOfBook(std::int16_t index)
+{
+    return L"lotus base description " + std::to_wstring(index);
+}
+
+// A section that is missing leaves its book as it is here. Only those that
+// exist are read: asking the file for every key of 32767 books takes most of
+// a minute, in which the program would not answer.
 std::vector<LotusAddressBook> readDescribedBooks(const LotusSession& session)
 {
     if (session.nbPublicAddressBook < 1) throw automation::AutomationError(L"NbPublicAddressBook", DISP_E_BADINDEX);
-    std::vector<LotusAddressBook> books(session.nbPublicAddressBook);
-    for (std::size_t k = 0; k < books.size(); ++k)
-        ReadLotusBaseDescription(session, static_cast<std::int16_t>(k + 1), books[k]);
+    LotusAddressBook undescribed;
+    undescribed.PhoneNumber = undescribed.MailAddress = itemNames(L"");
+    std::vector<LotusAddressBook> books(session.nbPublicAddressBook, undescribed);
+    std::set<std::wstring> sections;
+    for (const std::wstring& name : iniFile(session).sections()) sections.insert(lowerCase(trim(name)));
+    for (std::int16_t k = 0; k < session.nbPublicAddressBook; ++k) {
+        const auto index = static_cast<std::int16_t>(k + 1);
+        if (sections.contains(sectionOfBook(index))) ReadLotusBaseDescription(session, index, books[k]);
+    }
     return books;
 }
 
@@ -103,7 +120,7 @@ std::wstring described(const LotusAddressBook& book, std::size_t index, bool sel
 void ReadLotusBaseDescription(const LotusSession& session, std::int16_t index, LotusAddressBook& book)
 {
     const IniFile ini = iniFile(session);
-    const std::string section = "lotus base description " + std::to_string(index);
+    const std::string section = automation::ansi(sectionOfBook(index));
     const auto read = [&](const char* key) { return ini.read(section.c_str(), key, ""); };
     book.PersonalAddressBook = ini.readSwitch(section.c_str(), "PersonalAddressBook", "");
     SplitBaseDescription(read("base"), book);
@@ -153,7 +170,8 @@ void DumpLotusAddressBooks(LotusSession& session)
     trapErrors(L"DumpLotusAddressBooks", [&] {
         std::wstring text;
         for (std::size_t k = 0; k < session.LotusAddressBooks.size(); ++k)
-            text += described(session.LotusAddressBooks[k], k, static_cast<std::int16_t>(k) == session.nSelectedPersonal);
+            text += described(session.LotusAddressBooks[k], k,
+                              static_cast<std::int16_t>(k) == session.nSelectedPersonal);
         WriteLotusLog(session, text);
     });
 }

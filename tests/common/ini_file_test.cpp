@@ -33,6 +33,24 @@ TEST_F(Ini, MissingKeySectionOrFile_GivesTheDefault)
     EXPECT_EQ(ini.read("Application", "empty", "20"), L"") << "an empty value is there";
 }
 
+TEST_F(Ini, Sections_AreListedAsTheyStandInTheFile)
+{
+    EXPECT_EQ(with("[One]\r\na=1\r\n[two words]\r\n").sections(), (std::vector<std::wstring>{L"One", L"two words"}));
+    EXPECT_EQ(with("").sections(), std::vector<std::wstring>{});
+    EXPECT_EQ(IniFile(folder.file(L"missing.ini")).sections(), std::vector<std::wstring>{});
+}
+
+TEST_F(Ini, ManySections_AreAllListed)
+{
+    std::string content;
+    std::vector<std::wstring> names;
+    for (int index = 0; index < 2000; ++index) {
+        content += "[section " + std::to_string(index) + "]\r\nk=v\r\n";
+        names.push_back(L"section " + std::to_wstring(index));
+    }
+    EXPECT_EQ(with(content).sections(), names);
+}
+
 TEST_F(Ini, LongValue_IsCutTo1023Characters)
 {
     const std::string exact(1023, 'a');

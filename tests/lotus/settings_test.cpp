@@ -215,6 +215,19 @@ TEST_F(LotusSettings, Count_IsKeptWhenItIsANumber_AndElseStays)
     EXPECT_EQ(session.nbPublicAddressBook, 0);
 }
 
+TEST_F(LotusSettings, LargestCount_IsReadAtOnce_BooksWithoutASectionAreEmpty)
+{
+    const DWORD start = GetTickCount();
+    read("[lotus]\nNbPublicAddressBook=32767\nOrder=Base 32767,Base 2,Base 1000\n"
+         "[LOTUS Base Description 2]\nbase=two.nsf||||\nPersonalAddressBook=true\n"
+         "[lotus base description 32767]\nbase=last.nsf||||\n");
+    EXPECT_LT(GetTickCount() - start, 5000u) << "key by key it takes half a minute";
+    EXPECT_EQ(bases(), (Names{L"last.nsf", L"two.nsf", L""}));
+    EXPECT_EQ(session.nSelectedPersonal, 1);
+    EXPECT_EQ(session.LotusAddressBooks.at(2).PhoneNumber, Names{L""});
+    EXPECT_EQ(session.LotusAddressBooks.at(2).MailAddress, Names{L""});
+}
+
 TEST_F(LotusSettings, MissingFile_EndsTheReading)
 {
     ReadLotusIni(session);
@@ -271,7 +284,8 @@ TEST_F(LotusSettings, EveryKeyOfTheCallLog_GoesToItsField)
                          "State=4\nBeginDate=5\nEndDate=6\nIncoming=7\nExtern=8\nForm=9\nTypeForm=10\n"
                          "Acknowledged=11\nTypeCall=12\nInfoSupdocNoteId=13\nInfoSupServer=14\nInfoSupBase=15\n");
     const CallLogDescription& log = session.LotusCallLog;
-    EXPECT_EQ(Names({log.Base, log.Server, log.MainView, log.ViewTel, log.ViewMail}), (Names{L"h.nsf", L"s", L"m", L"t", L"e"}));
+    EXPECT_EQ(Names({log.Base, log.Server, log.MainView, log.ViewTel, log.ViewMail}),
+              (Names{L"h.nsf", L"s", L"m", L"t", L"e"}));
     EXPECT_EQ(Names({log.LastName, log.FirstName, log.PhoneNumber, log.State, log.BeginDate, log.EndDate}),
               (Names{L"1", L"2", L"3,x", L"4", L"5", L"6"}));
     EXPECT_EQ(Names({log.Incoming, log.Extern, log.Form, log.TypeForm, log.Acknowledged, log.TypeCall}),
@@ -299,7 +313,8 @@ TEST_F(LotusSettings, EveryKeyOfThePersonalLog_GoesToItsField)
              "StartTime=5\nFinishTime=6\nServer=7\n");
     ReadLotusPersonalLogIni(session);
     const PersonalLogDescription& log = session.LotusPersonalLog;
-    EXPECT_EQ(Names({log.Base, log.Server, log.MainView, log.ViewTel, log.ViewMail}), (Names{L"l.nsf", L"s", L"m", L"t", L"e"}));
+    EXPECT_EQ(Names({log.Base, log.Server, log.MainView, log.ViewTel, log.ViewMail}),
+              (Names{L"l.nsf", L"s", L"m", L"t", L"e"}));
     EXPECT_EQ(Names({log.Body, log.Events, log.Form, log.TypeForm, log.StartTime, log.FinishTime, log.ServerItem}),
               (Names{L"1", L"2", L"3", L"4", L"5", L"6", L"7"}));
 }
