@@ -163,8 +163,9 @@ TEST_F(LotusInstallation, ProgramFolderWithoutTheFiles_CopiesNothing_ButAddsTheD
     const ReleaseKey five(L"5.0");
     five.set(L"Path", folder.file(L"program5")).set(L"DataPath", folder.file(L"data5"));
     InstallLotusDatabases(session);
-    for (const wchar_t* file : {L"program5\\ConnectorIni.dll", L"data5\\pavexconnectorconfig.nsf", L"data5\\pavexhistory.nsf"})
-        EXPECT_FALSE(FileExist(folder.file(file)));
+    EXPECT_FALSE(FileExist(folder.file(L"program5\\ConnectorIni.dll")));
+    EXPECT_FALSE(FileExist(folder.file(L"data5\\pavexconnectorconfig.nsf")));
+    EXPECT_FALSE(FileExist(folder.file(L"data5\\pavexhistory.nsf")));
     EXPECT_EQ(record(), bothAdded);
 }
 

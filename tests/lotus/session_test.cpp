@@ -62,9 +62,10 @@ TEST_F(LotusSessionTest, Initialisation_CallsNotesInThisOrder)
     Lines called = record();
     // What the log document's body is, a later test looks at.
     for (std::wstring& call : called) call.resize(std::min(call.find(line + L"Base"), call.size()));
+    const std::wstring user = L"BSTR \"CTI_PavexUserName\", BSTR \"Anna Keller\"";
     EXPECT_EQ(called, (Lines{L"NotesSession.GetEnvironmentString method (BSTR \"MailServer\", BOOL True)",
                              L"NotesSession.GetEnvironmentString method (BSTR \"MailFile\", BOOL True)",
-                             L"NotesSession.SetEnvironmentVar method (BSTR \"CTI_PavexUserName\", BSTR \"Anna Keller\")",
+                             L"NotesSession.SetEnvironmentVar method (" + user + L")",
                              L"NotesSession.GetDatabase method (BSTR \"\", BSTR \"log.nsf\")",
                              L"NotesDatabase.CreateDocument method ()",
                              L"NotesDocument.Form put (BSTR \"Log\")",
@@ -109,7 +110,8 @@ TEST_F(LotusSessionTest, Initialisation_WritesTwoLinesAndTheDump_IntoANewLogDocu
     ASSERT_EQ(logBodies().size(), 1u);
     EXPECT_EQ(logBodies()[0], L"\n3/15/2023 12:00:00 PM Read ini file " + host.settings.szFileConnectorIni +
                                   L"\n3/15/2023 12:00:00 PM Base 0\nServer=s\nBase=a.nsf\nMainView=m\nView (mail)=e\n"
-                                  L"View (Tel)=t\nFirstName=\nLastName=L\nFullName=\nPhoneNumber=\nMail=\nForm=\nType=\n"
+                                  L"View (Tel)=t\nFirstName=\nLastName=L\nFullName=\nPhoneNumber=\nMail=\nForm=\n"
+                                  L"Type=\n"
                                   L"\n3/15/2023 12:00:00 PM Base Mail CN=Mail1/O=Acme mail\\akeller.nsf\n"
                                   L"Base Pavex History hs h.nsf hm");
     EXPECT_EQ(session.LotusLogText,
