@@ -1,0 +1,383 @@
+#include "lotus/search.h"
+
+#include "lotus_fixture.h"
+
+namespace {
+
+using Lines = std::vector<std::wstring>;
+
+constexpr const wchar_t* company = L"CN=Mail1/O=Acme!!books\\company.nsf";
+constexpr const wchar_t* durand = L"Form=Person\nLastName=Durand\nFirstName=Marc\nFullName=Marc Durand\n"
+                                  L"OfficePhoneNumber=014567\nMailAddress=\nInternetAddress=marc@acme.fr\n";
+
+class LotusNumberSearch : public LotusTest {
+protected:
+    LotusNumberSearch() { ready(); }
+
+    bool search(const std::wstring& number, const std::wstring& wanted = L"")
+    {
+        return SearchByNumber(session, number, person, false, wanted, book);
+    }
+
+    // The calls of one member only.
+    Lines callsOf(const std::wstring& member)
+    {
+        Lines lines;
+        for (const std::wstring& line : record())
+            if (line.starts_with(member)) lines.push_back(line);
+        return lines;
+    }
+
+    std::wstring lastLogLine()
+    {
+        const std::wstring body = field(documents(L"log.nsf").back(), L"Text");
+        return body.substr(body.rfind(L'\n'));
+    }
+
+    static std::wstring keyed(const wchar_t* key)
+    {
+        return L"NotesView.GetDocumentByKey method (BSTR \"" + std::wstring(key) + L"\", BOOL True)";
+    }
+
+    static std::wstring noAccess(const std::wstring& place)
+    {
+        return L"\n3/15/2023 12:00:00 PM Error acces " + place + L" in SearchInPublicAdressBook";
+    }
+
+    LotusPerson person;
+    LotusAddressBook book;
+};
+
+}
+
+TEST_F(LotusNumberSearch, PersonInThePhoneView_IsFound_WithAllNames)
+{
+    add(L"names.nsf", durand);
+    EXPECT_TRUE(search(L"014567"));
+    EXPECT_EQ(person.LastName, L"Durand");
+    EXPECT_EQ(person.FirstName, L"Marc");
+    EXPECT_EQ(person.FullName, L"Marc Durand");
+    EXPECT_EQ(person.Mail, L"marc@acme.fr") << "the first mail item is empty";
+    EXPECT_EQ(person.NoteId, L"8F6");
+    EXPECT_EQ(book.Base, L"names.nsf");
+    EXPECT_TRUE(book.PersonalAddressBook);
+}
+
+TEST_F(LotusNumberSearch, PhoneView_IsAskedInThisOrder)
+{
+    add(L"names.nsf", durand);
+    search(L"014567");
+    EXPECT_EQ(record(), (Lines{L"NotesSession.GetDatabase method (BSTR \"\", BSTR \"names.nsf\")",
+                               L"NotesDatabase.GetView method (BSTR \"($Phones)\")",
+                               keyed(L"014567"),
+                               L"NotesDocument.GetItemValue method (BSTR \"LastName\")",
+                               L"NotesDocument.GetItemValue method (BSTR \"FirstName\")",
+                               L"NotesDocument.GetItemValue method (BSTR \"FullName\")",
+                               L"NotesDocument.GetItemValue method (BSTR \"MailAddress\")",
+                               L"NotesDocument.GetItemValue method (BSTR \"InternetAddress\")",
+                               L"NotesDocument.NoteID get ()"}));
+}
+
+TEST_F(LotusNumberSearch, NumberWithDotsAndSpaces_IsLookedUpWithoutThem_ThenUnchanged)
+{
+    session.LotusAddressBooks.resize(1);
+    add(L"names.nsf", L"Form=Person\nLastName=Abel\nOfficePhoneNumber=01.45 67\n");
+    EXPECT_TRUE(search(L"01.45 67"));
+    EXPECT_EQ(person.LastName, L"Abel");
+    EXPECT_EQ(callsOf(L"NotesView."), (Lines{keyed(L"014567"), keyed(L"01.45 67")}));
+    add(L"names.nsf", durand);
+    forgetCalls();
+    EXPECT_TRUE(search(L"01.45 67"));
+    EXPECT_EQ(person.LastName, L"Durand");
+    EXPECT_EQ(callsOf(L"NotesView."), Lines{keyed(L"014567")});
+}
+
+TEST_F(LotusNumberSearch, OtherSeparators_AreKept_AndTheNumberLookedUpOnce)
+{
+    session.LotusAddressBooks.resize(1);
+    EXPECT_FALSE(search(L"+33-(0)145/67"));
+    EXPECT_EQ(callsOf(L"NotesView."), Lines{keyed(L"+33-(0)145/67")});
+}
+
+TEST_F(LotusNumberSearch, BookWithAPhoneView_NeverUsesFullText)
+{
+    session.LotusAddressBooks.resize(1);
+    add(L"names.nsf", L"Form=Person\nLastName=Abel\nCellPhoneNumber=0612\n");
+    EXPECT_FALSE(search(L"0612"));
+    EXPECT_EQ(calls(L"NotesView.FTSearch method"), 0u);
+    EXPECT_EQ(calls(L"NotesDatabase.GetView method"), 1u);
+}
+
+TEST_F(LotusNumberSearch, BookWithAMainViewOnly_IsSearchedByFullText_ForOneDocument)
+{
+    session.LotusAddressBooks[1].PhoneNumber = {L"Phone", L"Mobile"};
+    add(company, L"Form=Employee\nName=Zola\nGivenName=Emile\nMobile=0612\n");
+    add(company, L"Form=Employee\nName=Other\nPhone=0612\n");
+    EXPECT_TRUE(search(L"06.12"));
+    EXPECT_EQ(person.LastName, L"Other") << "the first of the view";
+    EXPECT_EQ(callsOf(L"NotesView.").back(), L"NotesView.GetFirstDocument method ()");
+    EXPECT_EQ(callsOf(L"NotesView.FTSearch"),
+              Lines{L"NotesView.FTSearch method (BSTR \"[Phone] CONTAINS \"0612\" OR [Mobile] CONTAINS \"0612\"\", I2 1)"});
+    EXPECT_EQ(callsOf(L"NotesDatabase.GetView").back(), L"NotesDatabase.GetView method (BSTR \"Staff\")");
+    EXPECT_EQ(book.Base, L"books\\company.nsf");
+}
+
+TEST_F(LotusNumberSearch, FullText_IsAskedForTheNumberWithoutSeparators_ThenUnchanged)
+{
+    add(company, L"Form=Employee\nName=Zola\nPhone=06.12 34\n");
+    EXPECT_TRUE(search(L"06.12 34"));
+    EXPECT_EQ(callsOf(L"NotesView.FTSearch"),
+              (Lines{L"NotesView.FTSearch method (BSTR \"[Phone] CONTAINS \"061234\"\", I2 1)",
+                     L"NotesView.FTSearch method (BSTR \"[Phone] CONTAINS \"06.12 34\"\", I2 1)"}));
+    EXPECT_EQ(person.LastName, L"Zola");
+    forgetCalls();
+    EXPECT_FALSE(search(L"0699"));
+    EXPECT_EQ(calls(L"NotesView.FTSearch method"), 1u) << "both writings are the same";
+    EXPECT_EQ(calls(L"NotesView.GetFirstDocument method"), 0u);
+}
+
+TEST_F(LotusNumberSearch, BookWithAMainViewButNoPhoneItems_IsSkipped_WithoutASearch)
+{
+    session.LotusAddressBooks[1].PhoneNumber.clear();
+    std::swap(session.LotusAddressBooks[0], session.LotusAddressBooks[1]);
+    add(L"names.nsf", durand);
+    EXPECT_TRUE(search(L"014567"));
+    EXPECT_EQ(person.LastName, L"Durand");
+    EXPECT_EQ(calls(L"NotesView.FTSearch method"), 0u);
+    EXPECT_EQ(trapped.errors, std::vector<std::string>{});
+}
+
+TEST_F(LotusNumberSearch, PhoneItemWithoutAName_IsRefusedByNotes_AndTheNextBookSearched)
+{
+    session.LotusAddressBooks[1].PhoneNumber = {L""};
+    std::swap(session.LotusAddressBooks[0], session.LotusAddressBooks[1]);
+    add(L"names.nsf", durand);
+    EXPECT_TRUE(search(L"014567"));
+    EXPECT_EQ(person.LastName, L"Durand");
+    EXPECT_EQ(lastLogLine(), noAccess(L"CN=Mail1/O=Acme books\\company.nsf"));
+}
+
+TEST_F(LotusNumberSearch, BookWithoutViews_OrWithAViewThatIsNotThere_IsSkippedQuietly)
+{
+    LotusAddressBook without = session.LotusAddressBooks[0];
+    without.ViewTel = without.MainView = L"";
+    LotusAddressBook lost = session.LotusAddressBooks[0];
+    lost.ViewTel = L"no such view";
+    LotusAddressBook lostMain = session.LotusAddressBooks[1];
+    lostMain.MainView = L"no such view";
+    session.LotusAddressBooks = {without, lost, lostMain};
+    const std::wstring before = lastLogLine();
+    EXPECT_FALSE(search(L"014567"));
+    EXPECT_EQ(trapped.errors, std::vector<std::string>{});
+    EXPECT_EQ(lastLogLine(), before);
+    EXPECT_EQ(calls(L"NotesSession.GetDatabase method"), 3u);
+}
+
+TEST_F(LotusNumberSearch, BookThatCannotBeOpened_IsLogged_AndTheOthersSearched)
+{
+    std::swap(session.LotusAddressBooks[0], session.LotusAddressBooks[1]);
+    notes.ask(L"available CN=Mail1/O=Acme!!books\\company.nsf off");
+    add(L"names.nsf", durand);
+    EXPECT_TRUE(search(L"014567"));
+    EXPECT_EQ(person.LastName, L"Durand");
+    EXPECT_EQ(lastLogLine(), noAccess(L"CN=Mail1/O=Acme books\\company.nsf"));
+    EXPECT_EQ(trapped.procedures, Lines{L"SearchInPublicAdressBook"});
+}
+
+TEST_F(LotusNumberSearch, FailureAtEveryCall_IsLogged_AndTheOtherBookSearched)
+{
+    add(L"names.nsf", durand);
+    add(company, L"Form=Employee\nName=Zola\nPhone=014567\n");
+    search(L"014567");
+    const std::size_t count = notes.recorder().calls().size();
+    for (std::size_t n = 1; n <= count; ++n) {
+        forgetCalls();
+        fault(L"at " + std::to_wstring(n) + L" fail 0x80004005");
+        EXPECT_TRUE(search(L"014567")) << n;
+        EXPECT_EQ(book.Base, L"books\\company.nsf") << n;
+        EXPECT_EQ(lastLogLine(), noAccess(L" names.nsf")) << n;
+    }
+    EXPECT_TRUE(session.LotusReady);
+}
+
+TEST_F(LotusNumberSearch, BusyOnceAtEveryCall_FindsThePersonAllTheSame)
+{
+    add(L"names.nsf", durand);
+    search(L"014567");
+    const std::size_t count = notes.recorder().calls().size();
+    for (std::size_t n = 1; n <= count; ++n) {
+        forgetCalls();
+        fault(L"at " + std::to_wstring(n) + L" busy");
+        EXPECT_TRUE(search(L"014567")) << n;
+        EXPECT_EQ(book.Base, L"names.nsf") << n;
+    }
+    EXPECT_EQ(trapped.errors, std::vector<std::string>{});
+}
+
+TEST_F(LotusNumberSearch, NumberWithQuotes_IsNoFullTextQuery_AndEndsInALogLine)
+{
+    EXPECT_FALSE(search(L"06\"12"));
+    EXPECT_EQ(lastLogLine(), noAccess(L"CN=Mail1/O=Acme books\\company.nsf"));
+    EXPECT_EQ(callsOf(L"NotesView.FTSearch"),
+              Lines{L"NotesView.FTSearch method (BSTR \"[Phone] CONTAINS \"06\"12\"\", I2 1)"});
+}
+
+TEST_F(LotusNumberSearch, EmptyNumber_EndsQuietly)
+{
+    EXPECT_FALSE(search(L""));
+    EXPECT_FALSE(search(L" . "));
+    EXPECT_TRUE(session.LotusReady);
+}
+
+TEST_F(LotusNumberSearch, DocumentWithoutTheNamedItems_IsFound_WithEmptyNames)
+{
+    add(L"names.nsf", L"Form=Person\nOfficePhoneNumber=014567\n");
+    person = {L"old", L"old", L"old", L"old", L"old"};
+    EXPECT_TRUE(search(L"014567"));
+    EXPECT_EQ(person.LastName + person.FirstName + person.FullName + person.Mail, L"");
+    EXPECT_EQ(person.NoteId, L"8F6");
+}
+
+TEST_F(LotusNumberSearch, BareValueOfAMissingItem_IsAFailureOfThisBook_WithWhatWasReadBefore)
+{
+    notes.ask(L"missing text");
+    add(L"names.nsf", L"Form=Person\nLastName=Abel\nOfficePhoneNumber=014567\n");
+    EXPECT_FALSE(search(L"014567"));
+    EXPECT_EQ(person.LastName, L"Abel");
+    EXPECT_EQ(person.NoteId, L"");
+    EXPECT_EQ(lastLogLine(), noAccess(L" names.nsf"));
+}
+
+TEST_F(LotusNumberSearch, ItemsOfOtherTypes_BecomeTexts)
+{
+    add(L"names.nsf", L"Form=Person\nLastName:number=42\nFirstName:date=2023-03-15\nFullName:richtext=Marc\n"
+                      L"MailAddress:number=7\nOfficePhoneNumber=014567\n");
+    EXPECT_TRUE(search(L"014567"));
+    EXPECT_EQ(person.LastName, L"42");
+    EXPECT_EQ(person.FirstName, L"3/15/2023");
+    EXPECT_EQ(person.FullName, L"Marc");
+    EXPECT_EQ(person.Mail, L"7");
+}
+
+TEST_F(LotusNumberSearch, PersonWithoutTheWantedField_IsSearchedInTheNextBooks)
+{
+    add(L"names.nsf", L"Form=Person\nLastName=Abel\nOfficePhoneNumber=014567\n");
+    add(company, L"Form=Employee\nName=Zola\nMail=zola@acme.fr\nPhone=014567\n");
+    EXPECT_TRUE(search(L"014567", L"InternetAddress"));
+    EXPECT_EQ(person.LastName, L"Zola");
+    EXPECT_EQ(book.Base, L"books\\company.nsf");
+    EXPECT_TRUE(search(L"014567", L"LastName,InternetAddress"));
+    EXPECT_EQ(person.LastName, L"Abel") << "one of two is enough";
+    EXPECT_EQ(book.Base, L"names.nsf");
+}
+
+TEST_F(LotusNumberSearch, NoBookQualifies_FalseWithTheLastBooksValues)
+{
+    add(L"names.nsf", L"Form=Person\nLastName=Abel\nOfficePhoneNumber=014567\n");
+    add(company, L"Form=Employee\nName=Zola\nPhone=014567\n");
+    EXPECT_FALSE(search(L"014567", L"InternetAddress"));
+    EXPECT_EQ(person.LastName, L"Zola");
+    EXPECT_NE(person.NoteId, L"");
+    EXPECT_EQ(book.Base, L"") << "nothing was found in a book";
+}
+
+TEST_F(LotusNumberSearch, NotReady_TouchesNothing)
+{
+    session.LotusReady = false;
+    person.LastName = L"kept";
+    EXPECT_FALSE(search(L"014567"));
+    EXPECT_FALSE(SearchInPublicAdressBook(session, session.LotusAddressBooks[0], L"014567", person, true));
+    EXPECT_EQ(person.LastName, L"kept");
+    EXPECT_EQ(notes.recorder().calls().size(), 0u);
+}
+
+TEST_F(LotusNumberSearch, Shown_TheDocumentOpensForReading_InItsDatabase)
+{
+    add(L"names.nsf", durand);
+    EXPECT_TRUE(SearchByNumber(session, L"014567", person, true, L"", book));
+    EXPECT_EQ(callsOf(L"NotesUI"), (Lines{L"NotesUIWorkspace.CurrentDocument get ()",
+                                          L"NotesUIWorkspace.OpenDatabase method (BSTR \"\", BSTR \"names.nsf\")",
+                                          L"NotesUIWorkspace.EditDocument method (BOOL False, DISPATCH)"}));
+    EXPECT_TRUE(notes.ask(L"windows").ends_with(L"\tread\tfront"));
+}
+
+TEST_F(LotusNumberSearch, NotShown_TheScreenIsNotTouched)
+{
+    add(L"names.nsf", durand);
+    search(L"014567");
+    EXPECT_EQ(callsOf(L"NotesUI"), Lines{});
+}
+
+TEST_F(LotusNumberSearch, ShownDocumentThatIsOpenAlready_TheOldCopyIsClosedAfterTheNewOneOpened)
+{
+    notes.ask(L"open " + add(L"names.nsf", durand));
+    EXPECT_TRUE(SearchByNumber(session, L"014567", person, true, L"", book));
+    EXPECT_EQ(callsOf(L"NotesUI"), (Lines{L"NotesUIWorkspace.CurrentDocument get ()",
+                                          L"NotesUIDocument.Document get ()",
+                                          L"NotesUIWorkspace.OpenDatabase method (BSTR \"\", BSTR \"names.nsf\")",
+                                          L"NotesUIWorkspace.EditDocument method (BOOL False, DISPATCH)",
+                                          L"NotesUIDocument.Close method ()"}));
+}
+
+TEST_F(LotusNumberSearch, AnotherDocumentThatIsOpen_StaysOpen)
+{
+    notes.ask(L"open " + add(L"names.nsf", L"Form=Person\nLastName=Abel\n"));
+    add(L"names.nsf", durand);
+    EXPECT_TRUE(SearchByNumber(session, L"014567", person, true, L"", book));
+    EXPECT_EQ(calls(L"NotesUIDocument.Close method"), 0u);
+    EXPECT_EQ(split(notes.ask(L"windows"), L'\n').size(), 2u);
+}
+
+TEST_F(LotusNumberSearch, DocumentThatCannotBeShown_IsAFailureOfThisBook)
+{
+    add(L"names.nsf", durand);
+    fault(L"on NotesUIWorkspace.OpenDatabase fail 0x80004005");
+    EXPECT_FALSE(SearchByNumber(session, L"014567", person, true, L"", book));
+    EXPECT_EQ(person.LastName, L"Durand");
+    EXPECT_EQ(lastLogLine(), noAccess(L" names.nsf"));
+}
+
+TEST_F(LotusNumberSearch, PersonalNoteId_IsFoundByTheUnchangedNumberOnly)
+{
+    add(L"names.nsf", durand);
+    EXPECT_EQ(FindNoteIdInPersonalBook(session, L"014567"), L"8F6");
+    EXPECT_EQ(callsOf(L"NotesView."), Lines{keyed(L"014567")});
+    forgetCalls();
+    EXPECT_EQ(FindNoteIdInPersonalBook(session, L"01.45 67"), L"");
+    EXPECT_EQ(callsOf(L"NotesView."), Lines{keyed(L"01.45 67")});
+}
+
+TEST_F(LotusNumberSearch, PersonalNoteIdWithoutAPhoneView_IsFoundByFullText)
+{
+    session.LotusAddressBooks[0].ViewTel = L"";
+    add(L"names.nsf", durand);
+    EXPECT_EQ(FindNoteIdInPersonalBook(session, L"014567"), L"8F6");
+    EXPECT_EQ(callsOf(L"NotesView."),
+              (Lines{L"NotesView.FTSearch method (BSTR \"[OfficePhoneNumber] CONTAINS \"014567\" OR "
+                     L"[CellPhoneNumber] CONTAINS \"014567\"\", I2 1)",
+                     L"NotesView.GetFirstDocument method ()"}));
+    EXPECT_EQ(FindNoteIdInPersonalBook(session, L"099"), L"");
+    session.LotusAddressBooks[0].MainView = L"";
+    EXPECT_EQ(FindNoteIdInPersonalBook(session, L"014567"), L"");
+}
+
+TEST_F(LotusNumberSearch, PersonalNoteIdWithoutAPersonalBook_OrASession_IsEmpty)
+{
+    add(L"names.nsf", durand);
+    session.LotusReady = false;
+    EXPECT_EQ(FindNoteIdInPersonalBook(session, L"014567"), L"");
+    session.LotusReady = true;
+    session.nSelectedPersonal = -1;
+    EXPECT_EQ(FindNoteIdInPersonalBook(session, L"014567"), L"");
+    EXPECT_EQ(notes.recorder().calls().size(), 0u);
+    EXPECT_EQ(trapped.errors, std::vector<std::string>{});
+}
+
+TEST_F(LotusNumberSearch, PersonalNoteIdOfAFailingBook_IsEmpty_WithoutALogLine)
+{
+    const std::wstring before = lastLogLine();
+    notes.ask(L"available names.nsf off");
+    EXPECT_EQ(FindNoteIdInPersonalBook(session, L"014567"), L"");
+    EXPECT_EQ(trapped.procedures, Lines{L"FindNoteIdInPersonalBook"});
+    EXPECT_EQ(lastLogLine(), before);
+}
