@@ -25,7 +25,8 @@ class LotusSameDatabase : public LotusDocuments {
 protected:
     LotusSameDatabase()
     {
-        notes.load(L"[database]\nServer=CN=Mail1/OU=Paris/O=Acme\nFile=Books\\\\Company.nsf\n[database]\nFile=names.nsf\n");
+        notes.load(L"[database]\nServer=CN=Mail1/OU=Paris/O=Acme\nFile=Books\\\\Company.nsf\n"
+                   L"[database]\nFile=names.nsf\n");
         company = database(L"Mail1/Paris/Acme", L"books\\company.nsf");
         local = database(L"", L"names.nsf");
     }
@@ -65,7 +66,8 @@ TEST_F(LotusDocuments, FailureAtAnyCall_MeansNotCurrent)
 {
     const automation::Object durand = document(add(L"names.nsf", L"Form=Person\nLastName=Durand\n"));
     notes.ask(L"open " + durand.get(L"UniversalID").text());
-    for (const wchar_t* call : {L"NotesUIWorkspace.CurrentDocument", L"NotesUIDocument.Document", L"NotesDocument.NoteID"}) {
+    for (const wchar_t* call :
+         {L"NotesUIWorkspace.CurrentDocument", L"NotesUIDocument.Document", L"NotesDocument.NoteID"}) {
         forgetCalls();
         fault(std::wstring(L"on ") + call + L" fail 0x80004005");
         trapped.procedures.clear();

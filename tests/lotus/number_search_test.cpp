@@ -117,7 +117,8 @@ TEST_F(LotusNumberSearch, BookWithAMainViewOnly_IsSearchedByFullText_ForOneDocum
     EXPECT_EQ(person.LastName, L"Other") << "the first of the view";
     EXPECT_EQ(callsOf(L"NotesView.").back(), L"NotesView.GetFirstDocument method ()");
     EXPECT_EQ(callsOf(L"NotesView.FTSearch"),
-              Lines{L"NotesView.FTSearch method (BSTR \"[Phone] CONTAINS \"0612\" OR [Mobile] CONTAINS \"0612\"\", I2 1)"});
+              Lines{L"NotesView.FTSearch method (BSTR \"[Phone] CONTAINS \"0612\" OR "
+                    L"[Mobile] CONTAINS \"0612\"\", I2 1)"});
     EXPECT_EQ(callsOf(L"NotesDatabase.GetView").back(), L"NotesDatabase.GetView method (BSTR \"Staff\")");
     EXPECT_EQ(book.Base, L"books\\company.nsf");
 }

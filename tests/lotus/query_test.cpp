@@ -20,10 +20,10 @@ protected:
     automation::Object document(const std::wstring& items)
     {
         const std::wstring id = add(L"log.nsf", items);
-        return notesSessionObject().get(L"GetDatabase", {L"", L"log.nsf"}).object().get(L"GetDocumentByUNID", {id}).object();
+        const automation::Object session = notes.create(L"Notes.NotesSession");
+        const automation::Object database = session.get(L"GetDatabase", {L"", L"log.nsf"}).object();
+        return database.get(L"GetDocumentByUNID", {id}).object();
     }
-
-    automation::Object notesSessionObject() { return notes.create(L"Notes.NotesSession"); }
 };
 
 }
