@@ -38,7 +38,12 @@ void killMapServers()
     const auto running = processesNamed(L"PavexConvId.exe");
     if (running.empty()) return;
     endProcesses(running);
-    // Wine goes on sending clients to the dead process until its service ends.
+    forgetDeadServers();
+}
+
+// Wine goes on sending clients to the dead process until its service ends.
+void forgetDeadServers()
+{
     if (isWine()) endProcesses(processesNamed(L"rpcss.exe"));
 }
 

@@ -13,6 +13,10 @@ std::vector<DWORD> processesNamed(const wchar_t* name);
 // Ends every map server of this session without a warning.
 void killMapServers();
 
+// After the sudden death of a server: its class can be had again. Servers that
+// run on have to be started anew afterwards to be reached.
+void forgetDeadServers();
+
 bool isWine();
 
 }

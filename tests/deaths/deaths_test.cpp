@@ -1,0 +1,58 @@
+// A thin cut of the sweep: a few trials of every kind.
+#include "outlook_mirror.h"
+#include "trials.h"
+
+#include "desk/common/text.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+namespace {
+
+using namespace deaths;
+
+constexpr DWORD timeForAll = 15'000; // milliseconds, after which no further trial begins
+
+// In turn a death of Hublink, a few calls further on each time, and one trial of
+// another kind.
+std::vector<Trial> thinCut(const Stage& stage)
+{
+    const std::vector<Trial> all = trials(stage, {.seed = 1, .eachKind = 1});
+    const auto isSampled = [&](const Trial& trial) { return stage.isSampled(trial); };
+    const auto sampled = std::find_if(all.begin(), all.end(), isSampled);
+    const auto deaths = static_cast<std::size_t>(sampled - all.begin());
+    const auto others = static_cast<std::size_t>(all.end() - sampled);
+    std::vector<Trial> chosen;
+    for (std::size_t n = 0; n < others; ++n) {
+        chosen.push_back(all[(2 * n + 1) * deaths / (2 * others)]);
+        chosen.push_back(all[deaths + n]);
+    }
+    return chosen;
+}
+
+// Hublink's death before the n-th call of that kind to the groupware.
+Trial deathBefore(const Stage& stage, std::wstring_view member, int n)
+{
+    const std::vector<PartnerCall>& calls = stage.callsOf(false);
+    std::size_t index = 0;
+    while (calls.at(index).isLookUp() || calls[index].member != member || --n > 0) ++index;
+    return {Mishap::hublinkDies, false, index, false};
+}
+
+}
+
+TEST(Deaths, OfEveryProgram_LoseNothing_AndDoubleOnlyWhatTheRuleAllows)
+{
+    const OutlookMirror outlook;
+    Stage stage(outlook);
+    // The one window of Hublink's own death: saved, and not in the map yet.
+    EXPECT_EQ(stage.run(deathBefore(stage, L"JournalItem.EntryID", 3)).doubledAsAllowed, 1);
+    EXPECT_EQ(stage.run(deathBefore(stage, L"JournalItem.Body", 8)).doubledAsAllowed, 0);
+    const DWORD start = GetTickCount();
+    for (const Trial& trial : thinCut(stage)) {
+        if (GetTickCount() - start > timeForAll) break;
+        SCOPED_TRACE(desk::utf8(stage.text(trial)));
+        for (const std::wstring& deviation : stage.run(trial).deviations) ADD_FAILURE() << desk::utf8(deviation);
+    }
+}

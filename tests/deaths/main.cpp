@@ -1,0 +1,155 @@
+// Lets one program after the other die in the middle of a synchronisation, and
+// looks at what is left when it has been started again.
+//
+//     deaths [--seed N] [--each N] [--minutes N] [--only KIND] [--tell each]
+//
+// --each is the number of trials of each kind that is sampled, --minutes the time
+// after which no further sampled trial begins, KIND one of hublink, groupware,
+// softphone, map, busy, failure; "--tell each" tells every trial and what it took.
+// A line for each deviation, the
+// totals at the end; exit code 0 only when there was no deviation.
+#include "outlook_mirror.h"
+#include "trials.h"
+
+#include "automation/apartment.h"
+#include "desk/common/text.h"
+
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <map>
+#include <optional>
+
+namespace {
+
+using namespace deaths;
+
+struct Options {
+    Sampling sampling;
+    DWORD minutes = 35;
+    std::optional<Mishap> only;
+    bool tellsEach = false;
+};
+
+std::optional<Mishap> mishapNamed(const char* name)
+{
+    static const char* const names[] = {"hublink", "groupware", "softphone", "map", "busy", "failure"};
+    for (int index = 0; index < 6; ++index)
+        if (!std::strcmp(names[index], name)) return static_cast<Mishap>(index);
+    return std::nullopt;
+}
+
+bool read(Options& options, int argc, char** argv)
+{
+    for (int index = 1; index + 1 < argc; index += 2) {
+        const auto value = static_cast<unsigned>(std::strtoul(argv[index + 1], nullptr, 10));
+        if (!std::strcmp(argv[index], "--seed")) options.sampling.seed = value;
+        else if (!std::strcmp(argv[index], "--each")) options.sampling.eachKind = value;
+        else if (!std::strcmp(argv[index], "--minutes")) options.minutes = value;
+        else if (!std::strcmp(argv[index], "--only") && mishapNamed(argv[index + 1]))
+            options.only = mishapNamed(argv[index + 1]);
+        else if (!std::strcmp(argv[index], "--tell")) options.tellsEach = true;
+        else return false;
+    }
+    return argc % 2 == 1;
+}
+
+class Sweep {
+public:
+    explicit Sweep(const Options& options) : options_(options), stage_(groupware_) {}
+
+    int run()
+    {
+        std::vector<Trial> all = trials(stage_, options_.sampling);
+        std::erase_if(all, [&](const Trial& trial) { return options_.only && *options_.only != trial.mishap; });
+        tell(std::to_string(stage_.callsOf(true).size()) + " calls to the softphone, " +
+             std::to_string(stage_.callsOf(false).size()) + " to the groupware; " + std::to_string(all.size()) +
+             " trials, seed " + std::to_string(options_.sampling.seed));
+        for (const Trial& trial : all) {
+            // What is not sampled is never left out.
+            if (stage_.isSampled(trial) && minutes() >= options_.minutes) break;
+            attempt(trial);
+            if (++done_ % 50 == 0) tell(std::to_string(done_) + " of " + std::to_string(all.size()));
+        }
+        return conclude(all.size());
+    }
+
+private:
+    // A trial that breaks off because the desk itself hangs is tried once more:
+    // what happens again is no accident.
+    Verdict verdictOf(const Trial& trial)
+    {
+        for (int attempt = 1;; ++attempt) {
+            try {
+                return stage_.run(trial);
+            } catch (const std::exception& error) {
+                const std::wstring what = desk::fromUtf8(error.what());
+                if (attempt == 2) return {.deviations = {what}};
+                ++repeated_;
+                tell(desk::utf8(stage_.text(trial) + L" is tried again: " + what));
+            }
+        }
+    }
+
+    void attempt(const Trial& trial)
+    {
+        const DWORD start = GetTickCount();
+        const Verdict verdict = verdictOf(trial);
+        if (options_.tellsEach)
+            tell(desk::utf8(stage_.text(trial)) + ": " + std::to_string(GetTickCount() - start) + " ms");
+        ++tried_[trial.text()];
+        lost_ += verdict.lost;
+        allowed_ += verdict.doubledAsAllowed;
+        forbidden_ += verdict.doubledForbidden;
+        if (!verdict.good()) ++bad_;
+        for (const std::wstring& deviation : verdict.deviations)
+            tell(desk::utf8(stage_.text(trial) + L": " + desk::escaped(deviation)));
+    }
+
+    int conclude(std::size_t planned)
+    {
+        for (const auto& [what, count] : tried_) std::printf("%6d  %s\n", count, desk::utf8(what).c_str());
+        std::printf("%6d  tried of %u planned, in %lu minutes\n%6d  records lost\n%6d  records doubled as allowed\n"
+                    "%6d  records doubled against the rule\n%6d  trials repeated\n%6d  trials with a deviation\n",
+                    done_, static_cast<unsigned>(planned), minutes(), lost_, allowed_, forbidden_, repeated_, bad_);
+        return bad_ == 0 ? 0 : 1;
+    }
+
+    DWORD minutes() const { return (GetTickCount() - start_) / 60'000; }
+
+    void tell(const std::string& line)
+    {
+        std::printf("%3lu:%02lu  %s\n", minutes(), (GetTickCount() - start_) / 1000 % 60, line.c_str());
+        std::fflush(stdout);
+    }
+
+    const Options options_;
+    const DWORD start_ = GetTickCount();
+    OutlookMirror groupware_;
+    Stage stage_;
+    std::map<std::wstring, int> tried_;
+    int done_ = 0;
+    int lost_ = 0;
+    int allowed_ = 0;
+    int forbidden_ = 0;
+    int repeated_ = 0;
+    int bad_ = 0;
+};
+
+}
+
+int main(int argc, char** argv)
+{
+    Options options;
+    if (!read(options, argc, argv)) {
+        std::fprintf(stderr, "usage: deaths [--seed N] [--each N] [--minutes N] [--only KIND] [--tell each]\n");
+        return 2;
+    }
+    try {
+        const automation::Apartment apartment;
+        return Sweep(options).run();
+    } catch (const std::exception& error) {
+        std::fprintf(stderr, "deaths: %s\n", error.what());
+        return 1;
+    }
+}

@@ -1,0 +1,94 @@
+// What goes wrong, and what a user or the supervision does about it.
+#include "stage.h"
+
+#include "support/processes.h"
+
+#include <algorithm>
+
+namespace deaths {
+
+void Stage::hublinkDies(const Trial& trial)
+{
+    desk_.startHublink([&] { plan(trial, L"kill " + std::to_wstring(desk_.hublinkProcess().id())); });
+    require(desk_.hublinkProcess().ended(patience), "Hublink does not die: the call does not come");
+    startAndWait();
+}
+
+// The tick between the two sees that it is gone, the one after it that it is back.
+void Stage::groupwareDies(const Trial& trial)
+{
+    const desk::player::Process& groupware = mirror_.process(desk_);
+    plan(trial, L"die");
+    desk_.startHublink();
+    require(groupware.ended(patience), "the groupware does not die: the call does not come");
+    waitUntilServed();
+    desk_.tick();
+    waitUntilServed();
+    mirror_.reopen(desk_);
+    desk_.tick();
+    waitUntilServed();
+}
+
+// Hublink ends with its softphone; both are started again.
+void Stage::softphoneDies(const Trial& trial)
+{
+    plan(trial, L"die");
+    desk_.startHublink();
+    require(desk_.softphoneProcess().ended(patience), "the softphone does not die: the call does not come");
+    const auto endsAtATick = [&] {
+        desk_.tick();
+        return desk_.hublinkProcess().ended(20);
+    };
+    require(desk::player::waitUntil(endsAtATick, patience), "Hublink does not end with its softphone");
+    desk_.reopenSoftphone();
+    startAndWait();
+}
+
+void Stage::mapServerDies(const Trial& trial)
+{
+    plan(trial, L"kill " + std::to_wstring(map_.processId()));
+    desk_.startHublink();
+    require(map_.ended(patience), "the map server does not die: the call does not come");
+    waitUntilServed();
+    require(desk_.stopHublink(), "Hublink cannot be stopped");
+    support::forgetDeadServers();
+    desk_.restartPartners(); // where the service had to end, it has forgotten them
+    map_.reopen();
+    startAndWait();
+}
+
+void Stage::isBusy(const Trial& trial)
+{
+    plan(trial, L"busy 1");
+    startAndWait();
+    if (mirror_.logLines() != whole_.log) remarks_.push_back(L"the log is another one");
+}
+
+void Stage::fails(const Trial& trial)
+{
+    plan(trial, L"fail 0x80004005");
+    // A failing softphone may not be subscribed to, a failing groupware may not
+    // take the last line of the log.
+    if (trial.ofSoftphone) {
+        startAndWaitForTheLog();
+    } else {
+        desk_.startHublink();
+        waitUntilServed();
+    }
+    expectLog(trial);
+    require(desk_.stopHublink(), "Hublink cannot be stopped");
+    startAndWait();
+}
+
+void Stage::expectLog(const Trial& trial)
+{
+    const std::vector<std::wstring> lines = mirror_.logLines();
+    for (const wchar_t* line : {L"Pb In Repertory Synchronisation", L"Pb in History Synchronisation"}) {
+        const auto logged = std::count(lines.begin(), lines.end(), line);
+        const std::size_t expected = riskOf(trial).failureLines.count(line);
+        if (static_cast<std::size_t>(logged) != expected)
+            remarks_.push_back(std::to_wstring(logged) + L" times in the log: " + line);
+    }
+}
+
+}

@@ -1,0 +1,74 @@
+// The desk on which something goes wrong once: the real programs, with the
+// same records before each trial.
+#pragma once
+
+#include "groupware.h"
+#include "map_server.h"
+#include "trial.h"
+#include "verdict.h"
+
+namespace deaths {
+
+class Stage {
+public:
+    // Installs and starts everything, and lets one synchronisation run without
+    // a mishap. Throws std::runtime_error when even that leaves a deviation.
+    explicit Stage(const Groupware& groupware);
+
+    const std::vector<PartnerCall>& callsOf(bool softphone) const { return softphone ? softphone_.calls : groupware_.calls; }
+    const Risk& riskOf(const Trial& trial) const { return of(trial.ofSoftphone).risks[trial.call]; }
+
+    // Hublink's own death outside the walks is tried everywhere, the rest by sample.
+    bool isSampled(const Trial& trial) const
+    {
+        return trial.mishap != Mishap::hublinkDies || trial.after || riskOf(trial).inWalk;
+    }
+
+    // The mishap, what a user or the supervision does about it, and what is there
+    // in the end.
+    Verdict run(const Trial& trial);
+
+    std::wstring text(const Trial& trial) const;
+
+private:
+    struct Partner {
+        std::vector<PartnerCall> calls;
+        std::vector<Risk> risks;
+    };
+
+    const Partner& of(bool softphone) const { return softphone ? softphone_ : groupware_; }
+    void reset();
+    bool answers(const desk::player::Process& process, bool softphone) const;
+    void reviveAll();
+    void learn();
+    std::wstring ask(bool softphone, std::wstring_view request);
+    void plan(const Trial& trial, const std::wstring& action);
+    State state() const;
+    Permission permission(const Trial& trial) const;
+
+    void hublinkDies(const Trial& trial);
+    void groupwareDies(const Trial& trial);
+    void softphoneDies(const Trial& trial);
+    void mapServerDies(const Trial& trial);
+    void isBusy(const Trial& trial);
+    void fails(const Trial& trial);
+
+    static constexpr DWORD patience = 60'000; // milliseconds
+    static void require(bool holds, const char* what);
+    void startAndWait();
+    void startAndWaitForTheLog();
+    void waitUntilServed();
+    std::size_t softphoneCalls(std::wstring_view call); // "History.Count get"
+    void expectLog(const Trial& trial);
+    std::size_t endsLogged() const;
+
+    const Groupware& mirror_;
+    desk::player::Desk desk_;
+    MapServer map_;
+    Partner softphone_;
+    Partner groupware_;
+    State whole_;
+    std::vector<std::wstring> remarks_; // deviations met under way
+};
+
+}

@@ -1,0 +1,54 @@
+#include "trials.h"
+
+#include <algorithm>
+#include <random>
+
+namespace deaths {
+
+namespace {
+
+// The partners whose calls a mishap may happen at.
+std::vector<bool> placesOf(Mishap mishap)
+{
+    if (mishap == Mishap::groupwareDies) return {false};
+    if (mishap == Mishap::softphoneDies) return {true};
+    return {true, false};
+}
+
+std::vector<Trial> allOf(const Stage& stage, Mishap mishap, bool after)
+{
+    std::vector<Trial> found;
+    for (const bool ofSoftphone : placesOf(mishap))
+        for (std::size_t call = 0; call < stage.callsOf(ofSoftphone).size(); ++call) {
+            const bool isLookUp = stage.callsOf(ofSoftphone)[call].isLookUp();
+            if (after && isLookUp) continue; // a look-up has no effect
+            found.push_back({mishap, ofSoftphone, call, after});
+        }
+    return found;
+}
+
+}
+
+std::vector<Trial> trials(const Stage& stage, const Sampling& sampling)
+{
+    std::mt19937 random(sampling.seed);
+    std::vector<Trial> everyDeath = allOf(stage, Mishap::hublinkDies, false);
+    const auto walks = std::stable_partition(everyDeath.begin(), everyDeath.end(),
+                                             [&](const Trial& trial) { return !stage.isSampled(trial); });
+    std::vector<std::vector<Trial>> kinds{{walks, everyDeath.end()}, allOf(stage, Mishap::hublinkDies, true)};
+    everyDeath.erase(walks, everyDeath.end());
+    for (const Mishap mishap : {Mishap::groupwareDies, Mishap::softphoneDies, Mishap::mapServerDies}) {
+        kinds.push_back(allOf(stage, mishap, false));
+        kinds.push_back(allOf(stage, mishap, true));
+    }
+    for (const Mishap mishap : {Mishap::busy, Mishap::fails}) kinds.push_back(allOf(stage, mishap, false));
+
+    std::vector<Trial> chosen = std::move(everyDeath);
+    for (std::vector<Trial>& kind : kinds) std::shuffle(kind.begin(), kind.end(), random);
+    for (std::size_t turn = 0; turn < sampling.eachKind; ++turn)
+        for (const std::vector<Trial>& kind : kinds)
+            if (turn < kind.size()) chosen.push_back(kind[turn]);
+    return chosen;
+}
+
+}
