@@ -39,7 +39,7 @@ void Stage::softphoneDies(const Trial& trial)
         desk_.tick();
         return desk_.hublinkProcess().ended(20);
     };
-    require(desk::player::waitUntil(endsAtATick, patience), "Hublink does not end with its softphone");
+    await(endsAtATick, "Hublink does not end with its softphone");
     desk_.reopenSoftphone();
     startAndWait();
 }
@@ -72,7 +72,11 @@ void Stage::fails(const Trial& trial)
     if (trial.ofSoftphone) {
         startAndWaitForTheLog();
     } else {
+        const std::size_t attached = softphoneCalls(L"Application.AddressBook get");
         desk_.startHublink();
+        // It subscribes to the line before it asks for the address book.
+        await([&] { return softphoneCalls(L"Application.AddressBook get") > attached; },
+              "Hublink does not attach to the softphone");
         waitUntilServed();
     }
     expectLog(trial);

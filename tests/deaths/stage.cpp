@@ -14,13 +14,14 @@ namespace deaths {
 
 namespace {
 
+constexpr int mostTrials = 25; // with the same servers
 constexpr const wchar_t* end = L"Connector Initialization  Ok";
 
 }
 
-void Stage::require(bool holds, const char* what)
+void Stage::require(bool holds, const char* failure)
 {
-    if (!holds) throw std::runtime_error(what);
+    if (!holds) throw std::runtime_error(failure);
 }
 
 Stage::Stage(const Groupware& groupware) : mirror_(groupware)
@@ -57,7 +58,8 @@ void Stage::learn()
 void Stage::reset()
 {
     if (desk_.hublinkProcess().running()) desk_.hublinkProcess().kill();
-    if (!answers(desk_.softphoneProcess(), true) || !answers(mirror_.process(desk_), false)) reviveAll();
+    const bool isTired = ++trialsOfTheseServers_ > mostTrials;
+    if (isTired || !answers(desk_.softphoneProcess(), true) || !answers(mirror_.process(desk_), false)) renewServers();
     ask(true, L"clear");
     ask(false, L"clear");
     ask(false, L"load\n" + mirror_.startingRecords());
@@ -67,14 +69,17 @@ void Stage::reset()
 
 bool Stage::answers(const desk::player::Process& process, bool softphone) const
 try {
-    return process.running() && !desk::ask(softphone ? L"pavex" : mirror_.partner(), L"ping", 3'000).empty();
+    return process.running() && !desk::ask(softphone ? L"pavex" : mirror_.partner(), L"ping", 10'000).empty();
 } catch (const std::runtime_error&) {
     return false;
 }
 
-// After a trial that broke off: a partner is dead, or hangs.
-void Stage::reviveAll()
+// After a trial that broke off: a partner is dead, or hangs. And from time to
+// time: where nobody tells a server that its client has died, what it made for
+// the dead ones slows it down.
+void Stage::renewServers()
 {
+    trialsOfTheseServers_ = 0;
     desk_.softphoneProcess().kill();
     mirror_.process(desk_).kill();
     support::killMapServers();
@@ -86,7 +91,8 @@ void Stage::reviveAll()
 
 void Stage::plan(const Trial& trial, const std::wstring& action)
 {
-    ask(trial.ofSoftphone, L"fault at " + std::to_wstring(trial.call + 1) + L" " + action + (trial.after ? L" after" : L""));
+    const std::wstring at = L"fault at " + std::to_wstring(trial.call + 1) + L" ";
+    ask(trial.ofSoftphone, at + action + (trial.after ? L" after" : L""));
 }
 
 State Stage::state() const
@@ -104,8 +110,7 @@ void Stage::startAndWaitForTheLog()
 {
     const std::size_t before = endsLogged();
     desk_.startHublink();
-    require(desk::player::waitUntil([&] { return endsLogged() > before; }, patience),
-            "the initialisation does not come to its end");
+    await([&] { return endsLogged() > before; }, "the initialisation does not come to its end");
 }
 
 // The softphone is asked, whose answers cost little, and the log but once.
@@ -114,8 +119,7 @@ void Stage::startAndWait()
     const std::size_t before = endsLogged();
     const std::size_t counted = softphoneCalls(L"History.Count get");
     desk_.startHublink();
-    require(desk::player::waitUntil([&] { return softphoneCalls(L"History.Count get") > counted; }, patience),
-            "the history is not mirrored");
+    await([&] { return softphoneCalls(L"History.Count get") > counted; }, "the history is not mirrored");
     waitUntilServed();
     require(endsLogged() > before, "the initialisation does not come to its end");
 }
@@ -137,8 +141,7 @@ void Stage::waitUntilServed()
 {
     const std::size_t before = softphoneCalls(L"Call.Number get");
     ask(true, L"call incoming=false");
-    require(desk::player::waitUntil([&] { return softphoneCalls(L"Call.Number get") > before; }, patience),
-            "a call is not served");
+    await([&] { return softphoneCalls(L"Call.Number get") > before; }, "a call is not served");
     ask(true, L"hangup");
 }
 
@@ -160,8 +163,10 @@ Verdict Stage::run(const Trial& trial)
 
 std::wstring Stage::text(const Trial& trial) const
 {
+    constexpr std::size_t longestCall = 80; // characters: a filter or a whole log may be among the arguments
+    const PartnerCall& call = callsOf(trial.ofSoftphone)[trial.call];
     return trial.text() + L" call " + std::to_wstring(trial.call + 1) + L" of " +
-           (trial.ofSoftphone ? L"pavex" : mirror_.partner()) + L", " + callsOf(trial.ofSoftphone)[trial.call].text;
+           (trial.ofSoftphone ? L"pavex" : mirror_.partner()) + L", " + call.text.substr(0, longestCall);
 }
 
 Permission Stage::permission(const Trial& trial) const

@@ -7,6 +7,8 @@
 #include "trial.h"
 #include "verdict.h"
 
+#include <stdexcept>
+
 namespace deaths {
 
 class Stage {
@@ -15,7 +17,7 @@ public:
     // a mishap. Throws std::runtime_error when even that leaves a deviation.
     explicit Stage(const Groupware& groupware);
 
-    const std::vector<PartnerCall>& callsOf(bool softphone) const { return softphone ? softphone_.calls : groupware_.calls; }
+    const std::vector<PartnerCall>& callsOf(bool softphone) const { return of(softphone).calls; }
     const Risk& riskOf(const Trial& trial) const { return of(trial.ofSoftphone).risks[trial.call]; }
 
     // Hublink's own death outside the walks is tried everywhere, the rest by sample.
@@ -39,7 +41,7 @@ private:
     const Partner& of(bool softphone) const { return softphone ? softphone_ : groupware_; }
     void reset();
     bool answers(const desk::player::Process& process, bool softphone) const;
-    void reviveAll();
+    void renewServers();
     void learn();
     std::wstring ask(bool softphone, std::wstring_view request);
     void plan(const Trial& trial, const std::wstring& action);
@@ -54,7 +56,19 @@ private:
     void fails(const Trial& trial);
 
     static constexpr DWORD patience = 60'000; // milliseconds
-    static void require(bool holds, const char* what);
+
+    // Throws std::runtime_error with `failure` when it does not hold.
+    static void require(bool holds, const char* failure);
+
+    // Waits for it; throws the same when it does not come. It is not looked often:
+    // the programs under trial are to have the processor.
+    template <class Condition>
+    static void await(Condition condition, const char* failure)
+    {
+        for (const DWORD start = GetTickCount(); !condition(); desk::player::waitFor(60))
+            if (GetTickCount() - start > patience) throw std::runtime_error(failure);
+    }
+
     void startAndWait();
     void startAndWaitForTheLog();
     void waitUntilServed();
@@ -69,6 +83,7 @@ private:
     Partner groupware_;
     State whole_;
     std::vector<std::wstring> remarks_; // deviations met under way
+    int trialsOfTheseServers_ = 0;
 };
 
 }

@@ -69,12 +69,10 @@ private:
             ++verdict_.doubledForbidden;
             deviation(what + L" is there " + std::to_wstring(mirrors.size()) + L" times");
         }
-        if (!whole) return;
-        const std::vector<Mirror> undisturbed = found(*whole, mirrors[0].key);
-        // A call that was mirrored from the start is copied again as what it is.
-        for (const Mirror& mirror : mirrors)
-            if (mirrors.size() == 1 && mirror.content != undisturbed.at(0).content)
-                deviation(what + L" is not whole: " + mirror.content);
+        // Of two, the one from before the trial was made by other hands.
+        if (!whole || mirrors.size() != 1) return;
+        if (mirrors[0].content != found(*whole, mirrors[0].key).at(0).content)
+            deviation(what + L" is not whole: " + mirrors[0].content);
     }
 
     void refuseOthers(const wchar_t* what, const std::vector<Mirror>& mirrors, const std::set<std::wstring>& wanted)
