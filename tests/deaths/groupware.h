@@ -32,10 +32,17 @@ public:
     virtual ~Groupware() = default;
 
     virtual const char* iniName() const = 0;           // in the ini file's "type"
+    virtual std::string iniSections() const { return ""; } // of its own, besides
     virtual const wchar_t* partner() const = 0;        // of its control pipe
     virtual std::int32_t mapApplication() const = 0;
     virtual desk::player::Process& process(desk::player::Desk& desk) const = 0;
     virtual void reopen(desk::player::Desk& desk) const = 0; // with what it had
+
+    // Whether a call's record brings a contact for an unknown caller with it.
+    virtual bool makesContactsOfCallers() const { return true; }
+
+    // Whether the supervision initialises it again whatever it died in.
+    virtual bool comesBackByItself() const { return true; }
 
     // The three contacts and the calls that are mirrored from the start, as its
     // store's text; and their records in the map.

@@ -1,13 +1,14 @@
 // Lets one program after the other die in the middle of a synchronisation, and
 // looks at what is left when it has been started again.
 //
-//     deaths [--seed N] [--each N] [--minutes N] [--only KIND] [--tell each]
+//     deaths [--seed N] [--each N] [--minutes N] [--only KIND] [--in lotus] [--tell each]
 //
 // --each is the number of trials of each kind that is sampled, --minutes the time
 // after which no further sampled trial begins, KIND one of hublink, groupware,
 // softphone, map, busy, failure; "--tell each" tells every trial and what it took.
 // A line for each deviation, the
 // totals at the end; exit code 0 only when there was no deviation.
+#include "notes_mirror.h"
 #include "outlook_mirror.h"
 #include "trials.h"
 
@@ -28,6 +29,7 @@ struct Options {
     Sampling sampling;
     DWORD minutes = 35;
     std::optional<Mishap> only;
+    bool inNotes = false;
     bool tellsEach = false;
 };
 
@@ -46,6 +48,7 @@ bool read(Options& options, int argc, char** argv)
         if (!std::strcmp(argv[index], "--seed")) options.sampling.seed = value;
         else if (!std::strcmp(argv[index], "--each")) options.sampling.eachKind = value;
         else if (!std::strcmp(argv[index], "--minutes")) options.minutes = value;
+        else if (!std::strcmp(argv[index], "--in")) options.inNotes = !std::strcmp(argv[index + 1], "lotus");
         else if (!std::strcmp(argv[index], "--only") && mishapNamed(argv[index + 1]))
             options.only = mishapNamed(argv[index + 1]);
         else if (!std::strcmp(argv[index], "--tell")) options.tellsEach = true;
@@ -56,7 +59,10 @@ bool read(Options& options, int argc, char** argv)
 
 class Sweep {
 public:
-    explicit Sweep(const Options& options) : options_(options), stage_(groupware_) {}
+    explicit Sweep(const Options& options)
+        : options_(options), stage_(options.inNotes ? static_cast<const Groupware&>(notes_) : outlook_)
+    {
+    }
 
     int run()
     {
@@ -125,7 +131,8 @@ private:
 
     const Options options_;
     const DWORD start_ = GetTickCount();
-    OutlookMirror groupware_;
+    const OutlookMirror outlook_;
+    const NotesMirror notes_;
     Stage stage_;
     std::map<std::wstring, int> tried_;
     int done_ = 0;
@@ -142,7 +149,7 @@ int main(int argc, char** argv)
 {
     Options options;
     if (!read(options, argc, argv)) {
-        std::fprintf(stderr, "usage: deaths [--seed N] [--each N] [--minutes N] [--only KIND] [--tell each]\n");
+        std::fprintf(stderr, "usage: deaths [--seed N] [--each N] [--minutes N] [--only KIND] [--in lotus] [--tell each]\n");
         return 2;
     }
     try {

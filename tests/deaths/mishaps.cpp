@@ -27,6 +27,9 @@ void Stage::groupwareDies(const Trial& trial)
     mirror_.reopen(desk_);
     desk_.tick();
     waitUntilServed();
+    if (mirror_.comesBackByItself()) return;
+    require(desk_.stopHublink(), "Hublink cannot be stopped");
+    startAndWait();
 }
 
 // Hublink ends with its softphone; both are started again.

@@ -1,5 +1,6 @@
 #include "outlook_mirror.h"
 
+#include "log_lines.h"
 #include "softphone_records.h"
 
 #include "common/phone_number.h"
@@ -56,17 +57,6 @@ Mirror mirror(const StoreRecord& record, const std::wstring& key)
     return made;
 }
 
-// "3/15/2023 6:00:00 AM text": at midnight the time is left out.
-std::wstring withoutTime(std::wstring_view line)
-{
-    desk::takeWord(line);
-    std::wstring_view rest = line;
-    if (desk::takeWord(rest).find(L':') == std::wstring::npos) return std::wstring(line);
-    line = rest;
-    const std::wstring half = desk::takeWord(rest);
-    return std::wstring(half == L"AM" || half == L"PM" ? rest : line);
-}
-
 }
 
 std::wstring OutlookMirror::startingRecords() const
@@ -117,8 +107,7 @@ std::vector<std::wstring> OutlookMirror::logLines() const
 {
     std::vector<std::wstring> lines;
     for (const StoreRecord& record : journal(logType))
-        for (const std::wstring& line : desk::linesOf(valueOf(record, L"Body")))
-            lines.push_back(withoutTime(line));
+        for (const std::wstring& line : linesWithoutTime(valueOf(record, L"Body"))) lines.push_back(line);
     return lines;
 }
 

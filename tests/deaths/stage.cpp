@@ -30,7 +30,7 @@ Stage::Stage(const Groupware& groupware) : mirror_(groupware)
     mirror_.reopen(desk_);
     desk::player::writeFile(desk_.iniFile(), std::string("[Application]\r\ntype=") + mirror_.iniName() +
                                                  "\r\ntempo=0\r\ntempo1=0\r\n[AllApplication]\r\nNewContact=true\r\n"
-                                                 "Histo=true\r\nRepertory=true\r\n");
+                                                 "Histo=true\r\nRepertory=true\r\n" + mirror_.iniSections());
     learn();
 }
 

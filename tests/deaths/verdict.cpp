@@ -29,7 +29,8 @@ private:
 
     void judgeContacts()
     {
-        std::set<std::wstring> wanted(std::begin(strangers), std::end(strangers));
+        std::set<std::wstring> wanted;
+        if (groupware_.makesContactsOfCallers()) wanted.insert(std::begin(strangers), std::end(strangers));
         for (const Entry& entry : entries()) wanted.insert(entry.number);
         for (const std::wstring& number : wanted)
             count(L"contact " + number, found(state_.contacts, number), permission_.numbers.contains(number),
