@@ -135,6 +135,7 @@ std::wstring RunningProgram::carryOut(const std::wstring& word, std::wstring_vie
     if (word == L"ping") return description_.name + (L" " + std::to_wstring(GetCurrentProcessId()));
     if (word == L"calls") return recorder_.totals();
     if (word == L"record") return recorder_.record();
+    if (word == L"objects") return std::to_wstring(automation::server::Dispatch::live());
     if (word == L"load") return reload(rest);
     if (word == L"clear") recorder_.clear();
     else if (word == L"fault") recorder_.faults.add(rest);

@@ -96,9 +96,11 @@ Value Object::get(Member member, std::initializer_list<Value> arguments) const
     return invoke(member, DISPATCH_METHOD | DISPATCH_PROPERTYGET, arguments, true);
 }
 
+// There is room for a result all the same: without, some systems' marshalling
+// keeps an object that is the result, and with it the server's, for ever.
 void Object::call(Member member, std::initializer_list<Value> arguments) const
 {
-    invoke(member, DISPATCH_METHOD, arguments, false);
+    invoke(member, DISPATCH_METHOD, arguments, true);
 }
 
 void Object::put(Member member, const Value& value) const

@@ -172,6 +172,22 @@ TEST(Object, Call_AsksForAMethodOnly)
     EXPECT_TRUE(partner.invocations.at(0).named.empty());
 }
 
+TEST(Object, Call_TakesTheResultAndLetsItGo)
+{
+    RawPartner result;
+    RawPartner partner({{L"Add", 1}});
+    partner.onCall = [&](const RawPartner::Call& call) {
+        EXPECT_NE(call.result, nullptr) << "a marshaller would keep the object";
+        if (!call.result) return S_OK;
+        result.AddRef();
+        V_VT(call.result) = VT_DISPATCH;
+        V_DISPATCH(call.result) = &result;
+        return S_OK;
+    };
+    Object(&partner).call(L"Add");
+    EXPECT_EQ(result.references, 1u);
+}
+
 TEST(Object, Put_NamesItsValueAsThePropertyPut)
 {
     RawPartner partner({{L"Name", 1}});

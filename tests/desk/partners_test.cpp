@@ -17,6 +17,14 @@ protected:
     }
 };
 
+// The number of saved journal items, the log item among them.
+int journalItems(desk::player::Desk& desk)
+{
+    for (const std::wstring& line : desk::linesOf(desk.outlook(L"count")))
+        if (line.ends_with(L" Journal")) return std::stoi(line);
+    return 0;
+}
+
 constexpr std::string_view people = "[contact]\nFirstName=Marc\nLastName=Durand\nBusinessTelephoneNumber=0123\n"
                                     "[contact]\nFirstName=Claire\nLastName=Petit\nBusinessTelephoneNumber=04.56\n";
 
@@ -172,4 +180,18 @@ TEST_F(Partners, DeletedEntry_StaysMappedUntilTheNextStart)
     desk.startHublink();
     EXPECT_TRUE(desk::player::waitUntil([&] { return records() == 0; }, soon));
     EXPECT_TRUE(desk.record(L"contacts", L"LastName", L"Adler")) << "the contact itself is left alone";
+}
+
+TEST_F(Partners, StrangersAndTheirCallsInTheHistory_LeaveNoObjectBehindInOutlook)
+{
+    constexpr int calls = 10;
+    start(people);
+    const std::wstring kept = desk.outlook(L"objects"); // the session's own, and the log item
+    for (int n = 0; n < calls; ++n) {
+        ring(L"Number=777" + std::to_wstring(n) + L" Incoming=true");
+        desk.softphone(L"history add Number=777" + std::to_wstring(n) + L" Incoming=true");
+    }
+    ASSERT_TRUE(desk::player::waitUntil([&] { return journalItems(desk) == 1 + calls; }, soon));
+    EXPECT_TRUE(desk::player::waitUntil([&] { return desk.outlook(L"objects") == kept; }, soon))
+        << desk::utf8(desk.outlook(L"objects")) << ", not " << desk::utf8(kept);
 }
