@@ -64,6 +64,14 @@ Desk::~Desk()
     for (PartnerProgram* partner : {&notes_, &outlook_, &softphone_}) partner->end();
 }
 
+std::wstring Desk::identifierMapFile()
+{
+    wchar_t folder[MAX_PATH];
+    if (FAILED(SHGetFolderPathW(nullptr, CSIDL_APPDATA, nullptr, SHGFP_TYPE_CURRENT, folder)))
+        throw std::runtime_error("there is no folder for application data");
+    return std::wstring(folder) + L"\\Hublink\\identifiers.map";
+}
+
 void Desk::emptyIdentifierMap()
 {
     try {
@@ -72,9 +80,7 @@ void Desk::emptyIdentifierMap()
     } catch (const automation::AutomationError&) {
         // Not registered yet, or not running: the file is free.
     }
-    wchar_t folder[MAX_PATH];
-    if (SUCCEEDED(SHGetFolderPathW(nullptr, CSIDL_APPDATA, nullptr, SHGFP_TYPE_CURRENT, folder)))
-        removeFile(std::wstring(folder) + L"\\Hublink\\identifiers.map");
+    removeFile(identifierMapFile());
 }
 
 void Desk::restartPartners()

@@ -80,6 +80,8 @@ public:
     // The same in the file that Hublink installs at its first start.
     void setDefault(const char* section, const char* key, const char* value);
 
+    static std::wstring identifierMapFile();
+
     // The identifier map's file is removed, whatever holds it open.
     static void emptyIdentifierMap();
 

@@ -3,12 +3,10 @@
 //     player morning GROUPWARE FOLDER   the scripted morning, with outlook, lotus
 //                                       or both; FOLDER gets the pictures, *.bmp
 //     player stay GROUPWARE FOLDER      the same, then the programs are left running
-//     player figures                    what the program uses in the long run
 //
 // Exit code 0 only if everything was as it should be.
 #include "automation/apartment.h"
 #include "desk/common/text.h"
-#include "desk/player/figures.h"
 #include "desk/player/morning.h"
 
 #include <cstdio>
@@ -39,15 +37,6 @@ int play(bool stay, GroupwareInUse groupware, const std::wstring& folder)
     return conclude(narrator);
 }
 
-int figures()
-{
-    const automation::Apartment apartment;
-    Desk desk;
-    Narrator narrator;
-    measureFigures(desk, narrator);
-    return conclude(narrator);
-}
-
 }
 
 int main(int argc, char** argv)
@@ -57,12 +46,11 @@ int main(int argc, char** argv)
     const GroupwareInUse inUse{groupware != "lotus", groupware != "outlook"};
     const bool known = groupware == "outlook" || groupware == "lotus" || groupware == "both";
     try {
-        if (what == "figures" && argc == 2) return figures();
         if (known && (what == "morning" || what == "stay")) return play(what == "stay", inUse, desk::fromUtf8(argv[3]));
     } catch (const std::exception& error) {
         std::fprintf(stderr, "player: %s\n", error.what());
         return 1;
     }
-    std::fprintf(stderr, "usage: player morning|stay outlook|lotus|both FOLDER, or player figures\n");
+    std::fprintf(stderr, "usage: player morning|stay outlook|lotus|both FOLDER\n");
     return 2;
 }

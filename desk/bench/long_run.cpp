@@ -1,13 +1,17 @@
-#include "desk/player/figures.h"
+#include "desk/bench/long_run.h"
 
-#include "desk/common/text.h"
+#include "desk/bench/host.h"
 
 #include <cwchar>
 #include <stdexcept>
 
-namespace desk::player {
+namespace desk::bench {
 
 namespace {
+
+using player::Desk;
+using player::waitFor;
+using player::waitUntil;
 
 constexpr DWORD patience = 60'000; // milliseconds
 
@@ -23,30 +27,31 @@ DWORD lowestFreeHandle(HANDLE process)
 }
 
 // Some systems do not count these for another process and answer 0.
-void compareGui(Narrator& narrator, const wchar_t* what, DWORD before, DWORD after)
+void compareGui(Report& report, const wchar_t* what, DWORD before, DWORD after)
 {
-    if (before == 0 && after == 0) return narrator.tell(std::wstring(what) + L" are not counted on this system");
-    narrator.expect(after <= before, std::wstring(what) + L": " + std::to_wstring(before) + L" before, " +
+    if (before == 0 && after == 0) return report.tell(std::wstring(what) + L" are not counted on this system");
+    report.target(after <= before, std::wstring(what) + L": " + std::to_wstring(before) + L" before, " +
                                          std::to_wstring(after) + L" after");
 }
 
 // Runs `work` and compares what Hublink holds before and after it.
 template <class Work>
-void holdingNothing(Desk& desk, Narrator& narrator, Work work)
+void holdingNothing(Desk& desk, Report& report, Work work)
 {
     const HANDLE hublink = desk.hublinkProcess().handle();
     const DWORD handles = lowestFreeHandle(hublink);
     const DWORD gdi = GetGuiResources(hublink, GR_GDIOBJECTS);
     const DWORD user = GetGuiResources(hublink, GR_USEROBJECTS);
-    narrator.tell(L"memory?");
+    const long memory = privateMemory();
     work();
-    narrator.tell(L"memory?");
+    report.tell(L"private memory: " + std::to_wstring(memory) + L" KB before, " + std::to_wstring(privateMemory()) +
+                L" KB after");
     const DWORD handlesAfter = lowestFreeHandle(hublink);
     // One more or less is in use at any moment.
-    narrator.expect(handlesAfter <= handles + 64, L"lowest free handle: " + std::to_wstring(handles) + L" before, " +
+    report.target(handlesAfter <= handles + 64, L"lowest free handle: " + std::to_wstring(handles) + L" before, " +
                                                       std::to_wstring(handlesAfter) + L" after");
-    compareGui(narrator, L"GDI objects", gdi, GetGuiResources(hublink, GR_GDIOBJECTS));
-    compareGui(narrator, L"USER objects", user, GetGuiResources(hublink, GR_USEROBJECTS));
+    compareGui(report, L"GDI objects", gdi, GetGuiResources(hublink, GR_GDIOBJECTS));
+    compareGui(report, L"USER objects", user, GetGuiResources(hublink, GR_USEROBJECTS));
 }
 
 // Waits until the form's window answers: everything posted before is done.
@@ -65,18 +70,18 @@ unsigned long displays(Desk& desk)
     return std::wcstoul(totals.c_str() + (line == std::wstring::npos ? 0 : line + 1), nullptr, 10);
 }
 
-void idleMinute(Narrator& narrator)
+void idleMinute(Report& report)
 {
-    narrator.step(L"An idle minute, all partners up.");
-    narrator.tell(L"processor?");
+    report.section(L"An idle minute, all partners up.");
+    const long before = processorTime();
     waitFor(60'000);
-    narrator.tell(L"processor?");
+    report.tell(L"processor time used: " + std::to_wstring(processorTime() - before) + L" ms");
 }
 
-void ticks(Desk& desk, Narrator& narrator, int count)
+void ticks(Desk& desk, Report& report, int count)
 {
-    narrator.step(std::to_wstring(count) + L" supervision ticks.");
-    holdingNothing(desk, narrator, [&] {
+    report.section(std::to_wstring(count) + L" supervision ticks.");
+    holdingNothing(desk, report, [&] {
         for (int tick = 0; tick < count; ++tick) {
             desk.tick();
             if (tick % 20 == 19) settle();
@@ -85,11 +90,11 @@ void ticks(Desk& desk, Narrator& narrator, int count)
     });
 }
 
-void calls(Desk& desk, Narrator& narrator, int count)
+void calls(Desk& desk, Report& report, int count)
 {
     constexpr int block = 50;
-    narrator.step(std::to_wstring(count) + L" incoming calls from a known contact.");
-    holdingNothing(desk, narrator, [&] {
+    report.section(std::to_wstring(count) + L" incoming calls from a known contact.");
+    holdingNothing(desk, report, [&] {
         for (int done = 0; done < count; done += block) {
             desk.outlook(L"close-windows");
             desk.outlook(L"clear");
@@ -104,18 +109,18 @@ void calls(Desk& desk, Narrator& narrator, int count)
 
 }
 
-void measureFigures(Desk& desk, Narrator& narrator)
+void measureLongRun(Desk& desk, Report& report)
 {
     desk.startSoftphone();
     desk.startOutlook("[contact]\nFirstName=Claire\nLastName=Petit\nBusinessTelephoneNumber=4711\n");
     desk.startHublink();
     if (!waitUntil([&] { return desk.logHolds(L"Connector Initialization  Ok"); }, patience))
         throw std::runtime_error("Hublink does not start");
-    ticks(desk, narrator, 100); // the first ones allocate what stays
-    ticks(desk, narrator, 2000);
-    calls(desk, narrator, 5000);
-    calls(desk, narrator, 5000); // what the first ones allocated has to be enough
-    idleMinute(narrator);
+    ticks(desk, report, 100); // the first ones allocate what stays
+    ticks(desk, report, 2000);
+    calls(desk, report, 5000);
+    calls(desk, report, 5000); // what the first ones allocated has to be enough
+    idleMinute(report);
 }
 
 }
