@@ -311,13 +311,16 @@ TEST_F(LotusNumberSearch, NotShown_TheScreenIsNotTouched)
 
 TEST_F(LotusNumberSearch, ShownDocumentThatIsOpenAlready_TheOldCopyIsClosedAfterTheNewOneOpened)
 {
-    notes.ask(L"open " + add(L"names.nsf", durand));
+    notes.ask(L"open " + add(L"names.nsf", durand) + L" edit");
     EXPECT_TRUE(SearchByNumber(session, L"014567", person, true, L"", book));
     EXPECT_EQ(callsOf(L"NotesUI"), (Lines{L"NotesUIWorkspace.CurrentDocument get ()",
                                           L"NotesUIDocument.Document get ()",
                                           L"NotesUIWorkspace.OpenDatabase method (BSTR \"\", BSTR \"names.nsf\")",
                                           L"NotesUIWorkspace.EditDocument method (BOOL False, DISPATCH)",
                                           L"NotesUIDocument.Close method ()"}));
+    const Lines windows = split(notes.ask(L"windows"), L'\n');
+    ASSERT_EQ(windows.size(), 1u);
+    EXPECT_TRUE(windows[0].ends_with(L"\tread\tfront")) << "the copy for reading, not the user's own";
 }
 
 TEST_F(LotusNumberSearch, AnotherDocumentThatIsOpen_StaysOpen)

@@ -1,0 +1,191 @@
+#include "current_document_test.h"
+
+namespace {
+
+class CurrentCall : public CurrentDocument {
+protected:
+    CurrentCall() { open(); }
+
+    static std::wstring call(const std::wstring& number, const std::wstring& link)
+    {
+        return L"Form=Call\nInfoSupServer=S\nInfoSupBase=b.nsf\nNumber=" + number + L"\nInfoSupdocNoteId=" + link;
+    }
+};
+
+}
+
+TEST_F(CurrentCall, LinkIsRight_IsLeftUntouchedAndUnsaved)
+{
+    front(historyBase, call(L"0299", noteIdOf(ownBook)));
+    EXPECT_EQ(update(), L"0299");
+    EXPECT_EQ(deeds(), Lines{});
+    EXPECT_TRUE(nothingWasSaved());
+    EXPECT_EQ(saved(historyBase, L"InfoSupServer"), L"S") << "only the identifier is compared";
+}
+
+TEST_F(CurrentCall, LinkIsStale_IsWrittenAnew_TheIdentifierFirstAndLast)
+{
+    front(historyBase, call(L"02.99", L"FFF"));
+    EXPECT_EQ(update(), L"02.99") << "as it is written there";
+    const std::wstring noteId = noteIdOf(ownBook);
+    const std::wstring identifier =
+        L"NotesDocument.ReplaceItemValue method (BSTR \"InfoSupdocNoteId\", BSTR \"" + noteId + L"\")";
+    EXPECT_EQ(deeds(),
+              thenSavedAndShownAnew(
+                  {identifier, L"NotesDocument.ReplaceItemValue method (BSTR \"InfoSupServer\", BSTR \"\")",
+                   L"NotesDocument.ReplaceItemValue method (BSTR \"InfoSupBase\", BSTR \"names.nsf\")", identifier}));
+    EXPECT_EQ(saved(historyBase, L"InfoSupdocNoteId"), noteId);
+    EXPECT_EQ(saved(historyBase, L"InfoSupServer"), L"");
+    EXPECT_EQ(saved(historyBase, L"InfoSupBase"), L"names.nsf");
+    EXPECT_EQ(saved(historyBase, L"Number"), L"02.99");
+    EXPECT_EQ(trapped.errors, std::vector<std::string>{});
+}
+
+TEST_F(CurrentCall, LinkIsMissing_IsWritten_ToTheBookThatHasTheNumber)
+{
+    add(L"books\\company.nsf", L"Form=Employee\nName=Novak\nPhone=0500");
+    front(historyBase, L"Form=Call\nNumber=0500");
+    EXPECT_EQ(update(), L"0500");
+    EXPECT_EQ(saved(historyBase, L"InfoSupdocNoteId"), noteIdOf(L"books\\company.nsf"));
+    EXPECT_EQ(saved(historyBase, L"InfoSupServer"), L"CN=Mail1/O=Acme");
+    EXPECT_EQ(saved(historyBase, L"InfoSupBase"), L"books\\company.nsf");
+}
+
+TEST_F(CurrentCall, NobodyHasTheNumberAnyMore_TheLinkIsEmptied)
+{
+    front(historyBase, call(L"0600", L"8FA"));
+    EXPECT_EQ(update(), L"0600");
+    EXPECT_EQ(saved(historyBase, L"InfoSupdocNoteId"), L"");
+    EXPECT_EQ(saved(historyBase, L"InfoSupServer"), L"");
+    EXPECT_EQ(saved(historyBase, L"InfoSupBase"), L"");
+}
+
+TEST_F(CurrentCall, NobodyHasTheNumber_AndNoLink_IsLeftUntouched)
+{
+    front(historyBase, call(L"0600", L""));
+    EXPECT_EQ(update(), L"0600");
+    EXPECT_EQ(deeds(), Lines{});
+}
+
+TEST_F(CurrentCall, WithoutANumber_NobodyIsSearched)
+{
+    for (const wchar_t* document : {L"Form=Call\nNumber=\nNumber+=0299", L"Form=Call"}) {
+        front(historyBase, document);
+        EXPECT_EQ(update(), L"");
+        EXPECT_EQ(calls(L"NotesSession.GetDatabase method"), 0u);
+        EXPECT_TRUE(nothingWasSaved());
+    }
+}
+
+TEST_F(CurrentCall, MailSwitches_MakeNoDifference)
+{
+    session.bCallInMail = session.bAlwaysVerifyPhoneNumber = false;
+    front(historyBase, call(L"0299", L"FFF"));
+    EXPECT_EQ(update(), L"0299");
+    EXPECT_EQ(saved(historyBase, L"InfoSupdocNoteId"), noteIdOf(ownBook));
+}
+
+TEST_F(CurrentCall, MissingItemsThatAreNoArrays_EndQuietly)
+{
+    notes.ask(L"missing text");
+    front(historyBase, L"Form=Call");
+    EXPECT_EQ(update(), L"");
+    front(historyBase, L"Form=Call\nNumber=0299");
+    EXPECT_EQ(update(), L"");
+    EXPECT_TRUE(nothingWasSaved());
+    EXPECT_EQ(trapped.procedures, (Lines{L"UpdateCurrentDocumentNumber", L"UpdateCurrentDocumentNumber"}));
+}
+
+TEST_F(CurrentCall, NumberThatIsNoText_IsTakenAsOne)
+{
+    front(historyBase, L"Form=Call\nNumber:number=299");
+    EXPECT_EQ(update(), L"299");
+}
+
+// The first question, whether this is the mail file, has the same answer when
+// it fails; a search that fails has found nobody.
+TEST_F(CurrentCall, FailsAtAnyOtherCall_ResultIsEmpty_AndTheSaveIsWholeOrNone)
+{
+    std::wstring number;
+    const auto prepare = [&] {
+        open();
+        front(historyBase, call(L"0299", L"FFF"));
+    };
+    bool isSaved = false;
+    bool searching = false;
+    bool isMailAsked = false;
+    support::atEachCall(
+        notes.recorder(), support::fails, prepare, [&] { number = update(); },
+        [&](const std::wstring& failed) {
+            searching |= failed.starts_with(L"NotesSession.");
+            searching &= failed.find(L".ReplaceItemValue") == std::wstring::npos;
+            const bool isMail = !std::exchange(isMailAsked, isMailAsked || failed == L"NotesDatabase.Server get ()") &&
+                                isMailAsked;
+            EXPECT_EQ(number, searching || isMail ? L"0299" : L"") << desk::utf8(failed);
+            EXPECT_EQ(saved(historyBase, L"InfoSupdocNoteId"),
+                      searching ? L"" : isMail || isSaved ? noteIdOf(ownBook) : L"FFF") << desk::utf8(failed);
+            EXPECT_EQ(saved(historyBase, L"InfoSupBase"),
+                      searching ? L"" : isMail || isSaved ? L"names.nsf" : L"b.nsf") << desk::utf8(failed);
+            isSaved |= failed.find(L".Save ") != std::wstring::npos;
+        });
+    EXPECT_TRUE(isSaved);
+}
+
+TEST_F(CurrentCall, NotesIsBusyAtAnyCall_NothingIsLost)
+{
+    std::wstring number;
+    const auto prepare = [&] {
+        open();
+        front(historyBase, call(L"0299", L"FFF"));
+    };
+    support::atEachCall(notes.recorder(), support::isBusy, prepare, [&] { number = update(); },
+                        [&](const std::wstring& busy) {
+                            EXPECT_EQ(number, L"0299") << desk::utf8(busy);
+                            EXPECT_EQ(saved(historyBase, L"InfoSupdocNoteId"), noteIdOf(ownBook)) << desk::utf8(busy);
+                        });
+}
+
+TEST_F(CurrentDocument, NothingInFront_EndsQuietly)
+{
+    open();
+    EXPECT_EQ(update(), L"");
+    EXPECT_TRUE(nothingWasSaved());
+}
+
+TEST_F(CurrentDocument, OfAnyOtherDatabase_IsLeftAlone)
+{
+    open();
+    notes.ask(L"open " + field(documents(ownBook).at(0), L"@UniversalID"));
+    forgetCalls();
+    EXPECT_EQ(update(), L"");
+    EXPECT_EQ(calls(L"NotesUIWorkspace.CurrentDocument get"), 0u);
+    EXPECT_TRUE(nothingWasSaved());
+}
+
+TEST_F(CurrentDocument, SessionNotReady_AsksNotesNothing)
+{
+    open();
+    front(mailFile, L"Form=Memo\nFrom=claire@example.com");
+    session.LotusReady = false;
+    EXPECT_EQ(update(), L"");
+    EXPECT_EQ(record(), Lines{});
+}
+
+TEST_F(CurrentDocument, ClientIsGone_EndsQuietly)
+{
+    open();
+    front(mailFile, L"Form=Memo\nFrom=claire@example.com");
+    notes.withdraw();
+    EXPECT_EQ(update(), L"");
+    EXPECT_EQ(trapped.procedures, Lines{L"UpdateCurrentDocumentNumber"});
+}
+
+TEST_F(CurrentDocument, NewMailThatWasNeverSaved_IsNotTouched)
+{
+    open();
+    notes.create(L"Notes.NotesUIWorkspace")
+        .call(L"ComposeDocument", {session.MailServer, session.MailFile, L"Phone Message"});
+    EXPECT_EQ(update(), L"");
+    EXPECT_TRUE(nothingWasSaved());
+    EXPECT_EQ(deeds(), Lines{});
+}
