@@ -26,6 +26,9 @@ public:
     virtual void start(const People& contacts) = 0;
     virtual void load(const People& contacts) = 0;
 
+    // What the ini file has to say besides what is installed.
+    virtual void configure() {}
+
     // A request to the partner's control pipe.
     virtual std::wstring ask(std::wstring_view request) = 0;
 

@@ -1,6 +1,6 @@
 // Measures the program at the simulated desk.
 //
-//     bench [SECTION...]     synchronisation, memory, callers, map, long-run; all without any
+//     bench [SECTION...]     synchronisation, memory, callers, notes, map, long-run; all without any
 //
 // Exit code 0 only if every target was met.
 #include "automation/apartment.h"
@@ -8,6 +8,7 @@
 #include "desk/bench/long_run.h"
 #include "desk/bench/map.h"
 #include "desk/bench/memory.h"
+#include "desk/bench/notes_measures.h"
 #include "desk/bench/outlook_groupware.h"
 #include "desk/bench/synchronisation.h"
 
@@ -45,6 +46,11 @@ constexpr Section sections[] = {
          Desk desk;
          measureCallers(desk, report);
      }},
+    {"notes",
+     [](Report& report) {
+         Desk desk;
+         measureNotes(desk, report);
+     }},
     {"map",
      [](Report& report) {
          Desk desk;
@@ -68,7 +74,7 @@ int main(int argc, char** argv)
 {
     const std::vector<std::string_view> wanted(argv + 1, argv + argc);
     if (!std::all_of(wanted.begin(), wanted.end(), isSection)) {
-        std::fprintf(stderr, "usage: bench [synchronisation] [memory] [callers] [map] [long-run]\n");
+        std::fprintf(stderr, "usage: bench [synchronisation] [memory] [callers] [notes] [map] [long-run]\n");
         return 2;
     }
     try {

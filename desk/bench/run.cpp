@@ -44,6 +44,7 @@ void Runner::configure(bool newContacts)
     desk_.setIni("Application", "tempo", "0");
     desk_.setIni("Application", "tempo1", "0");
     desk_.setIni("AllApplication", "NewContact", newContacts ? "true" : "false");
+    groupware_.configure();
 }
 
 CallCounts Runner::counts()

@@ -1,0 +1,121 @@
+#include "desk/bench/notes_measures.h"
+
+#include "desk/bench/notes_groupware.h"
+#include "desk/bench/run.h"
+
+#include <stdexcept>
+
+namespace desk::bench {
+
+namespace {
+
+constexpr int entries = 200;
+constexpr int items = 1'000;
+constexpr int personsInABook = 20'000;
+constexpr const char* callersNumber = "0123456789";
+
+class NotesMeasures {
+public:
+    NotesMeasures(player::Desk& desk, Report& report)
+        : desk_(desk), report_(report), notes_(desk), runner_(desk, notes_, report)
+    {
+    }
+
+    void measure()
+    {
+        runner_.startPartners();
+        runner_.configure(false);
+        synchronise();
+        call();
+    }
+
+private:
+    void synchronise()
+    {
+        const SynchronisationRecords records = synchronisationRecords(entries, items);
+        runner_.give(records);
+        const Run first = hublink(L"Hublink, first run");
+        const std::wstring mirrored = notes_.mirrored();
+        const Run second = hublink(L"Hublink, second run: everything is mapped");
+        if (notes_.mirrored() != mirrored) throw std::runtime_error("a second run has mirrored something again");
+        runner_.give(records);
+        const Run scriptFirst = script(L"script, first run", L"sync");
+        report_.target(notes_.mirrored() == mirrored, L"the script has left the same documents as Hublink");
+        const Run scriptSecond = script(L"script, second run", L"sync");
+        compare(L"first run", first, scriptFirst);
+        compare(L"second run", second, scriptSecond);
+        compareWithSteps(second);
+    }
+
+    Run hublink(const wchar_t* what)
+    {
+        report_.tell(what);
+        const Run run = runner_.hublinkStarts();
+        runner_.stopHublink();
+        return run;
+    }
+
+    Run script(const wchar_t* what, const std::wstring& arguments)
+    {
+        report_.tell(what);
+        return runner_.script(arguments);
+    }
+
+    void compare(const std::wstring& what, const Run& hublink, const Run& script)
+    {
+        for (const std::wstring& line : table({{L"Hublink", hublink.counts}, {L"script", script.counts}}))
+            report_.tell(line);
+        const double ratio = static_cast<double>(hublink.counts.total()) / script.counts.total();
+        report_.tell(what + L": Hublink " + std::to_wstring(hublink.counts.total()) + L" round trips, " +
+                     seconds(hublink.milliseconds) + L"; script " + std::to_wstring(script.counts.total()) + L", " +
+                     seconds(script.milliseconds) + L"; ratio " + decimal(ratio) + L", of the times " +
+                     decimal(hublink.milliseconds / script.milliseconds));
+    }
+
+    void compareWithSteps(const Run& second)
+    {
+        unsigned long needed = 7 + (entries + items) + 2 + 4 * entries + 3 * items; // the softphone's, as with Outlook
+        for (const NeededCalls& step : notes_.neededForSession()) needed += step.count;
+        const unsigned long seen = second.counts.total();
+        report_.target(seen <= needed + needed / 50,
+                       L"second run: " + std::to_wstring(needed) + L" round trips needed, " + std::to_wstring(seen) +
+                           L" seen, " + std::to_wstring(second.counts.lookUps()) +
+                           L" of them name look-ups; at most 2 % more");
+    }
+
+    void call()
+    {
+        report_.tell(L"the call of a person in the last of three books with " + std::to_wstring(personsInABook) +
+                     L" persons each");
+        notes_.fillBooks(personsInABook, callersNumber);
+        runner_.hublinkStarts();
+        const Run hublink = runner_.hublinkIsCalled(L"Number=0123456789 Incoming=true");
+        expectDocument();
+        runner_.stopHublink();
+        desk_.notes(L"close-windows");
+        const Run script = runner_.script(L"call 0123456789");
+        expectDocument();
+        compare(L"call to the opened document", hublink, script);
+    }
+
+    void expectDocument()
+    {
+        if (!desk_.notesShows(L"Marc Durand")) throw std::runtime_error("the caller's document is not on the screen");
+    }
+
+    player::Desk& desk_;
+    Report& report_;
+    NotesGroupware notes_;
+    Runner runner_;
+};
+
+}
+
+void measureNotes(player::Desk& desk, Report& report)
+{
+    report.section(L"Notes: " + std::to_wstring(entries) + L" entries over 150 contacts, half of them known; " +
+                   std::to_wstring(items) + L" history items; pauses 0");
+    NotesMeasures(desk, report).measure();
+}
+
+}
