@@ -1,6 +1,5 @@
 #include "map_server.h"
 
-#include "automation/enumeration.h"
 #include "support/processes.h"
 
 #include <stdexcept>
@@ -21,7 +20,9 @@ MapServer::MapServer()
 
 void MapServer::reopen()
 {
+    enumerator_.reset();
     map_ = Object::create(L"PavexConvId.OrvelConvertId");
+    enumerator_.emplace(map_.get(L"idCollection", {std::int32_t{0}}).object());
     const std::vector<DWORD> running = support::processesNamed(L"PavexConvId.exe");
     if (running.size() != 1) throw std::runtime_error("there is not one map server");
     processId_ = running[0];

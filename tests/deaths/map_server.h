@@ -4,7 +4,10 @@
 
 #include "groupware.h"
 
+#include "automation/enumeration.h"
 #include "automation/object.h"
+
+#include <optional>
 
 namespace deaths {
 
@@ -25,6 +28,10 @@ public:
 
 private:
     automation::Object map_; // keeps the server
+
+    // Keeps the enumerators' interface in use. Wine's server may wait for ever when
+    // the last one is let go at the moment when a call to it ends.
+    std::optional<automation::Enumeration> enumerator_;
     DWORD processId_ = 0;
 };
 
