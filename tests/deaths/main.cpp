@@ -1,13 +1,14 @@
 // Lets one program after the other die in the middle of a synchronisation, and
 // looks at what is left when it has been started again.
 //
-//     deaths [--seed N] [--each N] [--minutes N] [--only KIND] [--in lotus] [--tell each]
+//     deaths [--in lotus] [--seed N] [--each N] [--minutes N] [--only KIND]
+//            [--part I --of N] [--tell each]
 //
 // --each is the number of trials of each kind that is sampled, --minutes the time
 // after which no further sampled trial begins, KIND one of hublink, groupware,
-// softphone, map, busy, failure; "--tell each" tells every trial and what it took.
-// A line for each deviation, the
-// totals at the end; exit code 0 only when there was no deviation.
+// softphone, map, busy, failure; of N parts only the I-th is tried, so that several
+// sessions may share the work; "--tell each" tells every trial and what it took. A
+// line for each deviation, the totals at the end; exit code 0 only when there was no deviation.
 #include "notes_mirror.h"
 #include "outlook_mirror.h"
 #include "trials.h"
@@ -30,6 +31,8 @@ struct Options {
     DWORD minutes = 35;
     std::optional<Mishap> only;
     bool inNotes = false;
+    unsigned part = 1;
+    unsigned parts = 1;
     bool tellsEach = false;
 };
 
@@ -49,12 +52,14 @@ bool read(Options& options, int argc, char** argv)
         else if (!std::strcmp(argv[index], "--each")) options.sampling.eachKind = value;
         else if (!std::strcmp(argv[index], "--minutes")) options.minutes = value;
         else if (!std::strcmp(argv[index], "--in")) options.inNotes = !std::strcmp(argv[index + 1], "lotus");
+        else if (!std::strcmp(argv[index], "--part")) options.part = value;
+        else if (!std::strcmp(argv[index], "--of")) options.parts = value;
         else if (!std::strcmp(argv[index], "--only") && mishapNamed(argv[index + 1]))
             options.only = mishapNamed(argv[index + 1]);
         else if (!std::strcmp(argv[index], "--tell")) options.tellsEach = true;
         else return false;
     }
-    return argc % 2 == 1;
+    return argc % 2 == 1 && options.part >= 1 && options.part <= options.parts;
 }
 
 class Sweep {
@@ -66,8 +71,7 @@ public:
 
     int run()
     {
-        std::vector<Trial> all = trials(stage_, options_.sampling);
-        std::erase_if(all, [&](const Trial& trial) { return options_.only && *options_.only != trial.mishap; });
+        const std::vector<Trial> all = chosen();
         tell(std::to_string(stage_.callsOf(true).size()) + " calls to the softphone, " +
              std::to_string(stage_.callsOf(false).size()) + " to the groupware; " + std::to_string(all.size()) +
              " trials, seed " + std::to_string(options_.sampling.seed));
@@ -81,26 +85,20 @@ public:
     }
 
 private:
-    // A trial that breaks off because the desk itself hangs is tried once more:
-    // what happens again is no accident.
-    Verdict verdictOf(const Trial& trial)
+    std::vector<Trial> chosen() const
     {
-        for (int attempt = 1;; ++attempt) {
-            try {
-                return stage_.run(trial);
-            } catch (const std::exception& error) {
-                const std::wstring what = desk::fromUtf8(error.what());
-                if (attempt == 2) return {.deviations = {what}};
-                ++repeated_;
-                tell(desk::utf8(stage_.text(trial) + L" is tried again: " + what));
-            }
-        }
+        std::vector<Trial> all = trials(stage_, options_.sampling);
+        std::erase_if(all, [&](const Trial& trial) { return options_.only && *options_.only != trial.mishap; });
+        std::vector<Trial> part;
+        for (std::size_t index = options_.part - 1; index < all.size(); index += options_.parts)
+            part.push_back(all[index]);
+        return part;
     }
 
     void attempt(const Trial& trial)
     {
         const DWORD start = GetTickCount();
-        const Verdict verdict = verdictOf(trial);
+        const Verdict verdict = stage_.run(trial);
         if (options_.tellsEach)
             tell(desk::utf8(stage_.text(trial)) + ": " + std::to_string(GetTickCount() - start) + " ms");
         ++tried_[trial.text()];
@@ -108,6 +106,10 @@ private:
         allowed_ += verdict.doubledAsAllowed;
         forbidden_ += verdict.doubledForbidden;
         if (!verdict.good()) ++bad_;
+        if (!verdict.brokenOff.empty()) {
+            ++repeated_;
+            tell(desk::utf8(stage_.text(trial) + L" was tried again: " + verdict.brokenOff));
+        }
         for (const std::wstring& deviation : verdict.deviations)
             tell(desk::utf8(stage_.text(trial) + L": " + desk::escaped(deviation)));
     }
@@ -149,7 +151,8 @@ int main(int argc, char** argv)
 {
     Options options;
     if (!read(options, argc, argv)) {
-        std::fprintf(stderr, "usage: deaths [--seed N] [--each N] [--minutes N] [--only KIND] [--in lotus] [--tell each]\n");
+        std::fprintf(stderr, "usage: deaths [--in lotus] [--seed N] [--each N] [--minutes N] [--only KIND] "
+                             "[--part I --of N] [--tell each]\n");
         return 2;
     }
     try {

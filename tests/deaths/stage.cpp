@@ -146,6 +146,21 @@ void Stage::waitUntilServed()
 }
 
 Verdict Stage::run(const Trial& trial)
+try {
+    return attempt(trial);
+} catch (const std::exception& first) {
+    Verdict verdict;
+    try {
+        trialsOfTheseServers_ = mostTrials; // none of them is trusted any more
+        verdict = attempt(trial);
+    } catch (const std::exception& second) {
+        verdict.deviations.push_back(desk::fromUtf8(second.what()));
+    }
+    verdict.brokenOff = desk::fromUtf8(first.what());
+    return verdict;
+}
+
+Verdict Stage::attempt(const Trial& trial)
 {
     reset();
     switch (trial.mishap) {

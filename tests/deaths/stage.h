@@ -27,7 +27,8 @@ public:
     }
 
     // The mishap, what a user or the supervision does about it, and what is there
-    // in the end.
+    // in the end. An attempt that breaks off, since a partner hangs or the machine
+    // is too busy, is made once more: what happens again is no accident.
     Verdict run(const Trial& trial);
 
     std::wstring text(const Trial& trial) const;
@@ -48,6 +49,7 @@ private:
     State state() const;
     Permission permission(const Trial& trial) const;
 
+    Verdict attempt(const Trial& trial);
     void hublinkDies(const Trial& trial);
     void groupwareDies(const Trial& trial);
     void softphoneDies(const Trial& trial);
@@ -55,7 +57,7 @@ private:
     void isBusy(const Trial& trial);
     void fails(const Trial& trial);
 
-    static constexpr DWORD patience = 60'000; // milliseconds
+    static constexpr DWORD patience = 40'000; // milliseconds
 
     // Throws std::runtime_error with `failure` when it does not hold.
     static void require(bool holds, const char* failure);

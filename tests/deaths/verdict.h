@@ -26,6 +26,7 @@ struct Verdict {
     int doubledAsAllowed = 0;
     int doubledForbidden = 0;
     std::vector<std::wstring> deviations; // a line for whatever is not permitted
+    std::wstring brokenOff;               // why a first attempt broke off, "" when it did not
 
     bool good() const { return deviations.empty(); }
 };
