@@ -20,9 +20,15 @@ std::wstring PartnerProgram::path() const
     return std::wstring(partnersFolder) + L"\\" + file_;
 }
 
+std::wstring PartnerProgram::storePath() const
+{
+    return std::wstring(partnersFolder) + L"\\" + name_ + L".store.txt";
+}
+
 void PartnerProgram::install() const
 {
     makeFolder(partnersFolder);
+    removeFile(storePath());
     copyFile(ownFolder() + L"\\" + file_, path());
     const Process registration(path(), L"/RegServer");
     if (!registration.ended(patience) || registration.exitCode() != 0)
@@ -37,7 +43,7 @@ void PartnerProgram::start()
 
 void PartnerProgram::start(std::string_view records)
 {
-    writeFile(std::wstring(partnersFolder) + L"\\" + name_ + L".store.txt", records);
+    writeFile(storePath(), records);
     start();
 }
 

@@ -14,7 +14,8 @@ public:
     // The program's file and the name of its control pipe and store.
     PartnerProgram(const wchar_t* file, const wchar_t* name) noexcept : file_(file), name_(name) {}
 
-    // Copies it from beside the running program and lets it register itself.
+    // Copies it from beside the running program and lets it register itself; it
+    // has nothing yet.
     void install() const;
 
     // Starts it and waits until it is there; with `records` as all that it has.
@@ -37,6 +38,7 @@ public:
 
 private:
     std::wstring path() const;
+    std::wstring storePath() const;
 
     const wchar_t* file_;
     const wchar_t* name_;

@@ -1,5 +1,7 @@
 #include "map_server.h"
 
+#include "automation/error.h"
+#include "desk/player/screen.h"
 #include "support/processes.h"
 
 #include <stdexcept>
@@ -8,6 +10,23 @@ namespace deaths {
 
 using automation::Object;
 using automation::Value;
+
+namespace {
+
+// The service that knows the classes may just be starting anew.
+Object newMap()
+{
+    for (int attempt = 0;; ++attempt) {
+        try {
+            return Object::create(L"PavexConvId.OrvelConvertId");
+        } catch (const automation::AutomationError& error) {
+            if (error.code() != REGDB_E_CLASSNOTREG || attempt == 20) throw;
+            desk::player::waitFor(250);
+        }
+    }
+}
+
+}
 
 MapServer::MapServer()
 {
@@ -21,7 +40,7 @@ MapServer::MapServer()
 void MapServer::reopen()
 {
     enumerator_.reset();
-    map_ = Object::create(L"PavexConvId.OrvelConvertId");
+    map_ = newMap();
     enumerator_.emplace(map_.get(L"idCollection", {std::int32_t{0}}).object());
     const std::vector<DWORD> running = support::processesNamed(L"PavexConvId.exe");
     if (running.size() != 1) throw std::runtime_error("there is not one map server");

@@ -3,29 +3,11 @@
 
 #include <gtest/gtest.h>
 
-namespace {
-
-void play(desk::player::GroupwareInUse groupware)
+// With one groupware alone it is ./run --outlook and ./run --lotus.
+TEST(Morning, WithBothGroupware_EverythingArrives)
 {
     desk::player::Desk desk;
     desk::player::Narrator narrator;
-    desk::player::Morning(desk, narrator, groupware).play();
+    desk::player::Morning(desk, narrator, {.outlook = true, .notes = true}).play();
     EXPECT_EQ(narrator.missing(), 0) << desk::utf8(narrator.missed());
-}
-
-}
-
-TEST(Morning, WithBothGroupware_EverythingArrives)
-{
-    play({.outlook = true, .notes = true});
-}
-
-TEST(Morning, WithOutlookAlone_EverythingArrives)
-{
-    play({.outlook = true, .notes = false});
-}
-
-TEST(Morning, WithNotesAlone_EverythingArrives)
-{
-    play({.outlook = false, .notes = true});
 }
