@@ -70,7 +70,9 @@ void missBatch(const Object& map)
 MapTimes timesWith(const Object& map, int records)
 {
     map.call(L"StopOrvelConvertId"); // lets go of the file; the next call opens it again
-    player::writeFile(player::Desk::identifierMapFile(), mapFile(records));
+    const std::wstring file = player::Desk::identifierMapFile();
+    player::makeFolder(file.substr(0, file.rfind(L'\\')));
+    player::writeFile(file, mapFile(records));
     MapTimes times;
     times.opening = timeOf([&] { lookedUp(map, L"3.0"); });
     times.lookUp = times.miss = 1e9;
