@@ -7,6 +7,7 @@
 #include <shlobj.h>
 
 #include <stdexcept>
+#include <vector>
 
 namespace desk::player {
 
@@ -83,13 +84,16 @@ void Desk::emptyIdentifierMap()
     removeFile(identifierMapFile());
 }
 
-void Desk::restartPartners()
+void Desk::restartPartners(const std::function<void()>& meanwhile)
 {
+    std::vector<PartnerProgram*> closed;
     for (PartnerProgram* partner : {&notes_, &outlook_, &softphone_}) {
         if (!partner->process().running()) continue;
         partner->end();
-        partner->start();
+        closed.push_back(partner);
     }
+    meanwhile();
+    for (PartnerProgram* partner : closed) partner->start();
 }
 
 void Desk::startHublink()

@@ -41,8 +41,9 @@ public:
     void closeOutlook() { outlook_.close(); } // as a user does
     void closeNotes() { notes_.close(); }
 
-    // All partners that run closed and opened again, with what they had.
-    void restartPartners();
+    // All partners that run closed and opened again, with what they had;
+    // `meanwhile` runs when all are closed.
+    void restartPartners(const std::function<void()>& meanwhile = [] {});
 
     // A request to a partner's control pipe; an "error:" response throws.
     std::wstring softphone(std::wstring_view request) { return softphone_.ask(request); }

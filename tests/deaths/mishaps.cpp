@@ -54,8 +54,7 @@ void Stage::mapServerDies(const Trial& trial)
     require(map_.ended(patience), "the map server does not die: the call does not come");
     waitUntilServed();
     require(desk_.stopHublink(), "Hublink cannot be stopped");
-    support::forgetDeadServers();
-    desk_.restartPartners(); // where the service had to end, it has forgotten them
+    desk_.restartPartners(support::forgetDeadServers);
     map_.reopen();
     startAndWait();
 }

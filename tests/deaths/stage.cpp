@@ -5,7 +5,6 @@
 
 #include "desk/common/control_pipe.h"
 #include "desk/common/text.h"
-#include "support/processes.h"
 
 #include <algorithm>
 #include <stdexcept>

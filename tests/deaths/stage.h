@@ -7,6 +7,8 @@
 #include "trial.h"
 #include "verdict.h"
 
+#include "support/processes.h"
+
 #include <stdexcept>
 
 namespace deaths {
@@ -78,6 +80,16 @@ private:
     void expectLog(const Trial& trial);
     std::size_t endsLogged() const;
 
+    // A map server may be left over, too.
+    struct NewServers {
+        NewServers()
+        {
+            support::killMapServers();
+            support::forgetDeadServers();
+        }
+    };
+
+    const NewServers servers_; // before the first class is asked for
     const Groupware& mirror_;
     desk::player::Desk desk_;
     MapServer map_;
