@@ -34,10 +34,10 @@ std::vector<Trial> thinCut(const Stage& stage)
 // Hublink's death before the n-th call of that kind to the groupware.
 Trial deathBefore(const Stage& stage, std::wstring_view member, int n)
 {
-    const std::vector<PartnerCall>& calls = stage.callsOf(false);
+    const std::vector<PartnerCall>& calls = stage.callsOf(1);
     std::size_t index = 0;
     while (calls.at(index).isLookUp() || calls[index].member != member || --n > 0) ++index;
-    return {Mishap::hublinkDies, false, index, false};
+    return {Mishap::hublinkDies, 1, index, false};
 }
 
 }
@@ -45,7 +45,7 @@ Trial deathBefore(const Stage& stage, std::wstring_view member, int n)
 TEST(Deaths, OfEveryProgram_LoseNothing_AndDoubleOnlyWhatTheRuleAllows)
 {
     const OutlookMirror outlook;
-    Stage stage(outlook);
+    Stage stage({&outlook});
     // The one window of Hublink's own death: saved, and not in the map yet.
     EXPECT_EQ(stage.run(deathBefore(stage, L"JournalItem.EntryID", 3)).doubledAsAllowed, 1);
     EXPECT_EQ(stage.run(deathBefore(stage, L"JournalItem.Body", 8)).doubledAsAllowed, 0);

@@ -1,7 +1,7 @@
 // Lets one program after the other die in the middle of a synchronisation, and
 // looks at what is left when it has been started again.
 //
-//     deaths [--in lotus] [--seed N] [--each N] [--minutes N] [--only KIND]
+//     deaths [--in outlook | lotus | both] [--seed N] [--each N] [--minutes N] [--only KIND]
 //            [--part I --of N] [--tell each]
 //
 // --each is the number of trials of each kind that is sampled, --minutes the time
@@ -30,6 +30,7 @@ struct Options {
     Sampling sampling;
     DWORD minutes = 35;
     std::optional<Mishap> only;
+    bool inOutlook = true;
     bool inNotes = false;
     unsigned part = 1;
     unsigned parts = 1;
@@ -44,6 +45,13 @@ std::optional<Mishap> mishapNamed(const char* name)
     return std::nullopt;
 }
 
+bool chooseGroupware(Options& options, const char* name)
+{
+    options.inOutlook = std::strcmp(name, "lotus");
+    options.inNotes = std::strcmp(name, "outlook");
+    return !options.inOutlook || !options.inNotes || !std::strcmp(name, "both");
+}
+
 bool read(Options& options, int argc, char** argv)
 {
     for (int index = 1; index + 1 < argc; index += 2) {
@@ -51,11 +59,11 @@ bool read(Options& options, int argc, char** argv)
         if (!std::strcmp(argv[index], "--seed")) options.sampling.seed = value;
         else if (!std::strcmp(argv[index], "--each")) options.sampling.eachKind = value;
         else if (!std::strcmp(argv[index], "--minutes")) options.minutes = value;
-        else if (!std::strcmp(argv[index], "--in")) options.inNotes = !std::strcmp(argv[index + 1], "lotus");
         else if (!std::strcmp(argv[index], "--part")) options.part = value;
         else if (!std::strcmp(argv[index], "--of")) options.parts = value;
         else if (!std::strcmp(argv[index], "--only") && mishapNamed(argv[index + 1]))
             options.only = mishapNamed(argv[index + 1]);
+        else if (!std::strcmp(argv[index], "--in") && chooseGroupware(options, argv[index + 1])) continue;
         else if (!std::strcmp(argv[index], "--tell")) options.tellsEach = true;
         else return false;
     }
@@ -64,17 +72,16 @@ bool read(Options& options, int argc, char** argv)
 
 class Sweep {
 public:
-    explicit Sweep(const Options& options)
-        : options_(options), stage_(options.inNotes ? static_cast<const Groupware&>(notes_) : outlook_)
-    {
-    }
+    explicit Sweep(const Options& options) : options_(options), stage_(groupware()) {}
 
     int run()
     {
         const std::vector<Trial> all = chosen();
-        tell(std::to_string(stage_.callsOf(true).size()) + " calls to the softphone, " +
-             std::to_string(stage_.callsOf(false).size()) + " to the groupware; " + std::to_string(all.size()) +
-             " trials, seed " + std::to_string(options_.sampling.seed));
+        std::size_t calls = 0;
+        for (PartnerNumber partner = 1; partner < stage_.partners(); ++partner) calls += stage_.callsOf(partner).size();
+        tell(std::to_string(stage_.callsOf(softphone).size()) + " calls to the softphone, " + std::to_string(calls) +
+             " to the groupware; " + std::to_string(all.size()) + " trials, seed " +
+             std::to_string(options_.sampling.seed));
         for (const Trial& trial : all) {
             // What is not sampled is never left out.
             if (stage_.isSampled(trial) && minutes() >= options_.minutes) break;
@@ -85,6 +92,14 @@ public:
     }
 
 private:
+    std::vector<const Groupware*> groupware() const
+    {
+        std::vector<const Groupware*> chosen;
+        if (options_.inNotes) chosen.push_back(&notes_);
+        if (options_.inOutlook) chosen.push_back(&outlook_);
+        return chosen;
+    }
+
     std::vector<Trial> chosen() const
     {
         std::vector<Trial> all = trials(stage_, options_.sampling);
@@ -151,7 +166,7 @@ int main(int argc, char** argv)
 {
     Options options;
     if (!read(options, argc, argv)) {
-        std::fprintf(stderr, "usage: deaths [--in lotus] [--seed N] [--each N] [--minutes N] [--only KIND] "
+        std::fprintf(stderr, "usage: deaths [--in outlook | lotus | both] [--seed N] [--each N] [--minutes N] [--only KIND] "
                              "[--part I --of N] [--tell each]\n");
         return 2;
     }

@@ -54,7 +54,7 @@ void MapServer::reset(const std::vector<MapRecord>& records)
         map_.call(L"InsertId", {record.groupwareId, record.softphoneId, record.application, record.collection});
 }
 
-std::vector<MapRecord> MapServer::records() const
+std::vector<MapRecord> MapServer::records(std::int32_t application) const
 {
     std::vector<MapRecord> found;
     for (const std::int32_t collection : {0, 1}) {
@@ -62,8 +62,8 @@ std::vector<MapRecord> MapServer::records() const
         Value element;
         while (all.next(element)) {
             const Object record = element.object();
-            found.push_back({record.get(L"idOrvel").text(), record.get(L"idAppli").text(),
-                             record.get(L"typApplication").int32(), collection});
+            if (record.get(L"typApplication").int32() == application)
+                found.push_back({record.get(L"idOrvel").text(), record.get(L"idAppli").text(), application, collection});
         }
     }
     return found;

@@ -18,7 +18,7 @@ public:
 
     // Exactly these records.
     void reset(const std::vector<MapRecord>& records);
-    std::vector<MapRecord> records() const;
+    std::vector<MapRecord> records(std::int32_t application) const; // of that groupware alone
 
     DWORD processId() const { return processId_; }
     bool ended(DWORD milliseconds) const;

@@ -17,17 +17,17 @@ void Stage::hublinkDies(const Trial& trial)
 // The tick between the two sees that it is gone, the one after it that it is back.
 void Stage::groupwareDies(const Trial& trial)
 {
-    const desk::player::Process& groupware = mirror_.process(desk_);
+    const Groupware& dying = groupware(trial.partner);
     plan(trial, L"die");
     desk_.startHublink();
-    require(groupware.ended(patience), "the groupware does not die: the call does not come");
+    require(dying.process(desk_).ended(patience), "the groupware does not die: the call does not come");
     waitUntilServed();
     desk_.tick();
     waitUntilServed();
-    mirror_.reopen(desk_);
+    dying.reopen(desk_);
     desk_.tick();
     waitUntilServed();
-    if (mirror_.comesBackByItself()) return;
+    if (dying.comesBackByItself()) return;
     require(desk_.stopHublink(), "Hublink cannot be stopped");
     startAndWait();
 }
@@ -63,7 +63,8 @@ void Stage::isBusy(const Trial& trial)
 {
     plan(trial, L"busy 1");
     startAndWait();
-    if (mirror_.logLines() != whole_.log) remarks_.push_back(L"the log is another one");
+    for (PartnerNumber partner = 1; partner < partners(); ++partner)
+        if (groupware(partner).logLines() != whole_[partner - 1].log) remarks_.push_back(L"the log is another one");
 }
 
 void Stage::fails(const Trial& trial)
@@ -71,7 +72,7 @@ void Stage::fails(const Trial& trial)
     plan(trial, L"fail 0x80004005");
     // A failing softphone may not be subscribed to, a failing groupware may not
     // take the last line of the log.
-    if (trial.ofSoftphone) {
+    if (trial.partner == softphone) {
         startAndWaitForTheLog();
     } else {
         const std::size_t attached = softphoneCalls(L"Application.AddressBook get");
@@ -88,12 +89,14 @@ void Stage::fails(const Trial& trial)
 
 void Stage::expectLog(const Trial& trial)
 {
-    const std::vector<std::wstring> lines = mirror_.logLines();
-    for (const wchar_t* line : {L"Pb In Repertory Synchronisation", L"Pb in History Synchronisation"}) {
-        const auto logged = std::count(lines.begin(), lines.end(), line);
-        const std::size_t expected = riskOf(trial).failureLines.count(line);
-        if (static_cast<std::size_t>(logged) != expected)
-            remarks_.push_back(std::to_wstring(logged) + L" times in the log: " + line);
+    for (const Groupware* each : groupware_) {
+        const std::vector<std::wstring> lines = each->logLines();
+        for (const wchar_t* line : {L"Pb In Repertory Synchronisation", L"Pb in History Synchronisation"}) {
+            const auto logged = std::count(lines.begin(), lines.end(), line);
+            const std::size_t expected = riskOf(trial).failureLines.count(line);
+            if (static_cast<std::size_t>(logged) != expected)
+                remarks_.push_back(std::to_wstring(logged) + L" times in the log: " + line);
+        }
     }
 }
 

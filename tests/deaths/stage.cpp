@@ -23,19 +23,35 @@ void Stage::require(bool holds, const char* failure)
     if (!holds) throw std::runtime_error(failure);
 }
 
-Stage::Stage(const Groupware& groupware) : mirror_(groupware)
+Stage::Stage(std::vector<const Groupware*> groupware) : groupware_(std::move(groupware)), partners_(1 + groupware_.size())
 {
     desk_.startSoftphone(softphoneStore());
-    mirror_.reopen(desk_);
-    desk::player::writeFile(desk_.iniFile(), std::string("[Application]\r\ntype=") + mirror_.iniName() +
+    std::string names;
+    std::string sections;
+    for (const Groupware* each : groupware_) {
+        each->reopen(desk_);
+        names += std::string(names.empty() ? "" : ",") + each->iniName();
+        sections += each->iniSections();
+    }
+    desk::player::writeFile(desk_.iniFile(), "[Application]\r\ntype=" + names +
                                                  "\r\ntempo=0\r\ntempo1=0\r\n[AllApplication]\r\nNewContact=true\r\n"
-                                                 "Histo=true\r\nRepertory=true\r\n" + mirror_.iniSections());
+                                                 "Histo=true\r\nRepertory=true\r\n" + sections);
     learn();
 }
 
-std::wstring Stage::ask(bool softphone, std::wstring_view request)
+const wchar_t* Stage::nameOf(PartnerNumber partner) const
 {
-    const std::wstring response = desk::ask(softphone ? L"pavex" : mirror_.partner(), request);
+    return partner == softphone ? L"pavex" : groupware(partner).partner();
+}
+
+desk::player::Process& Stage::processOf(PartnerNumber partner)
+{
+    return partner == softphone ? desk_.softphoneProcess() : groupware(partner).process(desk_);
+}
+
+std::wstring Stage::ask(PartnerNumber partner, std::wstring_view request) const
+{
+    const std::wstring response = desk::ask(nameOf(partner), request);
     if (response.starts_with(L"error:")) throw std::runtime_error(desk::utf8(response));
     return response;
 }
@@ -45,30 +61,42 @@ void Stage::learn()
 {
     reset();
     startAndWaitForTheLog();
-    softphone_.calls = partnerCalls(ask(true, L"record"));
-    groupware_.calls = partnerCalls(ask(false, L"record"));
-    softphone_.risks = softphoneRisks(softphone_.calls);
-    groupware_.risks = mirror_.risks(groupware_.calls);
-    whole_ = state();
-    const Verdict verdict = judge(whole_, mirror_, {}, nullptr);
-    if (!verdict.good()) throw std::runtime_error("without a mishap: " + desk::utf8(verdict.deviations[0]));
+    for (PartnerNumber partner = softphone; partner < partners(); ++partner) {
+        std::vector<PartnerCall>& calls = partners_[partner].calls;
+        calls = partnerCalls(ask(partner, L"record"));
+        partners_[partner].risks = partner == softphone ? softphoneRisks(calls) : groupware(partner).risks(calls);
+    }
+    for (const Groupware* each : groupware_) {
+        whole_.push_back(stateOf(*each));
+        const Verdict verdict = judge(whole_.back(), *each, {}, nullptr);
+        if (!verdict.good()) throw std::runtime_error("without a mishap: " + desk::utf8(verdict.deviations[0]));
+    }
 }
 
 void Stage::reset()
 {
     if (desk_.hublinkProcess().running()) desk_.hublinkProcess().kill();
     const bool isTired = ++trialsOfTheseServers_ > mostTrials;
-    if (isTired || !answers(desk_.softphoneProcess(), true) || !answers(mirror_.process(desk_), false)) renewServers();
-    ask(true, L"clear");
-    ask(false, L"clear");
-    ask(false, L"load\n" + mirror_.startingRecords());
-    map_.reset(mirror_.startingMap());
+    if (isTired || !allAnswer()) renewServers();
+    std::vector<MapRecord> map;
+    ask(softphone, L"clear");
+    for (PartnerNumber partner = 1; partner < partners(); ++partner) {
+        ask(partner, L"clear");
+        ask(partner, L"load\n" + groupware(partner).startingRecords());
+        const std::vector<MapRecord> records = groupware(partner).startingMap();
+        map.insert(map.end(), records.begin(), records.end());
+    }
+    map_.reset(map);
     remarks_.clear();
 }
 
-bool Stage::answers(const desk::player::Process& process, bool softphone) const
+bool Stage::allAnswer()
 try {
-    return process.running() && !desk::ask(softphone ? L"pavex" : mirror_.partner(), L"ping", 10'000).empty();
+    for (PartnerNumber partner = softphone; partner < partners(); ++partner) {
+        if (!processOf(partner).running()) return false;
+        ask(partner, L"ping");
+    }
+    return true;
 } catch (const std::runtime_error&) {
     return false;
 }
@@ -79,30 +107,34 @@ try {
 void Stage::renewServers()
 {
     trialsOfTheseServers_ = 0;
-    desk_.softphoneProcess().kill();
-    mirror_.process(desk_).kill();
+    for (PartnerNumber partner = softphone; partner < partners(); ++partner) processOf(partner).kill();
     support::killMapServers();
     support::forgetDeadServers();
     desk_.reopenSoftphone();
-    mirror_.reopen(desk_);
+    for (const Groupware* each : groupware_) each->reopen(desk_);
     map_.reopen();
 }
 
 void Stage::plan(const Trial& trial, const std::wstring& action)
 {
     const std::wstring at = L"fault at " + std::to_wstring(trial.call + 1) + L" ";
-    ask(trial.ofSoftphone, at + action + (trial.after ? L" after" : L""));
+    ask(trial.partner, at + action + (trial.after ? L" after" : L""));
 }
 
-State Stage::state() const
+State Stage::stateOf(const Groupware& groupware) const
 {
-    return {mirror_.contacts(), mirror_.calls(), map_.records(), mirror_.logLines()};
+    return {groupware.contacts(), groupware.calls(), map_.records(groupware.mapApplication()), groupware.logLines()};
 }
 
+// In the log that got least of them.
 std::size_t Stage::endsLogged() const
 {
-    const std::vector<std::wstring> lines = mirror_.logLines();
-    return static_cast<std::size_t>(std::count(lines.begin(), lines.end(), end));
+    std::size_t least = std::wstring::npos;
+    for (const Groupware* each : groupware_) {
+        const std::vector<std::wstring> lines = each->logLines();
+        least = std::min(least, static_cast<std::size_t>(std::count(lines.begin(), lines.end(), end)));
+    }
+    return least;
 }
 
 void Stage::startAndWaitForTheLog()
@@ -125,7 +157,7 @@ void Stage::startAndWait()
 
 std::size_t Stage::softphoneCalls(std::wstring_view call)
 {
-    for (const std::wstring& line : desk::linesOf(ask(true, L"calls"))) {
+    for (const std::wstring& line : desk::linesOf(ask(softphone, L"calls"))) {
         std::wstring_view rest = line;
         const std::wstring count = desk::takeWord(rest);
         if (rest == call) return desk::numberOf(count, "number of calls");
@@ -139,9 +171,9 @@ std::size_t Stage::softphoneCalls(std::wstring_view call)
 void Stage::waitUntilServed()
 {
     const std::size_t before = softphoneCalls(L"Call.Number get");
-    ask(true, L"call incoming=false");
+    ask(softphone, L"call incoming=false");
     await([&] { return softphoneCalls(L"Call.Number get") > before; }, "a call is not served");
-    ask(true, L"hangup");
+    ask(softphone, L"hangup");
 }
 
 Verdict Stage::run(const Trial& trial)
@@ -170,23 +202,28 @@ Verdict Stage::attempt(const Trial& trial)
     case Mishap::busy: isBusy(trial); break;
     case Mishap::fails: fails(trial); break;
     }
-    Verdict verdict = judge(state(), mirror_, permission(trial), trial.mishap == Mishap::fails ? nullptr : &whole_);
-    verdict.deviations.insert(verdict.deviations.begin(), remarks_.begin(), remarks_.end());
+    Verdict verdict;
+    verdict.deviations = remarks_;
+    for (PartnerNumber partner = 1; partner < partners(); ++partner)
+        verdict += judge(stateOf(groupware(partner)), groupware(partner), permission(trial, partner),
+                         trial.mishap == Mishap::fails ? nullptr : &whole_[partner - 1]);
     return verdict;
 }
 
 std::wstring Stage::text(const Trial& trial) const
 {
     constexpr std::size_t longestCall = 80; // characters: a filter or a whole log may be among the arguments
-    const PartnerCall& call = callsOf(trial.ofSoftphone)[trial.call];
+    const PartnerCall& call = callsOf(trial.partner)[trial.call];
     return trial.text() + L" call " + std::to_wstring(trial.call + 1) + L" of " +
-           (trial.ofSoftphone ? L"pavex" : mirror_.partner()) + L", " + call.text.substr(0, longestCall);
+           nameOf(trial.partner) + L", " + call.text.substr(0, longestCall);
 }
 
-Permission Stage::permission(const Trial& trial) const
+// What the mishap may double in that groupware: one at another's call nothing.
+Permission Stage::permission(const Trial& trial, PartnerNumber partner) const
 {
     const Risk& risk = riskOf(trial);
     Permission permission;
+    if (trial.partner != softphone && trial.partner != partner) return permission;
     const bool isDeath = trial.mishap != Mishap::busy && trial.mishap != Mishap::fails;
     if (trial.mishap == Mishap::busy) return permission;
     const std::wstring& open = isDeath && trial.after ? risk.openAfter : risk.openBefore;

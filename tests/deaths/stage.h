@@ -17,10 +17,11 @@ class Stage {
 public:
     // Installs and starts everything, and lets one synchronisation run without
     // a mishap. Throws std::runtime_error when even that leaves a deviation.
-    explicit Stage(const Groupware& groupware);
+    explicit Stage(std::vector<const Groupware*> groupware);
 
-    const std::vector<PartnerCall>& callsOf(bool softphone) const { return of(softphone).calls; }
-    const Risk& riskOf(const Trial& trial) const { return of(trial.ofSoftphone).risks[trial.call]; }
+    PartnerNumber partners() const { return partners_.size(); }
+    const std::vector<PartnerCall>& callsOf(PartnerNumber partner) const { return partners_[partner].calls; }
+    const Risk& riskOf(const Trial& trial) const { return partners_[trial.partner].risks[trial.call]; }
 
     // Hublink's own death outside the walks is tried everywhere, the rest by sample.
     bool isSampled(const Trial& trial) const
@@ -41,15 +42,17 @@ private:
         std::vector<Risk> risks;
     };
 
-    const Partner& of(bool softphone) const { return softphone ? softphone_ : groupware_; }
+    const Groupware& groupware(PartnerNumber partner) const { return *groupware_[partner - 1]; }
+    const wchar_t* nameOf(PartnerNumber partner) const;
+    desk::player::Process& processOf(PartnerNumber partner);
     void reset();
-    bool answers(const desk::player::Process& process, bool softphone) const;
+    bool allAnswer();
     void renewServers();
     void learn();
-    std::wstring ask(bool softphone, std::wstring_view request);
+    std::wstring ask(PartnerNumber partner, std::wstring_view request) const;
     void plan(const Trial& trial, const std::wstring& action);
-    State state() const;
-    Permission permission(const Trial& trial) const;
+    State stateOf(const Groupware& groupware) const;
+    Permission permission(const Trial& trial, PartnerNumber partner) const;
 
     Verdict attempt(const Trial& trial);
     void hublinkDies(const Trial& trial);
@@ -90,12 +93,11 @@ private:
     };
 
     const NewServers servers_; // before the first class is asked for
-    const Groupware& mirror_;
     desk::player::Desk desk_;
     MapServer map_;
-    Partner softphone_;
-    Partner groupware_;
-    State whole_;
+    const std::vector<const Groupware*> groupware_;
+    std::vector<Partner> partners_;
+    std::vector<State> whole_; // of each groupware
     std::vector<std::wstring> remarks_; // deviations met under way
     int trialsOfTheseServers_ = 0;
 };

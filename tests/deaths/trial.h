@@ -7,11 +7,15 @@ namespace deaths {
 
 enum class Mishap { hublinkDies, groupwareDies, softphoneDies, mapServerDies, busy, fails };
 
+// The partners by their numbers: the softphone, and the groupware from 1 on.
+using PartnerNumber = std::size_t;
+inline constexpr PartnerNumber softphone = 0;
+
 struct Trial {
     Mishap mishap = Mishap::hublinkDies;
-    bool ofSoftphone = false; // the call is the softphone's, else the groupware's
-    std::size_t call = 0;     // index among the partner's calls of an undisturbed run
-    bool after = false;       // once the call has been carried out
+    PartnerNumber partner = softphone; // whose call it is
+    std::size_t call = 0;              // index among the partner's calls of an undisturbed run
+    bool after = false;                // once the call has been carried out
 
     // "Hublink dies before"
     std::wstring text() const

@@ -7,23 +7,25 @@ namespace deaths {
 
 namespace {
 
-// The partners whose calls a mishap may happen at.
-std::vector<bool> placesOf(Mishap mishap)
+// Whether the mishap may happen at the calls of that partner.
+bool happensAt(Mishap mishap, PartnerNumber partner)
 {
-    if (mishap == Mishap::groupwareDies) return {false};
-    if (mishap == Mishap::softphoneDies) return {true};
-    return {true, false};
+    if (mishap == Mishap::groupwareDies) return partner != softphone;
+    if (mishap == Mishap::softphoneDies) return partner == softphone;
+    return true;
 }
 
 std::vector<Trial> allOf(const Stage& stage, Mishap mishap, bool after)
 {
     std::vector<Trial> found;
-    for (const bool ofSoftphone : placesOf(mishap))
-        for (std::size_t call = 0; call < stage.callsOf(ofSoftphone).size(); ++call) {
-            const bool isLookUp = stage.callsOf(ofSoftphone)[call].isLookUp();
+    for (PartnerNumber partner = softphone; partner < stage.partners(); ++partner) {
+        if (!happensAt(mishap, partner)) continue;
+        for (std::size_t call = 0; call < stage.callsOf(partner).size(); ++call) {
+            const bool isLookUp = stage.callsOf(partner)[call].isLookUp();
             if (after && isLookUp) continue; // a look-up has no effect
-            found.push_back({mishap, ofSoftphone, call, after});
+            found.push_back({mishap, partner, call, after});
         }
+    }
     return found;
 }
 

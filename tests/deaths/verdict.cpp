@@ -124,6 +124,15 @@ private:
 
 }
 
+Verdict& Verdict::operator+=(const Verdict& other)
+{
+    lost += other.lost;
+    doubledAsAllowed += other.doubledAsAllowed;
+    doubledForbidden += other.doubledForbidden;
+    deviations.insert(deviations.end(), other.deviations.begin(), other.deviations.end());
+    return *this;
+}
+
 Verdict judge(const State& state, const Groupware& groupware, const Permission& permission, const State* whole)
 {
     return Judge(state, groupware, permission, whole).verdict();

@@ -29,6 +29,7 @@ struct Verdict {
     std::wstring brokenOff;               // why a first attempt broke off, "" when it did not
 
     bool good() const { return deviations.empty(); }
+    Verdict& operator+=(const Verdict& other); // of another groupware after the same mishap
 };
 
 // Every entry and every call has one record in the groupware, a whole one, and
