@@ -6,7 +6,6 @@
 #include "automation/com_ptr.h"
 #include "automation/value.h"
 
-
 #include <initializer_list>
 #include <map>
 #include <memory>

@@ -48,6 +48,12 @@ std::wstring callTypeText(bool incoming, bool unanswered, bool acknowledged)
     return direction + (acknowledged ? L" acknowledged" : L" answered");
 }
 
+std::wstring callTypeText(bool incoming, const automation::Value& state, const automation::Value& acknowledged)
+{
+    const bool unanswered = isUnanswered(state.int32());
+    return callTypeText(incoming, unanswered, !unanswered && acknowledged.int32() == 1);
+}
+
 std::wstring callTypeText(const automation::Object& historyItem, bool incoming)
 {
     const bool unanswered = isUnanswered(historyItem.get(L"State").int32());

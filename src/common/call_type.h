@@ -14,6 +14,11 @@ bool isUnanswered(std::int32_t state);
 // holds, else " acknowledged" or " answered".
 std::wstring callTypeText(bool incoming, bool unanswered, bool acknowledged);
 
+// The same of a call's state and acknowledgement as the softphone has them; the
+// acknowledgement of an unanswered call may be anything. Throws AutomationError
+// when one of them is no number.
+std::wstring callTypeText(bool incoming, const automation::Value& state, const automation::Value& acknowledged);
+
 // The same of a softphone history item, whose acknowledgement is not asked for
 // when its state tells enough.
 // Throws AutomationError when the item lacks one of the members it reads.

@@ -14,8 +14,8 @@ void tellDebugger(const wchar_t* procedure, const char* error)
     OutputDebugStringA((std::string(": ") + error + "\n").c_str());
 }
 
-// The one variable of the program that belongs to no object: a trapped error
-// has no other place to go, whichever object's procedure it ended.
+// Belongs to no object: a trapped error has no other place to go, whichever
+// object's procedure it ended.
 DiagnosticHook& hook()
 {
     static DiagnosticHook current = tellDebugger;

@@ -1,6 +1,8 @@
 // What both groupware adapters share.
 #pragma once
 
+#include "common/host.h"
+
 #include <cstdint>
 #include <string>
 
@@ -13,6 +15,6 @@ struct GroupwareState {
     std::wstring PavexUserName;
 };
 
-// Counts one more failure. Throws AutomationError (overflow) past 32767, with
-// the count unchanged.
-void countInitFailure(GroupwareState& state);
+// Counts one more failure, and asks for a stop when the count equals the limit.
+// Throws AutomationError (overflow) past 32767, with the count unchanged.
+void countInitFailure(GroupwareState& state, Host& host);

@@ -11,13 +11,15 @@ namespace {
 using automation::Object;
 using automation::Value;
 
-Object mailDatabase(LotusSession& session)
+// The mail database is kept once it has answered: Notes also gives an object
+// for one that it could not open.
+Object groupCalendars(LotusSession& session)
 {
-    if (!session.MailDatabase) {
-        const Object notes = notesSession(session);
-        session.MailDatabase = notes.get(L"GETDATABASE", {session.MailServer, session.MailFile}).object();
-    }
-    return session.MailDatabase;
+    Object mail = session.MailDatabase;
+    if (!mail) mail = notesSession(session).get(L"GETDATABASE", {session.MailServer, session.MailFile}).object();
+    const Object view = mail.get(L"GetView", {L"(GroupCalendarFolder)"}).object();
+    session.MailDatabase = mail;
+    return view;
 }
 
 bool lists(const Object& calendar, const std::wstring& fullName)
@@ -41,8 +43,7 @@ void ShowGroupCalendars(LotusSession& session, const std::wstring& Number)
         LotusPerson person;
         LotusAddressBook book;
         if (!SearchByNumber(session, Number, person, false, L"FullName", book) || person.FullName.empty()) return;
-        const Object database = mailDatabase(session);
-        const Object view = database.get(L"GetView", {L"(GroupCalendarFolder)"}).object();
+        const Object view = groupCalendars(session);
         const std::int32_t count = view.get(L"FTSearch", {GroupCalendarQuery(), std::int16_t{0}}).int32();
         for (std::int32_t i = 1; i <= count; ++i) {
             const Object calendar = view.get(L"GetNthDocument", {i}).object();

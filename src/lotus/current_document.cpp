@@ -25,10 +25,19 @@ bool takeFrontDocument(FrontDocument& front)
     return static_cast<bool>(front.stored);
 }
 
+// Saves what was changed and shows it anew, for reading, in place of the copy
+// that is open.
+void saveAndReopen(const FrontDocument& front)
+{
+    front.stored.call(L"save", {true, true});
+    front.workspace.call(L"EDITDOCUMENT", {false, front.stored});
+    front.shown.call(L"Close");
+}
+
 std::wstring storedNumber(const Object& mail)
 {
     const Object item = mail.get(L"GetFirstItem", {numberItem}).object();
-    return item ? FirstItemValue(mail, numberItem) : L"";
+    return item ? firstItemValue(mail, numberItem) : L"";
 }
 
 std::wstring numberOfMail(LotusSession& session, const FrontDocument& mail, std::wstring& LastName,
@@ -43,16 +52,16 @@ std::wstring numberOfMail(LotusSession& session, const FrontDocument& mail, std:
     // that is being written is not touched.
     if (found.empty() || found == current || mail.shown.get(L"EditMode").truth()) return current;
     mail.stored.call(L"ReplaceItemValue", {numberItem, found});
-    saveAndReopen(mail.workspace, mail.stored, mail.shown);
+    saveAndReopen(mail);
     return found;
 }
 
 std::wstring numberOfCall(LotusSession& session, const FrontDocument& call)
 {
     const CallLogDescription items = session.LotusCallLog;
-    const std::wstring number = FirstItemValue(call.stored, items.PhoneNumber);
+    const std::wstring number = firstItemValue(call.stored, items.PhoneNumber);
     if (number.empty()) return number;
-    const std::wstring storedLink = FirstItemValue(call.stored, items.InfoSupdocNoteId);
+    const std::wstring storedLink = firstItemValue(call.stored, items.InfoSupdocNoteId);
     LotusPerson party;
     LotusAddressBook book;
     SearchByNumber(session, number, party, false, L"", book);
@@ -64,7 +73,7 @@ std::wstring numberOfCall(LotusSession& session, const FrontDocument& call)
     replace(items.InfoSupServer, book.Server);
     replace(items.InfoSupBase, book.Base);
     replace(items.InfoSupdocNoteId, party.NoteId);
-    saveAndReopen(call.workspace, call.stored, call.shown);
+    saveAndReopen(call);
     return number;
 }
 
@@ -76,11 +85,11 @@ std::wstring UpdateCurrentDocumentNumber(LotusSession& session, std::wstring& La
     if (!session.LotusReady) return number;
     trapErrors(L"UpdateCurrentDocumentNumber", [&] {
         FrontDocument front{notesWorkspace(), {}, {}};
-        const Object database = front.workspace.get(L"CurrentDatabase").object().get(L"Database").object();
-        front.workspace.get(L"CurrentView"); // a client that cannot tell is left alone
-        if (IsSameDatabase(database, session.MailServer, session.MailFile)) {
+        DatabasePlace place(front.workspace.get(L"CurrentDatabase").object().get(L"Database").object());
+        front.workspace.get(L"CurrentView"); // its answer is not used; where it fails, nothing is touched
+        if (place.is(session.MailServer, session.MailFile)) {
             if (takeFrontDocument(front)) number = numberOfMail(session, front, LastName, FirstName);
-        } else if (IsSameDatabase(database, session.LotusCallLog.Server, session.LotusCallLog.Base)) {
+        } else if (place.is(session.LotusCallLog.Server, session.LotusCallLog.Base)) {
             if (takeFrontDocument(front)) number = numberOfCall(session, front);
         }
     });

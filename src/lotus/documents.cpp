@@ -22,10 +22,10 @@ std::vector<Value> itemValues(const Object& document, const std::wstring& name)
 
 }
 
-std::wstring FirstItemValue(const Object& Doc, const std::wstring& ItemName)
+std::wstring firstItemValue(const Object& document, const std::wstring& item)
 {
-    const std::vector<Value> values = itemValues(Doc, ItemName);
-    if (values.empty()) throw automation::AutomationError(ItemName, DISP_E_BADINDEX);
+    const std::vector<Value> values = itemValues(document, item);
+    if (values.empty()) throw automation::AutomationError(item, DISP_E_BADINDEX);
     return values.front().text();
 }
 
@@ -53,15 +53,26 @@ bool IsCurrentDocument(const Object& Doc, Object& UIDoc)
     return isCurrent;
 }
 
+bool DatabasePlace::is(const std::wstring& Server, const std::wstring& FileName)
+{
+    bool isThere = false;
+    trapErrors(L"IsSameDatabase", [&] {
+        if (comparableServer(Server) != comparableServer(asked(server_, L"Server"))) return;
+        const std::wstring sought = lowerCase(FileName);
+        isThere = sought == lowerCase(asked(path_, L"FilePath")) || sought == lowerCase(asked(name_, L"FileName"));
+    });
+    return isThere;
+}
+
+const std::wstring& DatabasePlace::asked(std::optional<std::wstring>& answer, const wchar_t* member)
+{
+    if (!answer) answer = database_.get(member).text();
+    return *answer;
+}
+
 bool IsSameDatabase(const Object& Db, const std::wstring& Server, const std::wstring& FileName)
 {
-    bool isSame = false;
-    trapErrors(L"IsSameDatabase", [&] {
-        if (comparableServer(Server) != comparableServer(Db.get(L"Server").text())) return;
-        const std::wstring sought = lowerCase(FileName);
-        isSame = sought == lowerCase(Db.get(L"FilePath").text()) || sought == lowerCase(Db.get(L"FileName").text());
-    });
-    return isSame;
+    return DatabasePlace(Db).is(Server, FileName);
 }
 
 void openDocument(const LotusBaseRef& base, const Object& document, bool edit)
@@ -69,11 +80,4 @@ void openDocument(const LotusBaseRef& base, const Object& document, bool edit)
     const Object workspace = notesWorkspace();
     workspace.call(L"OpenDatabase", {base.Server, base.Base});
     workspace.call(L"EDITDOCUMENT", {edit, document});
-}
-
-void saveAndReopen(const Object& workspace, const Object& document, const Object& openCopy)
-{
-    document.call(L"save", {true, true});
-    workspace.call(L"EDITDOCUMENT", {false, document});
-    openCopy.call(L"Close");
 }

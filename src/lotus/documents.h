@@ -4,12 +4,13 @@
 
 #include "lotus/lotus_session.h"
 
+#include <optional>
 #include <string>
 #include <vector>
 
 // The first value of an item as text. Throws AutomationError, also when the
 // item's values are no array.
-std::wstring FirstItemValue(const automation::Object& Doc, const std::wstring& ItemName);
+std::wstring firstItemValue(const automation::Object& document, const std::wstring& item);
 
 // The first of the items' values, in order, that is not empty; "" when none
 // is. Throws AutomationError.
@@ -23,11 +24,20 @@ bool IsCurrentDocument(const automation::Object& Doc, automation::Object& UIDoc)
 // the markers "CN=" and "O=" of a hierarchical name make no difference. No error leaves it.
 bool IsSameDatabase(const automation::Object& Db, const std::wstring& Server, const std::wstring& FileName);
 
+// The same for several comparisons: what a database is called is asked for once.
+class DatabasePlace {
+public:
+    explicit DatabasePlace(const automation::Object& database) : database_(database) {}
+
+    bool is(const std::wstring& Server, const std::wstring& FileName);
+
+private:
+    const std::wstring& asked(std::optional<std::wstring>& answer, const wchar_t* member);
+
+    const automation::Object database_;
+    std::optional<std::wstring> server_, path_, name_;
+};
+
 // Opens a document of that database in the Notes client, for reading or for
 // editing. Throws AutomationError.
 void openDocument(const LotusBaseRef& base, const automation::Object& document, bool edit);
-
-// Saves a changed document and shows it anew, for reading, in place of the
-// copy that is open. Throws AutomationError.
-void saveAndReopen(const automation::Object& workspace, const automation::Object& document,
-                   const automation::Object& openCopy);

@@ -45,9 +45,7 @@ void appendCall(const LotusSession& session, const Object& document, const CallL
     append(document, items.Acknowledged, acknowledged);
     append(document, items.BeginDate, call.get(L"BeginDate"));
     append(document, items.EndDate, call.get(L"EndDate"));
-    const bool unanswered = isUnanswered(state.int32());
-    const std::wstring type =
-        callTypeText(incoming.truth(), unanswered, !unanswered && acknowledged.int32() == 1);
+    const std::wstring type = callTypeText(incoming.truth(), state, acknowledged);
     append(document, items.TypeCall, TranslateCallType(type, session.dictionary));
 }
 

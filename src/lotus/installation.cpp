@@ -22,7 +22,7 @@ std::wstring folder(const wchar_t* key, const wchar_t* value)
 
 }
 
-void InstallLotusDatabases(LotusSession& session)
+void InstallLotusDatabases(const LotusSession& session)
 {
     std::wstring programPath = folder(release5, L"Path");
     const wchar_t* const release = programPath.empty() ? release4 : release5;

@@ -6,7 +6,7 @@
 // Finds the Notes program and data folders in the registry and copies the
 // connector's files there, unless they are there already; then the databases
 // get their place on the user's workspace. Release 5 takes precedence over 4.
-void InstallLotusDatabases(LotusSession& session);
+void InstallLotusDatabases(const LotusSession& session);
 
 // Puts the two databases on the workspace. No error leaves it.
 void AddDatabasesToWorkspace();

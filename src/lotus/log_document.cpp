@@ -22,7 +22,7 @@ void begin(const Object& document, const PersonalLogDescription& items, const Va
 
 void append(const Object& document, const PersonalLogDescription& items, const Value& now, const std::wstring& line)
 {
-    const std::wstring text = FirstItemValue(document, items.Body) + line;
+    const std::wstring text = firstItemValue(document, items.Body) + line;
     document.call(L"RemoveItem", {items.Body});
     document.call(L"AppendItemValue", {items.Body, text});
     document.call(L"AppendItemValue", {items.FinishTime, now});
@@ -41,10 +41,14 @@ void WriteLotusLog(LotusSession& session, const std::wstring& Message)
         }
         const Object document = session.LogDocument;
         if (!document) return;
-        session.NewLogDocument = false;
         const Value now = Value::date(session.host.now());
         const std::wstring line = L"\n" + now.text() + L" " + Message;
+        // When a further line fails, the document stays as it was saved and the
+        // next line opens another: a body that was removed and not written again,
+        // or that has outgrown a Notes item, would lose every line.
+        session.NewLogDocument = !isNew;
         (isNew ? begin : append)(document, session.LotusPersonalLog, now, line);
         document.call(L"save", {true, true});
+        session.NewLogDocument = false;
     });
 }

@@ -13,6 +13,8 @@ std::wstring fullName(const std::wstring& firstName, const std::wstring& lastNam
     return trim(firstName + L" " + lastName);
 }
 
+// The last choice stands for completeness: a person without a mail address and
+// without a full name is not found at all, since one of the two is wanted.
 std::wstring addresseeOf(const LotusPerson& person)
 {
     if (!person.Mail.empty()) return person.Mail;

@@ -51,9 +51,9 @@ std::vector<std::wstring> writings(const std::wstring& number)
 
 void readPerson(const Object& document, const LotusAddressBook& book, LotusPerson& person)
 {
-    person.LastName = FirstItemValue(document, book.LastName);
-    person.FirstName = FirstItemValue(document, book.FirstName);
-    person.FullName = FirstItemValue(document, book.FullName);
+    person.LastName = firstItemValue(document, book.LastName);
+    person.FirstName = firstItemValue(document, book.FirstName);
+    person.FullName = firstItemValue(document, book.FullName);
     person.Mail = FirstNonEmptyItemValue(document, book.MailAddress);
     person.NoteId = document.get(L"NoteId").text();
 }
@@ -139,8 +139,8 @@ bool SearchInPublicAdressBookByMail(LotusSession& session, const std::wstring& M
         const Object database = notesDatabase(session, Book);
         const Object document = findDocument(database, Book.ViewMail, Book.MainView, Book.MailAddress, {Mail});
         if (!document) return;
-        LastName = FirstItemValue(document, Book.LastName);
-        FirstName = FirstItemValue(document, Book.FirstName);
+        LastName = firstItemValue(document, Book.LastName);
+        FirstName = firstItemValue(document, Book.FirstName);
         Phone = FirstNonEmptyItemValue(document, Book.PhoneNumber);
         if (!Phone.empty() && Show) openDocument(Book, document, false);
         found = true;

@@ -56,10 +56,7 @@ void giveUp(LotusSession& session)
     session.LotusReady = false;
     session.LotusMustInit = true;
     session.NotesSession = Object();
-    countInitFailure(session.groupware);
-    // A counter that counts up from 0 against a Boolean that is -1 or 0: the
-    // limit is never met, and repeated failures do not stop the program.
-    if (session.groupware.nbInitFailure == session.host.configuration().gnb_echec) session.host.StopConnector();
+    countInitFailure(session.groupware, session.host);
 }
 
 }

@@ -31,9 +31,9 @@ std::wstring sectionOfBook(std::int16_t index)
     return L"lotus base description " + std::to_wstring(index);
 }
 
-// A section that is missing leaves its book as it is here. Only those that
-// exist are read: asking the file for every key of 32767 books takes most of
-// a minute, in which the program would not answer.
+// A book whose section is missing has empty texts and empty item names. Only
+// the sections that exist are read: asking the file for every key of 32767 books
+// takes most of a minute, in which the program would not answer.
 std::vector<LotusAddressBook> readDescribedBooks(const LotusSession& session)
 {
     if (session.nbPublicAddressBook < 1) throw automation::AutomationError(L"NbPublicAddressBook", DISP_E_BADINDEX);
@@ -50,7 +50,8 @@ std::vector<LotusAddressBook> readDescribedBooks(const LotusSession& session)
 }
 
 // Puts the described books into the order of the list; one may stand there
-// twice. What an entry that makes no sense leaves behind are empty books.
+// twice. An entry that makes no sense ends it: the books before it are there,
+// itself and those behind it are empty.
 void chooseBooks(LotusSession& session, const std::vector<LotusAddressBook>& described, const std::wstring& order)
 {
     std::vector<std::wstring> entries = split(order, L',');
@@ -105,7 +106,7 @@ std::wstring joined(const std::vector<std::wstring>& names)
     return text.substr(names.empty() ? 0 : 1);
 }
 
-std::wstring described(const LotusAddressBook& book, std::size_t index, bool selected)
+std::wstring dumpOf(const LotusAddressBook& book, std::size_t index, bool selected)
 {
     std::wstring text = L"Base " + std::to_wstring(index) + L"\nServer=" + book.Server + L"\nBase=" + book.Base + L"\n";
     if (book.PersonalAddressBook) text += selected ? L"Personnal Contacts selected\n" : L"Personnal Contacts\n";
@@ -170,8 +171,8 @@ void DumpLotusAddressBooks(LotusSession& session)
     trapErrors(L"DumpLotusAddressBooks", [&] {
         std::wstring text;
         for (std::size_t k = 0; k < session.LotusAddressBooks.size(); ++k)
-            text += described(session.LotusAddressBooks[k], k,
-                              static_cast<std::int16_t>(k) == session.nSelectedPersonal);
+            text += dumpOf(session.LotusAddressBooks[k], k,
+                           static_cast<std::int16_t>(k) == session.nSelectedPersonal);
         WriteLotusLog(session, text);
     });
 }

@@ -40,10 +40,7 @@ void giveUp(OutlookSession& session)
     show(session, L"Pb Init Outlook");
     session.OutlookApp = Object();
     session.bOutlookInit = false;
-    countInitFailure(session.groupware);
-    // A counter that counts up from 0 against a Boolean that is -1 or 0: the
-    // limit is never met, and repeated failures do not stop the program.
-    if (session.groupware.nbInitFailure == session.host.configuration().gnb_echec) session.host.StopConnector();
+    countInitFailure(session.groupware, session.host);
 }
 
 }

@@ -115,8 +115,9 @@ void FormWindow::retryLater()
 void FormWindow::retry()
 {
     if (automation::OutgoingCall::inProgress()) return retryLater();
+    // By a message, for what was held back may show a box and wait for its answer.
+    PostMessageW(window_, runDeferredMessage, 0, 0);
     for (const auto& work : std::exchange(heldBack_, {})) trapErrors(L"held back", work);
-    runDeferred();
 }
 
 void FormWindow::mouseMove(WPARAM wParam, LPARAM lParam)

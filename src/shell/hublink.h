@@ -20,6 +20,7 @@
 
 #include <windows.h>
 
+#include <functional>
 #include <optional>
 
 // What the form asks of the desktop.
@@ -103,7 +104,7 @@ private:
     HANDLE hNotesProcess = nullptr;
     DWORD notesProcessId_ = 0; // found once and kept, also when Notes restarts
     TrayIconData trayIconData_;
-    bool inTick_ = false;      // a tick's own message box is open
+    bool inTick_ = false;      // a tick is under way, or waits in a message box of its own
     bool asking_ = false;      // the icon's question is open
     bool mapWasTold_ = false;  // StopAll has called the map server, in vain perhaps
     bool ending_ = false;      // StopAll is past the point of return

@@ -4,7 +4,6 @@
 #include "lotus/search.h"
 #include "outlook/contact_lookup.h"
 #include "outlook/contacts.h"
-#include "softphone/identifier_map.h"
 #include "softphone/pavex_interface.h"
 #include "softphone/softphone_members.h"
 
@@ -47,8 +46,8 @@ void PavexInterface::InsertRepertory()
 std::wstring PavexInterface::walkRepertory()
 {
     const Object book = adressbookPavex;
-    ++repertoryWalks_;
     std::int16_t remaining = book.get(softphone::records::count).int16();
+    ++repertoryWalks_;
     int created = 0;
     while (remaining >= 1) {
         if (host_.configuration().gStop) return L"Abort Repertory Synchronisation";

@@ -1,7 +1,7 @@
 #include "common/error_trap.h"
 #include "lotus/session.h"
 #include "outlook/session.h"
-#include "softphone/identifier_map.h"
+#include "softphone/map_server.h"
 #include "softphone/pavex_interface.h"
 #include "softphone/softphone_members.h"
 
@@ -58,8 +58,8 @@ EventHandlers PavexInterface::lineHandlers()
              }}};
 }
 
-// A new record whose event has waited while a synchronisation took its count
-// is among the counted ones: it must not be mirrored a second time.
+// A new record whose event had come when a synchronisation got its count is
+// among the counted ones: it must not be mirrored a second time.
 EventHandlers PavexInterface::historyHandlers()
 {
     return {{L"OnHistoricNewItem",
@@ -117,7 +117,7 @@ void PavexInterface::InitConnector(bool bfirst)
 void PavexInterface::openIdentifierMap()
 {
     Object fresh;
-    trapErrors(L"InitConnector", [&] { fresh = createIdentifierMap(host_); });
+    trapErrors(L"openIdentifierMap", [&] { fresh = createIdentifierMap(host_); });
     hashID = fresh;
 }
 

@@ -1,7 +1,6 @@
 #include "common/error_trap.h"
 #include "lotus/history.h"
 #include "outlook/journal.h"
-#include "softphone/identifier_map.h"
 #include "softphone/pavex_interface.h"
 #include "softphone/softphone_members.h"
 
@@ -46,8 +45,8 @@ void PavexInterface::InitHisto()
 std::wstring PavexInterface::walkHistory()
 {
     const Object history = histo;
-    ++historyWalks_;
     const std::int32_t count = history.get(softphone::records::count).int32();
+    ++historyWalks_;
     for (std::int32_t index = 0; index < count; ++index) {
         if (host_.configuration().gStop) return L"Abort History Synchronisation";
         const Object item = history.get(softphone::records::atIndex, {index}).object();

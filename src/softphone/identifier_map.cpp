@@ -1,46 +1,17 @@
 #include "softphone/identifier_map.h"
 
 #include "automation/enumeration.h"
-#include "automation/error.h"
 #include "common/error_trap.h"
+#include "softphone/map_server.h"
 #include "softphone/pavex_interface.h"
 #include "softphone/softphone_members.h"
 
 #include <algorithm>
 
-using automation::AutomationError;
 using automation::Object;
 using automation::Value;
 
 namespace {
-
-constexpr const wchar_t* progId = L"PavexConvId.OrvelConvertId";
-constexpr DWORD registrationPatience = 10'000; // milliseconds
-
-bool saysNotRegistered(HRESULT code)
-{
-    return code == REGDB_E_CLASSNOTREG || code == CO_E_CLASSSTRING ||
-           code == HRESULT_FROM_WIN32(ERROR_FILE_NOT_FOUND) || code == HRESULT_FROM_WIN32(ERROR_PATH_NOT_FOUND);
-}
-
-// Whether the map server beside the program registered itself.
-bool registerServer(const std::wstring& programFolder)
-{
-    const std::wstring program = programFolder + L"\\PavexConvId.exe";
-    std::wstring command = L"\"" + program + L"\" /RegServer";
-    STARTUPINFOW start{};
-    start.cb = sizeof start;
-    PROCESS_INFORMATION process{};
-    if (!CreateProcessW(program.c_str(), command.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &start,
-                        &process))
-        return false;
-    DWORD result = ERROR_TIMEOUT;
-    if (WaitForSingleObject(process.hProcess, registrationPatience) == WAIT_OBJECT_0)
-        GetExitCodeProcess(process.hProcess, &result);
-    CloseHandle(process.hThread);
-    CloseHandle(process.hProcess);
-    return result == 0;
-}
 
 bool inSoftphone(const Object& records, const std::wstring& id)
 {
@@ -48,14 +19,6 @@ bool inSoftphone(const Object& records, const std::wstring& id)
     return static_cast<bool>(records.get(softphone::records::byId, {wanted.IdHigh, wanted.IdLow}).object());
 }
 
-}
-
-Object createIdentifierMap(const Host& host)
-try {
-    return Object::create(progId);
-} catch (const AutomationError& error) {
-    if (!saysNotRegistered(error.code()) || !registerServer(host.programFolder())) throw;
-    return Object::create(progId);
 }
 
 void insertId(const Object& map, const std::wstring& idAppli, const std::wstring& idOrvel, MapApplication application,
@@ -111,21 +74,21 @@ void PavexInterface::PurgeId()
 
 void PavexInterface::PurgeIdRepertory()
 {
-    purge(L"PurgeIdRepertory", 1, [this](const std::wstring& id) { return InPavexRepertory(id); });
+    purge(L"PurgeIdRepertory", MapCollection::contacts, [this](const std::wstring& id) { return InPavexRepertory(id); });
 }
 
 void PavexInterface::PurgeIdHistorique()
 {
-    purge(L"PurgeIdHistorique", 0, [this](const std::wstring& id) { return InPavexHistorique(id); });
+    purge(L"PurgeIdHistorique", MapCollection::history, [this](const std::wstring& id) { return InPavexHistorique(id); });
 }
 
-void PavexInterface::purge(const wchar_t* procedure, std::int32_t collection,
+void PavexInterface::purge(const wchar_t* procedure, MapCollection collection,
                            const std::function<bool(const std::wstring&)>& exists)
 {
     trapErrors(procedure, [&] {
         const Object server = createIdentifierMap(host_);
         const automation::SharedNames names = automation::sharedNames();
-        automation::Enumeration records(server.get(L"idCollection", {collection}).object());
+        automation::Enumeration records(server.get(L"idCollection", {static_cast<std::int32_t>(collection)}).object());
         Value element;
         while (records.next(element)) {
             if (host_.configuration().gStop) return;

@@ -1,16 +1,10 @@
-// Reaches the server that keeps the identifier map.
+// The identifier map: which groupware record mirrors which softphone record.
 #pragma once
 
 #include "automation/object.h"
-#include "common/host.h"
 
 #include <cstdint>
 #include <string>
-
-// A new object of the map server. Where the server is not registered, the
-// program that lies beside this one is registered for the current user first.
-// Throws AutomationError when there is no way to one.
-automation::Object createIdentifierMap(const Host& host);
 
 enum class MapApplication : std::int32_t { outlook = 0, lotus = 1 };
 enum class MapCollection : std::int32_t { history = 0, contacts = 1 };

@@ -12,6 +12,7 @@
 #include "common/softphone_id.h"
 #include "lotus/lotus_session.h"
 #include "outlook/outlook_session.h"
+#include "softphone/identifier_map.h"
 
 #include <cstdint>
 #include <functional>
@@ -107,7 +108,7 @@ private:
     void logNewContact(int created, const wchar_t* where, const std::wstring& number, const automation::Object& entry);
     std::wstring walkHistory();
     void mirrorHistoryItem(const automation::Object& item);
-    void purge(const wchar_t* procedure, std::int32_t collection,
+    void purge(const wchar_t* procedure, MapCollection collection,
                const std::function<bool(const std::wstring&)>& exists);
 
     Host& host_;

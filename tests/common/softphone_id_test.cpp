@@ -2,6 +2,7 @@
 
 #include "automation/error.h"
 #include "common/groupware_state.h"
+#include "support/test_host.h"
 
 #include <gtest/gtest.h>
 
@@ -70,11 +71,12 @@ TEST(SoftphoneId, PartsThatAreNoNumbers_Fail)
 TEST(GroupwareState, FailureCounter_OverflowsWithAnErrorAndStays)
 {
     GroupwareState state;
-    countInitFailure(state);
+    TestHost host;
+    countInitFailure(state, host);
     EXPECT_EQ(state.nbInitFailure, 1);
     state.nbInitFailure = INT16_MAX;
     try {
-        countInitFailure(state);
+        countInitFailure(state, host);
         FAIL() << "no error";
     } catch (const automation::AutomationError& error) {
         EXPECT_EQ(error.code(), DISP_E_OVERFLOW);

@@ -105,17 +105,17 @@ TEST_F(LotusItems, ValueOfAnotherType_BecomesAText)
 {
     const automation::Object found =
         document(L"Number:number=612345678\nDate:date=2023-03-15 12:00:00\nRich:richtext=two\\nlines\n");
-    EXPECT_EQ(FirstItemValue(found, L"Number"), L"612345678");
-    EXPECT_EQ(FirstItemValue(found, L"Date"), L"3/15/2023 12:00:00 PM");
+    EXPECT_EQ(firstItemValue(found, L"Number"), L"612345678");
+    EXPECT_EQ(firstItemValue(found, L"Date"), L"3/15/2023 12:00:00 PM");
     EXPECT_EQ(FirstNonEmptyItemValue(found, {L"Rich"}), L"two\nlines");
 }
 
 TEST_F(LotusItems, BareValueInPlaceOfAnArray_IsAnError)
 {
     const automation::Object found = document(L"A=a\n");
-    EXPECT_EQ(FirstItemValue(found, L"Missing"), L"");
+    EXPECT_EQ(firstItemValue(found, L"Missing"), L"");
     notes.ask(L"missing text");
-    EXPECT_THROW(FirstItemValue(found, L"Missing"), automation::AutomationError);
+    EXPECT_THROW(firstItemValue(found, L"Missing"), automation::AutomationError);
     EXPECT_THROW(FirstNonEmptyItemValue(found, {L"Missing", L"A"}), automation::AutomationError);
-    EXPECT_EQ(FirstItemValue(found, L"A"), L"a");
+    EXPECT_EQ(firstItemValue(found, L"A"), L"a");
 }

@@ -119,6 +119,25 @@ TEST_F(Window, DeferredWork_NeverRunsInsideAnOutgoingCall)
     EXPECT_EQ(order, "ab");
 }
 
+TEST_F(Window, CloseInsideAnOutgoingCall_WaitsForItsEnd_AndHoldsNoEventUp)
+{
+    onBox = [this](const std::wstring&) {
+        pumpUntil([this] { return !order.empty(); }); // as the box's own message loop does
+        order += '.';
+        return IDOK;
+    };
+    {
+        const automation::OutgoingCall call;
+        SendMessageW(form().hWnd(), WM_CLOSE, 0, 0);
+        defer('a');
+        pump();
+        EXPECT_FALSE(configuration().gStop);
+    }
+    pumpUntil([this] { return order.size() == 2; });
+    EXPECT_EQ(order, "a.");
+    EXPECT_TRUE(configuration().gStop);
+}
+
 TEST_F(Window, WorkThatFails_DoesNotHinderTheNext)
 {
     form().defer([] { throw automation::AutomationError(L"Number", E_FAIL); });

@@ -196,7 +196,7 @@ TEST_F(NotesShell, SwitchedOffInTheIniFile_IsNotReady_AndCanBeSwitchedOnAgain)
     EXPECT_TRUE(wasShown(L"ReInit lotus"));
 }
 
-TEST_F(NotesShell, BothGone_AreInitialisedTogether_OnceEachIsBack)
+TEST_F(NotesShell, BothGone_TheReturnOfOutlookInitialisesBoth)
 {
     start("", "type=OUTLOOK,LOTUS\r\n");
     tick();
@@ -209,6 +209,27 @@ TEST_F(NotesShell, DocumentTimer_RunsFromTheStart_EveryFiveSeconds)
 {
     EXPECT_TRUE(KillTimer(form().hWnd(), FormWindow::documentTimer));
     EXPECT_EQ(FormWindow::tickInterval, 5000u);
+}
+
+TEST_F(NotesShell, DocumentTick_WithNotesInFront_FollowsItsDocument)
+{
+    start();
+    const support::StandIn inFront(folder, L"NLNOTES.EXE", support::StandIn::Window::inFront);
+    notes.recorder().clear();
+    documentTick();
+    EXPECT_EQ(notes.recorder().count(L"NotesUIWorkspace.CurrentDatabase get"), 1u);
+}
+
+TEST_F(NotesShell, ProcessOfNotes_IsFoundOnce_AndKept)
+{
+    start();
+    startNotes();
+    documentTick();
+    program.reset();
+    const support::StandIn another(folder, L"NLNOTES.EXE", support::StandIn::Window::inFront);
+    notes.recorder().clear();
+    documentTick();
+    EXPECT_EQ(notes.recorder().totals(), L"") << "it is not looked for again";
 }
 
 TEST_F(NotesShell, DocumentTick_WithAnotherProgramInFront_TouchesNothing)

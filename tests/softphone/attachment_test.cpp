@@ -30,8 +30,10 @@ TEST_F(Attachment, Members_AreBoundByTheirDispatchIdentifiers_InOrder)
 {
     outlook.load({});
     link.InitPavex();
-    EXPECT_EQ(softphoneCalls.calls().size(), 7u);
-    EXPECT_EQ(softphoneCalls.record().find(L"lookup"), std::wstring::npos) << "no name is looked up";
+    EXPECT_EQ(desk::linesOf(softphoneCalls.record()),
+              (Lines{L"Application.Attached put (BOOL True)", L"Application.Line get ()", L"Application.User get ()",
+                     L"User.FirstText get ()", L"User.SecondText get ()", L"Application.History get ()",
+                     L"Application.AddressBook get ()"})) << "and no name is looked up";
 }
 
 TEST_F(Attachment, Initialisation_LogsItsTwoLines_WithTwoBlanksBeforeOk)

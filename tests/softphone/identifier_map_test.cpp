@@ -1,6 +1,7 @@
 #include "link_test.h"
 
 #include "softphone/identifier_map.h"
+#include "support/raw_partner.h"
 
 namespace {
 
@@ -78,12 +79,22 @@ TEST_F(IdentifierMap, IdentifierWithoutADot_IsPurged)
 
 TEST_F(IdentifierMap, StopDuringThePurge_LeavesTheRest)
 {
+    start();
     for (int n = 0; n < 10; ++n) put(L"A", (L"9." + std::to_wstring(n)).c_str(), 0, 1);
-    start(); // the session and the link are there; this purge has emptied the map
-    for (int n = 0; n < 10; ++n) put(L"A", (L"9." + std::to_wstring(n)).c_str(), 0, 1);
-    host.settings.gStop = true;
+    const automation::Object book = link.adressbookPavex;
+    support::RawPartner stopping; // asks for a stop at its third look-up, and has nothing
+    int lookUps = 0;
+    stopping.onCall = [&](const support::RawPartner::Call& call) {
+        V_VT(call.result) = VT_DISPATCH;
+        V_DISPATCH(call.result) = nullptr;
+        host.settings.gStop = ++lookUps == 3;
+        return S_OK;
+    };
+    link.adressbookPavex = automation::Object(&stopping);
     link.PurgeIdRepertory();
-    EXPECT_EQ(store->records(1).size(), 10u);
+    EXPECT_EQ(lookUps, 3);
+    EXPECT_EQ(store->records(1).size(), 7u);
+    link.adressbookPavex = book;
     host.settings.gStop = false;
     link.PurgeIdRepertory();
     EXPECT_EQ(store->records(1).size(), 0u);
@@ -98,7 +109,35 @@ TEST_F(IdentifierMap, LookUpInTheSoftphoneFails_TheRecordCountsAsGone)
     EXPECT_EQ(mapped(L"1.2"), L"");
 }
 
+// A server that writes into the caller's text and tells how much is meant.
 TEST_F(IdentifierMap, MappedId_IsCutToTheReturnedLength)
+{
+    support::RawPartner server({{L"ConvertIdOrvel", 1}});
+    std::int32_t result = 1;
+    std::int32_t length = 0;
+    server.onCall = [&](const support::RawPartner::Call& call) {
+        BSTR text = *V_BSTRREF(&call.argument(1));
+        EXPECT_EQ(SysStringLen(text), 1024u);
+        EXPECT_EQ(*V_I4REF(&call.argument(2)), 1024);
+        std::copy_n(L"ENTRYID and more", 16, text);
+        *V_I4REF(&call.argument(2)) = length;
+        V_VT(call.result) = VT_I4;
+        V_I4(call.result) = result;
+        return S_OK;
+    };
+    const automation::Object map(&server);
+    const auto mappedText = [&](std::int32_t written) {
+        length = written;
+        return mappedId(map, L"1.2", MapApplication::outlook);
+    };
+    EXPECT_EQ(mappedText(7), L"ENTRYID");
+    EXPECT_EQ(mappedText(0), L"");
+    EXPECT_EQ(mappedText(-1), L"");
+    result = 0;
+    EXPECT_EQ(mappedText(7), L"");
+}
+
+TEST_F(IdentifierMap, MappedId_IsThatOfTheGroupware)
 {
     start();
     insertId(link.hashID, L"ENTRYID", L"1.2", MapApplication::outlook, MapCollection::contacts);

@@ -21,16 +21,6 @@ protected:
         start();
     }
 
-    // The place of a call among all, counted from 0.
-    std::size_t placeOf(const std::wstring& call)
-    {
-        const Lines lines = desk::linesOf(outlookCalls.record());
-        for (std::size_t place = 0; place < lines.size(); ++place)
-            if (lines[place].starts_with(call)) return place;
-        ADD_FAILURE() << desk::utf8(call) << " did not come";
-        return 0;
-    }
-
     static constexpr const wchar_t* claireInOutlook =
         L"[contact]\nFirstName=Clara\nLastName=Klein\nBusinessTelephoneNumber=4711\n"
         L"Email1Address=clara@example.com\n";

@@ -62,6 +62,16 @@ protected:
         return lines;
     }
 
+    // The place of a call among all, counted from 0.
+    std::size_t placeOf(const std::wstring& call)
+    {
+        const std::vector<std::wstring> lines = desk::linesOf(outlookCalls.record());
+        for (std::size_t place = 0; place < lines.size(); ++place)
+            if (lines[place].starts_with(call)) return place;
+        ADD_FAILURE() << desk::utf8(call) << " did not come";
+        return 0;
+    }
+
     static constexpr const wchar_t* databases = LR"([environment]
 MailServer=CN=Mail1/O=Acme
 MailFile=mail\\anna.nsf

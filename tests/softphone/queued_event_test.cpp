@@ -1,5 +1,7 @@
 // Events that arrive while a synchronisation is under way.
 #include "link_test.h"
+#include "softphone/softphone_members.h"
+#include "support/raw_partner.h"
 
 namespace {
 
@@ -43,6 +45,47 @@ TEST_F(QueuedEvent, RecordsThatComeBeforeTheWalks_AreMirroredOnce)
     host.runDeferred();
     EXPECT_EQ(count(L"contact"), 1u);
     EXPECT_EQ(calls(), 1);
+}
+
+// A softphone that adds a record and raises its event just before it answers
+// how many there are.
+TEST_F(QueuedEvent, RecordsThatComeWhileTheyAreCounted_AreMirroredOnce)
+{
+    start();
+    const automation::Object book = link.adressbookPavex;
+    support::RawPartner counting;
+    counting.onCall = [&](const support::RawPartner::Call& call) {
+        if (call.id == softphone::records::count) pavex.addEntry({{1, 1}, {L"0123", L"Durand", L"Marc"}});
+        automation::Value answer = call.id == softphone::records::count
+                                       ? book.get(call.id)
+                                       : book.get(call.id, {V_I4(&call.argument(0))});
+        *call.result = answer.release();
+        return S_OK;
+    };
+    link.adressbookPavex = automation::Object(&counting);
+    link.InsertRepertory();
+    link.adressbookPavex = book;
+    host.runDeferred();
+    EXPECT_EQ(count(L"contact"), 1u);
+}
+
+TEST_F(QueuedEvent, RecordsThatAreTooManyToCount_AreMirroredByTheirEvents)
+{
+    start();
+    const automation::Object book = link.adressbookPavex;
+    support::RawPartner counting;
+    counting.onCall = [](const support::RawPartner::Call& call) {
+        V_VT(call.result) = VT_I4;
+        V_I4(call.result) = 40'000;
+        return S_OK;
+    };
+    pavex.addEntry({{1, 1}, {L"0123", L"Durand", L"Marc"}});
+    link.adressbookPavex = automation::Object(&counting);
+    link.InsertRepertory();
+    link.adressbookPavex = book;
+    EXPECT_EQ(host.log.back(), L"Pb In Repertory Synchronisation");
+    host.runDeferred();
+    EXPECT_EQ(count(L"contact"), 1u);
 }
 
 TEST_F(QueuedEvent, RecordsThatComeAfterTheWalks_AreMirroredByTheirEvents)

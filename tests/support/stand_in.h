@@ -11,8 +11,11 @@ namespace support {
 
 class StandIn {
 public:
-    // Starts it; it is in the list of processes when this returns.
-    StandIn(const ScratchFolder& folder, const std::wstring& fileName);
+    enum class Window { none, inFront };
+
+    // Starts it; it is in the list of processes when this returns, and its window
+    // in front of all others. Throws AutomationError.
+    StandIn(const ScratchFolder& folder, const std::wstring& fileName, Window window = Window::none);
     ~StandIn() { end(); }
     StandIn(const StandIn&) = delete;
     StandIn& operator=(const StandIn&) = delete;

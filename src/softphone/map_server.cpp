@@ -1,0 +1,46 @@
+#include "softphone/map_server.h"
+
+#include "automation/error.h"
+
+using automation::AutomationError;
+using automation::Object;
+
+namespace {
+
+constexpr const wchar_t* progId = L"PavexConvId.OrvelConvertId";
+constexpr DWORD registrationPatience = 10'000; // milliseconds
+
+bool saysNotRegistered(HRESULT code)
+{
+    return code == REGDB_E_CLASSNOTREG || code == CO_E_CLASSSTRING ||
+           code == HRESULT_FROM_WIN32(ERROR_FILE_NOT_FOUND) || code == HRESULT_FROM_WIN32(ERROR_PATH_NOT_FOUND);
+}
+
+// Whether the map server beside the program registered itself.
+bool registerServer(const std::wstring& programFolder)
+{
+    const std::wstring program = programFolder + L"\\PavexConvId.exe";
+    std::wstring command = L"\"" + program + L"\" /RegServer";
+    STARTUPINFOW start{};
+    start.cb = sizeof start;
+    PROCESS_INFORMATION process{};
+    if (!CreateProcessW(program.c_str(), command.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &start,
+                        &process))
+        return false;
+    DWORD result = ERROR_TIMEOUT;
+    if (WaitForSingleObject(process.hProcess, registrationPatience) == WAIT_OBJECT_0)
+        GetExitCodeProcess(process.hProcess, &result);
+    CloseHandle(process.hThread);
+    CloseHandle(process.hProcess);
+    return result == 0;
+}
+
+}
+
+Object createIdentifierMap(const Host& host)
+try {
+    return Object::create(progId);
+} catch (const AutomationError& error) {
+    if (!saysNotRegistered(error.code()) || !registerServer(host.programFolder())) throw;
+    return Object::create(progId);
+}

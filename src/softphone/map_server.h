@@ -1,0 +1,10 @@
+// Reaches the server that keeps the identifier map.
+#pragma once
+
+#include "automation/object.h"
+#include "common/host.h"
+
+// A new object of the map server. Where the server is not registered, the
+// program that lies beside this one is registered for the current user first.
+// Throws AutomationError when there is no way to one.
+automation::Object createIdentifierMap(const Host& host);
