@@ -58,13 +58,16 @@ void chooseBooks(LotusSession& session, const std::vector<LotusAddressBook>& des
     std::erase(entries, L"<none>");
     if (entries.empty()) throw automation::AutomationError(L"Order", DISP_E_BADINDEX);
     session.LotusAddressBooks.assign(entries.size(), {});
-    for (std::size_t k = 0; k < entries.size(); ++k) {
-        const std::int16_t number = automation::int16FromText(replaceAll(entries[k], L"Base ", L""));
+    std::int16_t k = 0;
+    for (const std::wstring& entry : entries) {
+        const std::wstring text = replaceAll(entry, L"Base ", L"");
+        if (text == L"<none>") continue; // "Base <none>" has been counted and leaves its book empty
+        const std::int16_t number = automation::int16FromText(text);
         if (number < 1 || number > session.nbPublicAddressBook)
             throw automation::AutomationError(L"Order", DISP_E_BADINDEX);
         session.LotusAddressBooks[k] = described[number - 1];
-        if (described[number - 1].PersonalAddressBook && session.nSelectedPersonal == -1)
-            session.nSelectedPersonal = static_cast<std::int16_t>(k);
+        if (described[number - 1].PersonalAddressBook && session.nSelectedPersonal == -1) session.nSelectedPersonal = k;
+        ++k;
     }
 }
 

@@ -63,6 +63,12 @@ TEST_F(LotusSettings, OrderOfTwoBooks_IsSearchOrder_AndFirstPersonalOneIsSelecte
     EXPECT_EQ(session.nbPublicAddressBook, 2);
 }
 
+TEST_F(LotusSettings, BaseNone_IsCounted_AndLeavesAnEmptyBookAtTheEnd)
+{
+    read(twoBooks("Base <none>,Base 2", "true"));
+    EXPECT_EQ(bases(), (Names{L"two.nsf", L""}));
+}
+
 TEST_F(LotusSettings, BothBooksPersonal_TheOneNamedFirst_IsSelected)
 {
     read(twoBooks("<none>,Base 2,Base 1", "true", "true"));
