@@ -79,6 +79,10 @@ void FaultPlan::readAction(Planned& planned, const std::wstring& action, std::ws
         fault.after = true;
         rest = {};
     }
+    if (fault.action == Fault::Action::kill && rest == L"instead") {
+        fault.instead = true;
+        rest = {};
+    }
     if (!rest.empty()) throw std::runtime_error("fault: \"" + utf8(rest) + "\" is too much");
 }
 

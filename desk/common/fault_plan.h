@@ -17,10 +17,11 @@
 //                                           then the ordinary answer
 //               die [after]                 the process dies inside the call, with what its
 //                                           clients have saved in the store file
-//               kill ID [after]             the process of that identifier dies, a client's
+//               kill ID [after | instead]   the process of that identifier dies, a client's
 //                                           for example; then the ordinary answer
 //
-// With `after`, the call is carried out first and its answer still to be sent.
+// With `after`, the call is carried out first and its answer still to be sent; with
+// `instead` it is not carried out, as when the client had died before it called.
 // A fault `at N` is used up when it has happened; the others stay until `off`.
 #pragma once
 
@@ -45,6 +46,7 @@ struct Fault {
     std::wstring description;      // raise
     DWORD processId = 0;           // kill
     bool after = false;            // die, kill: once the call has been carried out
+    bool instead = false;          // kill: the call is not carried out
 };
 
 class FaultPlan {

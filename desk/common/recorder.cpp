@@ -114,7 +114,9 @@ HRESULT Recorder::happen(const Fault& fault, bool mayThrow)
         if (mayThrow) throw automation::server::Exception{fault.code, fault.source, fault.description};
         return fault.code;
     case Fault::Action::hang: Sleep(fault.milliseconds); return S_OK;
-    case Fault::Action::kill: endProcess(fault.processId); return S_OK;
+    case Fault::Action::kill:
+        endProcess(fault.processId);
+        return fault.instead ? HRESULT_FROM_WIN32(RPC_S_CALL_CANCELLED) : S_OK;
     case Fault::Action::die: break;
     }
     if (die) die();

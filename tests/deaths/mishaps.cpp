@@ -9,7 +9,9 @@ namespace deaths {
 
 void Stage::hublinkDies(const Trial& trial)
 {
-    desk_.startHublink([&] { plan(trial, L"kill " + std::to_wstring(desk_.hublinkProcess().id())); });
+    desk_.startHublink([&] {
+        plan(trial, L"kill " + std::to_wstring(desk_.hublinkProcess().id()) + (trial.after ? L"" : L" instead"));
+    });
     require(desk_.hublinkProcess().ended(patience), "Hublink does not die: the call does not come");
     startAndWait();
 }

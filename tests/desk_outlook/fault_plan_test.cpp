@@ -88,6 +88,7 @@ TEST(FaultPlan, Deaths_BeforeOrAfterTheCall)
     FaultPlan plan;
     plan.add(L"at 1 die");
     plan.add(L"at 2 kill 4711 after");
+    plan.add(L"at 3 kill 4712 instead");
     const Fault first = plan.next(L"Items", L"Add", CallKind::method);
     EXPECT_EQ(first.action, Action::die);
     EXPECT_FALSE(first.after);
@@ -95,6 +96,11 @@ TEST(FaultPlan, Deaths_BeforeOrAfterTheCall)
     EXPECT_EQ(second.action, Action::kill);
     EXPECT_EQ(second.processId, 4711u);
     EXPECT_TRUE(second.after);
+    EXPECT_FALSE(second.instead);
+    const Fault third = plan.next(L"Items", L"Add", CallKind::method);
+    EXPECT_EQ(third.processId, 4712u);
+    EXPECT_FALSE(third.after);
+    EXPECT_TRUE(third.instead);
 }
 
 TEST(FaultPlan, BadTexts_AreRefusedWithTheReason)
@@ -106,6 +112,7 @@ TEST(FaultPlan, BadTexts_AreRefusedWithTheReason)
     EXPECT_EQ(refusal(L"at 1 fail 0"), "fault: the HRESULT is no failure code");
     EXPECT_EQ(refusal(L"at 1 raise 0x80004005 no bar"), "fault: raise needs SOURCE|TEXT");
     EXPECT_EQ(refusal(L"at 1 die now"), "fault: \"now\" is too much");
+    EXPECT_EQ(refusal(L"at 1 die instead"), "fault: \"instead\" is too much");
     EXPECT_EQ(refusal(L"at 1 busy after"), "\"after\" is no number (how often busy)");
     EXPECT_EQ(refusal(L"at 1 kill"), "\"\" is no number (process identifier)");
 }

@@ -256,6 +256,21 @@ TEST(OutlookProgram, PlannedEndOfAnotherProcess_ComesBeforeTheAnswer)
     CloseHandle(watched);
 }
 
+TEST(OutlookProgram, PlannedEndOfAClientInsteadOfItsCall_LeavesNothingOfTheCall)
+{
+    const RunningOutlook outlook;
+    const support::ScratchFolder folder;
+    const support::StandIn other(folder, L"other.exe");
+    const HANDLE watched = OpenProcess(SYNCHRONIZE, FALSE, other.processId());
+    const Object contact = newContact(outlookObject(), L"Marc Durand");
+    const std::wstring kill = L" kill " + std::to_wstring(other.processId()) + L" instead";
+    EXPECT_EQ(outlook.ask(L"fault on ContactItem.Save at 1" + kill), L"ok");
+    EXPECT_EQ(codeOf([&] { contact.call(L"Save"); }), HRESULT_FROM_WIN32(RPC_S_CALL_CANCELLED));
+    EXPECT_EQ(WaitForSingleObject(watched, 0), WAIT_OBJECT_0);
+    EXPECT_EQ(outlook.ask(L"contacts").find(L"Marc"), std::wstring::npos);
+    CloseHandle(watched);
+}
+
 TEST(OutlookProgram, HangingCall_TakesItsTime)
 {
     const RunningOutlook outlook;
