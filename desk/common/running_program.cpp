@@ -180,6 +180,7 @@ void RunningProgram::saveQuietly()
         save();
     } catch (const std::exception& error) {
         writeError(error.what());
+        changed(); // somebody may have the file open: once more, later
     }
 }
 

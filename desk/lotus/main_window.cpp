@@ -1,7 +1,5 @@
 #include "desk/lotus/main_window.h"
 
-#include <stdexcept>
-
 namespace desk::lotus {
 
 namespace {
@@ -27,43 +25,24 @@ bool wantsText(const LVITEMW& row, std::size_t rows)
 
 }
 
-MainWindow::MainWindow(Handlers handlers) : handlers_(std::move(handlers))
+MainWindow::MainWindow(Handlers handlers)
+    : Frame(windowClassName, L"Workspace - Lotus Notes", {left, top, width, height}, COLOR_BTNFACE), handlers_(std::move(handlers))
 {
-    WNDCLASSW windowClass{};
-    windowClass.lpfnWndProc = procedure;
-    windowClass.hInstance = GetModuleHandleW(nullptr);
-    windowClass.hIcon = LoadIconW(nullptr, IDI_APPLICATION);
-    windowClass.hCursor = LoadCursorW(nullptr, IDC_ARROW);
-    windowClass.hbrBackground = reinterpret_cast<HBRUSH>(COLOR_BTNFACE + 1);
-    windowClass.lpszClassName = windowClassName;
-    RegisterClassW(&windowClass);
-    window_ = CreateWindowExW(0, windowClassName, L"Workspace - Lotus Notes",
-                              WS_OVERLAPPED | WS_CAPTION | WS_SYSMENU | WS_MINIMIZEBOX | WS_CLIPCHILDREN, left, top,
-                              width, height, nullptr, nullptr, windowClass.hInstance, nullptr);
-    if (!window_) throw std::runtime_error("Notes' window cannot be made");
-    SetWindowLongPtrW(window_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
     makeLists();
-}
-
-MainWindow::~MainWindow()
-{
-    SetWindowLongPtrW(window_, GWLP_USERDATA, 0);
-    DestroyWindow(window_);
 }
 
 void MainWindow::makeLists()
 {
     RECT client;
-    GetClientRect(window_, &client);
+    GetClientRect(handle(), &client);
     const LONG inner = client.bottom - statusHeight - 2 * margin;
-    databases_ = makeList(window_, {margin, margin, leftWidth, databasesHeight}, LVS_OWNERDATA);
-    variables_ = makeList(window_, {margin, databasesHeight + 2 * margin, leftWidth, inner - databasesHeight - margin},
+    databases_ = makeList(handle(), {margin, margin, leftWidth, databasesHeight}, LVS_OWNERDATA);
+    variables_ = makeList(handle(), {margin, databasesHeight + 2 * margin, leftWidth, inner - databasesHeight - margin},
                           LVS_OWNERDATA);
-    documents_ = makeList(window_, {leftWidth + 2 * margin, margin, client.right - leftWidth - 3 * margin, inner},
+    documents_ = makeList(handle(), {leftWidth + 2 * margin, margin, client.right - leftWidth - 3 * margin, inner},
                           LVS_OWNERDATA);
-    status_ = CreateWindowExW(0, L"STATIC", L"", WS_CHILD | WS_VISIBLE | SS_NOPREFIX, 2 * margin,
-                              client.bottom - statusHeight, client.right - 4 * margin, statusHeight - margin, window_,
-                              nullptr, GetModuleHandleW(nullptr), nullptr);
+    status_ = makeControl(L"STATIC", L"", SS_NOPREFIX,
+                          {2 * margin, client.bottom - statusHeight, client.right - 4 * margin, statusHeight - margin});
     for (const HWND control : {databases_, variables_, documents_, status_}) font_.giveTo(control);
     addColumn(databases_, 0, L"Database", 140);
     addColumn(databases_, 1, L"On", 72);
@@ -76,15 +55,15 @@ void MainWindow::watch(Notes& notes)
 {
     notes_ = &notes;
     refresh();
-    ShowWindow(window_, SW_SHOWNOACTIVATE);
-    UpdateWindow(window_);
+    ShowWindow(handle(), SW_SHOWNOACTIVATE);
+    UpdateWindow(handle());
 }
 
 void MainWindow::update()
 {
     if (waiting_ || !notes_) return;
     waiting_ = true;
-    SetTimer(window_, updateTimer, updateDelay, nullptr);
+    SetTimer(handle(), updateTimer, updateDelay, nullptr);
 }
 
 void MainWindow::showColumns(const View* view)
@@ -99,7 +78,7 @@ void MainWindow::showColumns(const View* view)
 void MainWindow::refresh()
 {
     waiting_ = false;
-    KillTimer(window_, updateTimer);
+    KillTimer(handle(), updateTimer);
     const Workspace& workspace = notes_->workspace();
     if (workspace.shownDatabase() != shownDatabase_ || workspace.shownView() != shownView_) {
         shownDatabase_ = workspace.shownDatabase();
@@ -109,7 +88,7 @@ void MainWindow::refresh()
     const std::wstring place = !shownDatabase_ ? L"Workspace"
                                : shownView_    ? shownDatabase_->title + L" - " + shownView_->names[0]
                                                : shownDatabase_->title;
-    SetWindowTextW(window_, (place + L" - Lotus Notes").c_str());
+    SetWindowTextW(handle(), (place + L" - Lotus Notes").c_str());
     setRowCount(databases_, notes_->databases().size());
     setRowCount(variables_, notes_->environment().size());
     setRowCount(documents_, shownEntries().size());
@@ -174,22 +153,16 @@ LRESULT MainWindow::notified(NMHDR& header)
     return 0;
 }
 
-LRESULT CALLBACK MainWindow::procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam)
-{
-    auto* self = reinterpret_cast<MainWindow*>(GetWindowLongPtrW(window, GWLP_USERDATA));
-    return self ? self->handle(message, wParam, lParam) : DefWindowProcW(window, message, wParam, lParam);
-}
-
-LRESULT MainWindow::handle(UINT message, WPARAM wParam, LPARAM lParam)
+LRESULT MainWindow::onMessage(UINT message, WPARAM wParam, LPARAM lParam)
 {
     switch (message) {
     case WM_NOTIFY: return notes_ ? notified(*reinterpret_cast<NMHDR*>(lParam)) : 0;
     case WM_TIMER: refresh(); return 0;
     case WM_ACTIVATE:
         if (LOWORD(wParam) != WA_INACTIVE) handlers_.activated();
-        return DefWindowProcW(window_, message, wParam, lParam);
+        return leaveToWindows(message, wParam, lParam);
     case WM_CLOSE: handlers_.closed(); return 0;
-    default: return DefWindowProcW(window_, message, wParam, lParam);
+    default: return leaveToWindows(message, wParam, lParam);
     }
 }
 

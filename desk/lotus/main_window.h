@@ -2,7 +2,7 @@
 // view that the user looks at.
 #pragma once
 
-#include "desk/common/fonts.h"
+#include "desk/common/frame.h"
 #include "desk/common/list_view.h"
 #include "desk/lotus/notes.h"
 
@@ -11,7 +11,7 @@
 
 namespace desk::lotus {
 
-class MainWindow {
+class MainWindow final : public Frame {
 public:
     struct Handlers {
         std::function<void()> closed;    // the user ends Notes
@@ -21,9 +21,6 @@ public:
     };
 
     explicit MainWindow(Handlers handlers);
-    ~MainWindow();
-    MainWindow(const MainWindow&) = delete;
-    MainWindow& operator=(const MainWindow&) = delete;
 
     // What is shown; it outlives this window.
     void watch(Notes& notes);
@@ -31,11 +28,8 @@ public:
     // Something has changed: shown a little later, since changes come in crowds.
     void update();
 
-    HWND handle() const noexcept { return window_; }
-
 private:
-    static LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
-    LRESULT handle(UINT message, WPARAM wParam, LPARAM lParam);
+    LRESULT onMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
     LRESULT notified(NMHDR& header);
     void makeLists();
     void refresh();
@@ -47,7 +41,6 @@ private:
 
     const Handlers handlers_;
     const Font font_{100};
-    HWND window_ = nullptr;
     HWND databases_ = nullptr;
     HWND variables_ = nullptr;
     HWND documents_ = nullptr;

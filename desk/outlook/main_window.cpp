@@ -4,7 +4,6 @@
 #include "desk/common/text.h"
 
 #include <algorithm>
-#include <stdexcept>
 
 namespace desk::outlook {
 
@@ -45,41 +44,22 @@ const Columns& columnsFor(const Folder& folder)
 
 }
 
-MainWindow::MainWindow(Handlers handlers) : handlers_(std::move(handlers))
+MainWindow::MainWindow(Handlers handlers)
+    : Frame(windowClassName, L"Microsoft Outlook", {left, top, width, height}, COLOR_BTNFACE), handlers_(std::move(handlers))
 {
-    WNDCLASSW windowClass{};
-    windowClass.lpfnWndProc = procedure;
-    windowClass.hInstance = GetModuleHandleW(nullptr);
-    windowClass.hIcon = LoadIconW(nullptr, IDI_APPLICATION);
-    windowClass.hCursor = LoadCursorW(nullptr, IDC_ARROW);
-    windowClass.hbrBackground = reinterpret_cast<HBRUSH>(COLOR_BTNFACE + 1);
-    windowClass.lpszClassName = windowClassName;
-    RegisterClassW(&windowClass);
-    window_ = CreateWindowExW(0, windowClassName, L"Microsoft Outlook",
-                              WS_OVERLAPPED | WS_CAPTION | WS_SYSMENU | WS_MINIMIZEBOX | WS_CLIPCHILDREN, left, top,
-                              width, height, nullptr, nullptr, windowClass.hInstance, nullptr);
-    if (!window_) throw std::runtime_error("Outlook's window cannot be made");
-    SetWindowLongPtrW(window_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
     makeLists();
-}
-
-MainWindow::~MainWindow()
-{
-    SetWindowLongPtrW(window_, GWLP_USERDATA, 0);
-    DestroyWindow(window_);
 }
 
 void MainWindow::makeLists()
 {
     RECT client;
-    GetClientRect(window_, &client);
+    GetClientRect(handle(), &client);
     const int listHeight = client.bottom - statusHeight - 2 * margin;
-    folders_ = makeList(window_, {margin, margin, foldersWidth, listHeight});
-    items_ = makeList(window_, {foldersWidth + 2 * margin, margin, client.right - foldersWidth - 3 * margin, listHeight},
+    folders_ = makeList(handle(), {margin, margin, foldersWidth, listHeight});
+    items_ = makeList(handle(), {foldersWidth + 2 * margin, margin, client.right - foldersWidth - 3 * margin, listHeight},
                       LVS_OWNERDATA);
-    status_ = CreateWindowExW(0, L"STATIC", L"", WS_CHILD | WS_VISIBLE | SS_NOPREFIX, 2 * margin,
-                              client.bottom - statusHeight, client.right - 4 * margin, statusHeight - margin, window_,
-                              nullptr, GetModuleHandleW(nullptr), nullptr);
+    status_ = makeControl(L"STATIC", L"", SS_NOPREFIX,
+                          {2 * margin, client.bottom - statusHeight, client.right - 4 * margin, statusHeight - margin});
     for (const HWND control : {folders_, items_, status_}) font_.giveTo(control);
     addColumn(folders_, 0, L"Folder", foldersWidth - 60);
     addColumn(folders_, 1, L"Items", 54, LVCFMT_RIGHT);
@@ -95,8 +75,8 @@ void MainWindow::watch(Mailbox& mailbox)
     }
     choose(chosen_);
     select(chosen_);
-    ShowWindow(window_, SW_SHOWNOACTIVATE);
-    UpdateWindow(window_);
+    ShowWindow(handle(), SW_SHOWNOACTIVATE);
+    UpdateWindow(handle());
 }
 
 // The list answers with a notification that chooses it.
@@ -125,7 +105,7 @@ void MainWindow::choose(std::size_t folder)
     const Columns& columns = columnsFor(*chosen());
     removeColumns(items_);
     for (int index = 0; index < 3; ++index) addColumn(items_, index, columns.titles[index], columnWidths[index]);
-    SetWindowTextW(window_, (chosen()->name + std::wstring(L" - Microsoft Outlook")).c_str());
+    SetWindowTextW(handle(), (chosen()->name + std::wstring(L" - Microsoft Outlook")).c_str());
     refresh();
 }
 
@@ -133,13 +113,13 @@ void MainWindow::update()
 {
     if (waiting_ || !mailbox_) return;
     waiting_ = true;
-    SetTimer(window_, updateTimer, updateDelay, nullptr);
+    SetTimer(handle(), updateTimer, updateDelay, nullptr);
 }
 
 void MainWindow::refresh()
 {
     waiting_ = false;
-    KillTimer(window_, updateTimer);
+    KillTimer(handle(), updateTimer);
     int row = 0;
     for (const Folder& folder : mailbox_->all()) setCell(folders_, row++, 1, std::to_wstring(folder.items.size()));
     const std::size_t count = chosen()->items.size();
@@ -178,19 +158,13 @@ LRESULT MainWindow::notified(NMHDR& header)
     return 0;
 }
 
-LRESULT CALLBACK MainWindow::procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam)
-{
-    auto* self = reinterpret_cast<MainWindow*>(GetWindowLongPtrW(window, GWLP_USERDATA));
-    return self ? self->handle(message, wParam, lParam) : DefWindowProcW(window, message, wParam, lParam);
-}
-
-LRESULT MainWindow::handle(UINT message, WPARAM wParam, LPARAM lParam)
+LRESULT MainWindow::onMessage(UINT message, WPARAM wParam, LPARAM lParam)
 {
     switch (message) {
     case WM_NOTIFY: return mailbox_ ? notified(*reinterpret_cast<NMHDR*>(lParam)) : 0;
     case WM_TIMER: refresh(); return 0;
     case WM_CLOSE: handlers_.closed(); return 0;
-    default: return DefWindowProcW(window_, message, wParam, lParam);
+    default: return leaveToWindows(message, wParam, lParam);
     }
 }
 

@@ -2,7 +2,7 @@
 // items of the one that is chosen.
 #pragma once
 
-#include "desk/common/fonts.h"
+#include "desk/common/frame.h"
 #include "desk/outlook/mailbox.h"
 
 #include <commctrl.h>
@@ -12,7 +12,7 @@
 
 namespace desk::outlook {
 
-class MainWindow {
+class MainWindow final : public Frame {
 public:
     struct Handlers {
         std::function<void()> closed;                                    // the user ends Outlook
@@ -20,9 +20,6 @@ public:
     };
 
     explicit MainWindow(Handlers handlers);
-    ~MainWindow();
-    MainWindow(const MainWindow&) = delete;
-    MainWindow& operator=(const MainWindow&) = delete;
 
     // Whose folders are shown; it outlives this window.
     void watch(Mailbox& mailbox);
@@ -34,8 +31,7 @@ public:
     void update();
 
 private:
-    static LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
-    LRESULT handle(UINT message, WPARAM wParam, LPARAM lParam);
+    LRESULT onMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
     LRESULT notified(NMHDR& header);
     void makeLists();
     void fillRow(LVITEMW& row);
@@ -46,7 +42,6 @@ private:
 
     const Handlers handlers_;
     const Font font_{100};
-    HWND window_ = nullptr;
     HWND folders_ = nullptr;
     HWND items_ = nullptr;
     HWND status_ = nullptr;

@@ -2,8 +2,6 @@
 
 #include "desk/common/text.h"
 
-#include <stdexcept>
-
 namespace desk::softphone {
 
 namespace {
@@ -11,6 +9,8 @@ namespace {
 constexpr UINT actionMessage = WM_APP + 1;
 constexpr UINT_PTR refreshTimer = 1;
 constexpr UINT refreshDelay = 100; // milliseconds
+constexpr int left = 0;
+constexpr int top = 120;
 constexpr int width = 300;
 constexpr int height = 420;
 constexpr int margin = 8;
@@ -60,7 +60,8 @@ void fill(HWND list, Iterator record, Iterator end, Row rowOf)
 
 }
 
-Window::Window(Softphone& softphone, Handlers handlers) : softphone_(softphone), handlers_(std::move(handlers))
+Window::Window(Softphone& softphone, Handlers handlers)
+    : Frame(L"PavexWindow", L"Pavex", {left, top, width, height}), softphone_(softphone), handlers_(std::move(handlers))
 {
     const INITCOMMONCONTROLSEX controls{sizeof controls, ICC_LISTVIEW_CLASSES};
     InitCommonControlsEx(&controls);
@@ -68,64 +69,40 @@ Window::Window(Softphone& softphone, Handlers handlers) : softphone_(softphone),
     largeFont_ = makeFont(15, FW_BOLD);
     idle_ = CreateSolidBrush(idleColor);
     busy_ = CreateSolidBrush(busyColor);
-    makeFrame();
     addControls();
     show();
-    ShowWindow(window_, SW_SHOWNOACTIVATE);
-    UpdateWindow(window_);
-}
-
-void Window::makeFrame()
-{
-    WNDCLASSW windowClass{};
-    windowClass.lpfnWndProc = procedure;
-    windowClass.hInstance = GetModuleHandleW(nullptr);
-    windowClass.hIcon = LoadIconW(nullptr, IDI_APPLICATION);
-    windowClass.hCursor = LoadCursorW(nullptr, IDC_ARROW);
-    windowClass.hbrBackground = reinterpret_cast<HBRUSH>(COLOR_WINDOW + 1);
-    windowClass.lpszClassName = L"PavexWindow";
-    RegisterClassW(&windowClass);
-    window_ = CreateWindowExW(0, windowClass.lpszClassName, L"Pavex",
-                              WS_OVERLAPPED | WS_CAPTION | WS_SYSMENU | WS_MINIMIZEBOX, 0, 120, width, height, nullptr,
-                              nullptr, windowClass.hInstance, nullptr);
-    if (!window_) throw std::runtime_error("the softphone's window cannot be made");
-    SetWindowLongPtrW(window_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
+    ShowWindow(handle(), SW_SHOWNOACTIVATE);
+    UpdateWindow(handle());
 }
 
 Window::~Window()
 {
-    SetWindowLongPtrW(window_, GWLP_USERDATA, 0);
-    DestroyWindow(window_);
     for (const HGDIOBJ object : {HGDIOBJ(font_), HGDIOBJ(largeFont_), HGDIOBJ(idle_), HGDIOBJ(busy_)})
         DeleteObject(object);
 }
 
 void Window::refresh()
 {
-    SetTimer(window_, refreshTimer, refreshDelay, nullptr);
+    SetTimer(handle(), refreshTimer, refreshDelay, nullptr);
 }
 
 void Window::later(std::function<void()> action)
 {
     actions_.push_back(std::move(action));
-    PostMessageW(window_, actionMessage, 0, 0);
+    PostMessageW(handle(), actionMessage, 0, 0);
 }
 
 HWND Window::addText(int top, int textHeight, HFONT font, DWORD style) const
 {
-    const HWND text = CreateWindowExW(0, L"STATIC", L"", WS_CHILD | WS_VISIBLE | SS_NOPREFIX | style, margin, top,
-                                      inner, textHeight, window_, nullptr, GetModuleHandleW(nullptr), nullptr);
+    const HWND text = makeControl(L"STATIC", L"", SS_NOPREFIX | style, {margin, top, inner, textHeight});
     SendMessageW(text, WM_SETFONT, reinterpret_cast<WPARAM>(font), FALSE);
     return text;
 }
 
 HWND Window::addList(int top, int listHeight, std::initializer_list<std::pair<const wchar_t*, int>> columns) const
 {
-    const HWND list = CreateWindowExW(WS_EX_CLIENTEDGE, WC_LISTVIEWW, L"",
-                                      WS_CHILD | WS_VISIBLE | WS_TABSTOP | LVS_REPORT | LVS_SINGLESEL |
-                                          LVS_NOSORTHEADER,
-                                      margin, top, inner, listHeight, window_, nullptr, GetModuleHandleW(nullptr),
-                                      nullptr);
+    const HWND list = makeControl(WC_LISTVIEWW, L"", WS_TABSTOP | LVS_REPORT | LVS_SINGLESEL | LVS_NOSORTHEADER,
+                                  {margin, top, inner, listHeight}, WS_EX_CLIENTEDGE);
     SendMessageW(list, WM_SETFONT, reinterpret_cast<WPARAM>(font_), FALSE);
     SendMessageW(list, LVM_SETEXTENDEDLISTVIEWSTYLE, 0, LVS_EX_FULLROWSELECT);
     int index = 0;
@@ -191,13 +168,7 @@ LRESULT Window::paintLine(HDC device) const
     return reinterpret_cast<LRESULT>(busy ? busy_ : idle_);
 }
 
-LRESULT CALLBACK Window::procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam)
-{
-    auto* self = reinterpret_cast<Window*>(GetWindowLongPtrW(window, GWLP_USERDATA));
-    return self ? self->handle(message, wParam, lParam) : DefWindowProcW(window, message, wParam, lParam);
-}
-
-LRESULT Window::handle(UINT message, WPARAM wParam, LPARAM lParam)
+LRESULT Window::onMessage(UINT message, WPARAM wParam, LPARAM lParam)
 {
     switch (message) {
     case WM_CLOSE:
@@ -207,7 +178,7 @@ LRESULT Window::handle(UINT message, WPARAM wParam, LPARAM lParam)
         handlers_.giveUp();
         return 0;
     case WM_TIMER:
-        KillTimer(window_, refreshTimer);
+        KillTimer(handle(), refreshTimer);
         show();
         return 0;
     case WM_CTLCOLORSTATIC:
@@ -222,7 +193,7 @@ LRESULT Window::handle(UINT message, WPARAM wParam, LPARAM lParam)
         }
         return 0;
     default:
-        return DefWindowProcW(window_, message, wParam, lParam);
+        return leaveToWindows(message, wParam, lParam);
     }
 }
 

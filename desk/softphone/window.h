@@ -2,13 +2,14 @@
 // the last calls and the address book.
 #pragma once
 
+#include "desk/common/frame.h"
 #include "desk/softphone/softphone.h"
 
 #include <commctrl.h>
 
 namespace desk::softphone {
 
-class Window {
+class Window final : public Frame {
 public:
     struct Handlers {
         std::function<void()> close;  // a person has closed the window
@@ -20,9 +21,7 @@ public:
 
     // Throws std::runtime_error when the window cannot be made.
     Window(Softphone& softphone, Handlers handlers);
-    ~Window();
-    Window(const Window&) = delete;
-    Window& operator=(const Window&) = delete;
+    ~Window() override;
 
     // Shows the contents anew, soon: many changes in a row are shown once.
     void refresh();
@@ -30,14 +29,10 @@ public:
     // Runs `action` from the message loop.
     void later(std::function<void()> action);
 
-    HWND handle() const noexcept { return window_; }
-
 private:
-    static LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
-    LRESULT handle(UINT message, WPARAM wParam, LPARAM lParam);
+    LRESULT onMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
     HWND addText(int top, int height, HFONT font, DWORD style = SS_LEFT) const;
     HWND addList(int top, int height, std::initializer_list<std::pair<const wchar_t*, int>> columns) const;
-    void makeFrame();
     void addControls();
     void show();
     void showCalls() const;
@@ -51,7 +46,6 @@ private:
     HFONT largeFont_ = nullptr;
     HBRUSH idle_ = nullptr;
     HBRUSH busy_ = nullptr;
-    HWND window_ = nullptr;
     HWND user_ = nullptr;
     HWND number_ = nullptr;
     HWND line_ = nullptr;

@@ -2,6 +2,7 @@
 #include "automation/error.h"
 #include "automation/object.h"
 #include "desk/common/text.h"
+#include "support/failure_code.h"
 #include "support/running_partner.h"
 
 #include <gtest/gtest.h>
@@ -13,6 +14,7 @@ namespace {
 using automation::Object;
 using automation::Value;
 using support::Process;
+using support::soon;
 
 class RunningNotes : public support::RunningPartner {
 public:
@@ -67,23 +69,6 @@ Object people()
 Object person(const wchar_t* name)
 {
     return people().get(L"GetDocumentByKey", {name, true}).object();
-}
-
-HRESULT codeOf(const std::function<void()>& statement)
-{
-    try {
-        statement();
-    } catch (const automation::AutomationError& error) {
-        return error.code();
-    }
-    return S_OK;
-}
-
-bool soon(const std::function<bool()>& condition, DWORD milliseconds = 5'000)
-{
-    for (const DWORD start = GetTickCount(); GetTickCount() - start < milliseconds; Sleep(10))
-        if (condition()) return true;
-    return condition();
 }
 
 HWND windowOf(const std::wstring& name)

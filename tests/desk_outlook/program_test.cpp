@@ -1,6 +1,7 @@
 #include "automation/enumeration.h"
 #include "automation/error.h"
 #include "automation/object.h"
+#include "support/failure_code.h"
 #include "support/running_partner.h"
 #include "support/stand_in.h"
 
@@ -13,6 +14,7 @@ namespace {
 using automation::Object;
 using automation::Value;
 using support::Process;
+using support::soon;
 
 constexpr std::int32_t olContacts = 10;
 
@@ -39,23 +41,6 @@ Object newContact(const Object& application, const wchar_t* name)
     const Object contact = application.get(L"CreateItem", {std::int16_t{2}}).object();
     contact.put(L"FullName", name);
     return contact;
-}
-
-HRESULT codeOf(const std::function<void()>& statement)
-{
-    try {
-        statement();
-    } catch (const automation::AutomationError& error) {
-        return error.code();
-    }
-    return S_OK;
-}
-
-bool soon(const std::function<bool()>& condition, DWORD milliseconds = 2'000)
-{
-    for (const DWORD start = GetTickCount(); GetTickCount() - start < milliseconds; Sleep(10))
-        if (condition()) return true;
-    return condition();
 }
 
 bool isWindow(const wchar_t* title)

@@ -1,14 +1,16 @@
-#include "desk_softphone/running_softphone.h"
-
 #include "automation/event_sink.h"
 #include "automation/error.h"
 #include "desk/common/control_pipe.h"
 #include "desk/softphone/guids.h"
+#include "support/running_partner.h"
+#include "support/stand_in.h"
 
 #include <ocidl.h>
 #include <olectl.h>
 
 #include <gtest/gtest.h>
+
+#include <functional>
 
 namespace {
 
@@ -16,10 +18,22 @@ using automation::AutomationError;
 using automation::EventArguments;
 using automation::Object;
 using automation::Subscription;
-using testing_desk::Process;
-using testing_desk::waitFor;
+using support::Process;
 
 constexpr wchar_t progId[] = L"Pavex.Application";
+
+// Dispatches messages until `done` or the time is over; returns done().
+bool waitFor(const std::function<bool()>& done, DWORD milliseconds = 10'000)
+{
+    const DWORD start = GetTickCount();
+    for (;;) {
+        MSG message;
+        while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) DispatchMessageW(&message);
+        if (done()) return true;
+        if (GetTickCount() - start >= milliseconds) return false;
+        MsgWaitForMultipleObjects(0, nullptr, FALSE, 10, QS_ALLINPUT);
+    }
+}
 
 std::wstring tell(std::wstring_view request)
 {
@@ -49,7 +63,7 @@ protected:
         EXPECT_EQ(heard, std::vector<std::wstring>{L"van der Berg"});
     }
 
-    testing_desk::RunningSoftphone softphone;
+    support::RunningPartner softphone{{L"pavex.exe", L"pavex", progId}};
     std::vector<std::wstring> heard;
 };
 
@@ -58,7 +72,7 @@ class Subscriber {
 public:
     explicit Subscriber(const std::wstring& delay)
         : subscribed_(CreateEventW(nullptr, TRUE, FALSE, L"desk-softphone-subscribed")),
-          process_(L"\"" + testing_desk::testFolder() +
+          process_(L"\"" + support::testProgramFolder() +
                    L"\\desk_softphone_subscriber.exe\" desk-softphone-subscribed " + delay)
     {
         EXPECT_TRUE(waitFor([this] { return WaitForSingleObject(subscribed_, 0) == WAIT_OBJECT_0; }));
@@ -156,7 +170,7 @@ TEST_F(SoftphoneProcess, QuitCommand_DoesTheSame_AndTheSoftphoneCanBeStartedAgai
         EXPECT_EQ(softphone.process().exitCode(), 0u);
     }
     EXPECT_EQ(quits, 1);
-    EXPECT_NE(softphone.storeText().find(L"[entry]\nId=7.8\nNumber=\nLastName=Blanc\n"), std::wstring::npos);
+    EXPECT_NE(support::readFile(softphone.storeFile()).find("[entry]\nId=7.8\nNumber=\nLastName=Blanc\n"), std::string::npos);
     softphone.start();
     EXPECT_EQ(application().get(12).object().get(4, {7L, 8L}).object().get(L"LastName").text(), L"Blanc");
 }
@@ -169,7 +183,7 @@ TEST_F(SoftphoneProcess, DeadSubscriber_IsDropped)
     tell(L"call number=1");
     EXPECT_TRUE(waitFor([] { return tell(L"pending") == L"0"; }));
     EXPECT_NE(tell(L"subscribers").find(L"Line 0"), std::wstring::npos);
-    EXPECT_TRUE(softphone.alive());
+    EXPECT_TRUE(tell(L"ping").starts_with(L"pavex "));
 }
 
 TEST_F(SoftphoneProcess, SlowSubscriber_KeepsNeitherAnswersNorOtherClientsWaiting)

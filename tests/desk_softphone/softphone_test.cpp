@@ -1,4 +1,5 @@
 #include "desk_softphone/softphone_in_process.h"
+#include "support/failure_code.h"
 
 #include <gtest/gtest.h>
 
@@ -19,16 +20,6 @@ protected:
         softphone.addEntry({{7, 1}, {L"0456", L"Blanc", L"Paul"}});
     }
 };
-
-HRESULT codeOf(const std::function<void()>& action)
-{
-    try {
-        action();
-    } catch (const AutomationError& error) {
-        return error.code();
-    }
-    return S_OK;
-}
 
 }
 

@@ -39,10 +39,30 @@ Process::~Process()
 
 DWORD Process::exitCode(DWORD milliseconds) const
 {
+    const DWORD start = GetTickCount();
+    DWORD passed = 0;
+    while (passed < milliseconds &&
+           MsgWaitForMultipleObjects(1, &process_, FALSE, milliseconds - passed, QS_ALLINPUT) != WAIT_OBJECT_0) {
+        MSG message;
+        while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) DispatchMessageW(&message);
+        passed = GetTickCount() - start;
+    }
     DWORD code = stillRuns;
-    WaitForSingleObject(process_, milliseconds);
     GetExitCodeProcess(process_, &code);
     return code;
+}
+
+void Process::kill() const
+{
+    TerminateProcess(process_, 1);
+    WaitForSingleObject(process_, INFINITE);
+}
+
+bool soon(const std::function<bool()>& condition, DWORD milliseconds)
+{
+    for (const DWORD start = GetTickCount(); GetTickCount() - start < milliseconds; Sleep(10))
+        if (condition()) return true;
+    return condition();
 }
 
 namespace {

@@ -7,6 +7,7 @@
 
 #include <windows.h>
 
+#include <functional>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -23,13 +24,19 @@ public:
 
     static constexpr DWORD stillRuns = STILL_ACTIVE;
 
-    // Its exit code, waiting that many milliseconds at most.
+    // Its exit code, waiting that many milliseconds at most. Messages of the
+    // calling thread are dispatched meanwhile: the program may call back.
     DWORD exitCode(DWORD milliseconds = 15'000) const;
-    void kill() const { TerminateProcess(process_, 1); }
+
+    // Returns when it has gone.
+    void kill() const;
 
 private:
     HANDLE process_ = nullptr;
 };
+
+// Looks until the condition holds; false when it still does not in the end.
+bool soon(const std::function<bool()>& condition, DWORD milliseconds = 5'000);
 
 struct PartnerProgram {
     const wchar_t* file;     // "OUTLOOK.exe", beside the test

@@ -77,8 +77,8 @@ void writeFile(const std::wstring& path, std::string_view content)
 std::string readFile(const std::wstring& path)
 {
     std::string content;
-    const HANDLE file = CreateFileW(path.c_str(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr,
-                                    OPEN_EXISTING, 0, nullptr);
+    const HANDLE file = CreateFileW(path.c_str(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
+                                    nullptr, OPEN_EXISTING, 0, nullptr);
     if (file == INVALID_HANDLE_VALUE) return content;
     content.resize(GetFileSize(file, nullptr));
     DWORD got = 0;
