@@ -1,4 +1,5 @@
-// A thin cut of the sweep: a few trials of every kind.
+// A thin cut of the sweep in both groupware: a few trials of every kind.
+#include "notes_mirror.h"
 #include "outlook_mirror.h"
 #include "trials.h"
 
@@ -31,24 +32,29 @@ std::vector<Trial> thinCut(const Stage& stage)
     return chosen;
 }
 
-// Hublink's death before the n-th call of that kind to the groupware.
-Trial deathBefore(const Stage& stage, std::wstring_view member, int n)
+constexpr PartnerNumber notesNumber = 1;
+constexpr PartnerNumber outlookNumber = 2;
+
+// Hublink's death before the n-th call of that kind to the partner.
+Trial deathBefore(const Stage& stage, PartnerNumber partner, std::wstring_view member, int n)
 {
-    const std::vector<PartnerCall>& calls = stage.callsOf(1);
+    const std::vector<PartnerCall>& calls = stage.callsOf(partner);
     std::size_t index = 0;
     while (calls.at(index).isLookUp() || calls[index].member != member || --n > 0) ++index;
-    return {Mishap::hublinkDies, 1, index, false};
+    return {Mishap::hublinkDies, partner, index, false};
 }
 
 }
 
 TEST(Deaths, OfEveryProgram_LoseNothing_AndDoubleOnlyWhatTheRuleAllows)
 {
+    const NotesMirror notes;
     const OutlookMirror outlook;
-    Stage stage({&outlook});
+    Stage stage({&notes, &outlook});
     // The one window of Hublink's own death: saved, and not in the map yet.
-    EXPECT_EQ(stage.run(deathBefore(stage, L"JournalItem.EntryID", 3)).doubledAsAllowed, 1);
-    EXPECT_EQ(stage.run(deathBefore(stage, L"JournalItem.Body", 8)).doubledAsAllowed, 0);
+    EXPECT_EQ(stage.run(deathBefore(stage, outlookNumber, L"JournalItem.EntryID", 3)).doubledAsAllowed, 1);
+    EXPECT_EQ(stage.run(deathBefore(stage, outlookNumber, L"JournalItem.Body", 8)).doubledAsAllowed, 0);
+    EXPECT_EQ(stage.run(deathBefore(stage, notesNumber, L"NotesUIWorkspace.CurrentDatabase", 3)).doubledAsAllowed, 1);
     const DWORD start = GetTickCount();
     for (const Trial& trial : thinCut(stage)) {
         if (GetTickCount() - start > timeForAll) break;
