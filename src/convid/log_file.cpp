@@ -28,7 +28,8 @@ LogFile::LogFile(std::wstring path, DWORD disposition, DWORD patience)
     });
     if (result == ERROR_SHARING_VIOLATION)
         throw systemError(L"The identifier store " + path_ + L" is in use by another program", result);
-    if (handle_ == INVALID_HANDLE_VALUE) throw systemError(L"The identifier store " + path_ + L" cannot be opened", result);
+    if (handle_ == INVALID_HANDLE_VALUE)
+        throw systemError(L"The identifier store " + path_ + L" cannot be opened", result);
 }
 
 LogFile::LogFile(LogFile&& other) noexcept

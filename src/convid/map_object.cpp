@@ -61,8 +61,8 @@ Value MapObject::convert(const server::Arguments& arguments)
     const auto length = static_cast<std::int32_t>(found->idAppli.size());
     if (length > room)
         throw StoreError(HRESULT_FROM_WIN32(ERROR_MORE_DATA),
-                         L"The groupware identifier has " + std::to_wstring(length) + L" characters, there is room for " +
-                             std::to_wstring(room));
+                         L"The groupware identifier has " + std::to_wstring(length) +
+                             L" characters, there is room for " + std::to_wstring(room));
     arguments.write(2, length);
     arguments.write(1, found->idAppli);
     return mapped;

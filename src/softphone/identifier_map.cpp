@@ -74,12 +74,14 @@ void PavexInterface::PurgeId()
 
 void PavexInterface::PurgeIdRepertory()
 {
-    purge(L"PurgeIdRepertory", MapCollection::contacts, [this](const std::wstring& id) { return InPavexRepertory(id); });
+    purge(L"PurgeIdRepertory", MapCollection::contacts,
+          [this](const std::wstring& id) { return InPavexRepertory(id); });
 }
 
 void PavexInterface::PurgeIdHistorique()
 {
-    purge(L"PurgeIdHistorique", MapCollection::history, [this](const std::wstring& id) { return InPavexHistorique(id); });
+    purge(L"PurgeIdHistorique", MapCollection::history,
+          [this](const std::wstring& id) { return InPavexHistorique(id); });
 }
 
 void PavexInterface::purge(const wchar_t* procedure, MapCollection collection,

@@ -128,6 +128,16 @@ TEST_F(LotusLog, DatabaseThatCannotBeOpened_LosesTheLine_Quietly)
     EXPECT_TRUE(session.NewLogDocument);
 }
 
+TEST_F(LotusLog, FirstLineThatIsNotSaved_IsSavedWithTheNext)
+{
+    readyWithoutADocument();
+    fault(L"on NotesDocument.Save at 1 fail 0x80004005");
+    WriteLotusLog(session, L"first");
+    WriteLotusLog(session, L"second");
+    EXPECT_EQ(documents(L"log.nsf").size(), 1u);
+    EXPECT_EQ(body(), L"\n3/15/2023 12:00:00 PM first\n3/15/2023 12:00:00 PM second");
+}
+
 TEST_F(LotusLog, FailureAtEveryCall_KeepsWhatIsSaved_AndTheNextLineIsWritten)
 {
     readyWithoutADocument();

@@ -77,7 +77,18 @@ TEST_F(History, NewContactSwitch_IsReadAtThatMoment)
     EXPECT_EQ(count(L"contact"), 0u);
 }
 
-TEST_F(History, StopDuringTheLoop_EndsWithAbort)
+TEST_F(History, StopDuringTheLoop_EndsWithAbort_AfterTheItemUnderWay)
+{
+    for (int n = 1; n <= 3; ++n) item(n, std::to_wstring(n * 111).c_str());
+    host.onPause = [&] { host.settings.gStop |= host.pauses.size() == 3; };
+    start();
+    EXPECT_EQ(synchronisationLines().back(), L"Abort History Synchronisation");
+    EXPECT_EQ(count(L"journal"), 2u);
+    EXPECT_NE(mapped(L"2.2"), L"");
+    EXPECT_EQ(mapped(L"2.3"), L"");
+}
+
+TEST_F(History, StopBeforeTheLoop_CopiesNothing)
 {
     item(1, L"111");
     host.onLog = [&](const std::wstring& line) { host.settings.gStop |= line == L"start History Synchronisation "; };

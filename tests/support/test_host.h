@@ -31,7 +31,12 @@ public:
         if (onMessage) onMessage(szMessage);
     }
 
-    void pause(std::int32_t milliseconds) override { pauses.push_back(milliseconds); }
+    void pause(std::int32_t milliseconds) override
+    {
+        pauses.push_back(milliseconds);
+        if (onPause) onPause();
+    }
+
     DATE now() const override { return time; }
     std::wstring programFolder() const override { return folder; }
     void defer(std::function<void()> work) override { deferred.push_back(std::move(work)); }
@@ -53,6 +58,7 @@ public:
     std::deque<std::function<void()>> deferred;
     std::function<void(const std::wstring&)> onLog;
     std::function<void(const std::wstring&)> onMessage;
+    std::function<void()> onPause;
     int stops = 0;
     bool supervised = false;
     DATE time = 45000.5; // 15 March 2023, 12:00:00
