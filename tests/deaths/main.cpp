@@ -118,6 +118,7 @@ private:
             tell(desk::utf8(stage_.text(trial)) + ": " + std::to_string(GetTickCount() - start) + " ms");
         ++tried_[trial.text()];
         lost_ += verdict.lost;
+        missing_ += verdict.missingAsAllowed;
         allowed_ += verdict.doubledAsAllowed;
         forbidden_ += verdict.doubledForbidden;
         if (!verdict.good()) ++bad_;
@@ -132,9 +133,14 @@ private:
     int conclude(std::size_t planned)
     {
         for (const auto& [what, count] : tried_) std::printf("%6d  %s\n", count, desk::utf8(what).c_str());
-        std::printf("%6d  tried of %u planned, in %lu minutes\n%6d  records lost\n%6d  records doubled as allowed\n"
-                    "%6d  records doubled against the rule\n%6d  trials repeated\n%6d  trials with a deviation\n",
-                    done_, static_cast<unsigned>(planned), minutes(), lost_, allowed_, forbidden_, repeated_, bad_);
+        std::printf("%6d  tried of %u planned, in %lu minutes\n", done_, static_cast<unsigned>(planned), minutes());
+        const std::pair<int, const char*> totals[] = {{lost_, "records lost"},
+                                                      {missing_, "callers' contacts not made, as allowed"},
+                                                      {allowed_, "records doubled as allowed"},
+                                                      {forbidden_, "records doubled against the rule"},
+                                                      {repeated_, "trials repeated"},
+                                                      {bad_, "trials with a deviation"}};
+        for (const auto& [count, what] : totals) std::printf("%6d  %s\n", count, what);
         return bad_ == 0 ? 0 : 1;
     }
 
@@ -154,6 +160,7 @@ private:
     std::map<std::wstring, int> tried_;
     int done_ = 0;
     int lost_ = 0;
+    int missing_ = 0;
     int allowed_ = 0;
     int forbidden_ = 0;
     int repeated_ = 0;

@@ -5,7 +5,7 @@
 #include "outlook/telephone_fields.h"
 
 #include <algorithm>
-#include <optional>
+#include <utility>
 
 namespace deaths {
 
@@ -55,17 +55,19 @@ class LookUps {
 public:
     explicit LookUps(const Calls& calls) : calls_(calls) {}
 
-    std::wstring at(std::size_t index)
+    void at(std::size_t index, Risk& risk)
     {
         const PartnerCall& call = calls_[index];
         if (call.member == L"Folder.Items") {
             const std::wstring use = nextUseOfItems(calls_, index);
             if (use == L"Items.Find") number_ = nextFilter(index);
-            if (use == L"Items.Add") number_.clear();
+            if (use == L"Items.Add") made_ = std::exchange(number_, L"");
         } else if (call.isOf(L"Application") || call.isOf(L"JournalItem")) {
             number_.clear();
         }
-        return isTable(call) ? L"" : number_;
+        if (call.isOf(L"Application") || call.is(L"JournalItem.Subject", L"put")) made_.clear();
+        if (!isTable(call)) risk.lookedFor = number_;
+        if (!risk.beingCopied.empty()) risk.contactMadeFor = made_;
     }
 
 private:
@@ -77,6 +79,7 @@ private:
 
     const Calls& calls_;
     std::wstring number_;
+    std::wstring made_; // that of the contact being made
 };
 
 // Follows the journal item of a call, from its making on. It is open from the
@@ -134,8 +137,8 @@ std::vector<Risk> OutlookMirror::risks(const Calls& calls) const
     OpenCalls openCalls(calls);
     for (std::size_t index = 0; index < calls.size(); ++index) {
         risks[index].inWalk = isWalk(calls[preparedBy(calls, index)]);
-        risks[index].lookedFor = lookUps.at(index);
         openCalls.at(index, risks[index]);
+        lookUps.at(index, risks[index]);
     }
     return risks;
 }

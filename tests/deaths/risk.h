@@ -25,6 +25,10 @@ struct Risk {
     // as unknown and is made again.
     std::wstring lookedFor;
 
+    // The number of a caller whose contact is being made for the call: when this
+    // call fails, the call is copied all the same, and its caller has no contact.
+    std::wstring contactMadeFor;
+
     // The softphone's calls whose map records count as those of deleted ones when
     // this call fails, and when the partner is dead from this call on.
     std::set<std::wstring> unmappedByFailure;

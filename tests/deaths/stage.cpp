@@ -231,6 +231,7 @@ Permission Stage::permission(const Trial& trial, PartnerNumber partner) const
     if (trial.mishap == Mishap::fails) {
         permission.calls.insert(risk.unmappedByFailure.begin(), risk.unmappedByFailure.end());
         if (!risk.lookedFor.empty()) permission.numbers.insert(risk.lookedFor);
+        permission.missing = risk.contactMadeFor;
     }
     // The copy goes on without the map, until the next call is looked up in it.
     if (trial.mishap == Mishap::mapServerDies && !risk.beingCopied.empty()) permission.calls.insert(risk.beingCopied);

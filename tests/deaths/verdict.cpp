@@ -33,8 +33,8 @@ private:
         if (groupware_.makesContactsOfCallers()) wanted.insert(std::begin(strangers), std::end(strangers));
         for (const Entry& entry : entries()) wanted.insert(entry.number);
         for (const std::wstring& number : wanted)
-            count(L"contact " + number, found(state_.contacts, number), permission_.numbers.contains(number),
-                  whole_ ? &whole_->contacts : nullptr);
+            count(L"contact " + number, found(state_.contacts, number), permission_.missing == number,
+                  permission_.numbers.contains(number), whole_ ? &whole_->contacts : nullptr);
         refuseOthers(L"contact", state_.contacts, wanted);
     }
 
@@ -43,7 +43,7 @@ private:
         std::set<std::wstring> wanted;
         for (const Call& call : calls()) {
             wanted.insert(call.begin);
-            count(L"call " + call.id, found(state_.calls, call.begin), permission_.calls.contains(call.id),
+            count(L"call " + call.id, found(state_.calls, call.begin), false, permission_.calls.contains(call.id),
                   whole_ ? &whole_->calls : nullptr);
         }
         refuseOthers(L"call", state_.calls, wanted);
@@ -57,9 +57,13 @@ private:
         return same;
     }
 
-    void count(const std::wstring& what, const std::vector<Mirror>& mirrors, bool mayBeTwice,
+    void count(const std::wstring& what, const std::vector<Mirror>& mirrors, bool mayBeMissing, bool mayBeTwice,
                const std::vector<Mirror>* whole)
     {
+        if (mirrors.empty() && mayBeMissing) {
+            ++verdict_.missingAsAllowed;
+            return;
+        }
         if (mirrors.empty()) {
             ++verdict_.lost;
             return deviation(what + L" is lost");
@@ -127,6 +131,7 @@ private:
 Verdict& Verdict::operator+=(const Verdict& other)
 {
     lost += other.lost;
+    missingAsAllowed += other.missingAsAllowed;
     doubledAsAllowed += other.doubledAsAllowed;
     doubledForbidden += other.doubledForbidden;
     deviations.insert(deviations.end(), other.deviations.begin(), other.deviations.end());

@@ -15,14 +15,16 @@ struct State {
     std::vector<std::wstring> log;
 };
 
-// What may be there twice.
+// What may be there twice, or not at all.
 struct Permission {
     std::set<std::wstring> calls;   // identifiers of the softphone
     std::set<std::wstring> numbers; // of contacts
+    std::wstring missing = {};      // the number of a contact
 };
 
 struct Verdict {
     int lost = 0;
+    int missingAsAllowed = 0;
     int doubledAsAllowed = 0;
     int doubledForbidden = 0;
     std::vector<std::wstring> deviations; // a line for whatever is not permitted

@@ -77,6 +77,16 @@ TEST_F(VerdictTest, ContactOfAStrangerTwice_IsRefused)
     EXPECT_EQ(verdict({{}, {strangers[0]}}).doubledAsAllowed, 1);
 }
 
+TEST_F(VerdictTest, ContactOfAStrangerThatIsMissing_IsPermittedOnlyByItsNumber)
+{
+    std::erase_if(state.contacts, [](const Mirror& contact) { return contact.key == strangers[1]; });
+    EXPECT_EQ(verdict().lost, 1);
+    EXPECT_EQ(verdict({{}, {}, strangers[0]}).lost, 1);
+    const Verdict permitted = verdict({{}, {}, strangers[1]});
+    EXPECT_TRUE(permitted.good());
+    EXPECT_EQ(permitted.missingAsAllowed, 1);
+}
+
 TEST_F(VerdictTest, RecordWithAFieldLess_IsNotWhole)
 {
     state.calls[7].content = L"half";
