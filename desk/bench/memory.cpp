@@ -3,6 +3,9 @@
 #include "desk/bench/host.h"
 #include "desk/bench/run.h"
 
+#include <algorithm>
+#include <climits>
+
 namespace desk::bench {
 
 namespace {
@@ -12,13 +15,18 @@ constexpr int few = 200;
 constexpr int many = 2'000;
 constexpr long tolerance = 128; // KB: what two runs of the same differ by
 
+// The least of three runs: now and then the system takes about 1,000 KB more for
+// itself, after few items as after many.
 long memoryAfter(Runner& runner, int items)
 {
-    runner.give(synchronisationRecords(entries, items));
-    runner.hublinkStarts();
-    const long kilobytes = privateMemory();
-    runner.stopHublink();
-    return kilobytes;
+    long least = LONG_MAX;
+    for (int run = 0; run < 3; ++run) {
+        runner.give(synchronisationRecords(entries, items));
+        runner.hublinkStarts();
+        least = std::min(least, privateMemory());
+        runner.stopHublink();
+    }
+    return least;
 }
 
 }
