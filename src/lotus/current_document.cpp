@@ -85,11 +85,11 @@ std::wstring UpdateCurrentDocumentNumber(LotusSession& session, std::wstring& La
     if (!session.LotusReady) return number;
     trapErrors(L"UpdateCurrentDocumentNumber", [&] {
         FrontDocument front{notesWorkspace(), {}, {}};
-        DatabasePlace place(front.workspace.get(L"CurrentDatabase").object().get(L"Database").object());
+        const DatabaseNames database(front.workspace.get(L"CurrentDatabase").object().get(L"Database").object());
         front.workspace.get(L"CurrentView"); // its answer is not used; where it fails, nothing is touched
-        if (place.is(session.MailServer, session.MailFile)) {
+        if (IsSameDatabase(database, session.MailServer, session.MailFile)) {
             if (takeFrontDocument(front)) number = numberOfMail(session, front, LastName, FirstName);
-        } else if (place.is(session.LotusCallLog.Server, session.LotusCallLog.Base)) {
+        } else if (IsSameDatabase(database, session.LotusCallLog.Server, session.LotusCallLog.Base)) {
             if (takeFrontDocument(front)) number = numberOfCall(session, front);
         }
     });

@@ -53,26 +53,21 @@ bool IsCurrentDocument(const Object& Doc, Object& UIDoc)
     return isCurrent;
 }
 
-bool DatabasePlace::is(const std::wstring& Server, const std::wstring& FileName)
-{
-    bool isThere = false;
-    trapErrors(L"IsSameDatabase", [&] {
-        if (comparableServer(Server) != comparableServer(asked(server_, L"Server"))) return;
-        const std::wstring sought = lowerCase(FileName);
-        isThere = sought == lowerCase(asked(path_, L"FilePath")) || sought == lowerCase(asked(name_, L"FileName"));
-    });
-    return isThere;
-}
-
-const std::wstring& DatabasePlace::asked(std::optional<std::wstring>& answer, const wchar_t* member)
+const std::wstring& DatabaseNames::asked(std::optional<std::wstring>& answer, const wchar_t* member) const
 {
     if (!answer) answer = database_.get(member).text();
     return *answer;
 }
 
-bool IsSameDatabase(const Object& Db, const std::wstring& Server, const std::wstring& FileName)
+bool IsSameDatabase(const DatabaseNames& Db, const std::wstring& Server, const std::wstring& FileName)
 {
-    return DatabasePlace(Db).is(Server, FileName);
+    bool isSame = false;
+    trapErrors(L"IsSameDatabase", [&] {
+        if (comparableServer(Server) != comparableServer(Db.server())) return;
+        const std::wstring sought = lowerCase(FileName);
+        isSame = sought == lowerCase(Db.filePath()) || sought == lowerCase(Db.fileName());
+    });
+    return isSame;
 }
 
 void openDocument(const LotusBaseRef& base, const Object& document, bool edit)

@@ -20,23 +20,27 @@ std::wstring FirstNonEmptyItemValue(const automation::Object& Doc, const std::ve
 // front-end document there, if any. No error leaves it.
 bool IsCurrentDocument(const automation::Object& Doc, automation::Object& UIDoc);
 
-// Whether a database lies on the server under that file name or path. Case and
-// the markers "CN=" and "O=" of a hierarchical name make no difference. No error leaves it.
-bool IsSameDatabase(const automation::Object& Db, const std::wstring& Server, const std::wstring& FileName);
-
-// The same for several comparisons: what a database is called is asked for once.
-class DatabasePlace {
+// What a database is called, each name asked for once and when it is needed
+// first. A database itself may stand for its names.
+class DatabaseNames {
 public:
-    explicit DatabasePlace(const automation::Object& database) : database_(database) {}
+    DatabaseNames(const automation::Object& database) : database_(database) {}
 
-    bool is(const std::wstring& Server, const std::wstring& FileName);
+    // Each throws AutomationError.
+    const std::wstring& server() const { return asked(server_, L"Server"); }
+    const std::wstring& filePath() const { return asked(filePath_, L"FilePath"); }
+    const std::wstring& fileName() const { return asked(fileName_, L"FileName"); }
 
 private:
-    const std::wstring& asked(std::optional<std::wstring>& answer, const wchar_t* member);
+    const std::wstring& asked(std::optional<std::wstring>& answer, const wchar_t* member) const;
 
     const automation::Object database_;
-    std::optional<std::wstring> server_, path_, name_;
+    mutable std::optional<std::wstring> server_, filePath_, fileName_;
 };
+
+// Whether a database lies on the server under that file name or path. Case and
+// the markers "CN=" and "O=" of a hierarchical name make no difference. No error leaves it.
+bool IsSameDatabase(const DatabaseNames& Db, const std::wstring& Server, const std::wstring& FileName);
 
 // Opens a document of that database in the Notes client, for reading or for
 // editing. Throws AutomationError.

@@ -108,10 +108,10 @@ TEST_F(LotusSameDatabase, MarkersGoFirstCN_ThenO_WhereverTheyStand)
 TEST_F(LotusSameDatabase, SeveralComparisons_AskForEachNameOnce)
 {
     notes.recorder().clear();
-    DatabasePlace place(company);
-    EXPECT_FALSE(place.is(L"CN=Mail1/OU=Paris/O=Acme", L"other.nsf"));
-    EXPECT_FALSE(place.is(L"", L"company.nsf"));
-    EXPECT_TRUE(place.is(L"CN=Mail1/OU=Paris/O=Acme", L"company.nsf"));
+    const DatabaseNames names(company);
+    EXPECT_FALSE(IsSameDatabase(names, L"CN=Mail1/OU=Paris/O=Acme", L"other.nsf"));
+    EXPECT_FALSE(IsSameDatabase(names, L"", L"company.nsf"));
+    EXPECT_TRUE(IsSameDatabase(names, L"CN=Mail1/OU=Paris/O=Acme", L"company.nsf"));
     for (const wchar_t* name : {L"Server", L"FilePath", L"FileName"})
         EXPECT_EQ(notes.recorder().count(L"NotesDatabase." + std::wstring(name) + L" get"), 1u);
 }
