@@ -14,6 +14,7 @@ namespace {
 using namespace deaths;
 
 constexpr DWORD timeForAll = 15'000; // milliseconds, after which no further trial begins
+constexpr std::size_t fewestTrials = 8; // are made however long they take
 
 // In turn a death of Hublink, a few calls further on each time, and one trial of
 // another kind.
@@ -55,10 +56,18 @@ TEST(Deaths, OfEveryProgram_LoseNothing_AndDoubleOnlyWhatTheRuleAllows)
     EXPECT_EQ(stage.run(deathBefore(stage, outlookNumber, L"JournalItem.EntryID", 3)).doubledAsAllowed, 1);
     EXPECT_EQ(stage.run(deathBefore(stage, outlookNumber, L"JournalItem.Body", 8)).doubledAsAllowed, 0);
     EXPECT_EQ(stage.run(deathBefore(stage, notesNumber, L"NotesUIWorkspace.CurrentDatabase", 3)).doubledAsAllowed, 1);
+    const std::vector<Trial> chosen = thinCut(stage);
+    ASSERT_GE(chosen.size(), fewestTrials);
     const DWORD start = GetTickCount();
-    for (const Trial& trial : thinCut(stage)) {
-        if (GetTickCount() - start > timeForAll) break;
+    std::size_t made = 0;
+    int repeated = 0;
+    for (const Trial& trial : chosen) {
+        if (made >= fewestTrials && GetTickCount() - start > timeForAll) break;
         SCOPED_TRACE(desk::utf8(stage.text(trial)));
-        for (const std::wstring& deviation : stage.run(trial).deviations) ADD_FAILURE() << desk::utf8(deviation);
+        const Verdict verdict = stage.run(trial);
+        for (const std::wstring& deviation : verdict.deviations) ADD_FAILURE() << desk::utf8(deviation);
+        // One may meet a busy moment of the machine; a second has a cause in the programs.
+        if (!verdict.brokenOff.empty() && ++repeated > 1) ADD_FAILURE() << desk::utf8(verdict.brokenOff);
+        ++made;
     }
 }
