@@ -12,6 +12,29 @@ using automation::server::sameName;
 
 constexpr CallKind allKinds[] = {CallKind::lookup, CallKind::get, CallKind::put, CallKind::method};
 
+// What `answer` takes, in the words of a recorded argument.
+automation::Value resultOf(std::wstring_view text)
+{
+    const std::wstring type = takeWord(text);
+    if (type == L"I4") return static_cast<std::int32_t>(numberOf(text, "32-bit integer"));
+    if (type == L"BSTR") return unescaped(text);
+    if (type == L"BOOL" && (text == L"True" || text == L"False")) return text == L"True";
+    if (type == L"ERROR") {
+        VARIANT error;
+        V_VT(&error) = VT_ERROR;
+        V_ERROR(&error) = static_cast<SCODE>(numberOf(text, "error code"));
+        return automation::Value::copyOf(error);
+    }
+    if (text.empty() && type == L"Nothing") return automation::Object();
+    if (text.empty() && type == L"EMPTY") return {};
+    if (text.empty() && type == L"NULL") {
+        VARIANT null;
+        V_VT(&null) = VT_NULL;
+        return automation::Value::copyOf(null);
+    }
+    throw std::runtime_error("fault: answer needs Nothing, EMPTY, NULL, ERROR, I4, BOOL or BSTR and its value");
+}
+
 bool matchesName(const std::wstring& pattern, std::wstring_view name)
 {
     return pattern == L"*" || sameName(pattern, name);
@@ -58,7 +81,11 @@ void FaultPlan::readAction(Planned& planned, const std::wstring& action, std::ws
         if (!FAILED(fault.code)) throw std::runtime_error("fault: the HRESULT is no failure code");
     } else if (action == L"hang") {
         fault.action = Fault::Action::hang;
-        fault.milliseconds = numberOf(takeWord(rest), "milliseconds");
+        fault.milliseconds = rest.empty() ? INFINITE : numberOf(takeWord(rest), "milliseconds");
+    } else if (action == L"answer") {
+        fault.action = Fault::Action::answer;
+        fault.result = resultOf(rest);
+        rest = {};
     } else if (action == L"die") {
         fault.action = Fault::Action::die;
     } else if (action == L"kill") {

@@ -13,8 +13,11 @@
 //                                           RPC_E_SERVERCALL_RETRYLATER
 //               fail HRESULT                this bare HRESULT
 //               raise HRESULT SOURCE|TEXT   an automation exception
-//               hang MS                     no answer and no message for MS milliseconds,
-//                                           then the ordinary answer
+//               hang [MS]                   no answer and no message for MS milliseconds, then the
+//                                           ordinary answer; without MS for ever. The control
+//                                           pipe goes on answering
+//               answer VALUE                this result, the call is not carried out: Nothing,
+//                                           EMPTY, NULL, ERROR CODE, I4 NUMBER, BOOL True, BSTR TEXT
 //               die [after]                 the process dies inside the call, with what its
 //                                           clients have saved in the store file
 //               kill ID [after | instead]   the process of that identifier dies, a client's
@@ -26,6 +29,7 @@
 #pragma once
 
 #include "automation/server/dispatch.h"
+#include "automation/value.h"
 
 #include <string>
 #include <string_view>
@@ -38,10 +42,11 @@ enum class CallKind { lookup, get, put, method };
 const wchar_t* nameOf(CallKind kind) noexcept;
 
 struct Fault {
-    enum class Action { none, busy, fail, raise, hang, die, kill };
+    enum class Action { none, busy, fail, raise, hang, answer, die, kill };
     Action action = Action::none;
     HRESULT code = S_OK;           // fail, raise
-    DWORD milliseconds = 0;        // hang
+    DWORD milliseconds = 0;        // hang; INFINITE for ever
+    automation::Value result;      // answer
     std::wstring source;           // raise
     std::wstring description;      // raise
     DWORD processId = 0;           // kill

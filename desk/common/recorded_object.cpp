@@ -31,10 +31,11 @@ HRESULT RecordedObject::admitCall(const automation::server::IncomingCall& call)
 }
 
 // Calls may come in while one is carried out, so what was planned for after
-// this one is taken along first.
+// this one, or in place of it, is taken along first.
 automation::Value RecordedObject::carryOut(const automation::server::IncomingCall& call)
 {
     const Fault left = recorder_.takeLeft();
+    if (left.action == Fault::Action::answer) return left.result;
     automation::Value value = Dispatch::carryOut(call);
     const HRESULT result = recorder_.happen(left, false);
     if (FAILED(result)) throw automation::server::Failure{result};

@@ -92,7 +92,8 @@ HRESULT Recorder::call(const wchar_t* className, std::wstring member, CallKind k
         list += (index ? L", " : L"") + textOf(arguments.raw(index));
     const Fault fault = faults.next(className, member, kind);
     keep({className, std::move(member), kind, std::move(list)});
-    if (!fault.after) return happen(fault, true);
+    const bool isForLater = fault.after || fault.action == Fault::Action::answer;
+    if (!isForLater) return happen(fault, true);
     left_ = fault;
     return S_OK;
 }
@@ -107,13 +108,17 @@ HRESULT Recorder::happen(const Fault& fault, bool mayThrow)
 {
     if (dead_) return HRESULT_FROM_WIN32(RPC_S_SERVER_UNAVAILABLE);
     switch (fault.action) {
-    case Fault::Action::none: return S_OK;
+    case Fault::Action::none:
+    case Fault::Action::answer: return S_OK; // a look-up has no result to replace
     case Fault::Action::busy: return RPC_E_SERVERCALL_RETRYLATER;
     case Fault::Action::fail: return fault.code;
     case Fault::Action::raise:
         if (mayThrow) throw automation::server::Exception{fault.code, fault.source, fault.description};
         return fault.code;
-    case Fault::Action::hang: Sleep(fault.milliseconds); return S_OK;
+    case Fault::Action::hang:
+        if (hang) hang(fault.milliseconds);
+        else Sleep(fault.milliseconds);
+        return S_OK;
     case Fault::Action::kill:
         endProcess(fault.processId);
         return fault.instead ? HRESULT_FROM_WIN32(RPC_S_CALL_CANCELLED) : S_OK;

@@ -32,7 +32,7 @@ public:
     // Used by RecordedObject: keeps the call, then lets a planned fault happen.
     // A failure code is the answer to the client. `call` may throw
     // automation::server::Exception; a look-up never throws. A fault for the time
-    // after the call is left to be taken: it happens when the call has been carried out.
+    // after the call, or in place of it, is left to be taken.
     HRESULT lookUp(const wchar_t* className, std::wstring_view name);
     HRESULT call(const wchar_t* className, std::wstring member, CallKind kind,
                  const automation::server::Arguments& arguments);
@@ -59,6 +59,10 @@ public:
     // client's own process) the objects behave as a dead server's: the call
     // answers RPC_S_CALL_FAILED, later ones RPC_S_SERVER_UNAVAILABLE.
     std::function<void()> die;
+
+    // Lets that many milliseconds pass (INFINITE: for ever) without any answer to
+    // a client. Without it the thread sleeps.
+    std::function<void(DWORD)> hang;
 
 private:
     void keep(RecordedCall call);

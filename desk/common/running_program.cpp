@@ -35,6 +35,7 @@ RunningProgram::RunningProgram(const ProgramDescription& description, const Part
         saveQuietly(); // what a client has saved outlives a crash
         die();
     };
+    recorder_.hang = [this](DWORD milliseconds) { hang(milliseconds); };
     makeWindow();
     partner_ = makePartner(*this);
     try {
@@ -141,6 +142,7 @@ std::wstring RunningProgram::carryOut(const std::wstring& word, std::wstring_vie
     else if (word == L"fault") recorder_.faults.add(rest);
     else if (word == L"flush") dirty_ = true;
     else if (word == L"die") after_ = AfterAnswer::die;
+    else if (word == L"restart") after_ = AfterAnswer::restart;
     else if (word == L"exit") after_ = AfterAnswer::close;
     else if (auto response = partner_->command(word, rest)) return *response;
     else throw std::runtime_error("unknown command \"" + utf8(word) + "\"");
@@ -160,6 +162,7 @@ void RunningProgram::answered()
     case AfterAnswer::nothing: break;
     case AfterAnswer::close: close(); break;
     case AfterAnswer::die: die();
+    case AfterAnswer::restart: restart();
     }
 }
 
@@ -194,6 +197,32 @@ void RunningProgram::offerClasses()
 void RunningProgram::revokeClasses() noexcept
 {
     for (const auto& factory : factories_) factory->revoke();
+}
+
+// Looks at nothing but what the control pipe sends: a client waits, and so does
+// whoever sends a message to a window, as with a program that has stopped answering.
+void RunningProgram::hang(DWORD milliseconds)
+{
+    const DWORD start = GetTickCount();
+    while (milliseconds == INFINITE || GetTickCount() - start < milliseconds) {
+        MSG message;
+        PeekMessageW(&message, window_, requestMessage, requestMessage, PM_NOREMOVE); // takes what was sent, too
+        if (PeekMessageW(&message, window_, answeredMessage, answeredMessage, PM_REMOVE)) answered();
+        Sleep(10);
+    }
+}
+
+// The next one is there before this one has gone, and takes over when it has.
+void RunningProgram::restart()
+{
+    std::wstring command = L"\"" + automation::server::programPath() + L"\" " + successorArgument + L" " +
+                           std::to_wstring(GetCurrentProcessId());
+    STARTUPINFOW start{};
+    start.cb = sizeof start;
+    PROCESS_INFORMATION next{};
+    if (!CreateProcessW(nullptr, command.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &start, &next))
+        writeError("the program cannot be started again");
+    die();
 }
 
 // A process that dies with its class still offered would leave the class

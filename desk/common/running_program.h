@@ -33,9 +33,11 @@ private:
     void saveQuietly();
     void offerClasses();
     void revokeClasses() noexcept;
+    void hang(DWORD milliseconds);
     [[noreturn]] void die();
+    [[noreturn]] void restart();
 
-    enum class AfterAnswer { nothing, close, die };
+    enum class AfterAnswer { nothing, close, die, restart };
 
     const ProgramDescription description_;
     const std::wstring storePath_;

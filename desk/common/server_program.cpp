@@ -67,6 +67,15 @@ private:
     const bool owned_;
 };
 
+// One that has gone already need not be waited for.
+void waitForEnd(DWORD processId)
+{
+    const HANDLE process = OpenProcess(SYNCHRONIZE, FALSE, processId);
+    if (!process) return;
+    WaitForSingleObject(process, endPatience);
+    CloseHandle(process);
+}
+
 void serve(const ProgramDescription& description, const PartnerMaker& makePartner)
 {
     const OnlyInstance instance(description.name);
@@ -83,11 +92,13 @@ int runProgram(const ProgramDescription& description, const PartnerMaker& makePa
 try {
     const std::vector<std::wstring> arguments = commandLine();
     const std::wstring argument = arguments.size() == 1 ? arguments[0] : L"";
+    const bool isSuccessor = arguments.size() == 2 && arguments[0] == lowerCase(successorArgument);
+    if (isSuccessor) waitForEnd(numberOf(arguments[1], "process identifier"));
     if (argument == L"/regserver")
         for (const auto& each : description.classes) server::registerClass(each, server::programPath());
     else if (argument == L"/unregserver")
         for (const auto& each : description.classes) server::unregisterClass(each);
-    else if (arguments.empty() || argument == L"/embedding")
+    else if (arguments.empty() || argument == L"/embedding" || isSuccessor)
         serve(description, makePartner);
     else
         return fail(badCommandLine, "unknown command line: /RegServer, /UnregServer, -Embedding or nothing");

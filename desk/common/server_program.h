@@ -14,7 +14,8 @@
 //         });
 //     }
 //
-// Command line: /RegServer, /UnregServer, nothing or -Embedding. Exit code 0;
+// Command line: /RegServer, /UnregServer, nothing or -Embedding; /After ID waits for
+// that process's end first, as the next one of a program that starts anew. Exit code 0;
 // 1 for an unknown command line, 2 for a bad store file, 3 for any other fault
 // (one line on stderr says which). A second start while one runs ends at once
 // with 0. The program ends by itself after three hours.
@@ -29,6 +30,7 @@
 //     flush          write the store file now
 //     load           with store text from the next line on: replaces all records
 //     die            the process dies (without saving), after the answer
+//     restart        the same, but its next process runs already when it does
 //     exit           the user closes the program: saved, ended, after the answer
 #pragma once
 
@@ -90,6 +92,9 @@ struct ProgramDescription {
 };
 
 using PartnerMaker = std::function<std::unique_ptr<Partner>(Program&)>;
+
+// Followed by a process identifier: serves when that process has ended.
+inline constexpr const wchar_t* successorArgument = L"/After";
 
 // The program's exit code.
 int runProgram(const ProgramDescription& description, const PartnerMaker& makePartner);

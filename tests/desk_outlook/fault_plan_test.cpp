@@ -103,6 +103,37 @@ TEST(FaultPlan, Deaths_BeforeOrAfterTheCall)
     EXPECT_TRUE(third.instead);
 }
 
+TEST(FaultPlan, Hang_ForSomeTimeOrForEver)
+{
+    FaultPlan plan;
+    plan.add(L"at 1 hang 400");
+    plan.add(L"at 2 hang");
+    EXPECT_EQ(plan.next(L"Items", L"Add", CallKind::method).milliseconds, 400u);
+    const Fault second = plan.next(L"Items", L"Add", CallKind::method);
+    EXPECT_EQ(second.action, Action::hang);
+    EXPECT_EQ(second.milliseconds, INFINITE);
+}
+
+TEST(FaultPlan, Answer_OfEachKind)
+{
+    const std::pair<const wchar_t*, VARTYPE> answers[] = {
+        {L"Nothing", VT_DISPATCH}, {L"EMPTY", VT_EMPTY}, {L"NULL", VT_NULL}, {L"ERROR 0x8004010F", VT_ERROR},
+        {L"I4 12", VT_I4}, {L"BOOL True", VT_BOOL}, {L"BSTR two\\nlines", VT_BSTR}, {L"BSTR", VT_BSTR}};
+    for (const auto& [value, type] : answers) {
+        FaultPlan plan;
+        plan.add(std::wstring(L"on Save answer ") + value);
+        const Fault fault = plan.next(L"ContactItem", L"Save", CallKind::method);
+        EXPECT_EQ(fault.action, Action::answer);
+        EXPECT_EQ(fault.result.type(), type) << type;
+        if (type == VT_I4) EXPECT_EQ(fault.result.int32(), 12);
+        if (type == VT_ERROR) EXPECT_EQ(V_ERROR(&fault.result.variant()), static_cast<SCODE>(0x8004010F));
+        if (type == VT_DISPATCH) EXPECT_EQ(V_DISPATCH(&fault.result.variant()), nullptr);
+    }
+    FaultPlan plan;
+    plan.add(L"on Save answer BSTR two\\n lines");
+    EXPECT_EQ(plan.next(L"ContactItem", L"Save", CallKind::method).result.text(), L"two\n lines");
+}
+
 TEST(FaultPlan, BadTexts_AreRefusedWithTheReason)
 {
     EXPECT_EQ(refusal(L""), "fault: \"on PATTERN\" or \"at N\" is missing");
@@ -114,5 +145,12 @@ TEST(FaultPlan, BadTexts_AreRefusedWithTheReason)
     EXPECT_EQ(refusal(L"at 1 die now"), "fault: \"now\" is too much");
     EXPECT_EQ(refusal(L"at 1 die instead"), "fault: \"instead\" is too much");
     EXPECT_EQ(refusal(L"at 1 busy after"), "\"after\" is no number (how often busy)");
+    EXPECT_EQ(refusal(L"at 1 hang on"), "\"on\" is no number (milliseconds)");
+    EXPECT_EQ(refusal(L"at 1 answer I4 x"), "\"x\" is no number (32-bit integer)");
+    const std::string unknownAnswer =
+        "fault: answer needs Nothing, EMPTY, NULL, ERROR, I4, BOOL or BSTR and its value";
+    EXPECT_EQ(refusal(L"at 1 answer"), unknownAnswer);
+    EXPECT_EQ(refusal(L"at 1 answer BOOL yes"), unknownAnswer);
+    EXPECT_EQ(refusal(L"at 1 answer Nothing at all"), unknownAnswer);
     EXPECT_EQ(refusal(L"at 1 kill"), "\"\" is no number (process identifier)");
 }

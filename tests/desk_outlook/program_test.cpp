@@ -1,3 +1,4 @@
+#include "automation/apartment.h"
 #include "automation/enumeration.h"
 #include "automation/error.h"
 #include "automation/object.h"
@@ -46,6 +47,14 @@ Object newContact(const Object& application, const wchar_t* name)
 bool isWindow(const wchar_t* title)
 {
     return FindWindowW(nullptr, title) != nullptr;
+}
+
+// A client of its own; its exit code is the call's.
+DWORD WINAPI askForTheName(void*)
+{
+    const automation::Apartment apartment;
+    const Object application = outlookObject();
+    return static_cast<DWORD>(codeOf([&] { application.get(L"Name"); }));
 }
 
 // The texts of a window's controls of that kind, in their order.
@@ -264,6 +273,52 @@ TEST(OutlookProgram, HangingCall_TakesItsTime)
     const DWORD start = GetTickCount();
     EXPECT_EQ(application.get(L"Name").text(), L"Outlook");
     EXPECT_GE(GetTickCount() - start, 380u);
+}
+
+TEST(OutlookProgram, HangForEver_LeavesTheClientWaiting_AndTheControlPipeAnswers)
+{
+    const RunningOutlook outlook;
+    EXPECT_EQ(outlook.ask(L"fault on Application.Name hang"), L"ok");
+    const HANDLE client = CreateThread(nullptr, 0, askForTheName, nullptr, 0, nullptr);
+    EXPECT_TRUE(soon([&] { return outlook.ask(L"calls").find(L"Name get") != std::wstring::npos; }));
+    EXPECT_TRUE(outlook.ask(L"ping").starts_with(L"outlook "));
+    EXPECT_EQ(WaitForSingleObject(client, 0), WAIT_TIMEOUT);
+    EXPECT_EQ(outlook.ask(L"die"), L"ok");
+    WaitForSingleObject(client, INFINITE);
+    DWORD code = 0;
+    GetExitCodeThread(client, &code);
+    EXPECT_EQ(static_cast<HRESULT>(code), HRESULT_FROM_WIN32(RPC_S_CALL_FAILED));
+    CloseHandle(client);
+}
+
+TEST(OutlookProgram, PlannedAnswer_TakesThePlaceOfTheCall)
+{
+    const RunningOutlook outlook;
+    const Object application = outlookObject();
+    EXPECT_EQ(outlook.ask(L"fault on Application.CreateItem at 1 answer Nothing"), L"ok");
+    EXPECT_FALSE(application.get(L"CreateItem", {std::int16_t{2}}).object());
+    EXPECT_TRUE(application.get(L"CreateItem", {std::int16_t{2}}).object());
+    EXPECT_EQ(outlook.ask(L"fault on ContactItem.Save answer I4 5"), L"ok");
+    newContact(application, L"Marc Durand").call(L"Save");
+    EXPECT_EQ(outlook.ask(L"contacts"), L"") << "it was not carried out";
+}
+
+TEST(OutlookProgram, Restart_TheNextProcessServesWhatWasStored)
+{
+    RunningOutlook outlook("[contact]\nFullName=Ann Abel\n");
+    const Object before = outlookObject();
+    const std::wstring first = outlook.ask(L"ping");
+    EXPECT_EQ(outlook.ask(L"restart"), L"ok");
+    EXPECT_EQ(outlook.process().exitCode(), 1u);
+    EXPECT_TRUE(support::soon([&] { return outlook.ask(L"ping") != first; }));
+    EXPECT_NE(codeOf([&] { before.get(L"Name"); }), S_OK);
+    EXPECT_NE(outlook.ask(L"contacts").find(L"Ann Abel"), std::wstring::npos);
+    EXPECT_EQ(outlookObject().get(L"Name").text(), L"Outlook");
+    const std::wstring next = outlook.ask(L"ping");
+    const HANDLE successor = OpenProcess(SYNCHRONIZE, FALSE, std::stoul(next.substr(next.find(L' '))));
+    EXPECT_EQ(outlook.ask(L"exit"), L"ok");
+    EXPECT_EQ(WaitForSingleObject(successor, 15'000), WAIT_OBJECT_0);
+    CloseHandle(successor);
 }
 
 TEST(OutlookProgram, CallsOfTheClient_AreTold)
