@@ -41,6 +41,11 @@ public:
     void closeOutlook() { outlook_.close(); } // as a user does
     void closeNotes() { notes_.close(); }
 
+    // Ended, and started again before the old process has gone.
+    void restartSoftphone() { softphone_.restart(); }
+    void restartOutlook() { outlook_.restart(); }
+    void restartNotes() { notes_.restart(); }
+
     // All partners that run closed and opened again, with what they had;
     // `meanwhile` runs when all are closed.
     void restartPartners(const std::function<void()>& meanwhile = [] {});

@@ -2,6 +2,7 @@
 
 #include "automation/text.h"
 #include "desk/common/control_pipe.h"
+#include "desk/common/text.h"
 #include "desk/player/screen.h"
 
 #include <algorithm>
@@ -38,7 +39,24 @@ void PartnerProgram::install() const
 void PartnerProgram::start()
 {
     process_ = Process(path(), L"");
-    desk::ask(name_, L"ping", patience);
+    takeServing();
+}
+
+// A client that sees the program's name among the processes may create an object
+// before the class is offered: then COM starts a second process, and which of the
+// two goes on is a matter of luck.
+void PartnerProgram::takeServing()
+{
+    const std::wstring answer = desk::ask(name_, L"ping", patience);
+    const DWORD serving = numberOf(answer.substr(answer.find(L' ') + 1), "process identifier");
+    if (serving != process_.id()) process_ = Process::existing(serving);
+}
+
+void PartnerProgram::restart()
+{
+    ask(L"restart");
+    if (!process_.ended(patience)) throw std::runtime_error(automation::ansi(file_) + " does not start anew");
+    takeServing();
 }
 
 void PartnerProgram::start(std::string_view records)

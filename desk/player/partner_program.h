@@ -22,6 +22,9 @@ public:
     void start();
     void start(std::string_view records);
 
+    // It ends, and its next process is there before it has.
+    void restart();
+
     // As its user closes it. Throws std::runtime_error when it stays.
     void close();
 
@@ -39,6 +42,7 @@ public:
 private:
     std::wstring path() const;
     std::wstring storePath() const;
+    void takeServing();
 
     const wchar_t* file_;
     const wchar_t* name_;

@@ -109,6 +109,15 @@ void Process::resume()
     CloseHandle(std::exchange(thread_, nullptr));
 }
 
+Process Process::existing(DWORD id)
+{
+    Process process;
+    process.handle_ = OpenProcess(PROCESS_TERMINATE | PROCESS_QUERY_INFORMATION | SYNCHRONIZE, FALSE, id);
+    if (!process.handle_) fail("cannot find", L"process " + std::to_wstring(id));
+    process.id_ = id;
+    return process;
+}
+
 Process::Process(const std::wstring& program, const std::wstring& arguments, DWORD flags)
 {
     std::wstring command = L"\"" + program + L"\" " + arguments;

@@ -25,7 +25,7 @@ void removeFile(const std::wstring& file); // silent when it is not there
 // Values in the 32-bit view; the key is made when it is missing.
 void setRegistryText(HKEY root, const wchar_t* key, const wchar_t* name, const std::wstring& value);
 
-// A process that the player started. It is left running when this ends.
+// A process on the desk. It is left running when this ends.
 class Process {
 public:
     Process() noexcept = default;
@@ -36,6 +36,9 @@ public:
     // The same; it has its identifier, and does nothing before resume().
     static Process suspended(const std::wstring& program, const std::wstring& arguments);
     void resume();
+
+    // One that somebody else started.
+    static Process existing(DWORD id);
 
     Process(Process&& other) noexcept;
     Process& operator=(Process&& other) noexcept;
