@@ -73,7 +73,7 @@ start_session() {
     export WINEPREFIX=$wine_home/$name
     rm -rf "$WINEPREFIX"
     cp -a "$wine_home/template" "$WINEPREFIX"
-    "${pinned[@]}" wineserver -p
+    "${pinned[@]}" wineserver -p > /dev/null 2>&1 < /dev/null
     # The desktop with its notification area, there before the first program.
     "${pinned[@]}" wine explorer.exe /desktop=shell,$screen > /dev/null 2>&1 < /dev/null &
     for _ in $(seq 100); do
