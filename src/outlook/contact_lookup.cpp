@@ -2,6 +2,7 @@
 
 #include "common/error_trap.h"
 #include "common/phone_number.h"
+#include "common/text.h"
 #include "outlook/absence.h"
 #include "outlook/telephone_fields.h"
 
@@ -31,23 +32,33 @@ const wchar_t* matchingField(const OutlookSession& session, const Object& contac
     return nullptr;
 }
 
-std::wstring readContact(const Object& contact, std::wstring& lastName, std::wstring& firstName,
-                         std::wstring& email1Address)
-{
-    lastName = contact.get(L"LastName").text();
-    firstName = contact.get(L"FirstName").text();
-    email1Address = contact.get(L"Email1Address").text();
-    return contact.get(L"EntryID").text();
-}
+// What FindOutlookContact tells of a contact. Outlook guards the address and may
+// refuse it: the identifier is read first, so that the contact is recognised all
+// the same, and the address last.
+struct FoundContact {
+    std::wstring& entryId;
+    std::wstring& lastName;
+    std::wstring& firstName;
+    std::wstring& email1Address;
+
+    void readFrom(const Object& contact) const
+    {
+        entryId = contact.get(L"EntryID").text();
+        lastName = contact.get(L"LastName").text();
+        firstName = contact.get(L"FirstName").text();
+        email1Address = contact.get(L"Email1Address").text();
+    }
+};
 
 }
 
 std::wstring BuildPhoneFilter(const std::wstring& number)
 {
+    const std::wstring value = replaceAll(number, L"'", L"''");
     std::wstring filter;
     for (const wchar_t* field : telephoneFields) {
         if (!filter.empty()) filter += L" or ";
-        filter += L"[" + std::wstring(field) + L"] = '" + number + L"'";
+        filter += L"[" + std::wstring(field) + L"] = '" + value + L"'";
     }
     return filter;
 }
@@ -89,10 +100,11 @@ std::wstring FindOutlookContact(OutlookSession& session, const std::wstring& num
 {
     std::wstring entryId;
     trapErrors(L"FindOutlookContact", [&] {
+        const FoundContact found{entryId, lastName, firstName, email1Address};
         Object contact = filteredContact(session, number);
-        if (contact) entryId = readContact(contact, lastName, firstName, email1Address);
+        if (contact) found.readFrom(contact);
         if (entryId.empty() && WalkOutlookContacts(session, number, lastName, firstName, email1Address, contact))
-            entryId = readContact(contact, lastName, firstName, email1Address);
+            found.readFrom(contact);
     });
     return entryId;
 }

@@ -8,8 +8,9 @@
 
 #include <string>
 
-// The filter for the thirteen telephone fields. The number is inserted as it
-// stands: a quote in it makes a filter that Outlook refuses.
+// The filter for the thirteen telephone fields. A quote in the number is
+// doubled, as Outlook wants it: otherwise a number could end its own text and
+// go on as a condition. Everything else stays as it is.
 std::wstring BuildPhoneFilter(const std::wstring& number);
 
 // Whether the field, stripped, is the sought number. Sets `needsRewrite` when
@@ -23,7 +24,8 @@ bool WalkOutlookContacts(OutlookSession& session, const std::wstring& number, co
                          const std::wstring& firstName, const std::wstring& email, automation::Object& contact);
 
 // The EntryID of the contact with the number, its names and mail address in
-// the three texts. "" when there is none: the texts then stay as they were.
+// the three texts. "" when there is none: the texts then stay as they were. So
+// does the text that Outlook refuses to tell, and those after it.
 std::wstring FindOutlookContact(OutlookSession& session, const std::wstring& number, std::wstring& lastName,
                                 std::wstring& firstName, std::wstring& email1Address);
 

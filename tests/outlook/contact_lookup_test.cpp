@@ -32,9 +32,11 @@ TEST(BuildPhoneFilter, ThirteenClausesInOrder_ToTheBlank)
               L"[OtherTelephoneNumber] = '012' or [PrimaryTelephoneNumber] = '012'");
 }
 
-TEST(BuildPhoneFilter, QuoteInTheNumber_IsNotEscaped)
+TEST(BuildPhoneFilter, QuoteInTheNumber_IsDoubled_AndNothingElseIsTouched)
 {
-    EXPECT_TRUE(BuildPhoneFilter(L"0'1").starts_with(L"[BusinessTelephoneNumber] = '0'1' or "));
+    EXPECT_TRUE(BuildPhoneFilter(L"0'1").starts_with(L"[BusinessTelephoneNumber] = '0''1' or "));
+    EXPECT_TRUE(BuildPhoneFilter(L"''").ends_with(L" or [PrimaryTelephoneNumber] = ''''''"));
+    EXPECT_TRUE(BuildPhoneFilter(L"\"[a]%*").starts_with(L"[BusinessTelephoneNumber] = '\"[a]%*' or "));
 }
 
 TEST_F(ContactLookup, PhoneNumberMatches_SetsRewriteOnlyForAnotherLayoutAndTheSwitch)
@@ -145,11 +147,19 @@ TEST_F(ContactLookup, EmptyNumber_IsNotGuarded_AndFindsAContactWithoutNumbers)
     EXPECT_EQ(lastName, L"Mute");
 }
 
-TEST_F(ContactLookup, QuoteInTheNumber_EndsQuietlyWithNothing)
+TEST_F(ContactLookup, NumberThatIsACondition_IsANumberAllTheSame)
 {
     open(marcStripped);
-    EXPECT_EQ(find(L"01'23"), L"");
-    EXPECT_EQ(calls(L"Items.GetFirst method"), 0u) << "an error ends the procedure: no walk";
+    EXPECT_EQ(find(L"0'or[LastName]>'"), L"");
+    EXPECT_EQ(lastName, L"before");
+}
+
+TEST_F(ContactLookup, QuoteInTheNumber_FindsWhoeverHasIt)
+{
+    open(std::wstring(marcStripped) + L"[contact]\nLastName=Quote\nCarTelephoneNumber=01'23\n");
+    EXPECT_FALSE(find(L"01'23").empty());
+    EXPECT_EQ(lastName, L"Quote");
+    EXPECT_EQ(calls(L"Items.GetFirst method"), 0u) << "found by the filter";
 }
 
 TEST_F(ContactLookup, DistributionListBeforeTheContact_EndsTheWalkQuietly)
