@@ -12,7 +12,9 @@
 #include <string>
 
 // Outlook fixes the dispatch identifiers of each class of item, so a member's
-// name is looked up once a class and not once an item.
+// name is looked up once a class and not once an item. Another Outlook, as after
+// an update, may have other identifiers: what was looked up belongs to the one
+// that answered.
 struct OutlookMemberNames {
     automation::SharedNames items = automation::sharedNames();
     automation::SharedNames contact = automation::sharedNames();
@@ -32,7 +34,7 @@ struct OutlookSession {
     Host& host;
     GroupwareState& groupware;
     Dictionary& dictionary;
-    const OutlookMemberNames names;
+    OutlookMemberNames names;             // of the Outlook that OutlookApp belongs to
 
     automation::Object OutlookApp;        // empty until created and after a failed initialisation
     automation::Object OutlookNameSpace;
@@ -40,6 +42,7 @@ struct OutlookSession {
     automation::Object OutlookInbox;      // default folder 6, kept only
     automation::Object OutlookJournal;    // default folder 11, kept only
     bool bOutlookInit = false;            // the session is fully open; callers test it first
+    bool tablesAreGuarded = false;        // Outlook asked about a table, or refused it, since it was opened
 
     std::wstring szCallBackMailSyntaxe;   // template of the callback mail
     bool bReplacePhoneNumber = false;     // rewrite a found number in its stripped form

@@ -16,6 +16,7 @@ void openApplication(OutlookSession& session)
 {
     if (session.OutlookApp) return show(session, L"ReInit Outlook");
     session.OutlookApp = Object::create(L"outlook.application");
+    session.names = OutlookMemberNames();
     show(session, L"First Init Outlook");
 }
 
@@ -56,6 +57,7 @@ void InitOutlook(OutlookSession& session)
         ReadOutlookIni(session);
         openApplication(session);
         openFolders(session);
+        session.tablesAreGuarded = false;
         loadDictionary(session);
         session.bOutlookInit = true;
     };
