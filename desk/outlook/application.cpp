@@ -1,13 +1,10 @@
 #include "desk/outlook/application.h"
 
 #include "automation/text.h"
-#include "desk/common/text.h"
 #include "desk/outlook/errors.h"
 #include "desk/outlook/folder_object.h"
 #include "desk/outlook/item_object.h"
 #include "desk/outlook/members.h"
-
-#include <stdexcept>
 
 namespace desk::outlook {
 
@@ -21,58 +18,54 @@ namespace server = automation::server;
 constexpr long applicationClass = 0;
 constexpr long nameSpaceClass = 1;
 
-class NameSpace final : public RecordedTable<NameSpace> {
+class NameSpace final : public OutlookTable<NameSpace> {
 public:
-    explicit NameSpace(Outlook& outlook) : RecordedTable(outlook.recorder(), L"NameSpace"), outlook_(outlook) {}
+    explicit NameSpace(Outlook& outlook) : OutlookTable(outlook, L"NameSpace") {}
     static const std::vector<MemberRow<NameSpace>>& members();
 
 private:
     Value defaultFolder(long number)
     {
-        Folder* folder = outlook_.mailbox().folder(number);
+        Folder* folder = outlook().mailbox().folder(number);
         if (!folder) raiseBadParameter();
-        return folderValue(outlook_, *folder);
+        return folderValue(outlook(), *folder);
     }
 
     Value itemFromId(const std::wstring& id)
     {
-        const SavedItem saved = outlook_.mailbox().find(id);
+        const SavedItem saved = outlook().mailbox().find(id);
         if (!saved) raiseNotFound();
-        return server::valueOf(makeItem(outlook_, saved));
+        return server::valueOf(outlook().itemOf(saved));
     }
-
-    Outlook& outlook_;
 };
 
-class Application final : public RecordedTable<Application> {
+class Application final : public OutlookTable<Application> {
 public:
-    explicit Application(Outlook& outlook) : RecordedTable(outlook.recorder(), L"Application"), outlook_(outlook) {}
+    explicit Application(Outlook& outlook) : OutlookTable(outlook, L"Application") {}
     static const std::vector<MemberRow<Application>>& members();
 
 private:
     Value nameSpace(const std::wstring& type)
     {
         if (!automation::equalWithoutCase(type, L"MAPI")) raiseBadParameter();
-        return sessionOf(outlook_);
+        return sessionOf(outlook());
     }
 
     Value createItem(long type)
     {
         const ItemClass itemClass = itemClassOfType(type);
-        return server::valueOf(makeItem(outlook_, itemClass, Mailbox::homeOf(itemClass)));
+        return server::valueOf(makeItem(outlook(), itemClass, Mailbox::homeOf(itemClass)));
     }
 
     Value version() const
     {
-        switch (outlook_.version()) {
+        switch (outlook().version()) {
         case Version::v2003: return L"11.0.0.8173";
         case Version::v2007: return L"12.0.0.6607";
         case Version::v2016: break;
         }
         return L"16.0.0.4266";
     }
-
-    Outlook& outlook_;
 };
 
 const std::vector<MemberRow<NameSpace>>& NameSpace::members()
@@ -87,11 +80,11 @@ const std::vector<MemberRow<NameSpace>>& NameSpace::members()
         {L"Logon", 0x2106, server::method, 0, 4, [](NameSpace&, const IncomingCall&) -> Value { return {}; }},
         {L"Logoff", 0x2107, server::method, 0, 0, [](NameSpace&, const IncomingCall&) -> Value { return {}; }},
         {L"Application", members::application, server::readOnly, 0, 0,
-         [](NameSpace& self, const IncomingCall&) -> Value { return applicationOf(self.outlook_); }},
+         [](NameSpace& self, const IncomingCall&) -> Value { return applicationOf(self.outlook()); }},
         {L"Session", members::session, server::readOnly, 0, 0,
          [](NameSpace& self, const IncomingCall&) -> Value { return automation::Object(&self); }},
         {L"Parent", members::parent, server::readOnly, 0, 0,
-         [](NameSpace& self, const IncomingCall&) -> Value { return applicationOf(self.outlook_); }},
+         [](NameSpace& self, const IncomingCall&) -> Value { return applicationOf(self.outlook()); }},
         {L"Class", members::objectClass, server::readOnly, 0, 0,
          [](NameSpace&, const IncomingCall&) -> Value { return nameSpaceClass; }},
     };
@@ -106,13 +99,13 @@ const std::vector<MemberRow<Application>>& Application::members()
         {L"CreateItem", 0x10A, server::method, 1, 1,
          [](Application& self, const IncomingCall& call) -> Value { return self.createItem(call.arguments.int32(0)); }},
         {L"Quit", 0x113, server::method, 0, 0,
-         [](Application& self, const IncomingCall&) -> Value { return self.outlook_.quit(), Value(); }},
+         [](Application& self, const IncomingCall&) -> Value { return self.outlook().quit(), Value(); }},
         {L"Name", members::name, server::readOnly, 0, 0,
          [](Application&, const IncomingCall&) -> Value { return L"Outlook"; }},
         {L"Version", 0x116, server::readOnly, 0, 0,
          [](Application& self, const IncomingCall&) -> Value { return self.version(); }},
         {L"Session", members::session, server::readOnly, 0, 0,
-         [](Application& self, const IncomingCall&) -> Value { return sessionOf(self.outlook_); }},
+         [](Application& self, const IncomingCall&) -> Value { return sessionOf(self.outlook()); }},
         {L"Application", members::application, server::readOnly, 0, 0,
          [](Application& self, const IncomingCall&) -> Value { return automation::Object(&self); }},
         {L"Parent", members::parent, server::readOnly, 0, 0,
@@ -149,13 +142,6 @@ ItemClass itemClassOfType(long type)
     case 7: return ItemClass::distributionList;
     default: raiseBadParameter();
     }
-}
-
-Version versionOf(std::wstring_view text)
-{
-    for (const Version version : {Version::v2003, Version::v2007, Version::v2016})
-        if (text == std::to_wstring(static_cast<int>(version))) return version;
-    throw std::runtime_error("\"" + utf8(text) + "\" is none of the versions 2003, 2007, 2016");
 }
 
 }

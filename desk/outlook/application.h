@@ -1,7 +1,6 @@
 // The objects at the top: Application and NameSpace.
 #pragma once
 
-#include "desk/common/recorded_object.h"
 #include "desk/outlook/outlook.h"
 
 namespace desk::outlook {
@@ -15,8 +14,5 @@ automation::Value sessionOf(Outlook& outlook);
 // Outlook's number of an item type (0 mail, 2 contact, 4 journal, 7
 // distribution list). Raises for another.
 ItemClass itemClassOfType(long type);
-
-// "2003", "2007" or "2016". Throws std::runtime_error.
-Version versionOf(std::wstring_view text);
 
 }

@@ -71,13 +71,19 @@ std::wstring counts(Outlook& outlook)
 }
 
 // "contact" and so on, then its fields from the next line on.
-std::wstring addItem(Outlook& outlook, std::wstring_view text)
+Item newItem(std::wstring_view text)
 {
     const std::wstring kind = takeWord(text);
     std::vector<StoreRecord> records = parseStore(L"[" + kind + L"]\n" + std::wstring(text));
     if (records.size() != 1) throw std::runtime_error("one item at a time");
     Item item = itemOf(records[0]);
     item.folder = Mailbox::homeOf(item.itemClass);
+    return item;
+}
+
+std::wstring addItem(Outlook& outlook, std::wstring_view text)
+{
+    const Item item = newItem(text);
     if (!item.entryId.empty() && outlook.mailbox().find(item.entryId))
         throw std::runtime_error("the EntryID is used already");
     const SavedItem saved = outlook.mailbox().add(item);
@@ -121,6 +127,34 @@ std::wstring closeWindows(Outlook& outlook, bool save)
     return L"ok";
 }
 
+// What Outlook makes of a telephone number that its user types in full.
+std::wstring masked(const std::wstring& typed)
+{
+    const bool foreign = typed.starts_with(L"+1");
+    const std::wstring digits = foreign ? typed.substr(2) : typed;
+    if (digits.size() != 10 || digits.find_first_not_of(L"0123456789") != std::wstring::npos) return typed;
+    return (foreign ? L"+1 (" : L"(") + digits.substr(0, 3) + L") " + digits.substr(3, 3) + L"-" + digits.substr(6);
+}
+
+bool isTelephone(const std::wstring& field)
+{
+    return field.ends_with(L"TelephoneNumber") || field.ends_with(L"FaxNumber");
+}
+
+// "ENTRYID", then fields: what a user types into the item's window, not saved yet.
+std::wstring typeIntoItem(Outlook& outlook, std::wstring_view text)
+{
+    const std::wstring entryId = takeWord(text);
+    const auto typed = parseStore(L"[typed]\n" + std::wstring(text));
+    if (typed.size() != 1) throw std::runtime_error("one item at a time");
+    outlook.open(entryId);
+    const automation::ComPtr<ItemObject> item = outlook.itemOf(outlook.mailbox().find(entryId));
+    for (const auto& [name, value] : typed[0].fields)
+        setFromText(item->edit(), typed[0], name, isTelephone(name) ? masked(value) : value);
+    item->changed();
+    return L"ok";
+}
+
 std::wstring setOld(Outlook& outlook, std::wstring_view rest)
 {
     if (rest != L"on" && rest != L"off") throw std::runtime_error("old: on or off");
@@ -136,6 +170,28 @@ std::wstring showFolder(Screen& screen, std::wstring_view name)
 
 }
 
+// "BLOCKS KIND", then its fields: an item that somebody else saves when so many
+// more blocks of tables have been read.
+void Outlook::expect(std::wstring_view text)
+{
+    const unsigned long blocks = numberOf(takeWord(text), "blocks");
+    if (blocks == 0) throw std::runtime_error("the next block is number 1");
+    Item item = newItem(text);
+    if (!item.entryId.empty()) throw std::runtime_error("its EntryID is Outlook's to give");
+    coming_ = Coming{std::move(item), blocks};
+}
+
+std::optional<std::wstring> Outlook::settingCommand(const std::wstring& word, std::wstring_view rest)
+{
+    for (const wchar_t* setting : {L"version", L"guard", L"missingcell", L"identifiers", L"creation"}) {
+        if (word != setting) continue;
+        change(setup_, word, rest);
+        changed();
+        return L"ok";
+    }
+    return std::nullopt;
+}
+
 std::optional<std::wstring> Outlook::command(const std::wstring& word, std::wstring_view rest)
 {
     if (word == L"contacts") return Dump(*this).of({ItemClass::contact, ItemClass::distributionList});
@@ -145,14 +201,16 @@ std::optional<std::wstring> Outlook::command(const std::wstring& word, std::wstr
     if (word == L"count") return counts(*this);
     if (word == L"add") return addItem(*this, rest);
     if (word == L"change") return changeItem(*this, rest);
+    if (word == L"type") return typeIntoItem(*this, rest);
     if (word == L"delete") return removeItem(*this, rest);
     if (word == L"open") return open(std::wstring(rest)), L"ok";
     if (word == L"close-windows") return closeWindows(*this, false);
     if (word == L"save-windows") return closeWindows(*this, true);
     if (word == L"show") return showFolder(screen_, rest);
     if (word == L"old") return setOld(*this, rest);
-    if (word == L"version") return setVersion(versionOf(rest)), L"ok";
-    return std::nullopt;
+    if (word == L"questions") return std::to_wstring(guard_.questions());
+    if (word == L"coming") return expect(rest), L"ok";
+    return settingCommand(word, rest);
 }
 
 }

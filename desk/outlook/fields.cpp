@@ -32,6 +32,7 @@ constexpr unsigned readOnly = Field::readOnly;
 constexpr unsigned noFilter = Field::noFilter;
 constexpr unsigned noTable = Field::noTable;
 constexpr unsigned computed = Field::computed;
+constexpr unsigned guarded = Field::guarded;
 
 constexpr Field fields[] = {
     // every item
@@ -76,18 +77,18 @@ constexpr Field fields[] = {
     {L"TelexNumber", text, contact, none},
     {L"TTYTDDTelephoneNumber", text, contact, none},
     // a contact: mail addresses
-    {L"Email1Address", text, contact, none},
-    {L"Email1AddressType", text, contact, none},
-    {L"Email1DisplayName", text, contact, none},
-    {L"Email1EntryID", text, contact, readOnly | noFilter | noTable | computed},
-    {L"Email2Address", text, contact, none},
-    {L"Email2AddressType", text, contact, none},
-    {L"Email2DisplayName", text, contact, none},
-    {L"Email2EntryID", text, contact, readOnly | noFilter | noTable | computed},
-    {L"Email3Address", text, contact, none},
-    {L"Email3AddressType", text, contact, none},
-    {L"Email3DisplayName", text, contact, none},
-    {L"Email3EntryID", text, contact, readOnly | noFilter | noTable | computed},
+    {L"Email1Address", text, contact, guarded},
+    {L"Email1AddressType", text, contact, guarded},
+    {L"Email1DisplayName", text, contact, guarded},
+    {L"Email1EntryID", text, contact, readOnly | noFilter | noTable | computed | guarded},
+    {L"Email2Address", text, contact, guarded},
+    {L"Email2AddressType", text, contact, guarded},
+    {L"Email2DisplayName", text, contact, guarded},
+    {L"Email2EntryID", text, contact, readOnly | noFilter | noTable | computed | guarded},
+    {L"Email3Address", text, contact, guarded},
+    {L"Email3AddressType", text, contact, guarded},
+    {L"Email3DisplayName", text, contact, guarded},
+    {L"Email3EntryID", text, contact, readOnly | noFilter | noTable | computed | guarded},
     // a contact: postal addresses
     {L"BusinessAddressStreet", text, contact, none},
     {L"BusinessAddressCity", text, contact, none},
@@ -117,7 +118,7 @@ constexpr Field fields[] = {
     {L"Language", text, contact, none},
     {L"OrganizationalIDNumber", text, contact, none},
     {L"PersonalHomePage", text, contact, none},
-    {L"ReferredBy", text, contact, none},
+    {L"ReferredBy", text, contact, guarded},
     {L"Spouse", text, contact, none},
     {L"User1", text, contact, none},
     {L"User2", text, contact, none},
@@ -147,17 +148,17 @@ constexpr Field fields[] = {
     {L"Start", date, journal, none},
     {L"End", date, journal, none},
     {L"Duration", number, journal, none},
-    {L"ContactNames", text, journal, readOnly | noFilter | noTable | computed},
+    {L"ContactNames", text, journal, readOnly | noFilter | noTable | computed | guarded},
     // a message
-    {L"To", text, mail, computed},
-    {L"CC", text, mail, computed},
-    {L"BCC", text, mail, computed},
-    {L"SenderName", text, mail, readOnly},
-    {L"SenderEmailAddress", text, mail, readOnly},
+    {L"To", text, mail, computed | guarded},
+    {L"CC", text, mail, computed | guarded},
+    {L"BCC", text, mail, computed | guarded},
+    {L"SenderName", text, mail, readOnly | guarded},
+    {L"SenderEmailAddress", text, mail, readOnly | guarded},
     {L"SentOn", date, mail, readOnly},
     {L"ReceivedTime", date, mail, readOnly},
     {L"Sent", boolean, mail, readOnly | noFilter | noTable},
-    {L"HTMLBody", text, mail, noFilter | noTable},
+    {L"HTMLBody", text, mail, noFilter | noTable | guarded},
     // every item again
     {L"Companies", text, every, noFilter},
     {L"Categories", text, every, none},
@@ -172,7 +173,7 @@ constexpr Field fields[] = {
     {L"CreationTime", date, every, readOnly | computed},
     {L"LastModificationTime", date, every, readOnly | computed},
     {L"Saved", boolean, every, readOnly | noFilter | noTable | computed},
-    {L"Body", text, every, noFilter},
+    {L"Body", text, every, noFilter | guarded},
 };
 
 constexpr DISPID firstId = 0x3A00;

@@ -23,6 +23,7 @@ struct Field {
     static constexpr unsigned noFilter = 2;  // refused by Items.Find and GetTable's filter
     static constexpr unsigned noTable = 4;   // refused by Columns.Add
     static constexpr unsigned computed = 8;  // made from other data at each reading, never stored
+    static constexpr unsigned guarded = 16;  // read only if Outlook's guard lets it be
 
     const wchar_t* name;
     FieldType type;

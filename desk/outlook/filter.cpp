@@ -2,6 +2,7 @@
 
 #include "automation/server/dispatch.h"
 #include "automation/text.h"
+#include "desk/common/text.h"
 #include "desk/outlook/errors.h"
 
 #include <algorithm>
@@ -48,7 +49,8 @@ private:
 class Comparison final : public Condition {
 public:
     Comparison(const Field& field, std::wstring sign, Value value)
-        : field_(field), sign_(std::move(sign)), value_(std::move(value)), text_(value_.text())
+        : field_(field), sign_(std::move(sign)), value_(std::move(value)), text_(value_.text()),
+          lowerText_(lowerCase(text_))
     {
     }
 
@@ -56,7 +58,7 @@ public:
     {
         const bool equal = sign_ == L"=" || sign_ == L"<>";
         if (equal && field_.type == FieldType::text)
-            return automation::equalWithoutCase(held(item).text(), text_) == (sign_ == L"=");
+            return (lowerCase(held(item).text()) == lowerText_) == (sign_ == L"=");
         const int order = compare(held(item));
         if (order == 0) return sign_ == L"=" || sign_ == L"<=" || sign_ == L">=";
         return sign_ == L"<>" || sign_[0] == (order < 0 ? L'<' : L'>');
@@ -91,6 +93,7 @@ private:
     const std::wstring sign_;
     const Value value_;
     const std::wstring text_;
+    const std::wstring lowerText_;
 };
 
 class Parser {

@@ -1,7 +1,7 @@
 #include "desk/outlook/folder_object.h"
 
 #include "automation/text.h"
-#include "desk/common/recorded_object.h"
+#include "desk/outlook/outlook_object.h"
 #include "desk/outlook/application.h"
 #include "desk/outlook/members.h"
 #include "desk/outlook/table.h"
@@ -19,10 +19,10 @@ namespace server = automation::server;
 
 constexpr long folderClass = 2;
 
-class FolderObject final : public RecordedTable<FolderObject> {
+class FolderObject final : public OutlookTable<FolderObject> {
 public:
     FolderObject(Outlook& outlook, Folder& folder)
-        : RecordedTable(outlook.recorder(), L"Folder"), outlook_(outlook), folder_(folder)
+        : OutlookTable(outlook, L"Folder"), folder_(folder)
     {
     }
     static const std::vector<MemberRow<FolderObject>>& members();
@@ -31,15 +31,15 @@ protected:
     // Before 2007 a folder had no table.
     DISPID idOf(std::wstring_view name) override
     {
-        if (outlook_.version() == Version::v2003 && automation::equalWithoutCase(name, L"GetTable"))
+        if (outlook().version() == Version::v2003 && automation::equalWithoutCase(name, L"GetTable"))
             return DISPID_UNKNOWN;
-        return RecordedTable::idOf(name);
+        return OutlookTable::idOf(name);
     }
 
     Value answer(const IncomingCall& call) override
     {
-        if (outlook_.version() == Version::v2003 && call.id == tableId) throw server::Failure{DISP_E_MEMBERNOTFOUND};
-        return RecordedTable::answer(call);
+        if (outlook().version() == Version::v2003 && call.id == tableId) throw server::Failure{DISP_E_MEMBERNOTFOUND};
+        return OutlookTable::answer(call);
     }
 
 private:
@@ -58,7 +58,7 @@ private:
 
     Value table(const IncomingCall& call)
     {
-        return tableOf(outlook_, folder_, call.arguments.given(0) ? call.arguments.text(0) : std::wstring());
+        return tableOf(outlook(), folder_, call.arguments.given(0) ? call.arguments.text(0) : std::wstring());
     }
 
     std::int32_t unread() const
@@ -69,7 +69,6 @@ private:
         }));
     }
 
-    Outlook& outlook_;
     Folder& folder_;
 };
 
@@ -79,7 +78,7 @@ const std::vector<MemberRow<FolderObject>>& FolderObject::members()
         {L"Name", members::name, server::readOnly, 0, 0,
          [](FolderObject& self, const IncomingCall&) -> Value { return self.folder_.name; }},
         {L"Items", 0x3100, server::readOnly, 0, 0,
-         [](FolderObject& self, const IncomingCall&) -> Value { return itemsOf(self.outlook_, self.folder_); }},
+         [](FolderObject& self, const IncomingCall&) -> Value { return itemsOf(self.outlook(), self.folder_); }},
         {L"GetTable", tableId, server::method, 0, 2,
          [](FolderObject& self, const IncomingCall& call) -> Value { return self.table(call); }},
         {L"DefaultItemType", 0x3106, server::readOnly, 0, 0,
@@ -89,11 +88,11 @@ const std::vector<MemberRow<FolderObject>>& FolderObject::members()
         {L"UnReadItemCount", 0x3603, server::readOnly, 0, 0,
          [](FolderObject& self, const IncomingCall&) -> Value { return self.unread(); }},
         {L"Application", members::application, server::readOnly, 0, 0,
-         [](FolderObject& self, const IncomingCall&) -> Value { return applicationOf(self.outlook_); }},
+         [](FolderObject& self, const IncomingCall&) -> Value { return applicationOf(self.outlook()); }},
         {L"Session", members::session, server::readOnly, 0, 0,
-         [](FolderObject& self, const IncomingCall&) -> Value { return sessionOf(self.outlook_); }},
+         [](FolderObject& self, const IncomingCall&) -> Value { return sessionOf(self.outlook()); }},
         {L"Parent", members::parent, server::readOnly, 0, 0,
-         [](FolderObject& self, const IncomingCall&) -> Value { return sessionOf(self.outlook_); }},
+         [](FolderObject& self, const IncomingCall&) -> Value { return sessionOf(self.outlook()); }},
         {L"Class", members::objectClass, server::readOnly, 0, 0,
          [](FolderObject&, const IncomingCall&) -> Value { return folderClass; }},
     };

@@ -15,9 +15,9 @@ using automation::server::MemberRow;
 namespace server = automation::server;
 
 template <ItemClass itemClass>
-class ItemOf final : public RecordedTable<ItemOf<itemClass>, ItemObject> {
+class ItemOf final : public OutlookTable<ItemOf<itemClass>, ItemObject> {
 public:
-    using RecordedTable<ItemOf<itemClass>, ItemObject>::RecordedTable;
+    using OutlookTable<ItemOf<itemClass>, ItemObject>::OutlookTable;
     static const std::vector<MemberRow<ItemOf>>& members();
 };
 
@@ -63,7 +63,10 @@ const std::vector<MemberRow<ItemOf<itemClass>>>& ItemOf<itemClass>::members()
         addMethods(made);
         if (itemClass == ItemClass::journal || itemClass == ItemClass::mail)
             made.push_back({L"Recipients", members::recipients, server::readOnly, 0, 0,
-                            [](ItemOf& self, const IncomingCall&) -> Value { return recipientsOf(self); }});
+                            [](ItemOf& self, const IncomingCall&) -> Value {
+                                self.outlook().guard().ask();
+                                return recipientsOf(self);
+                            }});
         if (itemClass == ItemClass::mail)
             made.push_back({L"Send", members::send, server::method, 0, 0,
                             [](ItemOf& self, const IncomingCall&) -> Value { return self.answerSend(); }});
@@ -98,7 +101,7 @@ automation::ComPtr<ItemObject> makeItem(Outlook& outlook, const SavedItem& saved
 
 Value ItemObject::parent()
 {
-    return folderValue(outlook_, *outlook_.mailbox().folder(item().folder));
+    return folderValue(outlook(), *outlook().mailbox().folder(item().folder));
 }
 
 }

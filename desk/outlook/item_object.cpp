@@ -39,14 +39,13 @@ Value argumentFor(const Field& field, const IncomingCall& call)
 }
 
 ItemObject::ItemObject(Outlook& outlook, ItemClass itemClass, long folder)
-    : RecordedObject(outlook.recorder(), classNameOf(itemClass)), outlook_(outlook),
-      working_(std::make_unique<Item>(itemClass))
+    : OutlookObject(outlook, classNameOf(itemClass)), working_(std::make_unique<Item>(itemClass))
 {
     working_->folder = folder;
 }
 
 ItemObject::ItemObject(Outlook& outlook, SavedItem saved)
-    : RecordedObject(outlook.recorder(), classNameOf(saved->itemClass)), outlook_(outlook), saved_(std::move(saved))
+    : OutlookObject(outlook, classNameOf(saved->itemClass)), saved_(std::move(saved))
 {
 }
 
@@ -72,7 +71,7 @@ Item& ItemObject::edit()
 void ItemObject::changed()
 {
     unsaved_ = true;
-    outlook_.updateInspector(*this);
+    outlook().updateInspector(*this);
 }
 
 bool ItemObject::isSameItem(const ItemObject& other) const noexcept
@@ -97,12 +96,12 @@ void ItemObject::save()
         working_->folder = saved_->folder;
         *saved_ = *working_;
     } else {
-        saved_ = outlook_.mailbox().add(*working_);
+        saved_ = outlook().mailbox().add(*working_);
     }
     working_.reset();
     unsaved_ = false;
-    outlook_.updateInspector(*this);
-    outlook_.changed();
+    outlook().updateInspector(*this);
+    outlook().changed();
 }
 
 void ItemObject::discard()
@@ -116,6 +115,7 @@ Value ItemObject::answerField(const IncomingCall& call)
     checkReachable();
     const Field& field = *fieldOf(call.id);
     if (!call.isPut()) {
+        if (field.has(Field::guarded)) outlook().guard().ask();
         if (field.name == std::wstring_view(L"Saved")) return isSaved();
         return valueOf(item(), field);
     }
@@ -133,14 +133,14 @@ Value ItemObject::answerClose(const IncomingCall& call)
     // Nobody sits at the desk to be asked: the answer is No.
     if (mode == saveAndClose) save();
     else discard();
-    outlook_.closeInspector(*this);
+    outlook().closeInspector(*this);
     return {};
 }
 
 Value ItemObject::answerDisplay(const IncomingCall& call)
 {
     checkReachable();
-    outlook_.display(*this, call.arguments.given(0) && call.arguments.truth(0));
+    outlook().display(*this, call.arguments.given(0) && call.arguments.truth(0));
     return {};
 }
 
@@ -148,18 +148,19 @@ Value ItemObject::answerDelete()
 {
     checkReachable();
     const automation::ComPtr<ItemObject> alive(this);
-    outlook_.closeInspector(*this);
+    outlook().closeInspector(*this);
     gone_ = true;
     if (!saved_) return {};
-    if (saved_->folder == folders::deleted) outlook_.mailbox().remove(saved_);
-    else outlook_.mailbox().move(saved_, folders::deleted);
-    outlook_.changed();
+    if (saved_->folder == folders::deleted) outlook().mailbox().remove(saved_);
+    else outlook().mailbox().move(saved_, folders::deleted);
+    outlook().changed();
     return {};
 }
 
 Value ItemObject::answerSend()
 {
     checkReachable();
+    outlook().guard().ask();
     const automation::ComPtr<ItemObject> alive(this);
     if (item().recipients.empty())
         raise(E_FAIL, L"We need to know who to send this to. Make sure you enter at least one name.");
@@ -168,10 +169,10 @@ Value ItemObject::answerSend()
     setValue(edit(), sent, true);
     setValue(edit(), sentOn, Value::date(automation::now()));
     save();
-    outlook_.closeInspector(*this);
-    outlook_.mailbox().move(saved_, folders::sent);
+    outlook().closeInspector(*this);
+    outlook().mailbox().move(saved_, folders::sent);
     gone_ = true;
-    outlook_.changed();
+    outlook().changed();
     return {};
 }
 

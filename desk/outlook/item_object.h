@@ -1,24 +1,21 @@
 // An open item: ContactItem, DistListItem, JournalItem or MailItem. Changes
 // stay in a working copy of its own until Save or Close; another reference to
-// the same item does not see them.
+// the same item does not see them, unless the item is displayed.
 #pragma once
 
-#include "desk/common/recorded_object.h"
-#include "desk/outlook/outlook.h"
+#include "desk/outlook/outlook_object.h"
 
 #include <memory>
 
 namespace desk::outlook {
 
-class ItemObject : public RecordedObject {
+class ItemObject : public OutlookObject {
 public:
     // A new item that Save puts into `folder`.
     ItemObject(Outlook& outlook, ItemClass itemClass, long folder);
 
     // A saved item.
     ItemObject(Outlook& outlook, SavedItem saved);
-
-    Outlook& outlook() const noexcept { return outlook_; }
 
     // The item as this reference sees it. Raises when it was deleted.
     const Item& item() const;
@@ -33,6 +30,7 @@ public:
     bool hasUnsavedData() const noexcept { return working_ != nullptr; }
 
     bool isSameItem(const ItemObject& other) const noexcept;
+    bool isOf(const SavedItem& saved) const noexcept { return saved_ == saved; }
     InspectorView view() const;
 
     void save();
@@ -49,7 +47,6 @@ public:
 private:
     void checkReachable() const;
 
-    Outlook& outlook_;
     SavedItem saved_;              // null until the first save
     std::unique_ptr<Item> working_; // null while nothing was changed
     unsigned version_ = 0;         // of the saved item when the working copy was made

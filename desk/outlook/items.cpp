@@ -1,7 +1,7 @@
 // Items: a folder's items with a cursor for GetFirst and GetNext, and another
 // for Find and FindNext. The item objects are made as they are asked for.
 #include "automation/server/collection.h"
-#include "desk/common/recorded_object.h"
+#include "desk/outlook/outlook_object.h"
 #include "desk/outlook/application.h"
 #include "desk/outlook/errors.h"
 #include "desk/outlook/filter.h"
@@ -22,10 +22,10 @@ namespace server = automation::server;
 
 constexpr long itemsClass = 16;
 
-class Items final : public RecordedTable<Items> {
+class Items final : public OutlookTable<Items> {
 public:
     Items(Outlook& outlook, Folder& folder)
-        : RecordedTable(outlook.recorder(), L"Items"), outlook_(outlook), folder_(folder)
+        : OutlookTable(outlook, L"Items"), folder_(folder)
     {
     }
     static const std::vector<MemberRow<Items>>& members();
@@ -36,7 +36,7 @@ private:
     Value at(std::size_t index) const
     {
         if (index >= all().size()) return automation::Object();
-        return server::valueOf(makeItem(outlook_, all()[index]));
+        return server::valueOf(outlook().itemOf(all()[index]));
     }
 
     Value item(const IncomingCall& call) const
@@ -63,7 +63,7 @@ private:
             if (type.type() != VT_BSTR) itemClass = itemClassOfType(call.arguments.int32(0));
             else if (!itemClassOf(type.text(), itemClass)) raiseNotFound();
         }
-        return server::valueOf(makeItem(outlook_, itemClass, folder_.number));
+        return server::valueOf(makeItem(outlook(), itemClass, folder_.number));
     }
 
     // Positions are counted from 1; 0 is before the first item. Before
@@ -102,11 +102,10 @@ private:
     Value removeAt(long index)
     {
         if (index < 1 || static_cast<std::size_t>(index) > all().size()) raiseOutOfBounds();
-        makeItem(outlook_, all()[static_cast<std::size_t>(index) - 1])->answerDelete();
+        outlook().itemOf(all()[static_cast<std::size_t>(index) - 1])->answerDelete();
         return {};
     }
 
-    Outlook& outlook_;
     Folder& folder_;
     std::size_t position_ = 0;
     std::unique_ptr<Condition> searched_;
@@ -141,11 +140,11 @@ const std::vector<MemberRow<Items>>& Items::members()
         {L"_NewEnum", DISPID_NEWENUM, DISPATCH_METHOD | DISPATCH_PROPERTYGET, 0, 0,
          [](Items& self, const IncomingCall&) -> Value { return self.enumeration(); }},
         {L"Application", members::application, server::readOnly, 0, 0,
-         [](Items& self, const IncomingCall&) -> Value { return applicationOf(self.outlook_); }},
+         [](Items& self, const IncomingCall&) -> Value { return applicationOf(self.outlook()); }},
         {L"Session", members::session, server::readOnly, 0, 0,
-         [](Items& self, const IncomingCall&) -> Value { return sessionOf(self.outlook_); }},
+         [](Items& self, const IncomingCall&) -> Value { return sessionOf(self.outlook()); }},
         {L"Parent", members::parent, server::readOnly, 0, 0,
-         [](Items& self, const IncomingCall&) -> Value { return folderValue(self.outlook_, self.folder_); }},
+         [](Items& self, const IncomingCall&) -> Value { return folderValue(self.outlook(), self.folder_); }},
         {L"Class", members::objectClass, server::readOnly, 0, 0,
          [](Items&, const IncomingCall&) -> Value { return itemsClass; }},
     };

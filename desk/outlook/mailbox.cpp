@@ -57,12 +57,26 @@ std::wstring Mailbox::nextEntryId()
     return id;
 }
 
+void Mailbox::putInto(long number, const SavedItem& item)
+{
+    Folder& into = *folder(number);
+    into.items.push_back(item);
+    ++into.changes;
+}
+
+void Mailbox::takeFrom(long number, const SavedItem& item)
+{
+    Folder& from = *folder(number);
+    std::erase(from.items, item);
+    ++from.changes;
+}
+
 SavedItem Mailbox::keep(Item item)
 {
     auto saved = std::make_shared<Item>(std::move(item));
     if (saved->entryId.empty()) saved->entryId = nextEntryId();
     byId_[saved->entryId] = saved;
-    folder(saved->folder)->items.push_back(saved);
+    putInto(saved->folder, saved);
     return saved;
 }
 
@@ -73,14 +87,14 @@ SavedItem Mailbox::add(const Item& item)
 
 void Mailbox::move(const SavedItem& item, long number)
 {
-    std::erase(folder(item->folder)->items, item);
+    takeFrom(item->folder, item);
     item->folder = number;
-    folder(number)->items.push_back(item);
+    putInto(number, item);
 }
 
 void Mailbox::remove(const SavedItem& item)
 {
-    std::erase(folder(item->folder)->items, item);
+    takeFrom(item->folder, item);
     byId_.erase(item->entryId);
     item->deleted = true;
 }
@@ -105,8 +119,10 @@ void Mailbox::load(const std::vector<StoreRecord>& records)
     }
     for (const auto& entry : byId_) entry.second->deleted = true;
     // The folders stay where they are, since open objects look at them.
-    for (std::size_t index = 0; index < folders_.size(); ++index)
+    for (std::size_t index = 0; index < folders_.size(); ++index) {
         folders_[index].items = std::move(loaded.folders_[index].items);
+        ++folders_[index].changes;
+    }
     byId_ = std::move(loaded.byId_);
     lastId_ = loaded.lastId_;
 }

@@ -18,6 +18,7 @@ struct Folder {
     const wchar_t* name;
     ItemClass defaultClass;
     std::vector<SavedItem> items;
+    unsigned long changes = 0; // of which items lie in it
 };
 
 namespace folders {
@@ -56,6 +57,8 @@ public:
     std::vector<StoreRecord> records() const;
 
 private:
+    void putInto(long number, const SavedItem& item);
+    void takeFrom(long number, const SavedItem& item);
     SavedItem keep(Item item);
     std::wstring nextEntryId();
 

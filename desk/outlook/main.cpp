@@ -20,7 +20,7 @@ public:
         screen_.watch(outlook_);
     }
 
-    automation::ComPtr<IDispatch> object(const CLSID&) override { return outlook_.application(); }
+    automation::ComPtr<IDispatch> object(const CLSID&) override { return outlook_.applicationForClient(); }
     void load(const std::vector<desk::StoreRecord>& records) override { outlook_.load(records); }
     std::vector<desk::StoreRecord> records() const override { return outlook_.records(); }
 

@@ -25,9 +25,16 @@ automation::ComPtr<IDispatch> Outlook::application()
     return application_;
 }
 
+automation::ComPtr<IDispatch> Outlook::applicationForClient()
+{
+    if (!setup_.creation.fails) return application();
+    if (setup_.creation.delay != 0) Sleep(setup_.creation.delay);
+    throw automation::AutomationError(L"Outlook.Application", CO_E_SERVER_EXEC_FAILURE);
+}
+
 void Outlook::setVersion(Version version)
 {
-    version_ = version;
+    setup_.version = version;
     changed();
 }
 
@@ -40,16 +47,15 @@ void Outlook::changed()
 void Outlook::load(const std::vector<StoreRecord>& records)
 {
     std::vector<StoreRecord> items = records;
-    Version version = Version::v2016;
+    Setup setup;
     std::erase_if(items, [&](const StoreRecord& record) {
         if (record.kind != L"outlook") return false;
-        const std::wstring* text = record.find(L"Version");
-        if (!text || record.fields.size() != 1) refuseRecord(record, "takes Version and nothing else");
-        version = versionOf(*text);
+        for (const auto& [setting, text] : record.fields) change(setup, setting, text);
         return true;
     });
     mailbox_.load(items);
-    version_ = version;
+    setup_ = setup;
+    coming_.reset();
     while (!inspectors_.empty()) remove(inspectors_.back().id);
     screen_.updateFolders();
 }
@@ -57,11 +63,31 @@ void Outlook::load(const std::vector<StoreRecord>& records)
 std::vector<StoreRecord> Outlook::records() const
 {
     std::vector<StoreRecord> records = mailbox_.records();
-    if (version_ == Version::v2016) return records;
-    StoreRecord own{L"outlook", {}, 0};
-    own.add(L"Version", std::to_wstring(static_cast<int>(version_)));
-    records.insert(records.begin(), own);
+    StoreRecord own = recordOf(setup_);
+    if (!own.fields.empty()) records.insert(records.begin(), std::move(own));
     return records;
+}
+
+automation::ComPtr<ItemObject> Outlook::itemOf(const SavedItem& saved)
+{
+    for (const Inspector& inspector : inspectors_)
+        if (inspector.item->isOf(saved)) return inspector.item;
+    return makeItem(*this, saved);
+}
+
+void Outlook::blockWasRead()
+{
+    if (!coming_ || --coming_->blocks != 0) return;
+    mailbox_.add(coming_->item);
+    coming_.reset();
+    changed();
+}
+
+bool Outlook::isHeld()
+{
+    if (!application_) return automation::server::Dispatch::live() > 0;
+    application_->AddRef();
+    return application_->Release() > 1 || automation::server::Dispatch::live() > 1;
 }
 
 Outlook::Inspector* Outlook::inspectorOf(const ItemObject& item) noexcept
@@ -121,7 +147,7 @@ void Outlook::open(const std::wstring& entryId)
 {
     const SavedItem saved = mailbox_.find(entryId);
     if (!saved) throw std::runtime_error("there is no such item");
-    display(*makeItem(*this, saved).get(), false);
+    display(*itemOf(saved).get(), false);
 }
 
 void Outlook::remove(InspectorId id)

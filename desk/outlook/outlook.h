@@ -6,8 +6,10 @@
 #include "automation/com_ptr.h"
 #include "automation/object.h"
 #include "desk/common/recorder.h"
+#include "desk/outlook/guard.h"
 #include "desk/outlook/mailbox.h"
 #include "desk/outlook/screen.h"
+#include "desk/outlook/setup.h"
 
 #include <functional>
 #include <memory>
@@ -18,9 +20,6 @@
 namespace desk::outlook {
 
 class ItemObject;
-
-// 2003 has no tables; 2007 refuses GetArray for more rows than a table has.
-enum class Version { v2003 = 2003, v2007 = 2007, v2016 = 2016 };
 
 class Outlook {
 public:
@@ -34,10 +33,27 @@ public:
     // "Outlook.Application"; the same object each time.
     automation::ComPtr<IDispatch> application();
 
+    // The same for a client that creates it. Throws AutomationError where the
+    // setup says that this fails.
+    automation::ComPtr<IDispatch> applicationForClient();
+
     Recorder& recorder() noexcept { return recorder_; }
     Mailbox& mailbox() noexcept { return mailbox_; }
-    Version version() const noexcept { return version_; }
+    const Setup& setup() const noexcept { return setup_; }
+    Version version() const noexcept { return setup_.version; }
     void setVersion(Version version);
+    Guard& guard() noexcept { return guard_; }
+
+    // The object of a saved item. One that is displayed has one object for all,
+    // its user and its clients: what is typed into its window is seen at once.
+    automation::ComPtr<ItemObject> itemOf(const SavedItem& saved);
+
+    // A table has been read on, by one block: an item that was to come then is saved.
+    void blockWasRead();
+
+    // Whether clients hold anything but what this keeps itself.
+    bool isHeld();
+
     void quit() { if (quit_) quit_(); }
 
     // After every change of what is saved.
@@ -70,7 +86,15 @@ public:
     void open(const std::wstring& entryId);
 
 private:
+    // An item that somebody else saves while a table is read.
+    struct Coming {
+        Item item;
+        unsigned long blocks; // to be read before
+    };
+
     Inspector* inspectorOf(const ItemObject& item) noexcept;
+    std::optional<std::wstring> settingCommand(const std::wstring& word, std::wstring_view rest);
+    void expect(std::wstring_view text);
     void remove(InspectorId id);
 
     Recorder& recorder_;
@@ -78,7 +102,9 @@ private:
     const std::function<void()> changed_;
     const std::function<void()> quit_;
     Mailbox mailbox_;
-    Version version_ = Version::v2016;
+    Setup setup_;
+    Guard guard_{recorder_, setup_};
+    std::optional<Coming> coming_;
     std::vector<Inspector> inspectors_;
     InspectorId lastInspector_ = 0;
     automation::ComPtr<IDispatch> application_;

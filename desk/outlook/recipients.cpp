@@ -36,10 +36,10 @@ bool resolve(Outlook& outlook, RecipientData& recipient)
     return recipient.resolved;
 }
 
-class Recipient final : public RecordedTable<Recipient> {
+class Recipient final : public OutlookTable<Recipient> {
 public:
     Recipient(ItemObject& item, unsigned id)
-        : RecordedTable(item.outlook().recorder(), L"Recipient"), item_(&item), id_(id)
+        : OutlookTable(item.outlook(), L"Recipient"), item_(&item), id_(id)
     {
     }
     static const std::vector<MemberRow<Recipient>>& members();
@@ -71,7 +71,7 @@ private:
 
     Value resolveIt()
     {
-        const bool resolved = resolve(item_->outlook(), edit());
+        const bool resolved = resolve(outlook(), edit());
         item_->changed();
         return resolved;
     }
@@ -88,10 +88,17 @@ private:
     const unsigned id_;
 };
 
-class Recipients final : public RecordedTable<Recipients> {
+class Recipients final : public OutlookTable<Recipients> {
 public:
-    explicit Recipients(ItemObject& item) : RecordedTable(item.outlook().recorder(), L"Recipients"), item_(&item) {}
+    explicit Recipients(ItemObject& item) : OutlookTable(item.outlook(), L"Recipients"), item_(&item) {}
     static const std::vector<MemberRow<Recipients>>& members();
+
+protected:
+    Value answer(const IncomingCall& call) override
+    {
+        outlook().guard().ask();
+        return OutlookTable::answer(call);
+    }
 
 private:
     const std::vector<RecipientData>& all() const { return item_->item().recipients; }
@@ -138,7 +145,7 @@ private:
     {
         bool complete = true;
         for (RecipientData& recipient : item_->edit().recipients)
-            if (!recipient.resolved && !resolve(item_->outlook(), recipient)) complete = false;
+            if (!recipient.resolved && !resolve(outlook(), recipient)) complete = false;
         item_->changed();
         return complete;
     }
@@ -173,9 +180,9 @@ const std::vector<MemberRow<Recipient>>& Recipient::members()
         {L"Delete", members::remove, server::method, 0, 0,
          [](Recipient& self, const IncomingCall&) -> Value { return self.remove(); }},
         {L"Application", members::application, server::readOnly, 0, 0,
-         [](Recipient& self, const IncomingCall&) -> Value { return applicationOf(self.item_->outlook()); }},
+         [](Recipient& self, const IncomingCall&) -> Value { return applicationOf(self.outlook()); }},
         {L"Session", members::session, server::readOnly, 0, 0,
-         [](Recipient& self, const IncomingCall&) -> Value { return sessionOf(self.item_->outlook()); }},
+         [](Recipient& self, const IncomingCall&) -> Value { return sessionOf(self.outlook()); }},
         {L"Parent", members::parent, server::readOnly, 0, 0,
          [](Recipient& self, const IncomingCall&) -> Value { return automation::Object(self.item_.get()); }},
         {L"Class", members::objectClass, server::readOnly, 0, 0,
@@ -200,9 +207,9 @@ const std::vector<MemberRow<Recipients>>& Recipients::members()
         {L"_NewEnum", DISPID_NEWENUM, DISPATCH_METHOD | DISPATCH_PROPERTYGET, 0, 0,
          [](Recipients& self, const IncomingCall&) -> Value { return self.enumeration(); }},
         {L"Application", members::application, server::readOnly, 0, 0,
-         [](Recipients& self, const IncomingCall&) -> Value { return applicationOf(self.item_->outlook()); }},
+         [](Recipients& self, const IncomingCall&) -> Value { return applicationOf(self.outlook()); }},
         {L"Session", members::session, server::readOnly, 0, 0,
-         [](Recipients& self, const IncomingCall&) -> Value { return sessionOf(self.item_->outlook()); }},
+         [](Recipients& self, const IncomingCall&) -> Value { return sessionOf(self.outlook()); }},
         {L"Parent", members::parent, server::readOnly, 0, 0,
          [](Recipients& self, const IncomingCall&) -> Value { return automation::Object(self.item_.get()); }},
         {L"Class", members::objectClass, server::readOnly, 0, 0,

@@ -1,6 +1,6 @@
 #include "desk/outlook/table.h"
 
-#include "desk/common/recorded_object.h"
+#include "desk/outlook/outlook_object.h"
 #include "desk/outlook/application.h"
 #include "desk/outlook/errors.h"
 #include "desk/outlook/members.h"
@@ -32,7 +32,7 @@ Value arrayValue(SAFEARRAY* array)
 }
 
 // The cells of some rows, by column and row, both from 0.
-Value cells(const TableData& table, std::size_t first, std::size_t count)
+Value cells(TableData& table, std::size_t first, std::size_t count)
 {
     const auto& columns = table.columns();
     SAFEARRAYBOUND bounds[2] = {{static_cast<ULONG>(columns.size()), 0}, {static_cast<ULONG>(count), 0}};
@@ -40,16 +40,17 @@ Value cells(const TableData& table, std::size_t first, std::size_t count)
     SAFEARRAY* array = V_ARRAY(&result.variant());
     VARIANT* cell = nullptr;
     automation::check(SafeArrayAccessData(array, reinterpret_cast<void**>(&cell)), L"SafeArrayAccessData");
+    const std::vector<SavedItem>& rows = table.rows();
     for (std::size_t row = first; row < first + count; ++row)
-        for (const Field* column : columns) *cell++ = table.cell(*table.rows()[row], *column).release();
+        for (const Field* column : columns) *cell++ = table.cell(*rows[row], *column).release();
     SafeArrayUnaccessData(array);
     return result;
 }
 
-class Row final : public RecordedTable<Row> {
+class Row final : public OutlookTable<Row> {
 public:
     Row(std::shared_ptr<TableData> table, SavedItem item)
-        : RecordedTable(table->outlook().recorder(), L"Row"), table_(std::move(table)), item_(std::move(item))
+        : OutlookTable(table->outlook(), L"Row"), table_(std::move(table)), item_(std::move(item))
     {
     }
     static const std::vector<MemberRow<Row>>& members();
@@ -86,25 +87,30 @@ const std::vector<MemberRow<Row>>& Row::members()
     return rows;
 }
 
-class Table final : public RecordedTable<Table> {
+class Table final : public OutlookTable<Table> {
 public:
     explicit Table(std::shared_ptr<TableData> data)
-        : RecordedTable(data->outlook().recorder(), L"Table"), data_(std::move(data))
+        : OutlookTable(data->outlook(), L"Table"), data_(std::move(data))
     {
     }
     static const std::vector<MemberRow<Table>>& members();
 
 private:
-    std::size_t left() const { return data_->rows().size() - data_->current(); }
+    std::size_t left() const
+    {
+        const std::size_t rows = data_->rows().size();
+        return rows - data_->current();
+    }
 
     Value array(long most)
     {
         if (most < 0) raiseBadParameter();
         const auto wanted = static_cast<std::size_t>(most);
-        if (data_->outlook().version() == Version::v2007 && wanted > data_->rows().size()) raiseBadParameter();
+        if (outlook().version() == Version::v2007 && wanted > data_->rows().size()) raiseBadParameter();
         const std::size_t count = std::min(wanted, left());
         Value result = cells(*data_, data_->current(), count);
         data_->advance(count);
+        outlook().blockWasRead();
         return result;
     }
 
@@ -146,9 +152,9 @@ const std::vector<MemberRow<Table>>& Table::members()
         {L"Restrict", 0xFBEB, server::method, 1, 1,
          [](Table& self, const IncomingCall& call) -> Value { return self.restricted(call.arguments.text(0)); }},
         {L"Application", members::application, server::readOnly, 0, 0,
-         [](Table& self, const IncomingCall&) -> Value { return applicationOf(self.data_->outlook()); }},
+         [](Table& self, const IncomingCall&) -> Value { return applicationOf(self.outlook()); }},
         {L"Session", members::session, server::readOnly, 0, 0,
-         [](Table& self, const IncomingCall&) -> Value { return sessionOf(self.data_->outlook()); }},
+         [](Table& self, const IncomingCall&) -> Value { return sessionOf(self.outlook()); }},
         {L"Class", members::objectClass, server::readOnly, 0, 0,
          [](Table&, const IncomingCall&) -> Value { return tableClass; }},
     };

@@ -1,7 +1,7 @@
 #include "desk/outlook/table_columns.h"
 
 #include "automation/server/collection.h"
-#include "desk/common/recorded_object.h"
+#include "desk/outlook/outlook_object.h"
 #include "desk/outlook/members.h"
 
 namespace desk::outlook {
@@ -13,25 +13,25 @@ using automation::server::IncomingCall;
 using automation::server::MemberRow;
 namespace server = automation::server;
 
-class Column final : public RecordedTable<Column> {
+class Column final : public OutlookTable<Column> {
 public:
-    Column(Recorder& recorder, const Field& field) : RecordedTable(recorder, L"Column"), field_(field) {}
+    Column(Outlook& outlook, const Field& field) : OutlookTable(outlook, L"Column"), field_(field) {}
     static const std::vector<MemberRow<Column>>& members();
 
 private:
     const Field& field_;
 };
 
-class Columns final : public RecordedTable<Columns> {
+class Columns final : public OutlookTable<Columns> {
 public:
     explicit Columns(std::shared_ptr<TableData> table)
-        : RecordedTable(table->outlook().recorder(), L"Columns"), table_(std::move(table))
+        : OutlookTable(table->outlook(), L"Columns"), table_(std::move(table))
     {
     }
     static const std::vector<MemberRow<Columns>>& members();
 
 private:
-    Value one(const Field& field) const { return server::valueOf(server::make<Column>(recorder(), field)); }
+    Value one(const Field& field) const { return server::valueOf(server::make<Column>(outlook(), field)); }
 
     Value enumeration() const
     {
@@ -65,6 +65,7 @@ const std::vector<MemberRow<Columns>>& Columns::members()
          }},
         {L"Add", members::add, server::method, 1, 1,
          [](Columns& self, const IncomingCall& call) -> Value {
+             self.outlook().guard().ask();
              return self.one(self.table_->addColumn(call.arguments.text(0)));
          }},
         {L"Remove", members::removeAt, server::method, 1, 1,

@@ -51,11 +51,28 @@ void TableData::removeColumn(std::size_t index)
     restart();
 }
 
-void TableData::restart()
+void TableData::readRows()
 {
     rows_.clear();
     for (const SavedItem& item : folder_.items)
         if (!condition_ || condition_->holds(*item)) rows_.push_back(item);
+    changes_ = folder_.changes;
+}
+
+const std::vector<SavedItem>& TableData::rows()
+{
+    if (changes_ == folder_.changes) return rows_;
+    // Items come behind all others; those that have gone leave the rest where it is.
+    const auto hasGone = [this](const SavedItem& item) { return item->deleted || item->folder != folder_.number; };
+    const auto read = rows_.begin() + static_cast<std::ptrdiff_t>(current_);
+    current_ -= static_cast<std::size_t>(std::count_if(rows_.begin(), read, hasGone));
+    readRows();
+    return rows_;
+}
+
+void TableData::restart()
+{
+    readRows();
     current_ = 0;
 }
 
@@ -65,14 +82,28 @@ void TableData::restrictTo(const std::wstring& filter)
     restart();
 }
 
+Value TableData::missing() const
+{
+    VARIANT cell;
+    VariantInit(&cell);
+    switch (outlook_.setup().missingCell) {
+    case MissingCell::empty: break;
+    case MissingCell::null: V_VT(&cell) = VT_NULL; break;
+    case MissingCell::notFound:
+        V_VT(&cell) = VT_ERROR;
+        V_ERROR(&cell) = notFound;
+    }
+    return Value::copyOf(cell);
+}
+
 Value TableData::cell(const Item& item, const Field& field) const
 {
-    if (!field.in(item.itemClass)) return {};
-    if (!field.has(Field::computed) && !item.fields.contains(field.id())) return {};
+    if (!field.in(item.itemClass)) return missing();
+    if (!field.has(Field::computed) && !item.fields.contains(field.id())) return missing();
     const Value value = valueOf(item, field);
     if (value.type() != VT_BSTR) return value;
     const std::wstring text = value.text();
-    if (text.empty()) return {};
+    if (text.empty()) return missing();
     return text.size() > longestText ? Value(text.substr(0, longestText)) : value;
 }
 

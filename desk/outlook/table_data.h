@@ -23,29 +23,34 @@ public:
     void removeColumns();
     void removeColumn(std::size_t index);
 
-    // The rows as the folder is now.
+    // Back before the first row.
     void restart();
 
     void restrictTo(const std::wstring& filter);
 
-    const std::vector<SavedItem>& rows() const noexcept { return rows_; }
+    // The rows as the folder is now: a table shows what comes and goes while it is read.
+    const std::vector<SavedItem>& rows();
     std::size_t current() const noexcept { return current_; }
     void advance(std::size_t count) noexcept { current_ += count; }
 
-    // A cell: empty where the item has no such field or nothing in it; a text
-    // is cut.
+    // A cell; where the item has no such field or nothing in it, as the setup
+    // says. A text is cut.
     automation::Value cell(const Item& item, const Field& field) const;
 
     // A position in the columns from a number counted from 1, or a name.
     std::size_t columnIndex(const automation::Value& key) const;
 
 private:
+    void readRows();
+    automation::Value missing() const;
+
     Outlook& outlook_;
     const Folder& folder_;
     std::shared_ptr<Condition> condition_; // null for all
     std::vector<const Field*> columns_;
     std::vector<SavedItem> rows_;
     std::size_t current_ = 0;
+    unsigned long changes_ = 0; // of the folder, when the rows were read
 };
 
 }
