@@ -1,5 +1,7 @@
 // PavexConvId.exe: the identifier map as a local COM server without windows.
 #include "automation/apartment.h"
+#include "automation/call_permission.h"
+#include "automation/process_protection.h"
 #include "automation/text.h"
 #include "convid/class_identity.h"
 #include "convid/command_line.h"
@@ -39,6 +41,7 @@ int carryOut(Task task)
     case Task::serve: {
         ServerProcess process;
         const automation::Apartment apartment;
+        automation::permitCallsOfOwnUserOnly(automation::StartsServers::no);
         process.run(patienceForFirstClient);
         return 0;
     }
@@ -60,6 +63,7 @@ std::wstring hex(HRESULT code)
 
 int WINAPI WinMain(HINSTANCE, HINSTANCE, LPSTR, int)
 try {
+    automation::protectProcess();
     return carryOut(taskOf(processArguments()));
 } catch (const automation::AutomationError& error) {
     report(error.member() + L" failed with " + hex(error.code()));

@@ -1,9 +1,13 @@
 // Wires the program together and runs its message loop.
 #include "automation/apartment.h"
+#include "automation/call_permission.h"
 #include "automation/message_filter.h"
+#include "automation/process_protection.h"
 #include "automation/server/registration.h"
 #include "shell/hublink.h"
 #include "shell/single_instance.h"
+
+#include <commctrl.h>
 
 namespace {
 
@@ -23,6 +27,8 @@ int run()
     if (!instance.isFirst()) return 0;
 
     const automation::Apartment apartment;
+    automation::permitCallsOfOwnUserOnly(automation::StartsServers::yes);
+    InitCommonControls(); // else Windows XP shows no message box of the style that the manifest asks for
     const automation::BusyMessageFilter busyFilter;
     Hublink form(realDesktop());
     form.Form_Load();
@@ -40,6 +46,7 @@ int run()
 
 int WINAPI WinMain(HINSTANCE, HINSTANCE, LPSTR, int)
 try {
+    automation::protectProcess();
     return run();
 } catch (const std::exception& error) {
     OutputDebugStringA(error.what());

@@ -1,0 +1,21 @@
+// A program's file, as Windows reads it before it starts it.
+#pragma once
+
+#include <map>
+#include <set>
+#include <string>
+
+namespace programs {
+
+struct Executable {
+    std::map<std::string, std::set<std::string>> imports; // the libraries' names in lower case
+    unsigned subsystemVersion = 0;                        // 0x0501 is Windows XP
+};
+
+// Throws std::runtime_error when it is none of 32 bits.
+Executable executable(const std::wstring& path);
+
+// "" for a program that has none.
+std::string manifestOf(const std::wstring& path);
+
+}
