@@ -19,6 +19,15 @@ protected:
         outlook.setVersion(version);
     }
 
+    unsigned long questions() { return outlook.guard().questions(); }
+
+    // Whether a walk finds the number.
+    bool walkFinds(const std::wstring& number)
+    {
+        automation::Object contact;
+        return WalkOutlookContacts(session, number, L"", L"", L"", contact);
+    }
+
     // Everything that a walk can bring about, as one text.
     std::wstring walkAs(Version version, const std::wstring& records, const std::wstring& number)
     {
@@ -125,5 +134,99 @@ TEST_F(Absence, TextThatMayHaveBeenCut_ProvesNothing)
 TEST_F(Absence, EmptyFolder_IsProved)
 {
     openAs(Version::v2007, L"");
+    EXPECT_TRUE(absenceIsProved(session, L"999"));
+}
+
+TEST_F(Absence, Version2007AndSeveralBlocks_IsProved_AndTheLastContactIsSeen)
+{
+    openAs(Version::v2007, people(1200));
+    EXPECT_TRUE(absenceIsProved(session, L"999"));
+    openAs(Version::v2007, people(1200) + L"[contact]\nLastName=Last\nCarTelephoneNumber=9 9.9\n");
+    EXPECT_FALSE(absenceIsProved(session, L"999")) << "it stands in the third block";
+    EXPECT_TRUE(walkFinds(L"999"));
+}
+
+TEST_F(Absence, CellsThatAreNullOrNotFound_AreWithoutANumber)
+{
+    for (const wchar_t* cell : {L"missingcell null", L"missingcell notfound", L"missingcell empty"}) {
+        openAs(Version::v2016, people(3) + L"[distlist]\nDLName=Everybody\n");
+        outlook.command(L"missingcell", std::wstring_view(cell).substr(12));
+        EXPECT_TRUE(absenceIsProved(session, L"999")) << desk::utf8(cell);
+        EXPECT_FALSE(absenceIsProved(session, L"")) << desk::utf8(cell) << ": most fields are empty";
+    }
+}
+
+TEST_F(Absence, ContactThatComesBehindTheLastBlock_IsNotOverlooked)
+{
+    openAs(Version::v2016, people(600));
+    outlook.command(L"coming", L"2 contact\nLastName=Late\nCarTelephoneNumber=9 9.9\n");
+    EXPECT_TRUE(walkFinds(L"999")) << "the table has not ended: the walk runs";
+}
+
+TEST_F(Absence, ContactThatComesBetweenTheBlocks_IsNotOverlooked)
+{
+    openAs(Version::v2016, people(600));
+    outlook.command(L"coming", L"1 contact\nLastName=Late\nCarTelephoneNumber=9 9.9\n");
+    EXPECT_TRUE(walkFinds(L"999"));
+}
+
+TEST_F(Absence, ContactThatGoesMeanwhile_ProvesNothing_AndTheWalkFindsNobody)
+{
+    openAs(Version::v2016, people(600));
+    recorder.faults.add(L"on Table.GetRowCount at 1 answer I4 601");
+    EXPECT_FALSE(absenceIsProved(session, L"999")) << "as many rows as were counted are not there any more";
+    EXPECT_FALSE(walkFinds(L"999"));
+}
+
+TEST_F(Absence, ProofOfAbsence_AsksOnceWhetherTheTableHasEnded)
+{
+    openAs(Version::v2016, people(1200));
+    EXPECT_TRUE(absenceIsProved(session, L"999"));
+    EXPECT_EQ(calls(L"Table.EndOfTable get"), 1u);
+    EXPECT_FALSE(absenceIsProved(session, L"557"));
+    EXPECT_EQ(calls(L"Table.EndOfTable get"), 1u) << "a possible hit is answer enough";
+}
+
+TEST_F(Absence, GuardRefusesAColumn_OneQuestion_AndTablesAreLeftAloneUntilTheNextInit)
+{
+    for (const wchar_t* refusal : {L"deny 0x80004004", L"deny 0x80040102"}) {
+        openAs(Version::v2016, people(10));
+        outlook.command(L"guard", refusal);
+        const unsigned long before = questions();
+        for (int call = 0; call < 5; ++call) EXPECT_TRUE(walkFinds(L"557"));
+        EXPECT_FALSE(walkFinds(L"999"));
+        EXPECT_EQ(questions() - before, 1u) << desk::utf8(refusal) << ": a walk asks nothing";
+        EXPECT_EQ(calls(L"Folder.GetTable method"), 1u);
+        outlook.command(L"guard", L"off");
+        EXPECT_FALSE(walkFinds(L"999"));
+        EXPECT_EQ(calls(L"Folder.GetTable method"), 1u) << "nobody has opened the session again";
+        session.bOutlookInit = false;
+        InitOutlook(session);
+        EXPECT_TRUE(absenceIsProved(session, L"999"));
+    }
+}
+
+TEST_F(Absence, UserIsAskedAboutAColumn_AndAllows_TablesAreLeftAloneAllTheSame)
+{
+    openAs(Version::v2016, people(10));
+    outlook.command(L"guard", L"allow 1200");
+    for (int call = 0; call < 3; ++call) EXPECT_TRUE(walkFinds(L"557"));
+    EXPECT_EQ(questions(), 1u) << "each further column would have been asked about, too";
+    EXPECT_EQ(calls(L"Folder.GetTable method"), 1u);
+}
+
+TEST_F(Absence, ColumnsAllowedWithoutAQuestion_AreTaken)
+{
+    openAs(Version::v2016, people(10));
+    outlook.command(L"guard", L"allow");
+    EXPECT_TRUE(absenceIsProved(session, L"999"));
+    EXPECT_TRUE(absenceIsProved(session, L"999"));
+}
+
+TEST_F(Absence, OutlookWithoutTables_IsNoGuard)
+{
+    openAs(Version::v2003, people(3));
+    EXPECT_FALSE(absenceIsProved(session, L"999"));
+    outlook.setVersion(Version::v2016);
     EXPECT_TRUE(absenceIsProved(session, L"999"));
 }

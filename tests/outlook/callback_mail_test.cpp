@@ -28,13 +28,10 @@ TEST_F(CallbackMail, EmptyTemplate_GivesAnEmptySubjectAndBody_AddressedToTheCont
 {
     open();
     EXPECT_TRUE(SendOutlookMail(session, L"claire@example.com", MakeCallBackText(session, L"1", L"D", L"M")));
-    const auto calls = record();
-    const auto made = [&](const wchar_t* call) { return std::find(calls.begin(), calls.end(), call) != calls.end(); };
-    EXPECT_TRUE(made(L"Application.CreateItem method (I2 0)"));
-    EXPECT_TRUE(made(L"MailItem.Subject put (BSTR \"\")"));
-    EXPECT_TRUE(made(L"MailItem.Body put (BSTR \"\")"));
-    EXPECT_TRUE(made(L"MailItem.To put (BSTR \"claire@example.com\")"));
-    EXPECT_EQ(calls.back(), L"MailItem.Display method ()");
+    EXPECT_EQ(carriedOut(), (std::vector<std::wstring>{
+                                L"Application.CreateItem method (I2 0)", L"MailItem.Subject put (BSTR \"\")",
+                                L"MailItem.Body put (BSTR \"\")", L"MailItem.To put (BSTR \"claire@example.com\")",
+                                L"MailItem.Display method ()"}));
 }
 
 TEST_F(CallbackMail, FilledTemplate_IsTheSubject_AndNothingIsSentOrSaved)
@@ -46,6 +43,15 @@ TEST_F(CallbackMail, FilledTemplate_IsTheSubject_AndNothingIsSentOrSaved)
     EXPECT_EQ(*outlook.command(L"windows", L""), L"Call Marc Durand back at 0123 - Message\tmail\tunsaved");
     EXPECT_EQ(calls(L"MailItem.Send method"), 0u);
     EXPECT_EQ(calls(L"MailItem.Save method"), 0u);
+    outlook.command(L"close-windows", L"");
+}
+
+TEST_F(CallbackMail, GuardThatRefuses_DoesNotKeepTheMailFromOpening)
+{
+    open();
+    outlook.command(L"guard", L"deny");
+    EXPECT_TRUE(SendOutlookMail(session, L"c@example.com", L"subject"));
+    EXPECT_EQ(outlook.guard().questions(), 0u) << "what is only written is not guarded";
     outlook.command(L"close-windows", L"");
 }
 

@@ -228,3 +228,89 @@ TEST_F(ContactLookup, Show_DisplayFails_IsFalse)
     recorder.faults.add(L"on ContactItem.Display fail 0x80004005");
     EXPECT_FALSE(ShowOutlookContact(session, L"01234567"));
 }
+
+TEST_F(ContactLookup, Identifier_IsReadBeforeTheThreeTexts)
+{
+    open(marcStripped);
+    find(L"01234567");
+    std::vector<std::wstring> read;
+    for (const std::wstring& call : record())
+        if (call.starts_with(L"ContactItem.") && call.find(L" get ") != std::wstring::npos) read.push_back(call);
+    EXPECT_EQ(read, (std::vector<std::wstring>{L"ContactItem.EntryID get ()", L"ContactItem.LastName get ()",
+                                               L"ContactItem.FirstName get ()", L"ContactItem.Email1Address get ()"}));
+}
+
+TEST_F(ContactLookup, MailAddressRefused_TheContactIsRecognised_AndTheNamesAreRead)
+{
+    for (const wchar_t* refusal : {L"deny 0x80004004", L"deny 0x80040102"}) {
+        for (const wchar_t* contact : {marcStripped, marcWithDots}) {
+            session.bOutlookInit = false;
+            open(contact);
+            lastName = firstName = mail = L"before";
+            outlook.command(L"guard", refusal);
+            EXPECT_EQ(find(L"01234567"), field(L"contact", 0, L"EntryID")) << desk::utf8(refusal);
+            EXPECT_EQ(lastName, L"Durand");
+            EXPECT_EQ(firstName, L"Marc");
+            EXPECT_EQ(mail, L"before") << "what is refused stays as it was";
+        }
+    }
+}
+
+TEST_F(ContactLookup, IdentifierRefused_NobodyIsFound)
+{
+    open(marcStripped);
+    recorder.faults.add(L"on ContactItem.EntryID get fail 0x80004005");
+    EXPECT_EQ(find(L"01234567"), L"");
+    EXPECT_EQ(lastName, L"before") << "nothing was read before it";
+    EXPECT_EQ(calls(L"Items.GetFirst method"), 0u) << "an error ends the procedure: no walk";
+}
+
+TEST_F(ContactLookup, FilterGivesAContactWithoutAnIdentifier_TheWalkFindsIt)
+{
+    open(marcStripped);
+    recorder.faults.add(L"on ContactItem.EntryID get at 1 answer BSTR ");
+    EXPECT_EQ(find(L"01234567"), field(L"contact", 0, L"EntryID"));
+    EXPECT_EQ(calls(L"Items.GetFirst method"), 1u);
+    EXPECT_EQ(calls(L"ContactItem.EntryID get"), 2u);
+}
+
+TEST_F(ContactLookup, DistributionListBeforeTheContact_KnownNames_EndsTheWalkQuietlyAllTheSame)
+{
+    open(marcWithDots);
+    EXPECT_FALSE(find(L"01234567").empty()) << "the names of a contact's members are known now";
+    outlook.load(desk::parseStore(L"[distlist]\nDLName=Everybody\n" + std::wstring(marcWithDots)));
+    EXPECT_EQ(find(L"01234567"), L"");
+    EXPECT_EQ(field(L"contact", 0, L"HomeTelephoneNumber"), L"01 23.45.67");
+}
+
+TEST_F(ContactLookup, NumberMaskedByOutlookAsItWasTyped_IsNotFound)
+{
+    open(marcStripped);
+    outlook.command(L"type", field(L"contact", 0, L"EntryID") + L"\nCarTelephoneNumber=+12223334444\n");
+    outlook.command(L"save-windows", L"");
+    ASSERT_EQ(field(L"contact", 0, L"CarTelephoneNumber"), L"+1 (222) 333-4444");
+    EXPECT_EQ(find(L"+12223334444"), L"") << "only dots and blanks are separators";
+    EXPECT_FALSE(find(L"+1(222)333-4444").empty()) << "a call that comes with the same signs";
+}
+
+TEST_F(ContactLookup, ContactThatItsUserIsTypingInto_IsSavedWithWhatWasTyped_AndClosed)
+{
+    open(marcWithDots);
+    const std::wstring id = field(L"contact", 0, L"EntryID");
+    outlook.command(L"type", id + L"\nCompanyName=Half a na\n");
+    EXPECT_EQ(find(L"01234567"), id);
+    EXPECT_EQ(field(L"contact", 0, L"HomeTelephoneNumber"), L"01234567");
+    EXPECT_EQ(field(L"contact", 0, L"CompanyName"), L"Half a na") << "saved and closed: nothing typed is lost";
+    EXPECT_EQ(outlook.inspectors().size(), 0u);
+}
+
+TEST_F(ContactLookup, ContactThatItsUserIsTypingInto_FoundByTheFilter_IsLeftAlone)
+{
+    open(marcStripped);
+    outlook.command(L"type", field(L"contact", 0, L"EntryID") + L"\nCompanyName=Half a na\n");
+    EXPECT_TRUE(ShowOutlookContact(session, L"01234567"));
+    EXPECT_EQ(field(L"contact", 0, L"CompanyName"), L"") << "not saved";
+    ASSERT_EQ(outlook.inspectors().size(), 1u);
+    outlook.command(L"save-windows", L"");
+    EXPECT_EQ(field(L"contact", 0, L"CompanyName"), L"Half a na");
+}

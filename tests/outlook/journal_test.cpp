@@ -60,8 +60,13 @@ TEST_F(LogItem, FirstLine_CreatesTheItem_WithStartEqualToEnd)
     EXPECT_EQ(field(L"journal", 0, L"Start"), L"2023-03-15 12:00:00");
     EXPECT_EQ(field(L"journal", 0, L"End"), L"2023-03-15 12:00:00");
     EXPECT_EQ(field(L"journal", 0, L"Body"), L"3/15/2023 12:00:00 PM Start Connector Initialization");
-    EXPECT_EQ(record().front(), L"Application.CreateItem lookup");
-    EXPECT_EQ(calls(L"Application.CreateItem method"), 1u);
+    EXPECT_EQ(carriedOut(),
+              (std::vector<std::wstring>{
+                  L"Application.CreateItem method (I2 4)", L"JournalItem.Subject put (BSTR \"Connector Log\")",
+                  L"JournalItem.Start put (DATE 2023-03-15 12:00:00)", L"JournalItem.End put (DATE 2023-03-15 12:00:00)",
+                  L"JournalItem.Type put (BSTR \"Pavex Connector\")",
+                  L"JournalItem.Body put (BSTR \"3/15/2023 12:00:00 PM Start Connector Initialization\")",
+                  L"JournalItem.Close method (I2 0)"}));
 }
 
 TEST_F(LogItem, SecondLine_MovesOnlyEnd_AndIsJoinedByABareLineFeed)
@@ -69,7 +74,13 @@ TEST_F(LogItem, SecondLine_MovesOnlyEnd_AndIsJoinedByABareLineFeed)
     open();
     LogToOutlookJournal(session, L"first");
     host.time = 45000.75;
+    forgetCalls();
     LogToOutlookJournal(session, L"second");
+    EXPECT_EQ(carriedOut(),
+              (std::vector<std::wstring>{
+                  L"JournalItem.End put (DATE 2023-03-15 18:00:00)", L"JournalItem.Body get ()",
+                  L"JournalItem.Body put (BSTR \"3/15/2023 12:00:00 PM first\\n3/15/2023 6:00:00 PM second\")",
+                  L"JournalItem.Close method (I2 0)"}));
     ASSERT_EQ(count(L"journal"), 1u);
     EXPECT_EQ(field(L"journal", 0, L"Start"), L"2023-03-15 12:00:00");
     EXPECT_EQ(field(L"journal", 0, L"End"), L"2023-03-15 18:00:00");
@@ -95,6 +106,32 @@ TEST_F(LogItem, FailureLosesThatLineOnly)
     EXPECT_EQ(field(L"journal", 0, L"Body"), L"3/15/2023 12:00:00 PM first\n3/15/2023 12:00:00 PM third");
 }
 
+TEST_F(LogItem, FirstLineFailsAfterTheItemWasMade_TheNextLineIsAppendedToThatItem)
+{
+    open();
+    recorder.faults.add(L"on JournalItem.Subject put at 1 fail 0x80004005");
+    LogToOutlookJournal(session, L"lost");
+    EXPECT_EQ(count(L"journal"), 0u);
+    LogToOutlookJournal(session, L"second");
+    EXPECT_EQ(count(L"journal"), 1u);
+    EXPECT_EQ(calls(L"Application.CreateItem method"), 1u);
+    EXPECT_EQ(field(L"journal", 0, L"Body"), L"\n3/15/2023 12:00:00 PM second") << "appended to an empty body";
+    EXPECT_EQ(field(L"journal", 0, L"Subject"), L"") << "the item is never named again";
+}
+
+TEST_F(LogItem, GuardThatRefusesTheBody_EachFurtherLineIsLost_AtOneQuestion)
+{
+    open();
+    outlook.command(L"guard", L"deny");
+    LogToOutlookJournal(session, L"first");
+    EXPECT_EQ(outlook.guard().questions(), 0u) << "the first line is only written";
+    LogToOutlookJournal(session, L"lost");
+    EXPECT_EQ(outlook.guard().questions(), 1u);
+    outlook.command(L"guard", L"off");
+    LogToOutlookJournal(session, L"third");
+    EXPECT_EQ(field(L"journal", 0, L"Body"), L"3/15/2023 12:00:00 PM first\n3/15/2023 12:00:00 PM third");
+}
+
 TEST_F(LogItem, AfterAReinitialisation_TheSameItemGoesOn)
 {
     open();
@@ -115,6 +152,48 @@ TEST_F(Journal, IncomingCallFromAKnownContact_HasStarNamesAndNumber)
     EXPECT_EQ(journal(L"Start"), L"2023-03-15 06:00:00");
     EXPECT_EQ(journal(L"End"), L"2023-03-15 12:00:00");
     EXPECT_EQ(journal(L"Recipient"), L"Marc Durand");
+}
+
+TEST_F(Journal, ItemOfACall_IsFilledInOrder)
+{
+    open(marc);
+    create({.incoming = true});
+    std::vector<std::wstring> made;
+    for (const std::wstring& call : carriedOut())
+        if (call.starts_with(L"Application.") || call.starts_with(L"JournalItem.") || call.starts_with(L"Recipients."))
+            made.push_back(call);
+    EXPECT_EQ(made, (std::vector<std::wstring>{
+                        L"Application.CreateItem method (I2 4)",
+                        L"JournalItem.Subject put (BSTR \"* Marc Durand (0123456)\")",
+                        L"JournalItem.Start put (DATE 2023-03-15 06:00:00)",
+                        L"JournalItem.End put (DATE 2023-03-15 12:00:00)",
+                        L"JournalItem.Type put (BSTR \"Phone Call\")", L"JournalItem.Recipients get ()",
+                        L"Recipients.Add method (BSTR \"Marc Durand\")",
+                        L"JournalItem.Body put (BSTR \"Incoming call answered\")", L"JournalItem.Close method (I2 0)",
+                        L"JournalItem.EntryID get ()"}));
+}
+
+TEST_F(Journal, KnownCallerWithContactCreation_IsTheRecipient_AndNoSecondContactIsMade)
+{
+    open(marc);
+    create({.lastName = L"X", .firstName = L"Y"}, true);
+    EXPECT_EQ(count(L"contact"), 1u);
+    EXPECT_EQ(journal(L"Recipient"), L"Marc Durand");
+}
+
+TEST_F(Journal, GuardThatRefuses_TheCallIsCopiedWithoutARecipient_AndNoContactIsDoubled)
+{
+    for (const wchar_t* refusal : {L"deny 0x80004004", L"deny 0x80040102"}) {
+        session.bOutlookInit = false;
+        open(marc);
+        outlook.command(L"guard", refusal);
+        const std::wstring id = create({.lastName = L"X", .firstName = L"Y"}, true);
+        EXPECT_EQ(count(L"contact"), 1u) << "the caller is recognised though the mail address is refused";
+        EXPECT_EQ(id, journal(L"EntryID"));
+        EXPECT_EQ(journal(L"Subject"), L"Marc Durand (0123456)");
+        EXPECT_EQ(journal(L"Recipient"), L"");
+        EXPECT_EQ(journal(L"Body"), L"Outgoing call answered");
+    }
 }
 
 TEST_F(Journal, OutgoingCallWithoutAName_HasABlankBetweenTheEmptyNames)
@@ -180,20 +259,25 @@ TEST_F(Journal, CallState_DecidesTheSixTexts)
     EXPECT_EQ(bodyFor(false, 13, 2), L"Outgoing call answered");
 }
 
-TEST_F(Journal, WithADictionary_BodyAndUnknownCallerAreTranslated)
+TEST_F(Journal, WithALanguageInTheIniFile_InitOutlookLoadsItsDictionary)
 {
     const support::ScratchFolder folder;
     folder.folder(L"dictionary");
     folder.write(L"dictionary\\1036.ini",
                  support::utf16File(L"[history]\r\nTI_NAMECALL_UNKNOWN=&Inconnu\r\nST_FILTRE_LST2=Appel &entrant\r\n"));
+    folder.write(L"dictionary\\1040.ini", support::utf16File(L"[history]\r\nTI_NAMECALL_UNKNOWN=Sconosciuto\r\n"));
+    folder.write(L"pavexconnector.ini", "[outlook]\r\nlanguage=1036\r\n");
+    host.settings.szFileConnectorIni = folder.file(L"pavexconnector.ini");
     dictionary = Dictionary(folder.path());
-    dictionary.LoadDicoSelected(1036);
-    outlook.load({});
-    session.OutlookApp = automation::Object(outlook.application().get());
-    session.nLanguage = 1036;
+    open();
     create({.number = L"", .incoming = true});
     EXPECT_EQ(journal(L"Subject"), L"* Inconnu");
     EXPECT_EQ(journal(L"Body"), L"Appel entrant");
+    folder.write(L"pavexconnector.ini", "[outlook]\r\nlanguage=1040\r\n");
+    session.bOutlookInit = false;
+    InitOutlook(session);
+    create({.number = L"", .incoming = true});
+    EXPECT_EQ(field(L"journal", 1, L"Subject"), L"* Sconosciuto") << "another initialisation, another language";
 }
 
 TEST_F(Journal, ItemWithoutAState_FailsQuietly_AndNothingIsKept)

@@ -40,6 +40,14 @@ protected:
     // The record of every call, a line each.
     std::vector<std::wstring> record() { return split(recorder.record(), L'\n'); }
 
+    // The same without the look-ups of names.
+    std::vector<std::wstring> carriedOut()
+    {
+        std::vector<std::wstring> lines = record();
+        std::erase_if(lines, [](const std::wstring& line) { return line.ends_with(L" lookup"); });
+        return lines;
+    }
+
     std::wstring field(const wchar_t* kind, std::size_t index, const wchar_t* name)
     {
         return support::savedField(outlook, kind, index, name);
