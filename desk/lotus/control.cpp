@@ -213,8 +213,40 @@ std::wstring setAvailable(Notes& notes, std::wstring_view text)
 std::wstring setMissing(Notes& notes, std::wstring_view text)
 {
     if (text != L"array" && text != L"text") throw std::runtime_error("missing array, or text");
-    notes.missingItemIsArray = text == L"array";
+    notes.behaviour.missingItemIsArray = text == L"array";
     notes.changed();
+    return L"ok";
+}
+
+std::wstring setArrays(Notes& notes, std::wstring_view text)
+{
+    if (text != L"variant" && text != L"typed") throw std::runtime_error("arrays variant, or typed");
+    notes.behaviour.typedArrays = text == L"typed";
+    notes.changed();
+    return L"ok";
+}
+
+std::wstring setServerName(Notes& notes, std::wstring_view text)
+{
+    if (text != L"on" && text != L"off") throw std::runtime_error("server-name on, or off");
+    notes.behaviour.hasServerName = text == L"on";
+    notes.changed();
+    return L"ok";
+}
+
+std::wstring setDataFolder(Notes& notes, std::wstring_view text)
+{
+    notes.behaviour.dataFolder = text;
+    notes.changed();
+    return L"ok";
+}
+
+std::wstring setIndex(Notes& notes, std::wstring_view text)
+{
+    const SharedDatabase database = databaseNamed(notes, takeWord(text));
+    if (text != L"stale" && text != L"updated") throw std::runtime_error("index DATABASE stale, or updated");
+    if (!database->fullTextIndexed) throw std::runtime_error("the database has no full-text index");
+    text == L"stale" ? database->leaveIndexBehind() : database->updateIndex();
     return L"ok";
 }
 
@@ -240,6 +272,11 @@ std::optional<std::wstring> Notes::command(const std::wstring& word, std::wstrin
     if (word == L"save-windows") return closeWindows(workspace_, true);
     if (word == L"available") return setAvailable(*this, rest);
     if (word == L"missing") return setMissing(*this, rest);
+    if (word == L"arrays") return setArrays(*this, rest);
+    if (word == L"server-name") return setServerName(*this, rest);
+    if (word == L"data-folder") return setDataFolder(*this, rest);
+    if (word == L"index") return setIndex(*this, rest);
+    if (word == L"frame") return workspace_.screen().moveIntoFrame(), L"ok";
     return std::nullopt;
 }
 

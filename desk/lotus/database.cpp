@@ -152,7 +152,7 @@ std::vector<SavedNote> Database::candidates(const View& view, const Condition& c
 {
     std::vector<SavedNote> found;
     Condition::Places places;
-    if (fullTextIndexed) {
+    if (fullTextIndexed && !indexed_) {
         if (!words_.built()) words_.build(notes_);
         places = condition.candidates(words_);
     }
@@ -175,11 +175,26 @@ std::vector<SavedNote> Database::candidates(const View& view, const Condition& c
     return found;
 }
 
+void Database::leaveIndexBehind()
+{
+    indexed_.emplace();
+    for (const SavedNote& note : notes_) indexed_->emplace(note->place, *note);
+}
+
+const Note* Database::asIndexed(const Note& note) const
+{
+    if (!indexed_) return &note;
+    const auto found = indexed_->find(note.place);
+    return found == indexed_->end() ? nullptr : &found->second;
+}
+
 std::vector<SavedNote> Database::search(const View& view, const Condition& condition, std::size_t most)
 {
     std::vector<std::pair<unsigned, SavedNote>> ranked;
-    for (const SavedNote& note : candidates(view, condition))
-        if (const unsigned hits = condition.hits(*note)) ranked.emplace_back(hits, note);
+    for (const SavedNote& note : candidates(view, condition)) {
+        const Note* const indexed = asIndexed(*note);
+        if (const unsigned hits = indexed ? condition.hits(*indexed) : 0) ranked.emplace_back(hits, note);
+    }
     if (fullTextIndexed)
         std::stable_sort(ranked.begin(), ranked.end(),
                          [](const auto& one, const auto& other) { return one.first > other.first; });

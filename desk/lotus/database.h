@@ -7,6 +7,7 @@
 #include <deque>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <unordered_map>
 #include <vector>
@@ -71,6 +72,11 @@ public:
     void replace(const SavedNote& note, Note contents);
     void remove(const SavedNote& note);
 
+    // A full-text index is as old as its last update: from now on searches see
+    // the documents as they are now, until it is updated.
+    void leaveIndexBehind();
+    void updateIndex() { indexed_.reset(); }
+
     // The documents of a view (in its order) that match, at most `most` of
     // them unless that is 0. With a full-text index, those with most hits first.
     std::vector<SavedNote> search(const View& view, const Condition& condition, std::size_t most);
@@ -84,12 +90,14 @@ private:
 
     std::wstring newUniversalId(unsigned long noteId) const;
     std::vector<SavedNote> candidates(const View& view, const Condition& condition);
+    const Note* asIndexed(const Note& note) const; // null when it is not in the index
 
     std::deque<StoredView> views_;
     std::vector<SavedNote> notes_;
     std::unordered_map<unsigned long, SavedNote> byId_;
     std::unordered_map<std::wstring, SavedNote> byUniversalId_;
     WordIndex words_;
+    std::optional<std::unordered_map<unsigned long, Note>> indexed_; // by place, while the index is behind
     unsigned long lastId_ = 0;
     unsigned long lastPlace_ = 0;
 };

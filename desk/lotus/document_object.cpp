@@ -45,8 +45,10 @@ Value DocumentObject::answer(const IncomingCall& call)
 // empty text alone.
 Value DocumentObject::valueOfItem(const ItemName& name) const
 {
-    if (const Item* item = note().find(name)) return valuesOf(*item);
-    return notes_.missingItemIsArray ? arrayOf({L""}) : Value(L"");
+    const Behaviour& ways = notes_.behaviour;
+    if (const Item* item = note().find(name)) return valuesOf(*item, ways.typedArrays);
+    if (!ways.missingItemIsArray) return L"";
+    return arrayOf({L""}, ways.typedArrays ? VT_BSTR : VT_VARIANT);
 }
 
 Value DocumentObject::itemProperty(const ItemName& name, const IncomingCall& call)

@@ -60,6 +60,14 @@ Value element(SAFEARRAY* array, VARTYPE type, LONG index)
     return result;
 }
 
+// As SafeArrayPutElement takes it: a text itself, all else by its address.
+void* elementOf(const Value& value, VARTYPE type)
+{
+    VARIANT& variant = const_cast<VARIANT&>(value.variant());
+    if (type == VT_VARIANT) return &variant;
+    return type == VT_BSTR ? static_cast<void*>(V_BSTR(&variant)) : &V_R8(&variant);
+}
+
 ItemType typeFor(VARTYPE type)
 {
     switch (type) {
@@ -102,11 +110,12 @@ Value valueAt(const Item& item, std::size_t index)
     return item.type == ItemType::date ? Value::date(item.numbers[index]) : number(item.numbers[index]);
 }
 
-Value valuesOf(const Item& item)
+Value valuesOf(const Item& item, bool typed)
 {
     std::vector<Value> values;
     for (std::size_t index = 0; index < item.size(); ++index) values.push_back(valueAt(item, index));
-    return arrayOf(values);
+    if (!typed || item.type == ItemType::date) return arrayOf(values);
+    return arrayOf(values, item.isText() ? VT_BSTR : VT_R8);
 }
 
 std::wstring textAt(const Item& item, std::size_t index)
@@ -121,16 +130,16 @@ std::wstring textOf(const Item& item)
     return text;
 }
 
-Value arrayOf(const std::vector<Value>& values)
+Value arrayOf(const std::vector<Value>& values, VARTYPE type)
 {
-    SAFEARRAY* const array = SafeArrayCreateVector(VT_VARIANT, 0, static_cast<ULONG>(values.size()));
+    SAFEARRAY* const array = SafeArrayCreateVector(type, 0, static_cast<ULONG>(values.size()));
     if (!array) throw std::bad_alloc();
     Value result;
     VARIANT* variant = result.receive();
-    V_VT(variant) = VT_ARRAY | VT_VARIANT;
+    V_VT(variant) = static_cast<VARTYPE>(VT_ARRAY | type);
     V_ARRAY(variant) = array;
     for (LONG index = 0; index < static_cast<LONG>(values.size()); ++index)
-        check(SafeArrayPutElement(array, &index, const_cast<VARIANT*>(&values[static_cast<std::size_t>(index)].variant())),
+        check(SafeArrayPutElement(array, &index, elementOf(values[static_cast<std::size_t>(index)], type)),
               L"SafeArrayPutElement");
     return result;
 }

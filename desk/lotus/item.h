@@ -42,15 +42,17 @@ struct Item {
 
 Item textItem(const ItemName& name, std::wstring text);
 
-// One of its values; all of them as an array of VARIANT, counted from 0; the
-// text of one, and of all of them with semicolons between. Numbers and dates
-// become texts in the user's formats.
+// One of its values; all of them as an array, counted from 0: of VARIANT, or
+// with `typed`, of texts or of doubles (dates of VARIANT still); the text of one,
+// and of all of them with semicolons between. Numbers and dates become texts in
+// the user's formats.
 automation::Value valueAt(const Item& item, std::size_t index);
-automation::Value valuesOf(const Item& item);
+automation::Value valuesOf(const Item& item, bool typed);
 std::wstring textAt(const Item& item, std::size_t index);
 std::wstring textOf(const Item& item);
 
-automation::Value arrayOf(const std::vector<automation::Value>& values);
+// Elements of another type than VARIANT are of exactly that type already.
+automation::Value arrayOf(const std::vector<automation::Value>& values, VARTYPE type = VT_VARIANT);
 
 // What an array of any type holds; a single value is its own element. Throws
 // AutomationError.

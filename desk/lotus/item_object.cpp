@@ -19,7 +19,8 @@ ItemObject::ItemObject(Notes& notes, SharedNote note, Item item)
 // A rich text is read as one text, all else as an array.
 Value ItemObject::values(const IncomingCall& call)
 {
-    if (!call.isPut()) return item_.type == ItemType::richText ? Value(textOf(item_)) : valuesOf(item_);
+    if (!call.isPut()) return item_.type == ItemType::richText ? Value(textOf(item_))
+                                                                      : valuesOf(item_, notes_.behaviour.typedArrays);
     try {
         item_ = itemFrom(*item_.name, call.arguments.value(0));
     } catch (const automation::AutomationError& error) {

@@ -58,8 +58,22 @@ void Notes::setEnvironment(const std::wstring& name, std::wstring value)
     changed();
 }
 
+std::wstring Notes::folderPrefix() const
+{
+    return behaviour.dataFolder.empty() ? L"" : behaviour.dataFolder + L"\\";
+}
+
+std::wstring Notes::toldPath(const std::wstring& server, const std::wstring& filePath) const
+{
+    const std::wstring prefix = folderPrefix();
+    const bool isComplete = lowerCase(filePath).starts_with(lowerCase(prefix));
+    return server.empty() && !isComplete ? prefix + filePath : filePath;
+}
+
 SharedDatabase Notes::database(std::wstring_view server, std::wstring_view filePath) const
 {
+    const std::wstring prefix = folderPrefix();
+    if (server.empty() && lowerCase(filePath).starts_with(lowerCase(prefix))) filePath.remove_prefix(prefix.size());
     for (const SharedDatabase& each : databases_)
         if (each->isAt(server, filePath)) return each;
     return nullptr;
@@ -71,7 +85,7 @@ void Notes::load(const std::vector<StoreRecord>& records)
     workspace_.clear();
     userName = std::move(contents.userName);
     version = std::move(contents.version);
-    missingItemIsArray = contents.missingItemIsArray;
+    behaviour = std::move(contents.behaviour);
     environment_.clear();
     for (auto& [name, value] : contents.environment) environment_.insert_or_assign(name, value);
     databases_ = std::move(contents.databases);
@@ -84,7 +98,7 @@ std::vector<StoreRecord> Notes::records() const
     Contents contents;
     contents.userName = userName;
     contents.version = version;
-    contents.missingItemIsArray = missingItemIsArray;
+    contents.behaviour = behaviour;
     contents.environment.assign(environment_.begin(), environment_.end());
     contents.databases = databases_;
     contents.icons = workspace_.icons();

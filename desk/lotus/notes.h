@@ -8,6 +8,7 @@
 #include "automation/object.h"
 #include "desk/common/recorder.h"
 #include "desk/common/store_file.h"
+#include "desk/lotus/behaviour.h"
 #include "desk/lotus/workspace.h"
 
 #include <functional>
@@ -42,7 +43,7 @@ public:
     // As in the user's preferences.
     std::wstring userName = L"CN=Notes User/O=Acme"; // canonical
     std::wstring version = L"Release 8.5.3|September 15, 2011";
-    bool missingItemIsArray = true; // or else an empty text alone
+    Behaviour behaviour;
 
     // The value of a line of notes.ini; null when there is none.
     const std::wstring* environment(const std::wstring& name) const;
@@ -53,6 +54,9 @@ public:
 
     // The database there; null when there is none.
     SharedDatabase database(std::wstring_view server, std::wstring_view filePath) const;
+
+    // What NotesDatabase.FilePath tells about a database there.
+    std::wstring toldPath(const std::wstring& server, const std::wstring& filePath) const;
 
     // The records of the store. Loading others closes the windows.
     void load(const std::vector<StoreRecord>& records);
@@ -87,6 +91,8 @@ public:
     const auto& itemObjects() const noexcept { return itemObjects_; }
 
 private:
+    std::wstring folderPrefix() const;
+
     struct WithoutCase {
         bool operator()(const std::wstring& one, const std::wstring& other) const;
     };

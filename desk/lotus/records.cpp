@@ -116,7 +116,10 @@ private:
         for (const auto& [name, value] : record.fields) {
             if (name == L"UserName") contents_.userName = value;
             else if (name == L"Version") contents_.version = value;
-            else if (name == L"MissingItem") contents_.missingItemIsArray = value != L"text";
+            else if (name == L"MissingItem") contents_.behaviour.missingItemIsArray = value != L"text";
+            else if (name == L"Arrays") contents_.behaviour.typedArrays = value == L"typed";
+            else if (name == L"ServerName") contents_.behaviour.hasServerName = truthOf(value);
+            else if (name == L"DataFolder") contents_.behaviour.dataFolder = value;
             else refuse(name);
         }
     }
@@ -221,7 +224,10 @@ StoreRecord settingsRecord(const Contents& contents)
     StoreRecord record{L"notes", {}, 0};
     record.add(L"UserName", contents.userName);
     record.add(L"Version", contents.version);
-    if (!contents.missingItemIsArray) record.add(L"MissingItem", L"text");
+    if (!contents.behaviour.missingItemIsArray) record.add(L"MissingItem", L"text");
+    if (contents.behaviour.typedArrays) record.add(L"Arrays", L"typed");
+    if (!contents.behaviour.hasServerName) record.add(L"ServerName", L"False");
+    if (!contents.behaviour.dataFolder.empty()) record.add(L"DataFolder", contents.behaviour.dataFolder);
     return record;
 }
 

@@ -30,6 +30,7 @@
 #pragma once
 
 #include "desk/common/store_file.h"
+#include "desk/lotus/behaviour.h"
 #include "desk/lotus/workspace.h"
 
 namespace desk::lotus {
@@ -37,7 +38,7 @@ namespace desk::lotus {
 struct Contents {
     std::wstring userName = L"CN=Notes User/O=Acme";
     std::wstring version = L"Release 8.5.3|September 15, 2011";
-    bool missingItemIsArray = true;
+    Behaviour behaviour;
     std::vector<std::pair<std::wstring, std::wstring>> environment;
     std::vector<SharedDatabase> databases;
     std::vector<Icon> icons;

@@ -35,6 +35,9 @@ public:
 
     // What the main window shows has changed.
     virtual void updateMain() = 0;
+
+    // All windows lie in the frame of a second program from now on.
+    virtual void moveIntoFrame() = 0;
 };
 
 class NoScreen : public Screen {
@@ -46,6 +49,7 @@ public:
     void comeToForeground(WindowId) override {}
     void leaveForeground() override {}
     void updateMain() override {}
+    void moveIntoFrame() override {}
 };
 
 }

@@ -1,5 +1,6 @@
 // NotesSession: the user, the environment and the way to the databases.
 #include "automation/error.h"
+#include "desk/common/text.h"
 #include "desk/lotus/objects.h"
 
 namespace desk::lotus {
@@ -17,6 +18,12 @@ public:
     static const std::vector<MemberRow<Session>>& members();
 
 private:
+    DISPID idOf(std::wstring_view name) override
+    {
+        const bool isMissing = !notes_.behaviour.hasServerName && lowerCase(name) == L"servername";
+        return isMissing ? DISPID_UNKNOWN : RecordedTable::idOf(name);
+    }
+
     Value database(const IncomingCall& call)
     {
         const std::wstring place = call.arguments.text(0);

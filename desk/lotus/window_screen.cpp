@@ -8,19 +8,9 @@ namespace {
 
 constexpr int places = 12; // of the cascade, until it starts again on top of the first
 
-bool isOurs(HWND window)
+void putBehind(HWND window)
 {
-    DWORD process = 0;
-    GetWindowThreadProcessId(window, &process);
-    return process == GetCurrentProcessId();
-}
-
-// The next visible window of another program, or the desktop.
-HWND windowOfOthers()
-{
-    for (HWND window = GetTopWindow(nullptr); window; window = GetWindow(window, GW_HWNDNEXT))
-        if (IsWindowVisible(window) && !isOurs(window)) return window;
-    return GetDesktopWindow();
+    SetWindowPos(window, HWND_BOTTOM, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
 }
 
 }
@@ -59,6 +49,21 @@ HWND WindowScreen::windowOf(WindowId id) const
     return found == frames_.end() ? main_.handle() : found->second->handle();
 }
 
+bool WindowScreen::isOurs(HWND window) const
+{
+    DWORD process = 0;
+    GetWindowThreadProcessId(window, &process);
+    return process == GetCurrentProcessId() || (frame_ && window == frame_->handle());
+}
+
+// The next visible window of another program, or the desktop.
+HWND WindowScreen::windowOfOthers() const
+{
+    for (HWND window = GetTopWindow(nullptr); window; window = GetWindow(window, GW_HWNDNEXT))
+        if (IsWindowVisible(window) && !isOurs(window)) return window;
+    return GetDesktopWindow();
+}
+
 void WindowScreen::activated(WindowId id)
 {
     if (quiet_ == 0 && notes_) notes_->workspace().activated(id);
@@ -79,6 +84,7 @@ void WindowScreen::open(WindowId id, const DocumentView& view)
         DocumentFrame::Handlers{[this, id] { notes_->workspace().close(id); }, [this, id] { save(id); },
                                 [this, id](bool editing) { notes_->workspace().setEditing(id, editing); },
                                 [this, id] { activated(id); }});
+    if (frame_) frame_->take(windowOf(id));
     raise(id);
 }
 
@@ -100,7 +106,7 @@ void WindowScreen::raise(WindowId id)
     const Quiet quiet(*this);
     const HWND window = windowOf(id);
     SetWindowPos(window, HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE | SWP_SHOWWINDOW);
-    if (isOurs(GetForegroundWindow())) SetForegroundWindow(window);
+    if (isOurs(GetForegroundWindow())) SetForegroundWindow(outermost(window));
     UpdateWindow(window);
 }
 
@@ -109,21 +115,30 @@ void WindowScreen::comeToForeground(WindowId id)
     const Quiet quiet(*this);
     const HWND window = windowOf(id);
     ShowWindow(window, SW_SHOWNORMAL);
-    SetForegroundWindow(window);
+    if (frame_) BringWindowToTop(window);
+    SetForegroundWindow(outermost(window));
 }
 
 void WindowScreen::leaveForeground()
 {
     const Quiet quiet(*this);
-    for (const auto& [id, frame] : frames_)
-        SetWindowPos(frame->handle(), HWND_BOTTOM, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
-    SetWindowPos(main_.handle(), HWND_BOTTOM, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
+    for (const auto& [id, frame] : frames_) putBehind(outermost(frame->handle()));
+    putBehind(outermost(main_.handle()));
     SetForegroundWindow(windowOfOthers());
 }
 
 void WindowScreen::updateMain()
 {
     main_.update();
+}
+
+void WindowScreen::moveIntoFrame()
+{
+    if (frame_) return;
+    const Quiet quiet(*this);
+    frame_.emplace();
+    frame_->take(main_.handle());
+    for (const auto& [id, frame] : frames_) frame_->take(frame->handle());
 }
 
 }

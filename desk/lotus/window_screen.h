@@ -4,9 +4,11 @@
 
 #include "desk/lotus/document_frame.h"
 #include "desk/lotus/main_window.h"
+#include "desk/lotus/outer_frame.h"
 
 #include <map>
 #include <memory>
+#include <optional>
 
 namespace desk::lotus {
 
@@ -25,6 +27,7 @@ public:
     void comeToForeground(WindowId id) override;
     void leaveForeground() override;
     void updateMain() override;
+    void moveIntoFrame() override;
 
 private:
     // Windows are activated by our own doing, too, which the model knows
@@ -42,11 +45,15 @@ private:
 
     int freePlace() const;
     HWND windowOf(WindowId id) const;
+    HWND outermost(HWND window) const { return frame_ ? frame_->handle() : window; }
+    bool isOurs(HWND window) const;
+    HWND windowOfOthers() const;
     void activated(WindowId id);
     void save(WindowId id);
 
     Notes* notes_ = nullptr;
     unsigned quiet_ = 0;
+    std::optional<OuterFrame> frame_; // before the windows that lie in it
     std::map<WindowId, std::unique_ptr<DocumentFrame>> frames_;
     MainWindow main_;
 };
