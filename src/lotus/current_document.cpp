@@ -86,7 +86,8 @@ std::wstring UpdateCurrentDocumentNumber(LotusSession& session, std::wstring& La
     trapErrors(L"UpdateCurrentDocumentNumber", [&] {
         FrontDocument front{notesWorkspace(), {}, {}};
         const DatabaseNames database(front.workspace.get(L"CurrentDatabase").object().get(L"Database").object());
-        front.workspace.get(L"CurrentView"); // its answer is not used; where it fails, nothing is touched
+        // Its answer is not used, so a client that cannot give it loses nothing.
+        trapErrors(L"CurrentView", [&] { front.workspace.get(L"CurrentView"); });
         if (IsSameDatabase(database, session.MailServer, session.MailFile)) {
             if (takeFrontDocument(front)) number = numberOfMail(session, front, LastName, FirstName);
         } else if (IsSameDatabase(database, session.LotusCallLog.Server, session.LotusCallLog.Base)) {

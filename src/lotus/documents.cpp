@@ -31,13 +31,16 @@ std::wstring firstItemValue(const Object& document, const std::wstring& item)
 
 std::wstring FirstNonEmptyItemValue(const Object& Doc, const std::vector<std::wstring>& ItemNames)
 {
-    for (const std::wstring& name : ItemNames) {
-        for (const Value& value : itemValues(Doc, name)) {
-            std::wstring text = value.text();
-            if (!text.empty()) return text;
+    std::wstring first;
+    trapErrors(L"FirstNonEmptyItemValue", [&] {
+        for (const std::wstring& name : ItemNames) {
+            for (const Value& value : itemValues(Doc, name)) {
+                first = value.text();
+                if (!first.empty()) return;
+            }
         }
-    }
-    return L"";
+    });
+    return first;
 }
 
 bool IsCurrentDocument(const Object& Doc, Object& UIDoc)

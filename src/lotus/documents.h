@@ -12,8 +12,8 @@
 // item's values are no array.
 std::wstring firstItemValue(const automation::Object& document, const std::wstring& item);
 
-// The first of the items' values, in order, that is not empty; "" when none
-// is. Throws AutomationError.
+// The first of the items' values, in order, that is not empty; "" when none is
+// and when one cannot be read. No error leaves it.
 std::wstring FirstNonEmptyItemValue(const automation::Object& Doc, const std::vector<std::wstring>& ItemNames);
 
 // Whether Doc is the document in front in the Notes client. UIDoc receives the

@@ -13,24 +13,23 @@ constexpr const wchar_t* addIn = L"ConnectorIni.dll";
 constexpr const wchar_t* settingsDatabase = L"pavexconnectorconfig.nsf";
 constexpr const wchar_t* historyDatabase = L"pavexhistory.nsf";
 
-// "" where the key or the value is missing.
 std::wstring folder(const wchar_t* key, const wchar_t* value)
 {
-    const std::wstring path = RegGetString(HKEY_LOCAL_MACHINE, key, value);
-    return path == registryNoText ? L"" : path;
+    return RegGetString(HKEY_LOCAL_MACHINE, key, value);
 }
 
 }
 
 void InstallLotusDatabases(const LotusSession& session)
 {
+    // A value that is missing is no empty one: a key of release 5 holds without a "Path".
     std::wstring programPath = folder(release5, L"Path");
     const wchar_t* const release = programPath.empty() ? release4 : release5;
     if (programPath.empty()) programPath = folder(release4, L"Path");
     const std::wstring dataPath = folder(release, L"DataPath");
     const std::wstring source = session.host.programFolder();
     if (!programPath.empty()) CopieFileIfNotExist(programPath, addIn, source);
-    if (dataPath.empty()) return;
+    if (dataPath.empty() || dataPath == registryNoText) return;
     CopieFileIfNotExist(dataPath, settingsDatabase, source);
     CopieFileIfNotExist(dataPath, historyDatabase, source);
     AddDatabasesToWorkspace();

@@ -5,6 +5,8 @@
 #include "lotus/documents.h"
 #include "lotus/log_document.h"
 
+#include <windows.h>
+
 #include <algorithm>
 
 namespace {
@@ -16,6 +18,14 @@ Object keyedDocument(const Object& view, const std::wstring& key)
     return view.get(L"GetDocumentByKey", {key, true}).object();
 }
 
+// A query cannot say a double quote, and takes "*" and "?" for any other text;
+// a value without a letter or a digit has no word to look for.
+bool canBeSaid(const std::wstring& value)
+{
+    return value.find_first_of(L"\"*?") == std::wstring::npos &&
+           std::any_of(value.begin(), value.end(), [](wchar_t c) { return IsCharAlphaNumericW(c); });
+}
+
 // Leaves at most one document in the view, and tells whether there is one.
 bool filterView(const Object& view, const std::wstring& query)
 {
@@ -23,7 +33,8 @@ bool filterView(const Object& view, const std::wstring& query)
 }
 
 // The first document for one of the values, in their order: through the view
-// with that key where the book has one, else by full-text search.
+// with that key where the book has one, else by full-text search, which finds
+// nobody by a value that no query can say.
 Object findDocument(const Object& database, const std::wstring& keyView, const std::wstring& mainView,
                     const std::vector<std::wstring>& items, const std::vector<std::wstring>& values)
 {
@@ -34,7 +45,7 @@ Object findDocument(const Object& database, const std::wstring& keyView, const s
     for (const std::wstring& value : values) {
         if (isKeyed) {
             if (const Object document = keyedDocument(view, value)) return document;
-        } else if (filterView(view, BuildFullTextQuery(items, value))) {
+        } else if (canBeSaid(value) && filterView(view, BuildFullTextQuery(items, value))) {
             return view.get(L"GetFirstDocument").object();
         }
     }

@@ -31,6 +31,16 @@ std::wstring sectionOfBook(std::int16_t index)
     return L"lotus base description " + std::to_wstring(index);
 }
 
+// The vendor documents "ServerName" for the COM classes only ("ServerName
+// property"); the automation object may lack it, and answers with no name where
+// the client runs on no server. The user's mail server is meant then.
+std::wstring serverOfSession(const LotusSession& session)
+{
+    std::wstring server;
+    trapErrors(L"ServerName", [&] { server = notesSession(session).get(L"ServerName").text(); });
+    return server.empty() ? session.MailServer : server;
+}
+
 // A book whose section is missing has empty texts and empty item names. Only
 // the sections that exist are read: asking the file for every key of 32767 books
 // takes most of a minute, in which the program would not answer.
@@ -123,19 +133,21 @@ std::wstring dumpOf(const LotusAddressBook& book, std::size_t index, bool select
 
 void ReadLotusBaseDescription(const LotusSession& session, std::int16_t index, LotusAddressBook& book)
 {
-    const IniFile ini = iniFile(session);
-    const std::string section = automation::ansi(sectionOfBook(index));
-    const auto read = [&](const char* key) { return ini.read(section.c_str(), key, ""); };
-    book.PersonalAddressBook = ini.readSwitch(section.c_str(), "PersonalAddressBook", "");
-    SplitBaseDescription(read("base"), book);
-    if (book.Server == L"<server name>") book.Server = notesSession(session).get(L"ServerName").text();
-    book.LastName = read("LastName");
-    book.FirstName = read("FirstName");
-    book.PhoneNumber = itemNames(read("PhoneNumber"));
-    book.FullName = read("FullName");
-    book.MailAddress = itemNames(read("MailAddress"));
-    book.Form = read("Form");
-    book.TypeForm = read("TypeForm");
+    trapErrors(L"ReadLotusBaseDescription", [&] {
+        const IniFile ini = iniFile(session);
+        const std::string section = automation::ansi(sectionOfBook(index));
+        const auto read = [&](const char* key) { return ini.read(section.c_str(), key, ""); };
+        book.PersonalAddressBook = ini.readSwitch(section.c_str(), "PersonalAddressBook", "");
+        SplitBaseDescription(read("base"), book);
+        if (book.Server == L"<server name>") book.Server = serverOfSession(session);
+        book.LastName = read("LastName");
+        book.FirstName = read("FirstName");
+        book.PhoneNumber = itemNames(read("PhoneNumber"));
+        book.FullName = read("FullName");
+        book.MailAddress = itemNames(read("MailAddress"));
+        book.Form = read("Form");
+        book.TypeForm = read("TypeForm");
+    });
 }
 
 void ReadLotusIni(LotusSession& session)

@@ -1,14 +1,16 @@
 // The Lotus sections of the ini file: which address books are searched and in
 // which order, how the call history and the log are laid out, and four
 // switches. The reading ends quietly at the first error; what was read before
-// it stays. A base that names "<server name>" lies on the session's own server.
+// it stays. A base that names "<server name>" lies on the session's own server, or
+// where Notes tells none, on the user's mail server.
 #pragma once
 
 #include "lotus/lotus_session.h"
 
 #include <cstdint>
 
-// Section "lotus base description " and the index. Throws AutomationError.
+// Section "lotus base description " and the index. What cannot be read of a
+// book leaves the books and settings behind it alone. No error leaves it.
 void ReadLotusBaseDescription(const LotusSession& session, std::int16_t index, LotusAddressBook& book);
 
 // Section "lotus", the address books in their order, the switches and section

@@ -4,12 +4,34 @@
 
 namespace {
 
-// 0 when no window is in front.
-DWORD foregroundProcess()
+struct Search {
+    DWORD processId;
+    bool found;
+};
+
+bool belongs(HWND window, DWORD processId)
 {
-    DWORD processId = 0;
-    GetWindowThreadProcessId(GetForegroundWindow(), &processId);
-    return processId;
+    DWORD owner = 0;
+    GetWindowThreadProcessId(window, &owner);
+    return owner == processId;
+}
+
+BOOL CALLBACK look(HWND window, LPARAM parameter)
+{
+    auto& search = *reinterpret_cast<Search*>(parameter);
+    search.found = belongs(window, search.processId) && IsWindowVisible(window);
+    return !search.found;
+}
+
+// Whether the window is the process's own or shows one of its windows: the
+// frame of Notes 8 is the window of another program, in which the windows of
+// nlnotes.exe lie (field report in the vendor's forum).
+bool shows(HWND window, DWORD processId)
+{
+    if (!window || processId == 0) return false;
+    Search search{processId, belongs(window, processId)};
+    if (!search.found) EnumChildWindows(window, look, reinterpret_cast<LPARAM>(&search));
+    return search.found;
 }
 
 }
@@ -17,11 +39,11 @@ DWORD foregroundProcess()
 void Hublink::TimerCallInlotus_Timer()
 {
     trapErrors(L"TimerCallInlotus", [&] {
-        const DWORD front = foregroundProcess();
+        const HWND front = GetForegroundWindow();
         if (!lotus_.LotusReady) return;
         HANDLE process = nullptr;
         if (notesProcessId_ == 0) processes_.GetProcessHandle(L"nlnotes.exe", process, notesProcessId_);
-        if (front == 0 || front != notesProcessId_) return;
+        if (!shows(front, notesProcessId_)) return;
         std::wstring lastName, firstName;
         UpdateCurrentDocumentNumber(lotus_, lastName, firstName);
     });

@@ -176,8 +176,12 @@ TEST_F(CurrentMail, MissingSenderThatIsNoArray_EndsQuietly)
     notes.ask(L"missing text");
     front(mailFile, L"Form=Memo");
     EXPECT_EQ(update(), L"");
+    front(mailFile, L"Form=Memo\nTel=0300");
+    session.bAlwaysVerifyPhoneNumber = true;
+    EXPECT_EQ(update(), L"0300") << "a sender that cannot be read is none";
+    EXPECT_EQ(calls(L"NotesSession.GetDatabase method"), 0u);
     EXPECT_TRUE(nothingWasSaved());
-    EXPECT_EQ(trapped.procedures, Lines{L"UpdateCurrentDocumentNumber"});
+    EXPECT_EQ(trapped.procedures, (Lines{L"FirstNonEmptyItemValue", L"FirstNonEmptyItemValue"}));
 }
 
 TEST_F(CurrentMail, MissingNumberThatIsNoArray_IsNoneAllTheSame)
@@ -221,6 +225,8 @@ TEST_F(CurrentMail, BooksCannotBeReached_TheNumberThereIsTheResult)
                 std::wstring::npos);
 }
 
+// Without the view in front nothing is lost, without the sender or in the
+// search nobody is found, without anything else the update ends.
 TEST_F(CurrentMail, FailsAtAnyCall_ResultIsEmptyOrTheNumberThere_AndTheSaveIsWholeOrNone)
 {
     std::wstring number;
@@ -234,10 +240,11 @@ TEST_F(CurrentMail, FailsAtAnyCall_ResultIsEmptyOrTheNumberThere_AndTheSaveIsWho
     support::atEachCall(
         notes.recorder(), support::fails, prepare, [&] { number = update(); },
         [&](const std::wstring& failed) {
-            searching |= failed.starts_with(L"NotesSession.");
+            searching |= failed.find(L"\"From\"") != std::wstring::npos;
             searching &= failed.find(L".EditMode") == std::wstring::npos;
-            EXPECT_EQ(number, searching ? L"0300" : L"") << desk::utf8(failed);
-            EXPECT_EQ(saved(mailFile, L"Tel"), isSaved ? L"0299" : L"0300") << desk::utf8(failed);
+            const bool isView = failed == L"NotesUIWorkspace.CurrentView get ()";
+            EXPECT_EQ(number, isView ? L"0299" : searching ? L"0300" : L"") << desk::utf8(failed);
+            EXPECT_EQ(saved(mailFile, L"Tel"), isSaved || isView ? L"0299" : L"0300") << desk::utf8(failed);
             isSaved |= failed.find(L".Save ") != std::wstring::npos;
         });
     EXPECT_TRUE(isSaved);

@@ -40,6 +40,15 @@ void atEachCall(desk::Recorder& recorder, const std::wstring& fault, Prepare pre
     }
 }
 
+// Whether a call only asks for a person's mail address, in one of the items
+// that hold one: that is read under a trap of its own.
+inline bool asksForMail(const std::wstring& call)
+{
+    for (const wchar_t* item : {L"MailAddress", L"InternetAddress", L"Mail"})
+        if (call == L"NotesDocument.GetItemValue method (BSTR \"" + std::wstring(item) + L"\")") return true;
+    return false;
+}
+
 inline constexpr const wchar_t* fails = L"fail 0x80004005";
 inline constexpr const wchar_t* isBusy = L"busy";
 

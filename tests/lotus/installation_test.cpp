@@ -101,18 +101,29 @@ TEST_F(LotusInstallation, OnlyRelease4_GivesBothFolders)
     EXPECT_EQ(record(), bothAdded);
 }
 
-TEST_F(LotusInstallation, Release5WithAnEmptyOrMissingPath_FallsBackTo4_ForBothFolders)
+TEST_F(LotusInstallation, Release5WithAnEmptyPath_FallsBackTo4_ForBothFolders)
+{
+    const ReleaseKey four(L"4.0");
+    four.set(L"Path", folder.file(L"program4")).set(L"DataPath", folder.file(L"data4"));
+    const ReleaseKey five(L"5.0");
+    five.set(L"Path", L"").set(L"DataPath", folder.file(L"data5"));
+    InstallLotusDatabases(session);
+    EXPECT_EQ(in(L"program4"), L"dll ");
+    EXPECT_EQ(in(L"data4"), L"config history ");
+    EXPECT_EQ(in(L"data5"), L"");
+}
+
+TEST_F(LotusInstallation, Release5WithoutAPath_HoldsAllTheSame)
 {
     const ReleaseKey four(L"4.0");
     four.set(L"Path", folder.file(L"program4")).set(L"DataPath", folder.file(L"data4"));
     const ReleaseKey five(L"5.0");
     five.set(L"DataPath", folder.file(L"data5"));
     InstallLotusDatabases(session);
-    EXPECT_EQ(in(L"program4") + in(L"data4") + in(L"data5"), L"dll config history ");
-    DeleteFileW(folder.file(L"program4\\ConnectorIni.dll").c_str());
-    five.set(L"Path", L"");
-    InstallLotusDatabases(session);
-    EXPECT_EQ(in(L"program4") + in(L"data5"), L"dll ");
+    EXPECT_EQ(in(L"program4") + in(L"data4"), L"") << "a missing value is no empty one";
+    EXPECT_EQ(in(L"data5"), L"config history ");
+    EXPECT_EQ(record(), bothAdded);
+    EXPECT_FALSE(FileExist(L"--Not String--"));
 }
 
 TEST_F(LotusInstallation, Release5WithoutADataPath_GetsTheAddInOnly)
@@ -176,6 +187,7 @@ TEST_F(LotusInstallation, WorkspaceThatRefuses_IsNoFailureOfTheInitialisation)
     fault(L"on NotesUIWorkspace.AddDatabase fail 0x80004005");
     AddDatabasesToWorkspace();
     EXPECT_EQ(trapped.procedures, std::vector<std::wstring>{L"AddDatabasesToWorkspace"});
+    EXPECT_EQ(record(), std::vector<std::wstring>{bothAdded[0]}) << "the first failure ends it";
     writeIni("");
     InitLotus(session, true);
     EXPECT_TRUE(session.LotusReady);

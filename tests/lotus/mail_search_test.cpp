@@ -1,5 +1,6 @@
 #include "lotus/search.h"
 
+#include "lotus/log_document.h"
 #include "lotus_fixture.h"
 
 namespace {
@@ -120,6 +121,7 @@ TEST_F(LotusMailSearch, BookThatCannotBeOpened_IsLogged_AndTheOthersSearched)
     EXPECT_EQ(lastLogLine(), L"\n3/15/2023 12:00:00 PM Error acces  names.nsf in SearchInPublicAdressBookByMail");
 }
 
+// But for the last call, the number's own, which is read under a trap of its own.
 TEST_F(LotusMailSearch, FailureAtEveryCall_IsLogged_AndTheOtherBookSearched)
 {
     add(L"names.nsf", L"Form=Person\nLastName=Abel\nMailAddress=a@acme.fr\nOfficePhoneNumber=0699\n");
@@ -127,12 +129,41 @@ TEST_F(LotusMailSearch, FailureAtEveryCall_IsLogged_AndTheOtherBookSearched)
     search(L"a@acme.fr");
     const std::size_t count = notes.recorder().calls().size();
     for (std::size_t n = 1; n <= count; ++n) {
+        WriteLotusLog(session, L"no error");
         forgetCalls();
         fault(L"at " + std::to_wstring(n) + L" fail 0x80004005");
         EXPECT_TRUE(search(L"a@acme.fr")) << n;
         EXPECT_EQ(lastName, L"Zola") << n;
-        EXPECT_EQ(lastLogLine(), L"\n3/15/2023 12:00:00 PM Error acces  names.nsf in SearchInPublicAdressBookByMail");
+        EXPECT_EQ(lastLogLine(), n == count ? L"\n3/15/2023 12:00:00 PM no error"
+                                            : L"\n3/15/2023 12:00:00 PM Error acces  names.nsf in "
+                                              L"SearchInPublicAdressBookByMail") << n;
     }
+}
+
+TEST_F(LotusMailSearch, NumberThatCannotBeRead_IsNone_AndTheOtherBookSearched_WithoutALogLine)
+{
+    add(L"names.nsf", L"Form=Person\nLastName=Abel\nMailAddress=a@acme.fr\nOfficePhoneNumber=0699\n");
+    add(company, L"Form=Employee\nName=Zola\nMail=a@acme.fr\nPhone=0612\n");
+    const std::wstring before = lastLogLine();
+    fault(L"on NotesDocument.GetItemValue at 3 fail 0x80004005");
+    EXPECT_TRUE(search(L"a@acme.fr"));
+    EXPECT_EQ(lastName + L" " + phone, L"Zola 0612");
+    EXPECT_EQ(lastLogLine(), before);
+    EXPECT_EQ(trapped.procedures, Lines{L"FirstNonEmptyItemValue"});
+}
+
+TEST_F(LotusMailSearch, SenderThatNoQueryCanSay_IsAskedForByKeyOnly_AndNothingIsLogged)
+{
+    add(company, L"Form=Employee\nName=Zola\nMail=zola@acme.fr\nPhone=0612\n");
+    const std::wstring before = lastLogLine();
+    for (const wchar_t* sender : {L"\"Zola, Emile\" <zola@acme.fr>", L"*", L"?@*", L"zola@acme.f?", L"<>", L"..."}) {
+        forgetCalls();
+        EXPECT_FALSE(search(sender)) << desk::utf8(sender);
+        EXPECT_EQ(calls(L"NotesView.GetDocumentByKey method"), 1u) << desk::utf8(sender);
+        EXPECT_EQ(callsOf(L"NotesView.FTSearch"), Lines{}) << desk::utf8(sender);
+    }
+    EXPECT_EQ(lastLogLine(), before);
+    EXPECT_EQ(trapped.errors, std::vector<std::string>{});
 }
 
 TEST_F(LotusMailSearch, MailItemsThatAreNone_AreNoSearch)

@@ -1,5 +1,6 @@
 #include "lotus/search.h"
 
+#include "lotus/log_document.h"
 #include "lotus_fixture.h"
 
 namespace {
@@ -137,21 +138,15 @@ TEST_F(LotusNumberSearch, FullText_IsAskedForTheNumberWithoutSeparators_ThenUnch
     EXPECT_EQ(calls(L"NotesView.GetFirstDocument method"), 0u);
 }
 
-TEST_F(LotusNumberSearch, BookWithAMainViewButNoPhoneItems_IsSkipped_WithoutASearch)
+// A book of the ini file without phone items has one without a name.
+TEST_F(LotusNumberSearch, BookWithAMainViewButNoPhoneItems_IsRefusedByNotes_AndTheNextBookSearched)
 {
-    session.LotusAddressBooks[1].PhoneNumber.clear();
-    std::swap(session.LotusAddressBooks[0], session.LotusAddressBooks[1]);
-    add(L"names.nsf", durand);
-    EXPECT_TRUE(search(L"014567"));
-    EXPECT_EQ(person.LastName, L"Durand");
-    EXPECT_EQ(calls(L"NotesView.FTSearch method"), 0u);
-    EXPECT_EQ(trapped.errors, std::vector<std::string>{});
-}
-
-TEST_F(LotusNumberSearch, PhoneItemWithoutAName_IsRefusedByNotes_AndTheNextBookSearched)
-{
-    session.LotusAddressBooks[1].PhoneNumber = {L""};
-    std::swap(session.LotusAddressBooks[0], session.LotusAddressBooks[1]);
+    std::string withoutItems = describedBooks;
+    withoutItems.erase(withoutItems.find("PhoneNumber=Phone\n"), std::string("PhoneNumber=Phone\n").size());
+    withoutItems.replace(withoutItems.find("Base 1,Base 2"), std::string("Base 1,Base 2").size(), "Base 2,Base 1");
+    session.LotusMustInit = true;
+    ready(withoutItems);
+    ASSERT_EQ(session.LotusAddressBooks[0].PhoneNumber, Lines{L""});
     add(L"names.nsf", durand);
     EXPECT_TRUE(search(L"014567"));
     EXPECT_EQ(person.LastName, L"Durand");
@@ -187,11 +182,13 @@ TEST_F(LotusNumberSearch, BookThatCannotBeOpened_IsLogged_AndTheOthersSearched)
 
 TEST_F(LotusNumberSearch, FailureAtEveryCall_IsLogged_AndTheOtherBookSearched)
 {
+    session.LotusAddressBooks[0].MailAddress.clear();
     add(L"names.nsf", durand);
     add(company, L"Form=Employee\nName=Zola\nPhone=014567\n");
     search(L"014567");
     const std::size_t count = notes.recorder().calls().size();
     for (std::size_t n = 1; n <= count; ++n) {
+        WriteLotusLog(session, L"no error");
         forgetCalls();
         fault(L"at " + std::to_wstring(n) + L" fail 0x80004005");
         EXPECT_TRUE(search(L"014567")) << n;
@@ -199,6 +196,24 @@ TEST_F(LotusNumberSearch, FailureAtEveryCall_IsLogged_AndTheOtherBookSearched)
         EXPECT_EQ(lastLogLine(), noAccess(L" names.nsf")) << n;
     }
     EXPECT_TRUE(session.LotusReady);
+}
+
+TEST_F(LotusNumberSearch, MailAddressThatCannotBeRead_IsNone_AndThePersonIsFoundAndShown)
+{
+    add(L"names.nsf", durand);
+    const std::wstring before = lastLogLine();
+    for (const wchar_t* item : {L"MailAddress", L"InternetAddress"}) {
+        notes.ask(L"close-windows");
+        forgetCalls();
+        fault(L"on NotesDocument.GetItemValue at " + std::wstring(*item == L'M' ? L"4" : L"5") + L" fail 0x80004005");
+        EXPECT_TRUE(SearchByNumber(session, L"014567", person, true, L"", book)) << desk::utf8(item);
+        EXPECT_EQ(record().at(*item == L'M' ? 6 : 7),
+                  L"NotesDocument.GetItemValue method (BSTR \"" + std::wstring(item) + L"\")") << "the one that failed";
+        EXPECT_EQ(person.FullName + L"|" + person.Mail + L"|" + person.NoteId, L"Marc Durand||8F6") << desk::utf8(item);
+        EXPECT_TRUE(notes.ask(L"windows").ends_with(L"\tread\tfront")) << desk::utf8(item);
+    }
+    EXPECT_EQ(lastLogLine(), before);
+    EXPECT_EQ(trapped.procedures, (Lines{L"FirstNonEmptyItemValue", L"FirstNonEmptyItemValue"}));
 }
 
 TEST_F(LotusNumberSearch, BusyOnceAtEveryCall_FindsThePersonAllTheSame)
@@ -215,12 +230,31 @@ TEST_F(LotusNumberSearch, BusyOnceAtEveryCall_FindsThePersonAllTheSame)
     EXPECT_EQ(trapped.errors, std::vector<std::string>{});
 }
 
-TEST_F(LotusNumberSearch, NumberWithQuotes_IsNoFullTextQuery_AndEndsInALogLine)
+TEST_F(LotusNumberSearch, NumberThatNoQueryCanSay_IsAskedForByKeyOnly_AndNothingIsLogged)
 {
-    EXPECT_FALSE(search(L"06\"12"));
-    EXPECT_EQ(lastLogLine(), noAccess(L"CN=Mail1/O=Acme books\\company.nsf"));
-    EXPECT_EQ(callsOf(L"NotesView.FTSearch"),
-              Lines{L"NotesView.FTSearch method (BSTR \"[Phone] CONTAINS \"06\"12\"\", I2 1)"});
+    add(company, L"Form=Employee\nName=Zola\nPhone=0612\n");
+    const std::wstring before = lastLogLine();
+    for (const wchar_t* number : {L"06\"12", L"\"", L"06*", L"06??", L"*", L"#", L"-/-", L" . ",
+                                  L"x\" OR [Name] CONTAINS \"Zola"}) {
+        forgetCalls();
+        EXPECT_FALSE(search(number)) << desk::utf8(number);
+        EXPECT_GE(calls(L"NotesView.GetDocumentByKey method"), 1u) << desk::utf8(number);
+        EXPECT_EQ(callsOf(L"NotesView.FTSearch"), Lines{}) << desk::utf8(number);
+    }
+    EXPECT_EQ(lastLogLine(), before);
+    add(L"names.nsf", L"Form=Person\nLastName=Abel\nOfficePhoneNumber=06\"12\n");
+    EXPECT_TRUE(search(L"06\"12"));
+    EXPECT_EQ(person.LastName, L"Abel") << "a key may hold anything";
+}
+
+TEST_F(LotusNumberSearch, PersonalNoteIdOfANumberThatNoQueryCanSay_IsEmpty_AndNothingIsAsked)
+{
+    session.LotusAddressBooks[0].ViewTel = L"";
+    add(L"names.nsf", durand);
+    for (const wchar_t* number : {L"01\"4567", L"01*", L"?????7"})
+        EXPECT_EQ(FindNoteIdInPersonalBook(session, number), L"") << desk::utf8(number);
+    EXPECT_EQ(calls(L"NotesView.FTSearch method"), 0u);
+    EXPECT_EQ(trapped.errors, std::vector<std::string>{});
 }
 
 TEST_F(LotusNumberSearch, EmptyNumber_EndsQuietly)

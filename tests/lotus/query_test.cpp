@@ -42,6 +42,7 @@ TEST(LotusQuery, NoItems_AreNoQuery_ButAnEmptyNameIsATerm)
     EXPECT_EQ(BuildFullTextQuery({L"", L"a"}, L""), L"[] CONTAINS \"\" OR [a] CONTAINS \"\"");
 }
 
+// The builder says nothing about values that no query can say; who searches does.
 TEST(LotusQuery, QuoteInTheValue_StaysAsItIs)
 {
     EXPECT_EQ(BuildFullTextQuery({L"a"}, L"1\"2"), L"[a] CONTAINS \"1\"2\"");
@@ -116,6 +117,17 @@ TEST_F(LotusItems, BareValueInPlaceOfAnArray_IsAnError)
     EXPECT_EQ(firstItemValue(found, L"Missing"), L"");
     notes.ask(L"missing text");
     EXPECT_THROW(firstItemValue(found, L"Missing"), automation::AutomationError);
-    EXPECT_THROW(FirstNonEmptyItemValue(found, {L"Missing", L"A"}), automation::AutomationError);
     EXPECT_EQ(firstItemValue(found, L"A"), L"a");
+}
+
+TEST_F(LotusItems, FirstNonEmptyValue_IsNoneWhenAnItemCannotBeRead_AndNoErrorLeaves)
+{
+    const automation::Object found = document(L"A=a\n");
+    for (const wchar_t* answer : {L"answer BSTR a", L"answer Nothing", L"answer NULL", L"fail 0x80004005"}) {
+        trapped.procedures.clear();
+        fault(L"on NotesDocument.GetItemValue at 1 " + std::wstring(answer));
+        EXPECT_EQ(FirstNonEmptyItemValue(found, {L"B", L"A"}), L"") << desk::utf8(answer);
+        EXPECT_EQ(trapped.procedures, Names{L"FirstNonEmptyItemValue"}) << desk::utf8(answer);
+    }
+    EXPECT_EQ(FirstNonEmptyItemValue(automation::Object(), {L"A"}), L"");
 }

@@ -63,10 +63,16 @@ TEST_F(LotusSettings, OrderOfTwoBooks_IsSearchOrder_AndFirstPersonalOneIsSelecte
     EXPECT_EQ(session.nbPublicAddressBook, 2);
 }
 
-TEST_F(LotusSettings, BaseNone_IsCounted_AndLeavesAnEmptyBookAtTheEnd)
+TEST_F(LotusSettings, BaseNone_IsCounted_LeavesAnEmptyBookAtTheEnd_AndTheReadingGoesOn)
 {
-    read(twoBooks("Base <none>,Base 2", "true"));
-    EXPECT_EQ(bases(), (Names{L"two.nsf", L""}));
+    session.LotusCallLog.State = L"old";
+    session.bShowGrpwAgenda = true;
+    read(twoBooks("Base <none>,Base 2,Base 1", "true") + "[lotus call log description]\nState=read\n");
+    EXPECT_EQ(bases(), (Names{L"two.nsf", L"one.nsf", L""}));
+    EXPECT_EQ(session.nSelectedPersonal, 1);
+    EXPECT_FALSE(session.bShowGrpwAgenda);
+    EXPECT_EQ(session.LotusCallLog.State, L"read");
+    EXPECT_EQ(trapped.errors, std::vector<std::string>{});
 }
 
 TEST_F(LotusSettings, BothBooksPersonal_TheOneNamedFirst_IsSelected)
@@ -181,7 +187,7 @@ TEST_F(LotusSettings, ServerNameMark_IsReplacedByTheSessionsServer_InTheBooksOnl
          "[lotus call log description]\nbase=d.nsf|<server name>|m|t|e\n"
          "[lotus personnel log description]\nbase=f.nsf|<server name>|m|t|e\n");
     ReadLotusPersonalLogIni(session);
-    EXPECT_EQ(session.LotusAddressBooks.at(0).Server, L"") << "which is what a client outside of a server gets";
+    EXPECT_EQ(session.LotusAddressBooks.at(0).Server, L"") << "no mail server is known either";
     EXPECT_EQ(session.LotusAddressBooks.at(1).Server, L"<Server name>");
     EXPECT_EQ(session.LotusCallLog.Server, L"<server name>");
     EXPECT_EQ(session.LotusPersonalLog.Server, L"<server name>");
@@ -189,15 +195,41 @@ TEST_F(LotusSettings, ServerNameMark_IsReplacedByTheSessionsServer_InTheBooksOnl
         << "also for a described book that is not in the order";
 }
 
-TEST_F(LotusSettings, ServerNameThatCannotBeRead_EndsTheReading_WithTheOldBooksInUse)
+TEST_F(LotusSettings, ServerNameThatNotesDoesNotTell_IsTheMailServer_AndTheReadingGoesOn)
 {
-    const std::string ini = oneBook("base=a.nsf|<server name>|m|t|e");
-    expectStopped(ini, {L"old.nsf"});
-    EXPECT_EQ(session.nSelectedPersonal, -1);
-    EXPECT_EQ(session.nbPublicAddressBook, 1);
+    session.MailServer = L"CN=Mail1/O=Acme";
+    const std::string ini = oneBook("base=a.nsf|<server name>|m|t|e\nLastName=Last") +
+                            "[lotus call log description]\nState=read\n";
+    const auto expectMailServer = [&](const char* why) {
+        session.LotusAddressBooks.clear();
+        session.LotusCallLog.State.clear();
+        read(ini);
+        ASSERT_EQ(session.LotusAddressBooks.size(), 1u) << why;
+        EXPECT_EQ(session.LotusAddressBooks[0].Server, L"CN=Mail1/O=Acme") << why;
+        EXPECT_EQ(session.LotusAddressBooks[0].LastName, L"Last") << why;
+        EXPECT_EQ(session.LotusCallLog.State, L"read") << why;
+    };
+    expectMailServer("there is no session");
     session.NotesSession = notes.create(L"Notes.NotesSession");
+    expectMailServer("the client runs on no server");
     fault(L"on NotesSession.ServerName fail 0x80004005");
-    expectStopped(ini, {L"old.nsf"});
+    expectMailServer("it cannot be read");
+    fault(L"off");
+    fault(L"on NotesSession.ServerName answer Nothing");
+    expectMailServer("it is no text");
+    fault(L"off");
+    notes.ask(L"server-name off");
+    session.NotesSession = notes.create(L"Notes.NotesSession");
+    expectMailServer("the class has no such property");
+}
+
+TEST_F(LotusSettings, ServerNameThatNotesTells_IsTaken)
+{
+    session.MailServer = L"CN=Mail1/O=Acme";
+    session.NotesSession = notes.create(L"Notes.NotesSession");
+    fault(L"on NotesSession.ServerName answer BSTR CN=App1/O=Acme");
+    read(oneBook("base=a.nsf|<server name>|m|t|e"));
+    EXPECT_EQ(session.LotusAddressBooks.at(0).Server, L"CN=App1/O=Acme");
 }
 
 TEST_F(LotusSettings, CountThatIsNone_EndsTheReading_WithTheOldBooksInUse)
