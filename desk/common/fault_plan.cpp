@@ -129,12 +129,13 @@ void FaultPlan::add(std::wstring_view text)
             break;
         }
     }
-    if (word == L"at") {
+    if (word == L"at" || word == L"from") {
+        planned.lasting = word == L"from";
         planned.at = numberOf(takeWord(text), "at which call");
         if (planned.at == 0) throw std::runtime_error("fault: the first call is number 1");
         word = takeWord(text);
     } else if (planned.anyKind && planned.lookUpsToo) {
-        throw std::runtime_error("fault: \"on PATTERN\" or \"at N\" is missing");
+        throw std::runtime_error("fault: \"on PATTERN\", \"at N\" or \"from N\" is missing");
     }
     readAction(planned, word, text);
     if (planned.at == 0 && planned.times > 1) planned.at = 1; // "busy K": the next K, not all
@@ -158,7 +159,7 @@ Fault FaultPlan::next(std::wstring_view className, std::wstring_view member, Cal
         const bool first = chosen.action == Fault::Action::none;
         if (first) chosen = planned.fault;
         // A fault that another one hides at this call still happens: at the next.
-        if (first && planned.at == 1 && --planned.times == 0)
+        if (first && planned.at == 1 && !planned.lasting && --planned.times == 0)
             planned_.erase(planned_.begin() + static_cast<std::ptrdiff_t>(index));
         else
             ++index;

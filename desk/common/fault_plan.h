@@ -3,12 +3,13 @@
 //
 // The text of a fault, as the control command `fault` takes it:
 //
-//     [on PATTERN [KIND]] [at N] ACTION
+//     [on PATTERN [KIND]] [at N | from N] ACTION
 //
 //     PATTERN   Class.Member, Member, Class.* or * (without regard to case)
 //     KIND      lookup, get, put or method; without it every kind but lookup
 //     N         1 is the next matching call; without `on`, every call counts,
-//               name look-ups too. Without `at`, every matching call.
+//               name look-ups too. With `from`, that call and all after it; without
+//               both, every matching call.
 //     ACTION    busy [K]                    K times from there on (1 without K),
 //                                           RPC_E_SERVERCALL_RETRYLATER
 //               fail HRESULT                this bare HRESULT
@@ -73,6 +74,7 @@ private:
         CallKind kind = CallKind::get;
         unsigned long at = 0;          // matching calls still to come, this one included; 0 for every one
         unsigned long times = 1;       // how many calls in a row, with `at`
+        bool lasting = false;          // from that call on
         Fault fault;
 
         bool matches(std::wstring_view wantedClass, std::wstring_view wantedMember, CallKind wantedKind) const;

@@ -50,6 +50,18 @@ TEST(FaultPlan, BusyTimes_InARowFromTheNthCall)
     EXPECT_EQ(nextSave(plan), Action::none);
 }
 
+TEST(FaultPlan, FromTheNthCall_HappensAtItAndAtAllAfterIt_OfThatMemberAlone)
+{
+    FaultPlan plan;
+    plan.add(L"on ContactItem.* from 2 fail 0x800706BA");
+    EXPECT_EQ(nextSave(plan), Action::none);
+    for (int n = 0; n < 3; ++n) EXPECT_EQ(nextSave(plan), Action::fail);
+    EXPECT_EQ(plan.next(L"ContactItem", L"Display", CallKind::method).action, Action::fail);
+    EXPECT_EQ(plan.next(L"JournalItem", L"Save", CallKind::method).action, Action::none);
+    plan.add(L"off");
+    EXPECT_EQ(nextSave(plan), Action::none);
+}
+
 TEST(FaultPlan, OnMember_EveryCallButNotItsLookUp)
 {
     FaultPlan plan;
@@ -136,7 +148,7 @@ TEST(FaultPlan, Answer_OfEachKind)
 
 TEST(FaultPlan, BadTexts_AreRefusedWithTheReason)
 {
-    EXPECT_EQ(refusal(L""), "fault: \"on PATTERN\" or \"at N\" is missing");
+    EXPECT_EQ(refusal(L""), "fault: \"on PATTERN\", \"at N\" or \"from N\" is missing");
     EXPECT_EQ(refusal(L"at x busy"), "\"x\" is no number (at which call)");
     EXPECT_EQ(refusal(L"at 0 busy"), "fault: the first call is number 1");
     EXPECT_EQ(refusal(L"at 1 explode"), "fault: unknown action \"explode\"");
