@@ -28,7 +28,7 @@ void PavexInterface::LineObj_OnLineNewCall(const automation::Object& ccall)
             }
         }
         gDestinationNumber.clear();
-        if (number.empty() || !ccall.get(L"Incoming").truth()) return;
+        if (!ccall.get(L"Incoming").truth() || number.empty()) return;
 
         gDestinationNumber = ccall.get(L"DestinationNumber").text();
         if (!gDestinationNumber.empty())
