@@ -13,10 +13,25 @@ using automation::Value;
 
 namespace {
 
-bool inSoftphone(const Object& records, const std::wstring& id)
+// What a look-up in the softphone told of a record. A failure tells nothing.
+enum class Presence { unknown, there, gone };
+
+Presence presenceOf(const wchar_t* procedure, const Object& records, const std::wstring& id)
 {
-    const SoftphoneId wanted = softphoneIdFromText(id);
-    return static_cast<bool>(records.get(softphone::records::byId, {wanted.IdHigh, wanted.IdLow}).object());
+    Presence presence = Presence::unknown;
+    trapErrors(procedure, [&] {
+        const SoftphoneId wanted = softphoneIdFromText(id);
+        const Value found = records.get(softphone::records::byId, {wanted.IdHigh, wanted.IdLow});
+        presence = found.object() ? Presence::there : Presence::gone;
+    });
+    return presence;
+}
+
+// A softphone that is not reached, is left or is being upgraded has not lost its
+// records. Throws AutomationError when the list does not answer.
+void requireAnswer(const Object& records)
+{
+    records.get(softphone::records::count);
 }
 
 }
@@ -54,16 +69,12 @@ std::wstring historyIdOf(const Object& item)
 
 bool PavexInterface::InPavexRepertory(const std::wstring& Id)
 {
-    bool exists = false;
-    trapErrors(L"InPavexRepertory", [&] { exists = inSoftphone(adressbookPavex, Id); });
-    return exists;
+    return presenceOf(L"InPavexRepertory", adressbookPavex, Id) == Presence::there;
 }
 
 bool PavexInterface::InPavexHistorique(const std::wstring& Id)
 {
-    bool exists = false;
-    trapErrors(L"InPavexHistorique", [&] { exists = inSoftphone(histo, Id); });
-    return exists;
+    return presenceOf(L"InPavexHistorique", histo, Id) == Presence::there;
 }
 
 void PavexInterface::PurgeId()
@@ -74,31 +85,32 @@ void PavexInterface::PurgeId()
 
 void PavexInterface::PurgeIdRepertory()
 {
-    purge(L"PurgeIdRepertory", MapCollection::contacts,
-          [this](const std::wstring& id) { return InPavexRepertory(id); });
+    trapErrors(L"PurgeIdRepertory", [&] { purge(MapCollection::contacts, adressbookPavex, L"InPavexRepertory"); });
 }
 
 void PavexInterface::PurgeIdHistorique()
 {
-    purge(L"PurgeIdHistorique", MapCollection::history,
-          [this](const std::wstring& id) { return InPavexHistorique(id); });
+    trapErrors(L"PurgeIdHistorique", [&] { purge(MapCollection::history, histo, L"InPavexHistorique"); });
 }
 
-void PavexInterface::purge(const wchar_t* procedure, MapCollection collection,
-                           const std::function<bool(const std::wstring&)>& exists)
+// Ends at the first sign that the softphone's list answers no more: what it has
+// not reached stays mapped, a look-up that fails on its own counts as "gone".
+void PavexInterface::purge(MapCollection collection, Object softphoneRecords, const wchar_t* lookUp)
 {
-    trapErrors(procedure, [&] {
-        const Object server = createIdentifierMap(host_);
-        const automation::SharedNames names = automation::sharedNames();
-        automation::Enumeration records(server.get(L"idCollection", {static_cast<std::int32_t>(collection)}).object());
-        Value element;
-        while (records.next(element)) {
-            if (host_.configuration().gStop) return;
-            const Object record = element.object().sharing(names);
-            const std::wstring id = record.get(L"idOrvel").text();
-            if (!exists(id)) server.call(L"RemoveIdOrvel", {id, record.get(L"typApplication").int32()});
-        }
-    });
+    requireAnswer(softphoneRecords);
+    const Object server = createIdentifierMap(host_);
+    const automation::SharedNames names = automation::sharedNames();
+    automation::Enumeration records(server.get(L"idCollection", {static_cast<std::int32_t>(collection)}).object());
+    Value element;
+    while (records.next(element)) {
+        if (host_.configuration().gStop) return;
+        const Object record = element.object().sharing(names);
+        const std::wstring id = record.get(L"idOrvel").text();
+        const Presence presence = presenceOf(lookUp, softphoneRecords, id);
+        if (presence == Presence::there) continue;
+        if (presence == Presence::unknown) requireAnswer(softphoneRecords);
+        server.call(L"RemoveIdOrvel", {id, record.get(L"typApplication").int32()});
+    }
 }
 
 void PavexInterface::adressbookPavex_OnRepertoryDeleteEntry(std::int32_t, std::int32_t) {}

@@ -15,7 +15,6 @@
 #include "softphone/identifier_map.h"
 
 #include <cstdint>
-#include <functional>
 #include <string>
 
 class PavexInterface {
@@ -49,7 +48,8 @@ public:
     // Shows the group calendars of the person to whom the last call was forwarded.
     void DisplayGroupwareInfo();
 
-    // Drops the map records whose softphone record has gone.
+    // Drops the map records whose softphone record has gone; none while the
+    // softphone's list does not answer.
     void PurgeId();
     void PurgeIdRepertory();
     void PurgeIdHistorique();
@@ -108,8 +108,7 @@ private:
     void logNewContact(int created, const wchar_t* where, const std::wstring& number, const automation::Object& entry);
     std::wstring walkHistory();
     void mirrorHistoryItem(const automation::Object& item);
-    void purge(const wchar_t* procedure, MapCollection collection,
-               const std::function<bool(const std::wstring&)>& exists);
+    void purge(MapCollection collection, automation::Object softphoneRecords, const wchar_t* lookUp);
 
     Host& host_;
     GroupwareState& groupware_;

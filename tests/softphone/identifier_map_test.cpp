@@ -1,6 +1,7 @@
 #include "link_test.h"
 
 #include "softphone/identifier_map.h"
+#include "softphone/softphone_members.h"
 #include "support/raw_partner.h"
 
 namespace {
@@ -10,6 +11,15 @@ protected:
     void put(const wchar_t* idAppli, const wchar_t* idOrvel, std::int32_t application, std::int32_t collection)
     {
         store->insert({.idOrvel = idOrvel, .idAppli = idAppli, .typApplication = application, .collection = collection});
+    }
+
+    // Entries of the softphone, 1.1 and so on, each mapped.
+    void putEntries(int entries)
+    {
+        for (int n = 1; n <= entries; ++n) {
+            pavex.addEntry({{1, n}, {L"0123", L"D", L"M"}});
+            put(L"A", (L"1." + std::to_wstring(n)).c_str(), 0, 1);
+        }
     }
 };
 
@@ -85,6 +95,7 @@ TEST_F(IdentifierMap, StopDuringThePurge_LeavesTheRest)
     support::RawPartner stopping; // asks for a stop at its third look-up, and has nothing
     int lookUps = 0;
     stopping.onCall = [&](const support::RawPartner::Call& call) {
+        if (call.id != softphone::records::byId) return S_OK;
         V_VT(call.result) = VT_DISPATCH;
         V_DISPATCH(call.result) = nullptr;
         host.settings.gStop = ++lookUps == 3;
@@ -100,13 +111,81 @@ TEST_F(IdentifierMap, StopDuringThePurge_LeavesTheRest)
     EXPECT_EQ(store->records(1).size(), 0u);
 }
 
-TEST_F(IdentifierMap, LookUpInTheSoftphoneFails_TheRecordCountsAsGone)
+TEST_F(IdentifierMap, LookUpFails_WhileTheListAnswers_ThatRecordCountsAsGone)
 {
-    pavex.addEntry({{1, 2}, {L"0123", L"D", L"M"}});
-    put(L"A", L"1.2", 0, 1);
-    softphoneCalls.faults.add(L"on AddressBook.* fail 0x80004005");
+    putEntries(3);
+    softphoneCalls.faults.add(L"on AddressBook.Find at 2 fail 0x80004005");
     start();
+    EXPECT_EQ(mapped(L"1.1"), L"A");
     EXPECT_EQ(mapped(L"1.2"), L"");
+    EXPECT_EQ(mapped(L"1.3"), L"A");
+}
+
+TEST_F(IdentifierMap, ListThatDoesNotAnswer_KeepsItsRecords_TheOtherListIsPurged)
+{
+    for (const wchar_t* list : {L"AddressBook", L"History"}) {
+        put(L"A", L"1.9", 0, 1);
+        put(L"B", L"2.9", 0, 0);
+        softphoneCalls.faults.add(L"on " + std::wstring(list) + L".* fail 0x800706BA");
+        start();
+        EXPECT_EQ(store->records(1).size() + store->records(0).size(), 1u) << desk::utf8(list);
+        EXPECT_NE(mapped(list == std::wstring(L"History") ? L"2.9" : L"1.9"), L"") << desk::utf8(list);
+        link.InitConnector(true);
+        EXPECT_EQ(store->records(1).size() + store->records(0).size(), 0u) << "it answers again";
+    }
+}
+
+TEST_F(IdentifierMap, ListThatStopsAnswering_EndsItsPurge_AndKeepsWhatIsNotReached)
+{
+    putEntries(5);
+    put(L"D", L"2.9", 0, 0);
+    start();
+    ASSERT_EQ(store->records(1).size(), 5u);
+    for (int n = 1; n <= 5; ++n) pavex.removeEntry({1, n});
+    softphoneCalls.faults.add(L"on AddressBook.* from 4 fail 0x800706BA"); // the count, two look-ups
+    link.PurgeId();
+    EXPECT_EQ(store->records(1).size(), 3u);
+    EXPECT_EQ(softphoneCalls.count(L"AddressBook.Find method"), 3u);
+}
+
+TEST_F(IdentifierMap, SoftphoneDiesAtAnyCallOfThePurge_EveryRecordThatItHadStays)
+{
+    putEntries(3);
+    pavex.addHistory({{3, 4}, {L"0123", L"D", L"M"}});
+    put(L"D", L"3.4", 0, 0);
+    start();
+    link.PurgeId();
+    const int calls = static_cast<int>(softphoneCalls.calls().size());
+    EXPECT_EQ(calls, 1 + 1 + 1 + 3);
+    for (int call = 1; call <= calls; ++call) {
+        softphoneCalls.clear();
+        softphoneCalls.faults.add(L"at " + std::to_wstring(call) + L" fail 0x800706BE");
+        softphoneCalls.faults.add(L"on * fail 0x800706BA");
+        link.PurgeId();
+        EXPECT_EQ(store->records(1).size(), 3u) << "died at call " << call;
+        EXPECT_EQ(store->records(0).size(), 1u) << "died at call " << call;
+    }
+}
+
+TEST_F(IdentifierMap, SoftphoneThatIsNotReached_CostsNoRecord)
+{
+    put(L"A", L"1.2", 0, 1);
+    put(L"D", L"3.4", 0, 0);
+    softphoneCalls.faults.add(L"on Application.Line fail 0x80004005");
+    start();
+    ASSERT_FALSE(link.histo || link.adressbookPavex);
+    EXPECT_EQ(mapped(L"1.2"), L"A");
+    EXPECT_EQ(mapped(L"3.4"), L"D");
+}
+
+TEST_F(IdentifierMap, Purge_AsksEachListForItsCountOnce_AndForEachRecordOnce)
+{
+    putEntries(5);
+    start();
+    link.PurgeId();
+    EXPECT_EQ(desk::linesOf(softphoneCalls.totals()),
+              (std::vector<std::wstring>{L"1 AddressBook.Count get", L"5 AddressBook.Find method",
+                                         L"1 History.Count get"}));
 }
 
 // A server that writes into the caller's text and tells how much is meant.
