@@ -70,26 +70,31 @@ ProcessLookup::~ProcessLookup()
 bool ProcessLookup::GetProcessHandle(const wchar_t* fileName, HANDLE& handle, DWORD& processId)
 {
     Known& known = known_[fileName];
-    if (!stillRuns(fileName, known)) return false;
+    if (known.handle) {
+        if (!stillRuns(fileName, known)) close(known.handle);
+    } else {
+        known = firstRunning(fileName);
+    }
+    if (!known.handle) return false;
     handle = known.handle;
     processId = known.processId;
     return true;
 }
 
-bool ProcessLookup::stillRuns(const wchar_t* fileName, Known& known)
+// The usual tick needs no list of processes: the one found last still runs.
+bool ProcessLookup::stillRuns(const wchar_t* fileName, const Known& known)
 {
-    // The usual tick needs no list of processes: the one found last still runs.
-    const bool isPseudo = known.handle == GetCurrentProcess();
-    if (known.handle && !isPseudo && isRunning(known.handle)) return true;
-
+    if (known.handle != GetCurrentProcess()) return isRunning(known.handle);
     const auto running = processesNamed(fileName);
     // A system short of resources says nothing about a process that cannot be opened.
-    if (!running) return isPseudo;
-    if (isPseudo && std::find(running->begin(), running->end(), known.processId) != running->end()) return true;
-    close(known.handle);
-    for (const DWORD candidate : *running) {
-        known = {opened(candidate), candidate};
-        if (known.handle) return true;
-    }
-    return false;
+    return !running || std::find(running->begin(), running->end(), known.processId) != running->end();
+}
+
+ProcessLookup::Known ProcessLookup::firstRunning(const wchar_t* fileName)
+{
+    const auto running = processesNamed(fileName);
+    if (!running) return {};
+    for (const DWORD candidate : *running)
+        if (const HANDLE handle = opened(candidate)) return {handle, candidate};
+    return {};
 }

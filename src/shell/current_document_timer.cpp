@@ -42,7 +42,8 @@ void Hublink::TimerCallInlotus_Timer()
         const HWND front = GetForegroundWindow();
         if (!lotus_.LotusReady) return;
         HANDLE process = nullptr;
-        if (notesProcessId_ == 0) processes_.GetProcessHandle(L"nlnotes.exe", process, notesProcessId_);
+        // A look-up of its own: the supervision's tells but once that Notes was restarted.
+        if (notesProcessId_ == 0) ProcessLookup().GetProcessHandle(L"nlnotes.exe", process, notesProcessId_);
         if (!shows(front, notesProcessId_)) return;
         std::wstring lastName, firstName;
         UpdateCurrentDocumentNumber(lotus_, lastName, firstName);

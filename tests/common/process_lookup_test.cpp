@@ -69,15 +69,54 @@ TEST_F(Look, ProgramThatEnded_IsNotFound_ThoughItsHandleIsKept)
     EXPECT_EQ(handle, nullptr);
 }
 
-TEST_F(Look, ProgramStartedAgain_IsFoundWithItsNewIdentifier)
+TEST_F(Look, ProgramStartedAgainAtOnce_IsMissingOnce_ThenFoundWithItsNewIdentifier)
 {
     support::StandIn first(folder, name);
     ASSERT_TRUE(find(name));
     first.end();
     const support::StandIn second(folder, name);
+    EXPECT_FALSE(find(name));
+    EXPECT_EQ(handle, nullptr);
     EXPECT_TRUE(find(name));
     EXPECT_EQ(processId, second.processId());
     EXPECT_EQ(WaitForSingleObject(handle, 0), DWORD{WAIT_TIMEOUT}) << "the handle is the running program's";
+    EXPECT_TRUE(find(name)) << "once only";
+}
+
+TEST_F(Look, ProgramThatWasMissing_IsFoundAtOnceWhenItIsBack)
+{
+    support::StandIn first(folder, name);
+    ASSERT_TRUE(find(name));
+    first.end();
+    ASSERT_FALSE(find(name));
+    ASSERT_FALSE(find(name));
+    const support::StandIn second(folder, name);
+    EXPECT_TRUE(find(name));
+    EXPECT_EQ(processId, second.processId());
+}
+
+TEST_F(Look, AnotherLookUp_DoesNotUseTheOneAnswerUp)
+{
+    support::StandIn first(folder, name);
+    ASSERT_TRUE(find(name));
+    first.end();
+    const support::StandIn second(folder, name);
+    DWORD found = 0;
+    EXPECT_TRUE(ProcessLookup().GetProcessHandle(name, handle, found));
+    EXPECT_EQ(found, second.processId());
+    EXPECT_FALSE(find(name));
+}
+
+TEST_F(Look, RestartOfOneProgram_IsNothingToAnother)
+{
+    const support::ScratchFolder other;
+    const support::StandIn neighbour(other, L"hublink_test_neighbour.exe");
+    support::StandIn first(folder, name);
+    ASSERT_TRUE(find(L"hublink_test_neighbour.exe"));
+    ASSERT_TRUE(find(name));
+    first.end();
+    EXPECT_TRUE(find(L"hublink_test_neighbour.exe"));
+    EXPECT_FALSE(find(name));
 }
 
 TEST_F(Look, ProgramStartedBetweenTwoLooks_IsFound)
@@ -87,15 +126,28 @@ TEST_F(Look, ProgramStartedBetweenTwoLooks_IsFound)
     EXPECT_TRUE(find(name));
 }
 
-TEST_F(Look, SecondInstanceLeft_WhenTheFirstEnds_IsFound)
+TEST_F(Look, FirstOfTwoInstancesEnds_IsMissingOnce_ThenTheSecondIsFound)
 {
     const support::ScratchFolder other;
     support::StandIn first(folder, name);
     const support::StandIn second(other, name);
     ASSERT_TRUE(find(name));
+    ASSERT_EQ(processId, first.processId());
     first.end();
+    EXPECT_FALSE(find(name));
     EXPECT_TRUE(find(name));
     EXPECT_EQ(processId, second.processId());
+}
+
+TEST_F(Look, SecondOfTwoInstancesEnds_TheFirstIsFollowedOn)
+{
+    const support::ScratchFolder other;
+    const support::StandIn first(folder, name);
+    ASSERT_TRUE(find(name));
+    support::StandIn second(other, name);
+    second.end();
+    EXPECT_TRUE(find(name));
+    EXPECT_EQ(processId, first.processId());
 }
 
 TEST_F(Look, ManyLooks_HandOutTheSameHandle_AndGainNone)
