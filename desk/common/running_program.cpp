@@ -11,6 +11,8 @@ namespace {
 constexpr UINT requestMessage = WM_APP + 1;  // sent: a request and room for its response
 constexpr UINT answeredMessage = WM_APP + 2; // posted: the client has the response
 constexpr UINT_PTR saveTimer = 1;
+constexpr UINT_PTR endTimer = 2;
+constexpr UINT endDelay = 50;           // milliseconds
 constexpr DWORD leastSaveDelay = 100; // milliseconds
 
 std::wstring inProgramFolder(const wchar_t* file)
@@ -88,7 +90,8 @@ LRESULT CALLBACK RunningProgram::procedure(HWND window, UINT message, WPARAM wPa
         self->answered();
         return 0;
     case WM_TIMER:
-        self->saveQuietly();
+        if (wParam == endTimer) self->endIfPossible();
+        else self->saveQuietly();
         return 0;
     default:
         return DefWindowProcW(window, message, wParam, lParam);
@@ -117,7 +120,13 @@ void RunningProgram::close()
 {
     if (ending_) return;
     ending_ = true;
-    PostQuitMessage(0);
+    endIfPossible();
+}
+
+void RunningProgram::endIfPossible()
+{
+    if (partner_->endsWhenClosed()) PostQuitMessage(0);
+    else SetTimer(window_, endTimer, endDelay, nullptr);
 }
 
 std::wstring RunningProgram::respond(const std::wstring& request)

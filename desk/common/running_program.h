@@ -29,6 +29,7 @@ private:
     std::wstring carryOut(const std::wstring& word, std::wstring_view rest);
     std::wstring reload(std::wstring_view text);
     void answered();
+    void endIfPossible();
     void save();
     void saveQuietly();
     void offerClasses();

@@ -83,6 +83,9 @@ public:
     // word and the blanks after it. No value for a word that it does not know;
     // an exception's text becomes "error: ...".
     virtual std::optional<std::wstring> command(const std::wstring& word, std::wstring_view rest) = 0;
+
+    // Whether the program, which its user has closed, ends now. Asked again until it does.
+    virtual bool endsWhenClosed() { return true; }
 };
 
 struct ProgramDescription {

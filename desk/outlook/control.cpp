@@ -117,13 +117,9 @@ std::wstring changeItem(Outlook& outlook, std::wstring_view text)
     return L"ok";
 }
 
-std::wstring closeWindows(Outlook& outlook, bool save)
+std::wstring saveWindows(Outlook& outlook)
 {
-    while (!outlook.inspectors().empty()) {
-        const InspectorId last = outlook.inspectors().back().id;
-        if (save) outlook.savedByUser(last);
-        else outlook.closedByUser(last);
-    }
+    while (!outlook.inspectors().empty()) outlook.savedByUser(outlook.inspectors().back().id);
     return L"ok";
 }
 
@@ -204,11 +200,12 @@ std::optional<std::wstring> Outlook::command(const std::wstring& word, std::wstr
     if (word == L"type") return typeIntoItem(*this, rest);
     if (word == L"delete") return removeItem(*this, rest);
     if (word == L"open") return open(std::wstring(rest)), L"ok";
-    if (word == L"close-windows") return closeWindows(*this, false);
-    if (word == L"save-windows") return closeWindows(*this, true);
+    if (word == L"close-windows") return closeWindows(), L"ok";
+    if (word == L"save-windows") return saveWindows(*this);
     if (word == L"show") return showFolder(screen_, rest);
     if (word == L"old") return setOld(*this, rest);
     if (word == L"questions") return std::to_wstring(guard_.questions());
+    if (word == L"creations") return std::to_wstring(creations_);
     if (word == L"coming") return expect(rest), L"ok";
     return settingCommand(word, rest);
 }

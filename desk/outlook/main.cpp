@@ -4,6 +4,8 @@
 #include "desk/outlook/outlook.h"
 #include "desk/outlook/window_screen.h"
 
+#include <utility>
+
 namespace {
 
 using namespace desk::outlook;
@@ -29,7 +31,19 @@ public:
         return outlook_.command(word, rest);
     }
 
+    // Before 2007 its windows close, and it lives on while clients hold references.
+    bool endsWhenClosed() override
+    {
+        if (outlook_.version() != Version::v2003) return true;
+        if (!std::exchange(closed_, true)) {
+            outlook_.closeWindows();
+            screen_.hide();
+        }
+        return !outlook_.isHeld();
+    }
+
 private:
+    bool closed_ = false;
     WindowScreen screen_;
     Outlook outlook_;
 };

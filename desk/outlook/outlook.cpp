@@ -16,7 +16,7 @@ Outlook::Outlook(Recorder& recorder, Screen& screen, std::function<void()> chang
 
 Outlook::~Outlook()
 {
-    while (!inspectors_.empty()) remove(inspectors_.back().id);
+    closeWindows();
 }
 
 automation::ComPtr<IDispatch> Outlook::application()
@@ -27,6 +27,7 @@ automation::ComPtr<IDispatch> Outlook::application()
 
 automation::ComPtr<IDispatch> Outlook::applicationForClient()
 {
+    ++creations_;
     if (!setup_.creation.fails) return application();
     if (setup_.creation.delay != 0) Sleep(setup_.creation.delay);
     throw automation::AutomationError(L"Outlook.Application", CO_E_SERVER_EXEC_FAILURE);
@@ -56,7 +57,7 @@ void Outlook::load(const std::vector<StoreRecord>& records)
     mailbox_.load(items);
     setup_ = setup;
     coming_.reset();
-    while (!inspectors_.empty()) remove(inspectors_.back().id);
+    closeWindows();
     screen_.updateFolders();
 }
 
@@ -88,6 +89,11 @@ bool Outlook::isHeld()
     if (!application_) return automation::server::Dispatch::live() > 0;
     application_->AddRef();
     return application_->Release() > 1 || automation::server::Dispatch::live() > 1;
+}
+
+void Outlook::closeWindows()
+{
+    while (!inspectors_.empty()) closedByUser(inspectors_.back().id);
 }
 
 Outlook::Inspector* Outlook::inspectorOf(const ItemObject& item) noexcept

@@ -36,6 +36,7 @@ public:
     // The same for a client that creates it. Throws AutomationError where the
     // setup says that this fails.
     automation::ComPtr<IDispatch> applicationForClient();
+    unsigned long creations() const noexcept { return creations_; } // asked for so far
 
     Recorder& recorder() noexcept { return recorder_; }
     Mailbox& mailbox() noexcept { return mailbox_; }
@@ -85,6 +86,9 @@ public:
     void savedByUser(InspectorId id);
     void open(const std::wstring& entryId);
 
+    // All windows of items; what is not saved is lost.
+    void closeWindows();
+
 private:
     // An item that somebody else saves while a table is read.
     struct Coming {
@@ -108,6 +112,7 @@ private:
     std::vector<Inspector> inspectors_;
     InspectorId lastInspector_ = 0;
     automation::ComPtr<IDispatch> application_;
+    unsigned long creations_ = 0;
 };
 
 }

@@ -18,6 +18,9 @@ public:
     // Whose items are shown; it outlives this.
     void watch(Outlook& outlook);
 
+    // The main window closes; those of items may still open.
+    void hide() { ShowWindow(main_.handle(), SW_HIDE); }
+
     void open(InspectorId id, const InspectorView& view) override;
     void update(InspectorId id, const InspectorView& view) override;
     void bringToFront(InspectorId id) override;

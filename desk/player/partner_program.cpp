@@ -74,12 +74,16 @@ void PartnerProgram::close()
 void PartnerProgram::end()
 {
     if (!process_.running()) return;
-    try {
-        desk::ask(name_, L"exit");
-    } catch (const std::runtime_error&) {
-        // It died, or hangs: it is ended below.
+    // One that lives on for its clients dies: killed, it would leave its class behind.
+    for (const wchar_t* request : {L"exit", L"die"}) {
+        try {
+            desk::ask(name_, request);
+        } catch (const std::runtime_error&) {
+            // It died, or hangs: it is ended below.
+        }
+        if (process_.ended(5000)) return;
     }
-    if (!process_.ended(5000)) process_.kill();
+    process_.kill();
 }
 
 std::wstring PartnerProgram::ask(std::wstring_view request) const

@@ -54,6 +54,10 @@ TEST_F(Control, BadStores_AreRefusedAndChangeNothing)
         {L"[contact]\nEntryID=A\n[contact]\nEntryID=A\n", "line 3: [contact] the EntryID is used twice"},
         {L"[contact]\nFolder=99\n", "line 1: [contact] there is no such folder"},
         {L"[outlook]\nVersion=95\n", "\"95\" is none of the versions 2003, 2007, 2016"},
+        {L"[outlook]\nGuard=perhaps\n", "\"perhaps\" is none of off, allow [MS], deny [HRESULT]"},
+        {L"[outlook]\nMissingCell=hole\n", "\"hole\" is none of empty, null, notfound"},
+        {L"[outlook]\nCreation=slowly\n", "\"slowly\" is none of works, fails [MS]"},
+        {L"[outlook]\nColour=blue\n", "[outlook] has no setting \"Colour\""},
     };
     for (const auto& [store, message] : bad) {
         try {
@@ -157,4 +161,44 @@ TEST_F(Control, Quit_IsCounted)
 {
     outlook.application().call(L"Quit");
     EXPECT_EQ(outlook.quits(), 1);
+}
+
+TEST_F(Control, Settings_ComeBackTheSame_AndOnlyThoseThatAreNotUsual)
+{
+    const std::wstring store = L"[outlook]\nVersion=2003\nGuard=deny 0x80040102\nMissingCell=null\nIdentifiers=4\n"
+                               L"Creation=fails 200\n";
+    outlook.load(store);
+    EXPECT_EQ(desk::storeText(outlook.model().records()), store);
+    for (const wchar_t* usual : {L"version 2016", L"guard off", L"missingcell empty", L"identifiers 0", L"creation works"})
+        EXPECT_EQ(outlook.ask(usual), L"ok");
+    EXPECT_EQ(desk::storeText(outlook.model().records()), L"");
+}
+
+TEST_F(Control, Typing_OpensTheItem_MasksTelephoneNumbers_AndSavesNothing)
+{
+    outlook.load(L"[contact]\nEntryID=AB\nFullName=Marc Durand\n");
+    EXPECT_EQ(outlook.ask(L"type AB\nHomeTelephoneNumber=2223334444\nCarTelephoneNumber=+12223334444\n"
+                          L"OtherTelephoneNumber=+33 1 23\nHobby=2223334444\n"),
+              L"ok");
+    EXPECT_EQ(outlook.ask(L"windows"), L"Marc Durand - Contact\tcontact\tAB");
+    const std::wstring shown = outlook.ask(L"contacts");
+    EXPECT_EQ(shown.find(L"HomeTelephoneNumber"), shown.rfind(L"HomeTelephoneNumber")) << "in the unsaved record only";
+    EXPECT_NE(shown.find(L"HomeTelephoneNumber=(222) 333-4444\n"), std::wstring::npos);
+    EXPECT_NE(shown.find(L"CarTelephoneNumber=+1 (222) 333-4444\n"), std::wstring::npos);
+    EXPECT_NE(shown.find(L"OtherTelephoneNumber=+33 1 23\n"), std::wstring::npos);
+    EXPECT_NE(shown.find(L"Hobby=2223334444\n"), std::wstring::npos) << "no telephone field";
+    EXPECT_THROW(outlook.ask(L"type CD\nHobby=x\n"), std::runtime_error);
+    outlook.ask(L"close-windows");
+}
+
+TEST_F(Control, DisplayedItem_IsOneObjectForItsUserAndItsClients)
+{
+    outlook.load(L"[contact]\nEntryID=AB\nFullName=Marc Durand\n");
+    outlook.ask(L"type AB\nHobby=Chess\n");
+    const Object contact = items(olContacts).get(L"Find", {L"[FullName] = 'Marc Durand'"}).object();
+    EXPECT_EQ(contact.get(L"Hobby").text(), L"Chess") << "what is typed is seen before it is saved";
+    EXPECT_FALSE(contact.get(L"Saved").truth());
+    contact.call(L"Close", {std::int16_t{0}});
+    EXPECT_EQ(outlook.ask(L"windows"), L"");
+    EXPECT_NE(outlook.ask(L"contacts").find(L"Hobby=Chess\n"), std::wstring::npos);
 }

@@ -195,3 +195,53 @@ TEST_F(Item, ItemFromItsEntryId_IsFoundOrAnError)
     EXPECT_EQ(session.get(L"GetItemFromID", {id}).object().get(L"FullName").text(), L"Marc Durand");
     EXPECT_EQ(failureOf([&] { session.get(L"GetItemFromID", {L"00"}); }).code(), static_cast<HRESULT>(0x8004010FL));
 }
+
+namespace {
+
+class Guard : public OutlookTest {
+protected:
+    Guard() { outlook.load(L"[contact]\nFullName=Marc Durand\nEmail1Address=marc@example.com\n"); }
+
+    automation::Object contact() { return items(olContacts).get(L"GetFirst").object(); }
+    std::wstring questions() { return outlook.ask(L"questions"); }
+};
+
+}
+
+TEST_F(Guard, Off_AsksNothing)
+{
+    EXPECT_EQ(contact().get(L"Email1Address").text(), L"marc@example.com");
+    EXPECT_EQ(questions(), L"0");
+}
+
+TEST_F(Guard, Deny_RefusesWhatIsProtected_WithTheCodeThatWasSet)
+{
+    outlook.ask(L"guard deny");
+    EXPECT_EQ(failureOf([&] { contact().get(L"Email1Address"); }).code(), E_ABORT);
+    outlook.ask(L"guard deny 0x80040102");
+    EXPECT_EQ(failureOf([&] { contact().get(L"Body"); }).code(), static_cast<HRESULT>(0x80040102L));
+    const auto journal = items(olJournal).get(L"Add").object();
+    EXPECT_EQ(failureOf([&] { journal.get(L"Recipients"); }).code(), static_cast<HRESULT>(0x80040102L));
+    const auto columns = folder(olContacts).get(L"GetTable").object().get(L"Columns").object();
+    EXPECT_EQ(failureOf([&] { columns.call(L"Add", {L"FullName"}); }).code(), static_cast<HRESULT>(0x80040102L));
+    EXPECT_EQ(questions(), L"4");
+}
+
+TEST_F(Guard, Deny_LetsEverythingElseBe)
+{
+    outlook.ask(L"guard deny");
+    EXPECT_EQ(contact().get(L"FullName").text(), L"Marc Durand");
+    EXPECT_FALSE(contact().get(L"EntryID").text().empty());
+    contact().put(L"Email1Address", L"other@example.com");
+    contact().put(L"Body", L"what is written is not protected");
+    EXPECT_EQ(questions(), L"0");
+}
+
+TEST_F(Guard, Allow_CountsEachQuestion)
+{
+    const auto journal = items(olJournal).get(L"Add").object();
+    outlook.ask(L"guard allow");
+    EXPECT_EQ(contact().get(L"Email1Address").text(), L"marc@example.com");
+    journal.get(L"Recipients").object().call(L"Add", {L"Marc"});
+    EXPECT_EQ(questions(), L"3") << "the collection, and its member";
+}

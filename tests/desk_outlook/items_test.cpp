@@ -110,3 +110,20 @@ TEST_F(Items, WrongCountsAndNames_AreAnsweredAsAServerDoes)
     EXPECT_EQ(failureOf([&] { all.get(L"Nonsense"); }).code(), DISP_E_UNKNOWNNAME);
     EXPECT_EQ(failureOf([&] { all.put(L"Count", std::int32_t{1}); }).code(), DISP_E_MEMBERNOTFOUND);
 }
+
+TEST_F(Items, IdentifiersThatHaveMoved_AreFoundByName_AndMeanOthersByNumber)
+{
+    outlook.load(L"[contact]\nFullName=Marc Durand\n");
+    const auto idOf = [](const Object& object, const wchar_t* name) {
+        LPOLESTR names = const_cast<LPOLESTR>(name);
+        DISPID id = DISPID_UNKNOWN;
+        object.dispatch()->GetIDsOfNames(IID_NULL, &names, 1, 0, &id);
+        return id;
+    };
+    const Object contacts = items(olContacts);
+    const DISPID find = idOf(contacts, L"Find");
+    EXPECT_EQ(outlook.ask(L"identifiers 4"), L"ok");
+    EXPECT_EQ(idOf(contacts, L"GetFirst"), find) << "Find is four rows behind GetFirst";
+    EXPECT_EQ(contacts.get(find).object().get(L"FullName").text(), L"Marc Durand");
+    EXPECT_TRUE(items(olContacts).get(L"Find", {L"[FullName] = 'Marc Durand'"}).object());
+}

@@ -365,6 +365,36 @@ TEST(OutlookProgram, BadStartOrStore_EndsWithOneLine)
     EXPECT_TRUE(line.ends_with("outlook.store.txt: line 2: neither [kind] nor Field=value\n")) << line;
 }
 
+TEST(OutlookProgram, Version2003_ClosedByItsUser_LivesOnWhileAClientHoldsReferences)
+{
+    const RunningOutlook outlook("[outlook]\nVersion=2003\n[contact]\nFullName=Ann Abel\n");
+    Object folder = contactsOf(outlookObject());
+    outlook.ask(L"exit");
+    EXPECT_TRUE(soon([] { return !IsWindowVisible(FindWindowW(nullptr, L"Contacts - Microsoft Outlook")); }));
+    EXPECT_EQ(folder.get(L"Items").object().get(L"Count").int32(), 1) << "it serves the client";
+    EXPECT_EQ(outlook.process().exitCode(300), Process::stillRuns);
+    folder = Object();
+    EXPECT_EQ(outlook.process().exitCode(), 0u) << "the last reference has gone";
+}
+
+TEST(OutlookProgram, Version2016_ClosedByItsUser_EndsThoughAClientHoldsReferences)
+{
+    const RunningOutlook outlook;
+    const Object folder = contactsOf(outlookObject());
+    outlook.ask(L"exit");
+    EXPECT_EQ(outlook.process().exitCode(), 0u);
+}
+
+TEST(OutlookProgram, CreationThatFails_IsTheServersRefusal_UntilItWorksAgain)
+{
+    const RunningOutlook outlook;
+    EXPECT_EQ(outlook.ask(L"creation fails 100"), L"ok");
+    EXPECT_EQ(codeOf([] { outlookObject(); }), CO_E_SERVER_EXEC_FAILURE);
+    EXPECT_EQ(outlook.ask(L"creation works"), L"ok");
+    EXPECT_EQ(outlookObject().get(L"Name").text(), L"Outlook");
+    EXPECT_EQ(outlook.ask(L"creations"), L"2");
+}
+
 TEST(OutlookProgram, Show_BringsAFolderIntoTheMainWindow)
 {
     const RunningOutlook outlook;

@@ -145,3 +145,30 @@ TEST_F(Table, TenThousandContacts_ComeInOneArray)
     const Value all = made.get(L"GetArray", {std::int32_t{10'000}});
     EXPECT_EQ(cell(all, 0, 9999).text(), L"P 9999");
 }
+
+TEST_F(Table, MissingCells_AreEmptyOrNullOrAnError)
+{
+    const auto missing = [&] { return cell(tableOf({L"MobileTelephoneNumber"}).get(L"GetArray", {std::int32_t{3}}), 0, 1); };
+    EXPECT_EQ(missing().type(), VT_EMPTY);
+    outlook.ask(L"missingcell null");
+    EXPECT_EQ(missing().type(), VT_NULL);
+    outlook.ask(L"missingcell notfound");
+    ASSERT_EQ(missing().type(), VT_ERROR);
+    EXPECT_EQ(V_ERROR(&missing().variant()), static_cast<SCODE>(0x8004010FL));
+}
+
+TEST_F(Table, WhatComesAndGoesWhileItIsRead_IsSeen)
+{
+    const Object made = tableOf({L"FullName"});
+    outlook.ask(L"coming 1 contact\nFullName=Eve Ebel\n");
+    made.get(L"GetArray", {std::int32_t{3}});
+    EXPECT_FALSE(made.get(L"EndOfTable").truth()) << "one came behind the last block";
+    EXPECT_EQ(made.get(L"GetRowCount").int32(), 4);
+    EXPECT_EQ(cell(made.get(L"GetArray", {std::int32_t{3}}), 0, 0).text(), L"Eve Ebel");
+    EXPECT_TRUE(made.get(L"EndOfTable").truth());
+    made.call(L"MoveToStart");
+    made.get(L"GetArray", {std::int32_t{2}});
+    items(olContacts).get(L"GetFirst").object().call(L"Delete");
+    EXPECT_EQ(made.get(L"GetRowCount").int32(), 3);
+    EXPECT_EQ(cell(made.get(L"GetArray", {std::int32_t{1}}), 0, 0).text(), L"Cy Cole") << "the place is kept";
+}
