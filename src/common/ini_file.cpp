@@ -4,15 +4,64 @@
 
 #include <windows.h>
 
+#include <algorithm>
+#include <optional>
 #include <string_view>
+
+namespace {
+
+constexpr std::size_t bufferSize = 1024;
+
+bool isBeyondAscii(char byte)
+{
+    return (static_cast<unsigned char>(byte) & 0x80) != 0;
+}
+
+bool continuesCharacter(char byte)
+{
+    return (static_cast<unsigned char>(byte) & 0xC0) == 0x80;
+}
+
+// Empty when it is no UTF-8.
+std::optional<std::wstring> fromUtf8(std::string_view bytes)
+{
+    const int size = static_cast<int>(bytes.size());
+    std::wstring text(bytes.size(), L'\0');
+    const int length =
+        MultiByteToWideChar(CP_UTF8, MB_ERR_INVALID_CHARS, bytes.data(), size, text.data(), size);
+    if (length == 0) return std::nullopt;
+    text.resize(static_cast<std::size_t>(length));
+    return text;
+}
+
+// Without the beginning of a UTF-8 character that a full buffer has cut in two.
+std::string_view withoutCutCharacter(std::string_view bytes)
+{
+    std::size_t start = bytes.size() - 1;
+    while (start > 0 && continuesCharacter(bytes[start])) --start;
+    const auto lead = static_cast<unsigned char>(bytes[start]);
+    const std::size_t whole = lead >= 0xF0 ? 4 : lead >= 0xE0 ? 3 : lead >= 0xC0 ? 2 : 1;
+    return bytes.size() - start < whole ? bytes.substr(0, start) : bytes;
+}
+
+std::wstring textOf(std::string_view bytes)
+{
+    if (std::any_of(bytes.begin(), bytes.end(), isBeyondAscii)) {
+        const bool isFull = bytes.size() == bufferSize - 1;
+        if (auto text = fromUtf8(isFull ? withoutCutCharacter(bytes) : bytes)) return *text;
+    }
+    return automation::wide(bytes);
+}
+
+}
 
 IniFile::IniFile(const std::wstring& path) : path_(automation::ansi(path)) {}
 
 std::wstring IniFile::read(const char* section, const char* key, const char* fallback) const
 {
-    char buffer[1024];
+    char buffer[bufferSize];
     const DWORD length = GetPrivateProfileStringA(section, key, fallback, buffer, sizeof buffer, path_.c_str());
-    return automation::wide({buffer, length});
+    return textOf({buffer, length});
 }
 
 bool IniFile::readSwitch(const char* section, const char* key, const char* fallback) const
@@ -29,7 +78,7 @@ std::vector<std::wstring> IniFile::sections() const
         buffer.resize(buffer.size() * 2);
     std::vector<std::wstring> names;
     for (std::string_view name = buffer.data(); !name.empty(); name = name.data() + name.size() + 1)
-        names.push_back(automation::wide(name));
+        names.push_back(textOf(name));
     return names;
 }
 

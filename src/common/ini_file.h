@@ -8,8 +8,9 @@ class IniFile {
 public:
     explicit IniFile(const std::wstring& path);
 
-    // The value, or `fallback` where file, section or key is missing. Values
-    // are ANSI texts; what is longer than 1023 characters is cut there.
+    // The value, or `fallback` where file, section or key is missing. What is
+    // longer than 1023 bytes is cut there. A text beyond ASCII that is valid
+    // UTF-8, as Notepad writes it, is taken as that, every other one as ANSI.
     std::wstring read(const char* section, const char* key, const char* fallback) const;
 
     // Whether the value is exactly "true".

@@ -13,6 +13,12 @@ namespace {
 constexpr const char* section = "outlook";
 constexpr const wchar_t* extensionsKey = L"SOFTWARE\\Microsoft\\Exchange\\Client\\Extensions";
 
+bool softphoneIsInstalled(const OutlookSession& session)
+{
+    const std::wstring& folder = session.host.configuration().szPathPavex;
+    return !folder.empty() && folder != registryNoText;
+}
+
 void readExtension(OutlookSession& session, const IniFile& ini)
 {
     const std::wstring library = ini.read(section, "DllExtension", "");
@@ -22,7 +28,10 @@ void readExtension(OutlookSession& session, const IniFile& ini)
     std::wstring value = ini.read(section, "RegisteDllExtension", "");
     value = replaceAll(std::move(value), L"<PathDllExtension>", folder);
     session.szRegisteDllExtension = replaceAll(std::move(value), L"<DllExtension>", library);
-    RegSetString(HKEY_LOCAL_MACHINE, extensionsKey, session.szDllExtensionName, session.szRegisteDllExtension);
+    // Without the softphone's folder the ini file lies in a place that anybody
+    // may write to, and Exchange's client would load what it names.
+    if (softphoneIsInstalled(session))
+        RegSetString(HKEY_LOCAL_MACHINE, extensionsKey, session.szDllExtensionName, session.szRegisteDllExtension);
 }
 
 auto watchedSettings(const OutlookSession& session)

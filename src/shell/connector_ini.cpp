@@ -1,6 +1,7 @@
 #include "automation/conversion.h"
 #include "common/error_trap.h"
 #include "common/text.h"
+#include "shell/file_time.h"
 #include "shell/hublink.h"
 
 #include <tuple>
@@ -41,7 +42,7 @@ bool Hublink::ReadConnectorIni()
     trapErrors(L"ReadConnectorIni", [&] {
         const auto before = comparedSwitches(configuration_);
         const IniFile ini(configuration_.szFileConnectorIni);
-        if (ini.readSwitch(application, "kill", "false")) {
+        if (isToStop(ini)) {
             ini.write(application, "kill", "false");
             return gPavexInterface.Kill();
         }
@@ -55,6 +56,15 @@ bool Hublink::ReadConnectorIni()
         unchanged = comparedSwitches(configuration_) == before;
     });
     return unchanged;
+}
+
+// A "kill" that the start-up could not set back was left by an earlier run: it
+// counts no more until somebody changes the file.
+bool Hublink::isToStop(const IniFile& ini) const
+{
+    if (!ini.readSwitch(application, "kill", "false")) return false;
+    const std::optional<FILETIME> changed = modificationTime(configuration_.szFileConnectorIni);
+    return !staleKill_ || !changed || !sameTime(*changed, *staleKill_);
 }
 
 void Hublink::readGroupwares(const IniFile& ini)

@@ -28,6 +28,7 @@ struct Desktop {
     std::wstring programFolder;                                                    // no trailing backslash
     std::function<int(const std::wstring& text, UINT flags)> messageBox;           // titled with the program's name
     std::function<void()> endProcess;                                              // at once, nothing else runs
+    std::function<bool(DWORD message, TrayIconData& data)> notifyShell = ::notifyShell; // the notification area
 };
 
 class Hublink final : public Host, private FormEvents {
@@ -84,7 +85,9 @@ private:
     void superviseOutlook();
     void superviseIniFile();
     void askWhetherToStop();
+    void offerTrayIcon();
     bool isRunning(const wchar_t* fileName, HANDLE& handle);
+    bool isToStop(const IniFile& ini) const;
     void readGroupwares(const IniFile& ini);
     void readFeatures(const IniFile& ini);
 
@@ -98,12 +101,14 @@ private:
     LotusSession lotus_;
     PavexInterface gPavexInterface;
     std::optional<FILETIME> gIniFileDate; // modification time when last read
+    std::optional<FILETIME> staleKill_;   // the file's time when its "kill" could not be set back
     bool bProcessWatchReady = false;
     HANDLE hPavexProcess = nullptr;
     HANDLE hOutlookProcess = nullptr;
     HANDLE hNotesProcess = nullptr;
     DWORD notesProcessId_ = 0; // found once and kept, also when Notes restarts
     TrayIconData trayIconData_;
+    int iconOffers_ = 0;       // still to be made to the shell, unless the icon stands
     bool inTick_ = false;      // a tick is under way, or waits in a message box of its own
     bool asking_ = false;      // the icon's question is open
     bool mapWasTold_ = false;  // StopAll has called the map server, in vain perhaps

@@ -7,12 +7,28 @@
 
 using namespace std::string_literals;
 
+namespace {
+
+constexpr int ticksOfAMinute = 60'000 / FormWindow::tickInterval;
+
+}
+
 void Hublink::AddTrayIcon()
 {
     const HICON icon = LoadIconW(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(IDI_HUBLINK));
     trayIconData_ = FillTrayIconData(hWnd(), 1, NIF_MESSAGE | NIF_ICON | NIF_TIP, WM_MOUSEMOVE, icon,
                                      "Orvel - Hublink\0"s);
-    notifyShell(NIM_ADD, trayIconData_);
+    iconOffers_ = 1 + ticksOfAMinute;
+    offerTrayIcon();
+}
+
+// The shell may refuse the icon while it is busy after the user has signed in, and
+// does not say so reliably (vendor's reference of Shell_NotifyIcon, remarks of its
+// users). The ticks of the first minute offer it again.
+void Hublink::offerTrayIcon()
+{
+    if (iconOffers_ == 0) return;
+    iconOffers_ = desktop_.notifyShell(NIM_ADD, trayIconData_) ? 0 : iconOffers_ - 1;
 }
 
 void Hublink::Form_MouseMove(int, int, double X, double)

@@ -27,7 +27,7 @@ Hublink::Hublink(Desktop desktop)
 
 Hublink::~Hublink()
 {
-    if (trayIconData_.cbSize) notifyShell(NIM_DELETE, trayIconData_);
+    if (trayIconData_.cbSize) desktop_.notifyShell(NIM_DELETE, trayIconData_);
 }
 
 void Hublink::initProcessHandle()
@@ -56,9 +56,12 @@ void Hublink::Form_Load()
         const std::wstring folder = configuration_.szPathPavex + L"\\Connector";
         CopieFileIfNotExist(folder, iniFileName, desktop_.programFolder);
         configuration_.szFileConnectorIni = folder + L"\\" + iniFileName;
-        // A stop request that an earlier run left behind must not end this one.
-        IniFile(configuration_.szFileConnectorIni).write("Application", "kill", "false");
+        // A stop request that an earlier run left behind must not end this one,
+        // also where the file cannot be written.
+        const IniFile ini(configuration_.szFileConnectorIni);
+        ini.write("Application", "kill", "false");
         gIniFileDate = modificationTime(configuration_.szFileConnectorIni);
+        if (ini.readSwitch("Application", "kill", "false")) staleKill_ = gIniFileDate;
         ReadConnectorIni();
         gPavexInterface.Class_Initialize();
     });

@@ -28,7 +28,7 @@ void Hublink::StopAll()
             map.call(L"StopOrvelConvertId");
         }
         ending_ = true;
-        notifyShell(NIM_DELETE, trayIconData_);
+        desktop_.notifyShell(NIM_DELETE, trayIconData_);
         if (configuration_.Trace) showMessage(L"The End !!!");
         desktop_.endProcess();
     });

@@ -21,6 +21,7 @@ void Hublink::SupervisionPavex_Timer()
     if (!bProcessWatchReady || inTick_) return;
     inTick_ = true;
     trapErrors(L"SupervisionPavex", [&] {
+        offerTrayIcon();
         superviseSoftphone();
         superviseNotes();
         superviseOutlook();

@@ -1,5 +1,6 @@
 #include "common/ini_file.h"
 
+#include "automation/text.h"
 #include "support/scratch_folder.h"
 
 #include <gtest/gtest.h>
@@ -68,6 +69,57 @@ TEST_F(Ini, LongDefault_IsCutToo)
 TEST_F(Ini, AnsiText_IsReadInTheCodePage)
 {
     EXPECT_EQ(with("[s]\r\nk=r\xE9pondu\r\n").read("s", "k", ""), L"r\u00E9pondu");
+}
+
+TEST_F(Ini, Utf8Text_IsReadAsThat_AndTakesNoMarkToBeKnown)
+{
+    const IniFile ini = with("[s]\r\nk=r\xC3\xA9pondu \xE2\x82\xAC\r\nplain=abc\r\n");
+    EXPECT_EQ(ini.read("s", "k", ""), L"r\u00E9pondu \u20AC");
+    EXPECT_EQ(ini.read("s", "plain", ""), L"abc");
+}
+
+TEST_F(Ini, Utf8BeyondTheCodePage_IsReadWhole)
+{
+    EXPECT_EQ(with("[s]\r\nk=\xCE\xA9 \xF0\x9F\x93\x9E\r\n").read("s", "k", ""), L"\u03A9 \xD83D\xDCDE");
+}
+
+TEST_F(Ini, TextThatIsAlmostUtf8_IsAnsi)
+{
+    for (const char* bytes : {"\xE9", "r\xC3", "\xA9\xC3", "\xC3\xA9 r\xE9pondu", "\xC0\xAF", "\xED\xA0\x80"}) {
+        const std::string text = std::string("[s]\r\nk=") + bytes + "x\r\n";
+        EXPECT_EQ(with(text).read("s", "k", ""), automation::wide(std::string(bytes) + "x"));
+    }
+}
+
+TEST_F(Ini, LongUtf8Text_CutInTheMiddleOfACharacter_LosesThatCharacterOnly)
+{
+    for (const std::string letter : {"\xC3\xA9", "\xE2\x82\xAC", "\xF0\x9F\x93\x9E"})
+        for (std::size_t before = 0; before < letter.size(); ++before) {
+            std::string value(before, 'a');
+            while (value.size() < 1100) value += letter;
+            const std::wstring read = with("[s]\r\nk=" + value + "\r\n").read("s", "k", "");
+            const std::size_t letters = (1023 - before) / letter.size();
+            EXPECT_EQ(read.size(), before + letters * (letter.size() == 4 ? 2 : 1)) << letter << before;
+        }
+}
+
+TEST_F(Ini, SectionNamesInUtf8_AreReadAsThat)
+{
+    EXPECT_EQ(with("[\xC3\xA9t\xC3\xA9]\r\nk=v\r\n").sections(), std::vector<std::wstring>{L"\u00E9t\u00E9"});
+}
+
+// Windows takes the mark for a part of the first line, and knows nothing of a
+// section whose bracket stands behind it.
+TEST_F(Ini, Utf8Mark_InFrontOfAComment_HidesNoSection)
+{
+    const IniFile ini = with("\xEF\xBB\xBF; settings\r\n[one]\r\nk=r\xC3\xA9pondu\r\n[two]\r\nk=2\r\n");
+    EXPECT_EQ(ini.read("one", "k", ""), L"r\u00E9pondu");
+    EXPECT_EQ(ini.read("two", "k", ""), L"2");
+}
+
+TEST_F(Ini, Utf8Mark_InFrontOfASection_HidesNoOther)
+{
+    EXPECT_EQ(with("\xEF\xBB\xBF[one]\r\nk=1\r\n[two]\r\nk=2\r\n").read("two", "k", ""), L"2");
 }
 
 TEST_F(Ini, Switch_IsOnForTheExactTextOnly)

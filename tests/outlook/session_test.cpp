@@ -7,7 +7,11 @@ namespace {
 
 class OutlookSettings : public OutlookTest {
 protected:
-    OutlookSettings() { host.settings.szFileConnectorIni = folder.file(L"pavexconnector.ini"); }
+    OutlookSettings()
+    {
+        host.settings.szPathPavex = folder.path();
+        host.settings.szFileConnectorIni = folder.file(L"pavexconnector.ini");
+    }
 
     void write(const std::string& section) { folder.write(L"pavexconnector.ini", "[outlook]\r\n" + section); }
 
@@ -136,6 +140,18 @@ TEST_F(OutlookSettings, ExtensionWithoutAPath_TakesTheProgramsFolder)
     write("Extension=true\r\nDllExtension=a.dll\r\nDllExtensionName=Hub\r\nRegisteDllExtension=<PathDllExtension>\\<DllExtension>\r\n");
     ReadOutlookIni(session);
     EXPECT_EQ(session.szRegisteDllExtension, L"D:\\Hublink\\a.dll");
+}
+
+TEST_F(OutlookSettings, ExtensionWithTheSoftphonesFolderUnknown_IsRead_ButNotRegistered)
+{
+    const ExtensionsKey key;
+    write("Extension=true\r\nDllExtensionName=Hub\r\nRegisteDllExtension=4.0\r\n");
+    for (const wchar_t* unknown : {L"", L"--Not String--"}) {
+        host.settings.szPathPavex = unknown;
+        ReadOutlookIni(session);
+        EXPECT_EQ(session.szRegisteDllExtension, L"4.0");
+        EXPECT_EQ(key.value("Hub"), "(none)");
+    }
 }
 
 TEST_F(OutlookSettings, ExtensionUnchanged_IsRegisteredAtEveryCall)

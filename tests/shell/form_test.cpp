@@ -118,6 +118,7 @@ Hublink& FormTest::form()
                 ++ended;
                 if (onEnd) onEnd();
             },
+            [this](DWORD message, TrayIconData& data) { return onIcon ? onIcon(message) : notifyShell(message, data); },
         });
     }
     return *form_;
@@ -127,6 +128,12 @@ Hublink& FormTest::load()
 {
     form().Form_Load();
     return form();
+}
+
+Hublink& FormTest::startAgain()
+{
+    form_.reset();
+    return load();
 }
 
 std::wstring FormTest::iniValue(const char* section, const char* key) const

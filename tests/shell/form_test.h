@@ -78,6 +78,9 @@ protected:
     // The form, made on first use, and loaded.
     Hublink& form();
     Hublink& load();
+
+    // The next run: a new form, loaded.
+    Hublink& startAgain();
     const Configuration& configuration() { return form().configuration(); }
 
     // What Windows sends when the supervision timer's time has come.
@@ -107,6 +110,7 @@ protected:
     std::function<int(const std::wstring&)> onBox; // while a box is open; its answer
     int ended = 0;
     std::function<void()> onEnd;
+    std::function<bool(DWORD message)> onIcon; // the notification area's answer; without it the real one's
     support::RawPartner outlook{{{L"quit", 1}, {L"CreateItem", 2}}};
     support::RawPartner logItem{
         {{L"Subject", 1}, {L"Start", 2}, {L"End", 3}, {L"Type", 4}, {L"Body", 5}, {L"Close", 6}}};

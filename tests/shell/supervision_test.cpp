@@ -4,6 +4,8 @@
 #include "automation/outgoing_call.h"
 #include "support/handle_count.h"
 
+#include <shellapi.h>
+
 #include <algorithm>
 
 using shell_tests::iniText;
@@ -336,4 +338,46 @@ TEST_F(Supervision, OtherTimers_AreNoTicks)
     start();
     SendMessageW(form().hWnd(), WM_TIMER, 99, 0);
     EXPECT_FALSE(configuration().gStop);
+}
+
+TEST_F(Supervision, IconRefusedAtTheStart_IsOfferedAgainAtTheTicks_UntilItStands)
+{
+    int offers = 0;
+    onIcon = [&](DWORD message) { return message != NIM_ADD || ++offers == 4; };
+    startSoftphone();
+    start();
+    EXPECT_EQ(offers, 1);
+    for (int time = 0; time < 20; ++time) tick();
+    EXPECT_EQ(offers, 4) << "never again once it stands";
+}
+
+TEST_F(Supervision, IconRefusedForAMinute_IsOfferedNoMore)
+{
+    int offers = 0;
+    onIcon = [&](DWORD message) { return message != NIM_ADD || (++offers, false); };
+    startSoftphone();
+    start();
+    for (int time = 0; time < 30; ++time) tick();
+    EXPECT_EQ(offers, 1 + 12);
+}
+
+TEST_F(Supervision, IconThatStands_IsNotOfferedAgain_AlsoWhenTheTaskBarHasLostIt)
+{
+    startSoftphone();
+    start();
+    TrayIconData icon = FillTrayIconData(form().hWnd(), 1, 0, 0, nullptr, "");
+    ASSERT_TRUE(notifyShell(NIM_DELETE, icon));
+    for (int time = 0; time < 3; ++time) tick();
+    EXPECT_FALSE(iconIsShown());
+}
+
+TEST_F(Supervision, IconStillRefused_IsNotOfferedOnceAStopIsAskedFor)
+{
+    int offers = 0;
+    onIcon = [&](DWORD message) { return message != NIM_ADD || (++offers, false); };
+    startSoftphone();
+    start();
+    form().StopConnector();
+    tick();
+    EXPECT_EQ(offers, 1);
 }
