@@ -42,6 +42,33 @@ private:
     void* data_ = nullptr;
 };
 
+std::size_t sizeOfElement(VARTYPE type)
+{
+    switch (type) {
+    case VT_I1: case VT_UI1: return 1;
+    case VT_I2: case VT_UI2: case VT_BOOL: return 2;
+    case VT_I4: case VT_UI4: case VT_INT: case VT_UINT: case VT_ERROR: case VT_R4: return 4;
+    case VT_I8: case VT_UI8: case VT_R8: case VT_DATE: case VT_CY: return 8;
+    case VT_BSTR: case VT_DISPATCH: case VT_UNKNOWN: return sizeof(void*);
+    case VT_DECIMAL: return sizeof(DECIMAL);
+    case VT_VARIANT: return sizeof(VARIANT);
+    default: return 0;
+    }
+}
+
+// By its features, which every array of texts, objects or variants has; then by
+// the type that newer arrays keep. The value's word is the last.
+VARTYPE typeOfElements(SAFEARRAY* array, VARTYPE claimed)
+{
+    if (array->fFeatures & FADF_RECORD) return VT_RECORD;
+    if (array->fFeatures & FADF_BSTR) return VT_BSTR;
+    if (array->fFeatures & FADF_VARIANT) return VT_VARIANT;
+    if (array->fFeatures & FADF_DISPATCH) return VT_DISPATCH;
+    if (array->fFeatures & FADF_UNKNOWN) return VT_UNKNOWN;
+    VARTYPE told = VT_EMPTY;
+    return SUCCEEDED(SafeArrayGetVartype(array, &told)) ? told : claimed;
+}
+
 Value elementValue(const void* element, VARTYPE type)
 {
     if (type == VT_VARIANT) return Value::copyOf(*static_cast<const VARIANT*>(element));
@@ -58,11 +85,14 @@ Value elementValue(const void* element, VARTYPE type)
 std::vector<Value> elementsOf(const Value& array)
 {
     std::vector<Value> values;
-    const VARTYPE type = array.type() & VT_TYPEMASK;
-    if (array.type() != (VT_ARRAY | type) || type == VT_RECORD)
-        throw AutomationError(L"array", DISP_E_TYPEMISMATCH);
+    const VARTYPE claimed = array.type() & VT_TYPEMASK;
+    if (array.type() != (VT_ARRAY | claimed)) throw AutomationError(L"array", DISP_E_TYPEMISMATCH);
     SAFEARRAY* const elements = V_ARRAY(&array.variant());
     if (!elements) return values;
+    const VARTYPE type = typeOfElements(elements, claimed);
+    const std::size_t sizeOfType = sizeOfElement(type);
+    if (sizeOfType == 0 || SafeArrayGetElemsize(elements) != sizeOfType)
+        throw AutomationError(L"array", DISP_E_TYPEMISMATCH);
     const std::size_t size = sizeOf(elements);
     const OpenArray open(elements);
     values.reserve(size);

@@ -84,10 +84,13 @@ IdentifierStore::OpenStore& IdentifierStore::opened()
 IdentifierStore::OpenStore IdentifierStore::load() const
 {
     makeFolderOf(path_);
+    recoverReplacement(path_, options_.patience);
     OpenStore store{LogFile(path_, OPEN_ALWAYS, options_.patience), 0, 0, {}};
-    // A replacement found here belongs to a rewriting that was cut short.
-    dropReplacement(path_);
     const Replay found = replay(store.file, store.index);
+    // A replacement beside the store belongs to a rewriting that was cut short.
+    // Beside a damaged store it may know what that one has lost.
+    if (found.damaged) setReplacementAside(path_);
+    else dropReplacement(path_);
     store.end = found.end;
     store.entries = found.entries;
     if (found.blank) {
@@ -117,7 +120,7 @@ void IdentifierStore::repair(OpenStore& store, bool damaged) const
     } catch (const StoreError&) {
         dropReplacement(path_);
         // The damaged file is still in its place: the next try keeps it then.
-        if (!kept.empty()) DeleteFileW(kept.c_str());
+        if (!kept.empty() && presenceOf(path_) == Presence::there) DeleteFileW(kept.c_str());
         throw;
     }
     store.file = LogFile(path_, OPEN_EXISTING, options_.patience);

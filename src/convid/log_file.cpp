@@ -20,7 +20,7 @@ bool isWriteProtected(const std::wstring& path)
 LogFile::LogFile(std::wstring path, DWORD disposition, DWORD patience)
     : path_(std::move(path)), handle_(INVALID_HANDLE_VALUE)
 {
-    const DWORD result = retryWhileInUse(patience, [&]() -> DWORD {
+    const DWORD result = retryWhile(isInUse, patience, [&]() -> DWORD {
         if (isWriteProtected(path_)) return ERROR_ACCESS_DENIED;
         handle_ = CreateFileW(path_.c_str(), GENERIC_READ | GENERIC_WRITE, FILE_SHARE_READ, nullptr, disposition,
                               FILE_ATTRIBUTE_NORMAL, nullptr);

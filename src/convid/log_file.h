@@ -43,16 +43,21 @@ private:
     HANDLE handle_;
 };
 
-// Runs `attempt`, which returns a Windows error code, until it is no longer
-// told that another program uses the file, or `patience` milliseconds are over.
-template <class Attempt>
-DWORD retryWhileInUse(DWORD patience, Attempt attempt)
+// Another program uses the file.
+inline bool isInUse(DWORD code)
+{
+    return code == ERROR_SHARING_VIOLATION || code == ERROR_LOCK_VIOLATION;
+}
+
+// Runs `attempt`, which returns a Windows error code, again and again as long
+// as that is a passing one, and no longer than `patience` milliseconds.
+template <class IsPassing, class Attempt>
+DWORD retryWhile(IsPassing isPassing, DWORD patience, Attempt attempt)
 {
     const DWORD start = GetTickCount();
     for (;;) {
         const DWORD result = attempt();
-        if (result != ERROR_SHARING_VIOLATION && result != ERROR_LOCK_VIOLATION) return result;
-        if (GetTickCount() - start >= patience) return result;
+        if (!isPassing(result) || GetTickCount() - start >= patience) return result;
         Sleep(20);
     }
 }

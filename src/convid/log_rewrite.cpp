@@ -1,13 +1,14 @@
 #include "convid/log_rewrite.h"
 
 #include "convid/log_file.h"
+#include "convid/log_replay.h"
 #include "convid/store_error.h"
 
 namespace convid {
 
 namespace {
 
-// A virus scanner looks at the new copy at once.
+// A virus scanner looks at a new copy at once.
 constexpr DWORD patienceForCopy = 2'000;
 
 std::wstring replacementOf(const std::wstring& path)
@@ -40,6 +41,55 @@ void removeFile(const std::wstring& path) noexcept
     DeleteFileW(path.c_str());
 }
 
+bool isConnectionLoss(DWORD code)
+{
+    switch (code) {
+    case ERROR_REM_NOT_LIST:
+    case ERROR_BAD_NETPATH:
+    case ERROR_NETWORK_BUSY:
+    case ERROR_DEV_NOT_EXIST:
+    case ERROR_ADAP_HDW_ERR:
+    case ERROR_UNEXP_NET_ERR:
+    case ERROR_NETNAME_DELETED:
+    case ERROR_BAD_NET_NAME:
+    case ERROR_SEM_TIMEOUT:
+    case ERROR_NETWORK_UNREACHABLE:
+    case ERROR_HOST_UNREACHABLE:
+    case ERROR_CONNECTION_ABORTED:
+        return true;
+    default:
+        return false;
+    }
+}
+
+bool isFile(const std::wstring& path)
+{
+    const DWORD attributes = GetFileAttributesW(path.c_str());
+    return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) == 0;
+}
+
+// Whether it holds a store from beginning to end. Throws StoreError when it
+// cannot be read, or comes from a newer program.
+bool isComplete(const std::wstring& replacement)
+{
+    const LogFile file(replacement, OPEN_EXISTING, patienceForCopy);
+    RecordIndex index;
+    const Replay found = replay(file, index);
+    return !found.blank && !found.torn && !found.damaged;
+}
+
+// Gives the file the next free name among the store's damaged ones.
+std::wstring renamedAsDamaged(const std::wstring& file, const std::wstring& path)
+{
+    for (int number = 1;; ++number) {
+        const std::wstring name = path + L".damaged-" + std::to_wstring(number);
+        if (MoveFileExW(file.c_str(), name.c_str(), MOVEFILE_WRITE_THROUGH)) return name;
+        const DWORD code = GetLastError();
+        if (code != ERROR_ALREADY_EXISTS && code != ERROR_FILE_EXISTS)
+            throw systemError(L"The identifier store " + file + L" cannot be set aside", code);
+    }
+}
+
 // Copies under a passing name, so that a damaged store's own name always
 // stands for the whole of it.
 std::wstring copyBeside(const std::wstring& path)
@@ -65,9 +115,23 @@ try {
     throw;
 }
 
+DWORD replacePatiently(DWORD patience, const std::function<DWORD()>& replace)
+{
+    bool answerLost = false;
+    const auto isPassing = [](DWORD code) {
+        return isInUse(code) || code == ERROR_ACCESS_DENIED || isConnectionLoss(code);
+    };
+    return retryWhile(isPassing, patience, [&]() -> DWORD {
+        const DWORD result = replace();
+        if (answerLost && result == ERROR_FILE_NOT_FOUND) return ERROR_SUCCESS;
+        answerLost |= isConnectionLoss(result);
+        return result;
+    });
+}
+
 void moveReplacementIntoPlace(const std::wstring& path, DWORD patience)
 {
-    const DWORD result = retryWhileInUse(patience, [&]() -> DWORD {
+    const DWORD result = replacePatiently(patience, [&]() -> DWORD {
         const BOOL moved = MoveFileExW(replacementOf(path).c_str(), path.c_str(),
                                        MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH);
         return moved ? ERROR_SUCCESS : GetLastError();
@@ -77,21 +141,43 @@ void moveReplacementIntoPlace(const std::wstring& path, DWORD patience)
     throw systemError(L"The identifier store " + path + L" cannot be replaced", result);
 }
 
+Presence presenceOf(const std::wstring& path) noexcept
+{
+    WIN32_FILE_ATTRIBUTE_DATA found;
+    if (GetFileAttributesExW(path.c_str(), GetFileExInfoStandard, &found)) {
+        const bool isFolder = (found.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
+        const bool isEmpty = !isFolder && found.nFileSizeHigh == 0 && found.nFileSizeLow == 0;
+        return isEmpty ? Presence::missing : Presence::there;
+    }
+    const DWORD code = GetLastError();
+    return code == ERROR_FILE_NOT_FOUND || code == ERROR_PATH_NOT_FOUND ? Presence::missing : Presence::unknown;
+}
+
 void dropReplacement(const std::wstring& path) noexcept
 {
-    removeFile(replacementOf(path));
+    if (presenceOf(path) == Presence::there) removeFile(replacementOf(path));
+}
+
+void recoverReplacement(const std::wstring& path, DWORD patience)
+{
+    if (presenceOf(path) != Presence::missing || !isFile(replacementOf(path))) return;
+    if (isComplete(replacementOf(path))) moveReplacementIntoPlace(path, patience);
+    else setReplacementAside(path);
+}
+
+void setReplacementAside(const std::wstring& path)
+{
+    if (isFile(replacementOf(path))) renamedAsDamaged(replacementOf(path), path);
 }
 
 std::wstring setAside(const std::wstring& path)
 {
     const std::wstring copy = copyBeside(path);
-    for (int number = 1;; ++number) {
-        const std::wstring name = path + L".damaged-" + std::to_wstring(number);
-        if (MoveFileExW(copy.c_str(), name.c_str(), MOVEFILE_WRITE_THROUGH)) return name;
-        const DWORD code = GetLastError();
-        if (code == ERROR_ALREADY_EXISTS || code == ERROR_FILE_EXISTS) continue;
+    try {
+        return renamedAsDamaged(copy, path);
+    } catch (const StoreError&) {
         removeFile(copy);
-        throw systemError(L"The damaged identifier store " + path + L" cannot be set aside", code);
+        throw;
     }
 }
 

@@ -63,8 +63,7 @@ Value MapObject::convert(const server::Arguments& arguments)
         throw StoreError(HRESULT_FROM_WIN32(ERROR_MORE_DATA),
                          L"The groupware identifier has " + std::to_wstring(length) +
                              L" characters, there is room for " + std::to_wstring(room));
-    arguments.write(2, length);
-    arguments.write(1, found->idAppli);
+    arguments.write({{1, found->idAppli}, {2, length}});
     return mapped;
 }
 

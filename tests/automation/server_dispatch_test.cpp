@@ -53,7 +53,7 @@ const std::vector<server::MemberRow<Clumsy>>& Clumsy::members()
         {L"Break", 1, server::method, 0, 0, [](Clumsy&, Call) -> Value { throw std::runtime_error("broken"); }},
         {L"Write", 2, server::method, 2, 2,
          [](Clumsy&, Call call) -> Value {
-             call.arguments.write(0, call.arguments.value(1));
+             call.arguments.write({{0, call.arguments.value(1)}});
              return {};
          }},
         {L"Optional", 3, server::method, 0, 1,

@@ -154,10 +154,12 @@ TEST_F(Map, TextOrLengthByValue_IsATypeMismatch_NamingTheArgument)
     const auto aboutText = errorOf([&] { map.get(L"ConvertIdOrvel", {L"5.7", L"", byRef(length), outlook}); });
     EXPECT_EQ(aboutText.code(), DISP_E_TYPEMISMATCH);
     EXPECT_EQ(aboutText.argument(), 1u);
+    EXPECT_EQ(length.int32(), 1024) << "the one is written with the other or not at all";
     const auto aboutLength =
         errorOf([&] { map.get(L"ConvertIdOrvel", {L"5.7", byRef(text), std::int32_t{1024}, outlook}); });
     EXPECT_EQ(aboutLength.code(), DISP_E_TYPEMISMATCH);
     EXPECT_EQ(aboutLength.argument(), 2u);
+    EXPECT_EQ(text.text(), std::wstring(1024, L'\0'));
 }
 
 TEST_F(Map, WrongNumberOfArguments_IsRefused)

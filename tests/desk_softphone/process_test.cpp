@@ -188,15 +188,13 @@ TEST_F(SoftphoneProcess, DeadSubscriber_IsDropped)
 
 TEST_F(SoftphoneProcess, SlowSubscriber_KeepsNeitherAnswersNorOtherClientsWaiting)
 {
-    const Subscriber subscriber(L"3000");
-    const DWORD start = GetTickCount();
+    const Subscriber subscriber(L"60000");
     EXPECT_EQ(tell(L"call number=1"), L"ok");
     EXPECT_EQ(tell(L"history add last=Weber"), L"1.1");
     EXPECT_EQ(history().get(1).int32(), 1);
     EXPECT_EQ(tell(L"pending"), L"2");
-    EXPECT_LT(GetTickCount() - start, 2'000u);
+    subscriber.kill();
     EXPECT_TRUE(waitFor([] { return tell(L"pending") == L"0"; }));
-    EXPECT_GE(GetTickCount() - start, 2'500u);
 }
 
 TEST_F(SoftphoneProcess, HangingSubscriber_DoesNotHoldTheEndForEver)

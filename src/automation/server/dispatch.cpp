@@ -4,6 +4,8 @@
 
 #include <atomic>
 #include <new>
+#include <utility>
+#include <vector>
 
 namespace automation::server {
 
@@ -26,6 +28,29 @@ HRESULT raise(const Exception& error, EXCEPINFO* info)
     return DISP_E_EXCEPTION;
 }
 
+// What goes into the argument, in the argument's own type; everything that may
+// fail is over then.
+Value newContent(const VARIANT& argument, const Arguments::Output& output)
+{
+    switch (V_VT(&argument)) {
+    case VT_BYREF | VT_BSTR: return output.value.text();
+    case VT_BYREF | VT_I4: return output.value.int32();
+    case VT_BYREF | VT_VARIANT: return output.value;
+    default: throw Failure{DISP_E_TYPEMISMATCH, static_cast<unsigned>(output.index)};
+    }
+}
+
+void exchange(const VARIANT& argument, Value& content) noexcept
+{
+    VARIANT other = content.release();
+    switch (V_VT(&argument)) {
+    case VT_BYREF | VT_BSTR: std::swap(*V_BSTRREF(&argument), V_BSTR(&other)); break;
+    case VT_BYREF | VT_I4: *V_I4REF(&argument) = V_I4(&other); break;
+    default: std::swap(*V_VARIANTREF(&argument), other);
+    }
+    VariantClear(&other);
+}
+
 HRESULT refuse(HRESULT code, unsigned argument, const Arguments& arguments, UINT* refused)
 {
     if (refused && argument < arguments.size()) *refused = static_cast<UINT>(arguments.size() - 1 - argument);
@@ -34,12 +59,17 @@ HRESULT refuse(HRESULT code, unsigned argument, const Arguments& arguments, UINT
 
 }
 
-const VARIANT& Arguments::raw(std::size_t index) const
+const VARIANT& Arguments::argument(std::size_t index) const
 {
     if (index >= size()) throw Failure{DISP_E_BADPARAMCOUNT};
-    const VARIANT& argument = parameters_->rgvarg[size() - 1 - index];
+    return parameters_->rgvarg[size() - 1 - index];
+}
+
+const VARIANT& Arguments::raw(std::size_t index) const
+{
+    const VARIANT& found = argument(index);
     // A client may wrap any argument in a VARIANT passed by reference.
-    return V_VT(&argument) == (VT_BYREF | VT_VARIANT) ? *V_VARIANTREF(&argument) : argument;
+    return V_VT(&found) == (VT_BYREF | VT_VARIANT) ? *V_VARIANTREF(&found) : found;
 }
 
 bool Arguments::given(std::size_t index) const
@@ -89,24 +119,13 @@ try {
     throw Failure{error.code(), static_cast<unsigned>(index)};
 }
 
-void Arguments::write(std::size_t index, const Value& value) const
+void Arguments::write(std::initializer_list<Output> outputs) const
 {
-    if (index >= size()) throw Failure{DISP_E_BADPARAMCOUNT};
-    const VARIANT& argument = parameters_->rgvarg[size() - 1 - index];
-    switch (V_VT(&argument)) {
-    case VT_BYREF | VT_BSTR:
-        SysFreeString(*V_BSTRREF(&argument));
-        *V_BSTRREF(&argument) = bstr(value.text());
-        break;
-    case VT_BYREF | VT_I4:
-        *V_I4REF(&argument) = value.int32();
-        break;
-    case VT_BYREF | VT_VARIANT:
-        check(VariantCopy(V_VARIANTREF(&argument), const_cast<VARIANT*>(&value.variant())), L"VariantCopy");
-        break;
-    default:
-        throw Failure{DISP_E_TYPEMISMATCH, static_cast<unsigned>(index)};
-    }
+    std::vector<Value> contents;
+    contents.reserve(outputs.size());
+    for (const Output& output : outputs) contents.push_back(newContent(argument(output.index), output));
+    std::size_t number = 0;
+    for (const Output& output : outputs) exchange(argument(output.index), contents[number++]);
 }
 
 Dispatch::Dispatch() noexcept

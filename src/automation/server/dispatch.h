@@ -11,6 +11,7 @@
 #include <windows.h>
 #include <oaidl.h>
 
+#include <initializer_list>
 #include <span>
 #include <string>
 
@@ -51,11 +52,18 @@ public:
     DATE date(std::size_t index) const;
     Object object(std::size_t index) const;
 
-    // Writes into an argument passed by reference (BSTR, 32-bit integer or
-    // VARIANT); a type mismatch when it was not.
-    void write(std::size_t index, const Value& value) const;
+    // Writes into arguments passed by reference (BSTR, 32-bit integer or VARIANT):
+    // into all of them or, when one was not (a type mismatch) or memory is short,
+    // into none.
+    struct Output {
+        std::size_t index;
+        Value value;
+    };
+    void write(std::initializer_list<Output> outputs) const;
 
 private:
+    const VARIANT& argument(std::size_t index) const; // as it came, wrapped or not
+
     const DISPPARAMS* parameters_ = nullptr;
 };
 
