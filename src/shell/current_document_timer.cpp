@@ -28,7 +28,8 @@ BOOL CALLBACK look(HWND window, LPARAM parameter)
 // nlnotes.exe lie (field report in the vendor's forum).
 bool shows(HWND window, DWORD processId)
 {
-    if (!window || processId == 0) return false;
+    // With no window in front it may be the desktop, in which all others lie.
+    if (!window || window == GetDesktopWindow() || processId == 0) return false;
     Search search{processId, belongs(window, processId)};
     if (!search.found) EnumChildWindows(window, look, reinterpret_cast<LPARAM>(&search));
     return search.found;

@@ -51,6 +51,14 @@ protected:
 
     void documentTick() { SendMessageW(form().hWnd(), WM_TIMER, FormWindow::documentTimer, 0); }
 
+    // What a tick of the document timer asks of Notes.
+    std::wstring askedByATick()
+    {
+        notes.recorder().clear();
+        documentTick();
+        return notes.recorder().totals();
+    }
+
     desk::lotus::InProcess notes;
     std::optional<support::StandIn> softphone;
     std::optional<support::StandIn> program;
@@ -205,10 +213,9 @@ TEST_F(NotesShell, BothGone_TheReturnOfOutlookInitialisesBoth)
     EXPECT_EQ(logs().size(), 2u) << "the return of Outlook initialises Notes as well, and starts it";
 }
 
-TEST_F(NotesShell, DocumentTimer_RunsFromTheStart_EveryFiveSeconds)
+TEST_F(NotesShell, DocumentTimer_RunsFromTheStart)
 {
     EXPECT_TRUE(KillTimer(form().hWnd(), FormWindow::documentTimer));
-    EXPECT_EQ(FormWindow::tickInterval, 5000u);
 }
 
 TEST_F(NotesShell, DocumentTick_WithNotesInFront_FollowsItsDocument)
@@ -235,18 +242,57 @@ TEST_F(NotesShell, ProcessOfNotes_IsFoundOnce_AndKept)
 TEST_F(NotesShell, DocumentTick_WithAnotherProgramInFront_TouchesNothing)
 {
     start();
-    startNotes();
-    notes.recorder().clear();
-    documentTick();
-    EXPECT_EQ(notes.recorder().totals(), L"");
+    const support::StandIn behind(folder, L"NLNOTES.EXE", support::StandIn::Window::inFront);
+    const support::StandIn inFront(folder, L"OTHER.EXE", support::StandIn::Window::inFront);
+    EXPECT_EQ(askedByATick(), L"");
 }
 
-TEST_F(NotesShell, DocumentTick_WithoutNotesOrAForegroundWindow_TouchesNothing)
+TEST_F(NotesShell, DocumentTick_WithNotesInTheFrameOfAnotherProgramInFront_FollowsItsDocument)
 {
     start();
+    const support::StandIn frame(folder, L"NOTES2.EXE", support::StandIn::Window::inFront);
+    const support::StandIn inFrame(folder, L"NLNOTES.EXE", support::StandIn::Window::inFrame, GetForegroundWindow());
     notes.recorder().clear();
     documentTick();
-    EXPECT_EQ(notes.recorder().totals(), L"") << "an unknown process is nobody's";
+    EXPECT_EQ(notes.recorder().count(L"NotesUIWorkspace.CurrentDatabase get"), 1u);
+}
+
+TEST_F(NotesShell, DocumentTick_WithNotesHiddenInTheFrameInFront_TouchesNothing)
+{
+    start();
+    const support::StandIn frame(folder, L"NOTES2.EXE", support::StandIn::Window::inFront);
+    const support::StandIn hidden(folder, L"NLNOTES.EXE", support::StandIn::Window::hiddenInFrame,
+                                  GetForegroundWindow());
+    const support::StandIn other(folder, L"OTHER.EXE", support::StandIn::Window::inFrame, GetForegroundWindow());
+    EXPECT_EQ(askedByATick(), L"");
+}
+
+TEST_F(NotesShell, DocumentTick_WithTheDesktopInFront_TouchesNothing)
+{
+    start();
+    const support::StandIn behind(folder, L"NLNOTES.EXE", support::StandIn::Window::inFront);
+    SetForegroundWindow(GetDesktopWindow());
+    ASSERT_TRUE(!GetForegroundWindow() || GetForegroundWindow() == GetDesktopWindow());
+    EXPECT_EQ(askedByATick(), L"") << "all windows lie in the desktop";
+}
+
+TEST_F(NotesShell, DocumentTick_WithoutNotes_TouchesNothing_WhateverIsInFront)
+{
+    start();
+    SetForegroundWindow(GetDesktopWindow());
+    EXPECT_EQ(askedByATick(), L"") << "an unknown process is nobody's";
+    const support::StandIn inFront(folder, L"OTHER.EXE", support::StandIn::Window::inFront);
+    EXPECT_EQ(askedByATick(), L"");
+}
+
+TEST_F(NotesShell, DocumentTick_WithoutAReadySession_TouchesNothing_AndDoesNotLookForNotes)
+{
+    start();
+    const support::StandIn inFront(folder, L"NLNOTES.EXE", support::StandIn::Window::inFront);
+    session().LotusReady = false;
+    EXPECT_EQ(askedByATick(), L"");
+    session().LotusReady = true;
+    EXPECT_NE(askedByATick(), L"");
 }
 
 TEST_F(NotesShell, DocumentTick_IsNoSupervisionTick)

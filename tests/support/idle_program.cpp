@@ -1,17 +1,35 @@
 // A program that does nothing: tests give it the name of one that is watched.
-// With anything on its command line it has a window, in front. It ends by itself
-// after a while, so that a broken test leaves none behind.
+// With "window" on its command line it has a window, in front; with "child" or
+// "hidden" and the number of another program's window, one in that, to be seen
+// or not. It ends by itself after a while, so that a broken test leaves none behind.
 #include <windows.h>
+
+#include <cstdlib>
+#include <cstring>
 
 namespace {
 
 constexpr UINT life = 60'000; // milliseconds
 
-void showWindow()
+HWND makeWindow(DWORD style, HWND parent)
 {
-    const HWND window = CreateWindowW(L"STATIC", L"stand-in", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 0, 0, 200, 100, nullptr,
-                                      nullptr, GetModuleHandleW(nullptr), nullptr);
+    return CreateWindowExW(WS_EX_NOPARENTNOTIFY, L"STATIC", L"stand-in", style, 0, 0, 200, 100, parent, nullptr,
+                           GetModuleHandleW(nullptr), nullptr);
+}
+
+HWND makeWindow(const char* commandLine)
+{
+    const auto number = std::strtoul(commandLine + std::strcspn(commandLine, " "), nullptr, 10);
+    const auto parent = reinterpret_cast<HWND>(static_cast<UINT_PTR>(number));
+    if (std::strstr(commandLine, "child")) return makeWindow(WS_CHILD | WS_VISIBLE, parent);
+    if (std::strstr(commandLine, "hidden")) return makeWindow(WS_CHILD, parent);
+    const HWND window = makeWindow(WS_OVERLAPPEDWINDOW | WS_VISIBLE, nullptr);
     SetForegroundWindow(window);
+    return window;
+}
+
+void liveWith(HWND window)
+{
     SetTimer(window, 1, life, nullptr);
     MSG message;
     while (GetMessageW(&message, nullptr, 0, 0) > 0 && message.message != WM_TIMER) DispatchMessageW(&message);
@@ -21,7 +39,7 @@ void showWindow()
 
 int WINAPI WinMain(HINSTANCE, HINSTANCE, LPSTR commandLine, int)
 {
-    if (*commandLine) showWindow();
+    if (*commandLine) liveWith(makeWindow(commandLine));
     else Sleep(life);
     return 0;
 }

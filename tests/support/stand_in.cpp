@@ -7,11 +7,23 @@ namespace support {
 
 namespace {
 
-DWORD processInFront()
+DWORD processOf(HWND window)
 {
     DWORD processId = 0;
-    GetWindowThreadProcessId(GetForegroundWindow(), &processId);
+    GetWindowThreadProcessId(window, &processId);
     return processId;
+}
+
+std::wstring arguments(StandIn::Window window, HWND frame)
+{
+    const std::wstring number = L" " + std::to_wstring(reinterpret_cast<UINT_PTR>(frame));
+    switch (window) {
+    case StandIn::Window::inFront: return L" window";
+    case StandIn::Window::inFrame: return L" child" + number;
+    case StandIn::Window::hiddenInFrame: return L" hidden" + number;
+    case StandIn::Window::none: break;
+    }
+    return L"";
 }
 
 }
@@ -22,11 +34,20 @@ std::wstring testProgramFolder()
     return program.substr(0, program.rfind(L'\\'));
 }
 
-StandIn::StandIn(const ScratchFolder& folder, const std::wstring& fileName, Window window)
+bool StandIn::isThere(Window window, HWND frame) const
+{
+    if (window == Window::none) return true;
+    if (window == Window::inFront) return processOf(GetForegroundWindow()) == processId_;
+    for (HWND child = GetWindow(frame, GW_CHILD); child; child = GetWindow(child, GW_HWNDNEXT))
+        if (processOf(child) == processId_) return true;
+    return false;
+}
+
+StandIn::StandIn(const ScratchFolder& folder, const std::wstring& fileName, Window window, HWND frame)
 {
     const std::wstring program = folder.file(fileName);
     CopyFileW((testProgramFolder() + L"\\idle_program.exe").c_str(), program.c_str(), FALSE);
-    std::wstring line = L"\"" + program + (window == Window::inFront ? L"\" window" : L"\"");
+    std::wstring line = L"\"" + program + L"\"" + arguments(window, frame);
     STARTUPINFOW start{};
     start.cb = sizeof start;
     PROCESS_INFORMATION process{};
@@ -35,9 +56,8 @@ StandIn::StandIn(const ScratchFolder& folder, const std::wstring& fileName, Wind
     CloseHandle(process.hThread);
     process_ = process.hProcess;
     processId_ = process.dwProcessId;
-    if (window == Window::none) return;
-    for (int wait = 0; processInFront() != processId_; ++wait) {
-        if (wait == 500) throw automation::AutomationError(L"SetForegroundWindow", E_FAIL);
+    for (int wait = 0; !isThere(window, frame); ++wait) {
+        if (wait == 500) throw automation::AutomationError(L"the window of " + fileName, E_FAIL);
         Sleep(20);
     }
 }

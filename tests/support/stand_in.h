@@ -11,11 +11,13 @@ namespace support {
 
 class StandIn {
 public:
-    enum class Window { none, inFront };
+    enum class Window { none, inFront, inFrame, hiddenInFrame };
 
     // Starts it; it is in the list of processes when this returns, and its window
-    // in front of all others. Throws AutomationError.
-    StandIn(const ScratchFolder& folder, const std::wstring& fileName, Window window = Window::none);
+    // in front of all others, or in the frame, another program's window. Throws
+    // AutomationError.
+    StandIn(const ScratchFolder& folder, const std::wstring& fileName, Window window = Window::none,
+            HWND frame = nullptr);
     ~StandIn() { end(); }
     StandIn(const StandIn&) = delete;
     StandIn& operator=(const StandIn&) = delete;
@@ -26,6 +28,8 @@ public:
     void end();
 
 private:
+    bool isThere(Window window, HWND frame) const;
+
     HANDLE process_ = nullptr;
     DWORD processId_ = 0;
 };
