@@ -259,3 +259,33 @@ TEST_F(GroupCalendars, NotesIsBusyAtAnyCall_NothingIsLost)
     support::atEachCall(notes.recorder(), support::isBusy, prepare, [&] { show(); },
                         [&](const std::wstring& call) { EXPECT_EQ(shown(), Lines{sales}) << desk::utf8(call); });
 }
+
+TEST_F(GroupCalendars, CalendarThatHasGoneMeanwhile_EndsIt_TheEarlierOnesStay)
+{
+    open();
+    const std::wstring first = calendar(L"a", L"Members=Claire Petit/Acme");
+    calendar(L"b", L"Members=Claire Petit/Acme");
+    calendar(L"c", L"Members=Claire Petit/Acme");
+    fault(L"on NotesView.GetNthDocument at 2 answer Nothing");
+    show();
+    EXPECT_EQ(shown(), Lines{first});
+    EXPECT_EQ(trapped.procedures, Lines{L"ShowGroupCalendars"});
+}
+
+TEST_F(GroupCalendars, PersonListedTwice_OpensTheCalendarOnce)
+{
+    open();
+    const std::wstring sales = calendar(L"a", L"Members=Claire Petit/Acme\nMembers+=Claire Petit/Acme");
+    show();
+    EXPECT_EQ(shown(), Lines{sales});
+}
+
+TEST_F(GroupCalendars, MembersAsATypedArray_AreReadAsAnyOther)
+{
+    open();
+    notes.ask(L"arrays typed");
+    calendar(L"a", L"Members:number=12");
+    const std::wstring sales = calendar(L"b", L"Members=Marc Durand/Acme\nMembers+=Claire Petit/Acme");
+    show();
+    EXPECT_EQ(shown(), Lines{sales});
+}

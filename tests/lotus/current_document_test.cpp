@@ -191,3 +191,40 @@ TEST_F(CurrentDocument, NewMailThatWasNeverSaved_IsNotTouched)
     EXPECT_TRUE(nothingWasSaved());
     EXPECT_EQ(deeds(), Lines{});
 }
+
+TEST_F(CurrentCall, OpenForEditing_GetsItsLinkAllTheSame_AndIsShownForReading)
+{
+    front(historyBase, call(L"0299", L"FFF"), L" edit");
+    EXPECT_EQ(update(), L"0299");
+    EXPECT_EQ(saved(historyBase, L"InfoSupdocNoteId"), noteIdOf(ownBook));
+    EXPECT_TRUE(notes.ask(L"windows").ends_with(L"\tread\tfront"));
+    EXPECT_EQ(calls(L"NotesUIDocument.EditMode get"), 0u);
+}
+
+TEST_F(CurrentCall, HistoryInACompletePath_IsRecognisedByItsFileName)
+{
+    notes.ask(L"data-folder C:\\Lotus\\Notes\\Data");
+    front(historyBase, call(L"0299", L"FFF"));
+    EXPECT_EQ(update(), L"0299");
+    EXPECT_EQ(calls(L"NotesDatabase.FileName get"), 1u);
+}
+
+TEST_F(CurrentCall, ShownDocumentWithoutAStoredOne_EndsQuietly)
+{
+    front(historyBase, call(L"0299", L"FFF"));
+    fault(L"on NotesUIDocument.Document answer Nothing");
+    EXPECT_EQ(update(), L"");
+    EXPECT_TRUE(nothingWasSaved());
+    EXPECT_EQ(trapped.errors, std::vector<std::string>{});
+}
+
+TEST_F(CurrentCall, ViewInFrontThatCannotBeTold_LosesNothing)
+{
+    for (const wchar_t* answer : {L"fail 0x80004005", L"answer Nothing", L"raise 0x800A113C Lotus Notes|no view"}) {
+        open();
+        front(historyBase, call(L"0299", L"FFF"));
+        fault(L"on NotesUIWorkspace.CurrentView " + std::wstring(answer));
+        EXPECT_EQ(update(), L"0299") << desk::utf8(answer);
+        EXPECT_EQ(saved(historyBase, L"InfoSupdocNoteId"), noteIdOf(ownBook)) << desk::utf8(answer);
+    }
+}

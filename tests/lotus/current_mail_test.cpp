@@ -263,3 +263,28 @@ TEST_F(CurrentMail, NotesIsBusyAtAnyCall_NothingIsLost)
                             EXPECT_EQ(saved(mailFile, L"Tel"), L"0299") << desk::utf8(busy);
                         });
 }
+
+// As the vendor's help has it: the path of a local database is complete, and
+// the mail file's in the environment is not. Only its bare name is recognised.
+TEST_F(CurrentMail, LocalMailFileInAFolder_IsNotRecognised_WhereItsPathIsComplete)
+{
+    notes.load(std::wstring(notesDatabases) + L"\n[database]\nFile=mail\\\\local.nsf\n[database]\nFile=flat.nsf\n");
+    session.MailServer.clear();
+    session.MailFile = L"mail\\local.nsf";
+    front(L"mail\\local.nsf", std::wstring(fromClaire) + L"Tel=0300");
+    EXPECT_EQ(update(), L"0300");
+    notes.ask(L"data-folder C:\\Lotus\\Notes\\Data");
+    EXPECT_EQ(update(), L"");
+    session.MailFile = L"flat.nsf";
+    front(L"flat.nsf", std::wstring(fromClaire) + L"Tel=0300");
+    EXPECT_EQ(update(), L"0300");
+}
+
+TEST_F(CurrentMail, SenderAndNumberInTypedArrays_AreReadAsAnyOther)
+{
+    notes.ask(L"arrays typed");
+    front(mailFile, L"Form=Memo\nTel:number=300\nFrom=\nFrom+=claire@example.com");
+    session.bAlwaysVerifyPhoneNumber = true;
+    EXPECT_EQ(update(), L"0299");
+    EXPECT_EQ(trapped.errors, std::vector<std::string>{});
+}

@@ -123,3 +123,14 @@ TEST_F(LotusSameDatabase, Failure_MeansAnother)
     EXPECT_EQ(trapped.procedures, std::vector<std::wstring>{L"IsSameDatabase"});
     EXPECT_FALSE(IsSameDatabase(automation::Object(), L"", L"names.nsf"));
 }
+
+TEST_F(LotusDocuments, ShownDocumentWithoutAStoredOne_IsNotCurrent_ButItsWindowIsGiven)
+{
+    const std::wstring durand = add(L"names.nsf", L"Form=Person\nLastName=Durand\n");
+    notes.ask(L"open " + durand);
+    const automation::Object stored = document(durand);
+    fault(L"on NotesUIDocument.Document answer Nothing");
+    EXPECT_FALSE(isCurrent(stored));
+    EXPECT_TRUE(shown);
+    EXPECT_EQ(trapped.errors, std::vector<std::string>{});
+}

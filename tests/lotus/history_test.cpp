@@ -430,3 +430,14 @@ TEST_F(LotusHistory, PartysItemsAreNoArray_ThePartyIsNotFound)
     EXPECT_EQ(field(documents(historyBase).at(0), L"Last"), L"Softphone-Last");
     EXPECT_EQ(field(documents(historyBase).at(0), L"InfoSupdocNoteId"), L"");
 }
+
+TEST_F(LotusHistory, DatabaseInFrontThatIsNotTold_RefreshesNothing_AndTheResultStays)
+{
+    ready();
+    notes.ask(L"show pavexhistory.nsf Calls");
+    fault(L"on NotesUIDatabase.Database answer Nothing");
+    const std::wstring noteId = create(call(L""));
+    EXPECT_EQ(noteId, field(documents(historyBase).at(0), L"@NoteID"));
+    EXPECT_EQ(calls(refresh), 0u);
+    EXPECT_EQ(trapped.procedures, Lines{L"CreateHistoryDocument"});
+}

@@ -157,3 +157,15 @@ TEST_F(LotusLog, FailureAtEveryCall_KeepsWhatIsSaved_AndTheNextLineIsWritten)
         EXPECT_EQ(body(), L"\n3/15/2023 12:00:00 PM third\n3/15/2023 12:00:00 PM fourth") << n;
     }
 }
+
+TEST_F(LotusLog, DatabaseThatGivesNoDocument_LosesTheLine_WithoutAnError)
+{
+    readyWithoutADocument();
+    session.NewLogDocument = true;
+    fault(L"on NotesDatabase.CreateDocument at 1 answer Nothing");
+    WriteLotusLog(session, L"lost");
+    EXPECT_EQ(trapped.errors, std::vector<std::string>{});
+    EXPECT_TRUE(session.NewLogDocument);
+    WriteLotusLog(session, L"kept");
+    EXPECT_EQ(body(), L"\n3/15/2023 12:00:00 PM kept");
+}

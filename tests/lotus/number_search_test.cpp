@@ -419,3 +419,58 @@ TEST_F(LotusNumberSearch, PersonalNoteIdOfAFailingBook_IsEmpty_WithoutALogLine)
     EXPECT_EQ(trapped.procedures, Lines{L"FindNoteIdInPersonalBook"});
     EXPECT_EQ(lastLogLine(), before);
 }
+
+TEST_F(LotusNumberSearch, OldCopyThatCannotBeClosed_IsAFailureOfThisBook_WithBothOnTheScreen)
+{
+    notes.ask(L"open " + add(L"names.nsf", durand));
+    fault(L"on NotesUIDocument.Close fail 0x80004005");
+    EXPECT_FALSE(SearchByNumber(session, L"014567", person, true, L"", book));
+    EXPECT_EQ(person.NoteId, L"8F6");
+    EXPECT_EQ(split(notes.ask(L"windows"), L'\n').size(), 2u);
+    EXPECT_EQ(lastLogLine(), noAccess(L" names.nsf"));
+}
+
+TEST_F(LotusNumberSearch, FullTextHitWithoutADocument_FindsNobody_Quietly)
+{
+    add(company, L"Form=Employee\nName=Zola\nPhone=0612\n");
+    const std::wstring before = lastLogLine();
+    fault(L"on NotesView.GetFirstDocument answer Nothing");
+    EXPECT_FALSE(search(L"0612"));
+    EXPECT_EQ(calls(L"NotesView.GetFirstDocument method"), 1u);
+    EXPECT_EQ(lastLogLine(), before);
+    EXPECT_EQ(trapped.errors, std::vector<std::string>{});
+}
+
+TEST_F(LotusNumberSearch, TypedArrays_AreReadAsAnyOther)
+{
+    notes.ask(L"arrays typed");
+    add(L"names.nsf", L"Form=Person\nLastName=Durand\nFirstName:number=42\nFullName:date=2023-03-15\n"
+                      L"OfficePhoneNumber=014567\nMailAddress=\nMailAddress+=marc@acme.fr\n");
+    EXPECT_TRUE(search(L"014567"));
+    EXPECT_EQ(person.LastName + L"|" + person.FirstName + L"|" + person.FullName + L"|" + person.Mail,
+              L"Durand|42|3/15/2023|marc@acme.fr");
+    add(L"names.nsf", L"Form=Person\nOfficePhoneNumber=99\n");
+    EXPECT_TRUE(search(L"99"));
+    EXPECT_EQ(person.LastName + person.Mail, L"") << "missing items";
+    EXPECT_EQ(trapped.errors, std::vector<std::string>{});
+}
+
+// What docs/settings.md recommends a view by telephone number for.
+TEST_F(LotusNumberSearch, PersonThatTheFullTextIndexDoesNotKnowYet_IsFoundByTheTelephoneViewOnly)
+{
+    notes.load(std::wstring(notesDatabases) + L"\n[database]\nFile=indexed.nsf\nFullTextIndex=True\n"
+               L"[view]\nName=Main\nForm=Person\n[view]\nName=Phones\nKey=OfficePhoneNumber\nForm=Person\n");
+    LotusAddressBook indexed = session.LotusAddressBooks[0];
+    indexed.Base = L"indexed.nsf";
+    indexed.MainView = L"Main";
+    indexed.ViewTel.clear();
+    session.LotusAddressBooks = {indexed};
+    notes.ask(L"index indexed.nsf stale");
+    add(L"indexed.nsf", durand);
+    EXPECT_FALSE(search(L"014567"));
+    session.LotusAddressBooks[0].ViewTel = L"Phones";
+    EXPECT_TRUE(search(L"014567"));
+    session.LotusAddressBooks[0].ViewTel.clear();
+    notes.ask(L"index indexed.nsf updated");
+    EXPECT_TRUE(search(L"014567"));
+}

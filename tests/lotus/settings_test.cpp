@@ -423,3 +423,15 @@ TEST_F(LotusSettings, DumpThatCannotBeWritten_DoesNotEndTheReading)
     read(twoBooks("Base 2") + "[lotus call log description]\nState=read\n");
     EXPECT_EQ(session.LotusCallLog.State, L"read");
 }
+
+TEST_F(LotusSettings, PersonalLogsBaseWithFewerParts_AtAReload_StaysAsItWas_TheOtherKeysDoNot)
+{
+    writeIni("[lotus personnel log description]\nbase=l.nsf|s|m|t|e\nBody=1\nForm=2\n");
+    ReadLotusPersonalLogIni(session);
+    writeIni("[lotus personnel log description]\nbase=other.nsf|s\nBody=3\n");
+    ReadLotusPersonalLogIni(session);
+    const PersonalLogDescription& log = session.LotusPersonalLog;
+    EXPECT_EQ(Names({log.Base, log.Server, log.MainView, log.ViewTel, log.ViewMail}),
+              (Names{L"l.nsf", L"s", L"m", L"t", L"e"}));
+    EXPECT_EQ(Names({log.Body, log.Form}), (Names{L"3", L""}));
+}

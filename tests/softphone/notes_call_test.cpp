@@ -1,6 +1,7 @@
 // A call with Notes in use, alone or besides Outlook.
 #include "notes_link_test.h"
 
+#include "lotus/session.h"
 #include "softphone/last_call.h"
 
 namespace {
@@ -192,4 +193,35 @@ TEST_F(NotesCall, NotesGoneWithoutNotice_CallEndsQuietly)
     EXPECT_EQ(lastName + firstName, L"");
     ring({.party = {L"4711", L"Petit", L"C"}, .incoming = true, .destinationNumber = L"0123"});
     EXPECT_EQ(openNotes(), Lines{});
+}
+
+TEST_F(NotesCall, VariableThatCannotBeSet_EndsThePublishing_WithTheNamesThatWereFound)
+{
+    startWithNotesOnly();
+    const struct {
+        const wchar_t* at; // of the four, in their order
+        const wchar_t* lastName;
+        const wchar_t* base;
+    } variables[] = {{L"1", L"", L"(none)"}, {L"2", L"Petit", L"(none)"}, {L"3", L"Petit", L"(none)"},
+                     {L"4", L"Petit", L"public.nsf"}};
+    for (const auto& variable : variables) {
+        notes.load(databases);
+        lotus.LotusMustInit = true;
+        InitLotus(lotus, true);
+        std::wstring lastName = L"old", firstName = L"old";
+        notes.recorder().faults.add(L"on NotesSession.SetEnvironmentVar at " + std::wstring(variable.at) +
+                                    L" fail 0x80004005");
+        SetLastCallInfo(session, lotus, L"4711", lastName, firstName);
+        EXPECT_EQ(lastName, variable.lastName) << desk::utf8(variable.at);
+        EXPECT_EQ(environment(L"CTI_InfoLastCall_Base"), variable.base) << desk::utf8(variable.at);
+        EXPECT_NE(environment(L"CTI_InfoLastCall_docid"), L"8FA") << desk::utf8(variable.at);
+    }
+}
+
+TEST_F(NotesCall, ForwardedCall_TheEnvironmentNamesTheDestination)
+{
+    startWithNotesOnly();
+    ring({.party = {L"0123", L"", L""}, .incoming = true, .destinationNumber = L"4711"});
+    EXPECT_EQ(environment(L"CTI_InfoLastCall_docid"), L"8FA");
+    EXPECT_EQ(link.gLastNameCalled + L" " + link.gDestinationLastName, L"Durand Petit");
 }
