@@ -46,6 +46,9 @@ public:
     void restartOutlook() { outlook_.restart(); }
     void restartNotes() { notes_.restart(); }
 
+    // Closed if it runs, and its class registered no more.
+    void uninstallSoftphone() { softphone_.uninstall(); }
+
     // All partners that run closed and opened again, with what they had;
     // `meanwhile` runs when all are closed.
     void restartPartners(const std::function<void()>& meanwhile = [] {});

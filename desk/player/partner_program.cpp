@@ -31,9 +31,20 @@ void PartnerProgram::install() const
     makeFolder(partnersFolder);
     removeFile(storePath());
     copyFile(ownFolder() + L"\\" + file_, path());
-    const Process registration(path(), L"/RegServer");
-    if (!registration.ended(patience) || registration.exitCode() != 0)
-        throw std::runtime_error(automation::ansi(file_) + " does not register");
+    runWith(L"/RegServer");
+}
+
+void PartnerProgram::uninstall()
+{
+    end();
+    runWith(L"/UnregServer");
+}
+
+void PartnerProgram::runWith(const wchar_t* argument) const
+{
+    const Process run(path(), argument);
+    if (!run.ended(patience) || run.exitCode() != 0)
+        throw std::runtime_error(automation::ansi(file_) + " fails with " + automation::ansi(argument));
 }
 
 void PartnerProgram::start()

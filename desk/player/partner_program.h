@@ -18,6 +18,9 @@ public:
     // has nothing yet.
     void install() const;
 
+    // Ends it, and lets it withdraw its registration.
+    void uninstall();
+
     // Starts it and waits until it is there; with `records` as all that it has.
     void start();
     void start(std::string_view records);
@@ -40,6 +43,7 @@ public:
     Process& process() noexcept { return process_; }
 
 private:
+    void runWith(const wchar_t* argument) const;
     std::wstring path() const;
     std::wstring storePath() const;
     void takeServing();
