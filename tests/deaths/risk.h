@@ -29,10 +29,9 @@ struct Risk {
     // call fails, the call is copied all the same, and its caller has no contact.
     std::wstring contactMadeFor;
 
-    // The softphone's calls whose map records count as those of deleted ones when
-    // this call fails, and when the partner is dead from this call on.
-    std::set<std::wstring> unmappedByFailure;
-    std::set<std::wstring> unmappedByDeath;
+    // The softphone's call whose map record counts as that of a deleted one when
+    // this call fails and the softphone answers on; "" for none.
+    std::wstring unmappedByFailure;
 
     // The lines that a failure of this call leaves in the log in place of the usual
     // end of a synchronisation.

@@ -5,6 +5,7 @@
 #include "desk/common/text.h"
 
 #include <map>
+#include <set>
 
 namespace deaths {
 
@@ -35,25 +36,6 @@ std::size_t indexOf(const PartnerCall& item)
     return desk::numberOf(desk::takeWord(rest), "index of an item");
 }
 
-bool isMirrored(const std::wstring& id)
-{
-    for (const Call& call : calls())
-        if (call.id == id) return call.isMirrored;
-    return false;
-}
-
-// The mirrored calls that the purge asks for from a place on.
-std::set<std::wstring> askedForFrom(const Calls& calls, std::size_t from)
-{
-    std::set<std::wstring> found;
-    for (std::size_t index = from; index < calls.size(); ++index) {
-        if (calls[index].member != L"History.Find" || calls[index].isLookUp()) continue;
-        const std::wstring id = identifierOf(calls[index]);
-        if (isMirrored(id)) found.insert(id);
-    }
-    return found;
-}
-
 // Where a call stands within the attachment, and within the record being mirrored.
 class Place {
 public:
@@ -63,11 +45,11 @@ public:
     {
         const PartnerCall& call = calls_[preparedBy(calls_, index)];
         if (!calls_[index].isLookUp()) enter(call);
-        risk.unmappedByDeath = askedForFrom(calls_, index);
         if (call.isOf(L"Application") || call.isOf(L"User") || call.isOf(L"Line")) attach(call, risk);
-        else if (call.member == L"History.Find") risk.unmappedByFailure = {identifierOf(call)};
+        else if (call.member == L"History.Find") risk.unmappedByFailure = identifierOf(call);
+        else if (asksBeforeThePurge(call)) return;
         else if (call.isOf(L"AddressBook") && call.member != L"AddressBook.Find") risk.failureLines = {entriesFail};
-        else if (call.isOf(L"History") ) risk.failureLines = {callsFail};
+        else if (call.isOf(L"History")) risk.failureLines = {callsFail};
         else if (call.isOf(L"Entry")) readEntry(index, call, risk);
         else if (call.isOf(L"HistoryItem")) readCall(index, call, risk);
     }
@@ -83,9 +65,14 @@ private:
     void attach(const PartnerCall& call, Risk& risk)
     {
         risk.failureLines = {entriesFail};
-        if (call.member == L"Application.AddressBook") return;
-        risk.failureLines.insert(callsFail);
-        risk.unmappedByFailure = askedForFrom(calls_, 0);
+        if (call.member != L"Application.AddressBook") risk.failureLines.insert(callsFail);
+    }
+
+    // Each list is asked for its count twice: before it is purged and before it is
+    // walked. Without the first answer it is not purged, and nothing is logged.
+    bool asksBeforeThePurge(const PartnerCall& call)
+    {
+        return call.member.ends_with(L".Count") && counted_.insert(call.member).second;
     }
 
     // What is read for the first time serves the loop, for the second time the
@@ -114,6 +101,7 @@ private:
     }
 
     const Calls& calls_;
+    std::set<std::wstring> counted_;
     std::map<std::wstring, int> reads_; // of the record being mirrored
     std::wstring current_;              // identifier of the call being mirrored
 };

@@ -166,13 +166,13 @@ std::size_t Stage::softphoneCalls(std::wstring_view call)
 }
 
 // A call on the line is served when everything that came before it is over,
-// with or without a groupware. Of one without a number nothing else is read, so
-// Hublink is idle then.
+// with or without a groupware. Of one without a number only the direction is
+// read besides, so Hublink is idle then.
 void Stage::waitUntilServed()
 {
-    const std::size_t before = softphoneCalls(L"Call.Number get");
+    const std::size_t before = softphoneCalls(L"Call.Incoming get");
     ask(softphone, L"call incoming=false");
-    await([&] { return softphoneCalls(L"Call.Number get") > before; }, "a call is not served");
+    await([&] { return softphoneCalls(L"Call.Incoming get") > before; }, "a call is not served");
     ask(softphone, L"hangup");
 }
 
@@ -229,14 +229,12 @@ Permission Stage::permission(const Trial& trial, PartnerNumber partner) const
     const std::wstring& open = isDeath && trial.after ? risk.openAfter : risk.openBefore;
     if (!open.empty()) permission.calls.insert(open);
     if (trial.mishap == Mishap::fails) {
-        permission.calls.insert(risk.unmappedByFailure.begin(), risk.unmappedByFailure.end());
+        if (!risk.unmappedByFailure.empty()) permission.calls.insert(risk.unmappedByFailure);
         if (!risk.lookedFor.empty()) permission.numbers.insert(risk.lookedFor);
         permission.missing = risk.contactMadeFor;
     }
     // The copy goes on without the map, until the next call is looked up in it.
     if (trial.mishap == Mishap::mapServerDies && !risk.beingCopied.empty()) permission.calls.insert(risk.beingCopied);
-    if (trial.mishap == Mishap::softphoneDies)
-        permission.calls.insert(risk.unmappedByDeath.begin(), risk.unmappedByDeath.end());
     return permission;
 }
 
