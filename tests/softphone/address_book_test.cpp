@@ -122,13 +122,52 @@ TEST_F(AddressBook, CreationFails_NothingIsMapped_AndTheNextRunTriesAgain)
 
 TEST_F(AddressBook, ErrorInTheLoopItself_LogsPbIn_AndTheRestWaits)
 {
-    entry(1, L"0123", L"Durand", L"Marc");
-    entry(2, L"0456", L"Petit", L"Claire");
-    softphoneCalls.faults.add(L"on Entry.Number at 3 fail 0x80004005");
+    entry(1, L"0789", L"Adler", L"Alice");
+    entry(2, L"0123", L"Durand", L"Marc");
+    entry(3, L"0456", L"Petit", L"Claire");
+    softphoneCalls.faults.add(L"on Entry.Number at 3 fail 0x80004005"); // the third's is read twice
     start();
     EXPECT_EQ(synchronisationLines(), (Lines{L"Start repertory Synchronisation ", L"1 In OutLook 0456 Petit Claire",
                               L"Pb In Repertory Synchronisation"}));
     EXPECT_EQ(count(L"contact"), 1u);
+    link.InitConnector(true);
+    EXPECT_EQ(count(L"contact"), 3u);
+}
+
+TEST_F(AddressBook, MapCannotBeAsked_LogsPbIn_AndNothingIsCreated)
+{
+    entry(1, L"0123", L"Durand", L"Marc");
+    mapCalls.faults.add(L"on Map.ConvertIdOrvel fail 0x80004005");
+    start();
+    EXPECT_EQ(synchronisationLines(), (Lines{L"Start repertory Synchronisation ", L"Pb In Repertory Synchronisation"}));
+    EXPECT_EQ(count(L"contact"), 0u);
+}
+
+TEST_F(AddressBook, InsertionOfACreatedContactFails_Silently_AndTheContactIsAdoptedNextTime)
+{
+    entry(1, L"0123", L"Durand", L"Marc");
+    entry(2, L"0456", L"Petit", L"Claire");
+    mapCalls.faults.add(L"on Map.InsertId at 1 fail 0x80004005");
+    start();
+    EXPECT_EQ(synchronisationLines().back(), L"Repertory Synchronisation Ok");
+    EXPECT_EQ(mapped(L"1.2"), L"");
+    EXPECT_NE(mapped(L"1.1"), L"") << "the walk goes on";
+    link.InitConnector(true);
+    EXPECT_EQ(count(L"contact"), 2u);
+    EXPECT_EQ(mapped(L"1.2"), field(L"contact", 0, L"EntryID"));
+}
+
+TEST_F(AddressBook, InsertionOfAnAdoptedContactFails_LogsPbIn_AndTheRestWaits)
+{
+    entry(1, L"0123", L"Durand", L"Marc");
+    entry(2, L"0456", L"Petit", L"Claire");
+    mapCalls.faults.add(L"on Map.InsertId at 1 fail 0x80004005");
+    start(L"[contact]\nLastName=Known\nBusinessTelephoneNumber=0456\n");
+    EXPECT_EQ(synchronisationLines(), (Lines{L"Start repertory Synchronisation ", L"Pb In Repertory Synchronisation"}));
+    EXPECT_EQ(count(L"contact"), 1u);
+    link.InitConnector(true);
+    EXPECT_EQ(mapped(L"1.2"), field(L"contact", 0, L"EntryID"));
+    EXPECT_NE(mapped(L"1.1"), L"");
 }
 
 TEST_F(AddressBook, MoreEntriesThanSixteenBitsCount_LogsPbIn_AndWalksNothing)

@@ -36,11 +36,39 @@ TEST_F(Attachment, Members_AreBoundByTheirDispatchIdentifiers_InOrder)
                      L"Application.AddressBook get ()"})) << "and no name is looked up";
 }
 
+TEST_F(Attachment, SubscribesToTheApplication_BeforeItTellsItThatItIsAttached)
+{
+    std::size_t subscribers = 0;
+    pavex.phone().changed = [&] {
+        if (pavex.phone().attached) subscribers = pavex.subscribers().at(0).second;
+    };
+    link.InitPavex();
+    EXPECT_EQ(subscribers, 1u);
+}
+
 TEST_F(Attachment, Initialisation_LogsItsTwoLines_WithTwoBlanksBeforeOk)
 {
+    std::vector<bool> underWay;
+    host.onLog = [&](const std::wstring&) { underWay.push_back(link.bInitConnector); };
     start();
     EXPECT_EQ(host.log, (Lines{L"Start Connector Initialization", L"Connector Initialization  Ok"}));
+    EXPECT_EQ(underWay, (std::vector<bool>{true, true}));
     EXPECT_FALSE(link.bInitConnector);
+}
+
+TEST_F(Attachment, Initialisation_LogsItsStart_ThenPurges_ThenWalks)
+{
+    host.settings.bgWithRepertory = true;
+    host.settings.bgWithHisto = true;
+    store->insert({.idOrvel = L"1.9", .idAppli = L"A", .typApplication = 0, .collection = 1});
+    store->insert({.idOrvel = L"2.9", .idAppli = L"D", .typApplication = 0, .collection = 0});
+    std::vector<std::size_t> mappedAtEachLine;
+    host.onLog = [&](const std::wstring&) {
+        mappedAtEachLine.push_back(store->records(0).size() + store->records(1).size());
+    };
+    start();
+    ASSERT_EQ(host.log.at(1), L"Start repertory Synchronisation ");
+    EXPECT_EQ(mappedAtEachLine, (std::vector<std::size_t>{2, 0, 0, 0, 0, 0}));
 }
 
 TEST_F(Attachment, StopBeforeTheInitialisationEnds_LogsAbort)
@@ -89,14 +117,31 @@ TEST_F(Attachment, SoftphoneWithoutAHistory_IsAttachedAsFarAsItGoes)
     EXPECT_TRUE(host.supervised);
 }
 
-TEST_F(Attachment, WithoutAMapServer_TheInitialisationGoesOn_AndTheMapStaysEmpty)
+TEST_F(Attachment, UsersSecondNameFails_TheUserHasNoName_AndNeitherListIsReached)
 {
+    softphoneCalls.faults.add(L"on User.SecondText fail 0x80004005");
+    start();
+    EXPECT_EQ(groupware.PavexUserName, L"");
+    EXPECT_TRUE(link.LineObj && link.UserObj);
+    EXPECT_FALSE(link.histo || link.adressbookPavex);
+    EXPECT_EQ(host.log.back(), L"Connector Initialization  Ok");
+}
+
+TEST_F(Attachment, WithoutAMapServer_BothSynchronisationsEndAtTheirFirstRecord_AndTheInitialisationGoesOn)
+{
+    host.settings.bgWithRepertory = true;
+    host.settings.bgWithHisto = true;
+    pavex.addEntry({{}, {L"0123", L"D", L"M"}});
+    pavex.addHistory({{}, {L"0123", L"D", L"M"}});
     mapFactory.reset();
     automation::server::unregisterClass(convid::classRegistration);
     start();
     EXPECT_FALSE(link.hashID);
     EXPECT_TRUE(session.bOutlookInit);
-    EXPECT_EQ(host.log.back(), L"Connector Initialization  Ok");
+    EXPECT_EQ(host.log, (Lines{L"Start Connector Initialization", L"Start repertory Synchronisation ",
+                               L"Pb In Repertory Synchronisation", L"start History Synchronisation ",
+                               L"Pb in History Synchronisation", L"Connector Initialization  Ok"}));
+    EXPECT_EQ(count(L"contact") + count(L"journal"), 0u);
 }
 
 TEST_F(Attachment, EveryInitialisation_TakesAFreshMapServerObject)

@@ -160,6 +160,41 @@ TEST_F(CallHandling, CallWithoutOneOfTheProperties_EndsQuietly)
     EXPECT_EQ(windows(), L"Marc Durand - Contact") << "the next call is served";
 }
 
+// The softphone's names are read of unknown callers only.
+TEST_F(CallHandling, CallOfAStrangerWithoutOneOfTheNames_EndsQuietly)
+{
+    host.settings.bgSetNewContact = true;
+    begin();
+    for (const wchar_t* member : {L"Call.LastName", L"Call.FirstName"}) {
+        softphoneCalls.faults.add(L"on " + std::wstring(member) + L" fail 0x80020003");
+        softphoneCalls.faults.add(L"on " + std::wstring(member) + L" lookup fail 0x80020006");
+        ring({{L"555", L"Nguyen", L"Linh"}, true, L""});
+        EXPECT_EQ(windows(), L"") << desk::utf8(member);
+        softphoneCalls.clear();
+    }
+    ring({{L"555", L"Nguyen", L"Linh"}, true, L""});
+    EXPECT_EQ(windows(), L"Linh Nguyen - Contact") << "the next call is served";
+}
+
+TEST_F(CallHandling, DirectionIsRead_BeforeTheNumberIsLookedAt)
+{
+    begin();
+    ring(incoming(L""));
+    EXPECT_EQ(softphoneCalls.count(L"Call.Incoming get"), 1u);
+    EXPECT_EQ(softphoneCalls.count(L"Call.DestinationNumber get"), 0u);
+    EXPECT_EQ(windows(), L"");
+}
+
+TEST_F(CallHandling, ContactWithoutALastName_TheSoftphonesNamesServe)
+{
+    begin();
+    outlook.load(desk::parseStore(L"[contact]\nFirstName=Firm\nBusinessTelephoneNumber=555\n"));
+    ring({{L"555", L"Nguyen", L"Linh"}, true, L""});
+    EXPECT_EQ(link.gLastNameCalled, L"Nguyen");
+    EXPECT_EQ(link.gFirstNameCalled, L"Linh");
+    EXPECT_EQ(windows(), L"Firm - Contact");
+}
+
 TEST_F(CallHandling, OutlookNotReady_NothingIsAskedOfIt)
 {
     begin();
@@ -185,14 +220,41 @@ TEST_F(CallHandling, Forced_RunsTheActionsThatAreSwitchedOff)
     EXPECT_EQ(windows(), L"Marc Durand - Contact");
 }
 
-TEST_F(CallHandling, SwitchesAreReadAtTheMomentOfUse)
+TEST_F(CallHandling, Forced_MakesNoContact_WithNewContactOff)
 {
     begin();
-    ring(incoming(L"0123"));
-    outlook.command(L"close-windows", L"");
-    host.settings.bgWithPopUp = false;
-    ring(incoming(L"0123"));
+    ring({{L"555", L"Nguyen", L"Linh"}, true, L""});
+    link.DoCallAction(true, true);
     EXPECT_EQ(windows(), L"");
+    host.settings.bgSetNewContact = true;
+    link.DoCallAction(true, true);
+    EXPECT_EQ(windows(), L"Linh Nguyen - Contact");
+}
+
+TEST_F(CallHandling, ForcedBeforeAnyCall_PreparesNoMessage)
+{
+    begin();
+    link.DoCallAction(true, true);
+    EXPECT_EQ(outlookCalls.count(L"Application.CreateItem method"), 0u);
+    link.DisplayGroupwareInfo();
+    ring(incoming(L"0123"));
+    EXPECT_EQ(link.gLastNameCalled, L"Durand") << "the next call is served";
+}
+
+// The names are looked up first: what is switched meanwhile holds for this call.
+TEST_F(CallHandling, EachSwitch_IsReadAtTheMomentOfUse)
+{
+    begin();
+    bool* const switches[] = {&host.settings.bgWithCallBackMail, &host.settings.bgWithPopUp};
+    const wchar_t* const left[] = {L"Marc Durand - Contact", L"Marc Durand 0123 - Message"};
+    for (int n = 0; n < 2; ++n) {
+        outlookCalls.hang = [&, n](DWORD) { *switches[n] = false; };
+        outlookCalls.faults.add(L"on Items.Find at 1 hang");
+        ring(incoming(L"0123", L"4711"));
+        EXPECT_EQ(windows(), left[n]);
+        outlook.command(L"close-windows", L"");
+        *switches[n] = true;
+    }
 }
 
 TEST_F(CallHandling, CallMembers_AreLookedUpOnceForAllCalls)

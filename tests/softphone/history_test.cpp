@@ -72,9 +72,13 @@ TEST_F(History, NewContactSwitch_IsReadAtThatMoment)
     host.settings.tempo = 1;
     item(1, L"111");
     item(2, L"222");
-    host.onLog = [&](const std::wstring& line) { host.settings.bgSetNewContact &= line != L"start History Synchronisation "; };
+    item(3, L"333");
+    host.onPause = [&] { host.settings.bgSetNewContact = host.pauses.size() >= 4; }; // two pauses an item
     start();
-    EXPECT_EQ(count(L"contact"), 0u);
+    ASSERT_EQ(store->records(0).size(), 3u);
+    ASSERT_EQ(count(L"contact"), 2u);
+    EXPECT_EQ(field(L"contact", 0, L"BusinessTelephoneNumber"), L"111");
+    EXPECT_EQ(field(L"contact", 1, L"BusinessTelephoneNumber"), L"333");
 }
 
 TEST_F(History, StopDuringTheLoop_EndsWithAbort_AfterTheItemUnderWay)
@@ -109,12 +113,38 @@ TEST_F(History, CreationFails_NoMapRecord_AndTheItemIsMirroredNextTime)
     EXPECT_NE(mapped(L"2.1"), L"");
 }
 
-TEST_F(History, ErrorInTheLoopItself_LogsPbIn_WithASmallI)
+TEST_F(History, ErrorInTheLoopItself_LogsPbIn_WithASmallI_AndTheRestWaits)
 {
-    item(1, L"111");
-    softphoneCalls.faults.add(L"on History.Item fail 0x80004005");
+    for (int n = 1; n <= 3; ++n) item(n, std::to_wstring(n * 111).c_str());
+    softphoneCalls.faults.add(L"on History.Item at 2 fail 0x80004005");
     start();
     EXPECT_EQ(synchronisationLines(), (Lines{L"start History Synchronisation ", L"Pb in History Synchronisation"}));
+    EXPECT_EQ(count(L"journal"), 1u);
+    link.InitConnector(true);
+    EXPECT_EQ(count(L"journal"), 3u);
+}
+
+TEST_F(History, MapCannotBeAsked_LogsPbIn_AndNothingIsCopied)
+{
+    item(1, L"111");
+    mapCalls.faults.add(L"on Map.ConvertIdOrvel fail 0x80004005");
+    start();
+    EXPECT_EQ(synchronisationLines(), (Lines{L"start History Synchronisation ", L"Pb in History Synchronisation"}));
+    EXPECT_EQ(count(L"journal"), 0u);
+}
+
+TEST_F(History, InsertionIntoTheMapFails_Silently_AndTheItemIsCopiedAgainNextTime)
+{
+    item(1, L"111");
+    item(2, L"222");
+    mapCalls.faults.add(L"on Map.InsertId at 1 fail 0x80004005");
+    start();
+    EXPECT_EQ(synchronisationLines(), (Lines{L"start History Synchronisation ", L"History Synchronisation Ok"}));
+    EXPECT_EQ(mapped(L"2.1"), L"");
+    EXPECT_NE(mapped(L"2.2"), L"") << "the walk goes on";
+    link.InitConnector(true);
+    EXPECT_EQ(count(L"journal"), 3u);
+    EXPECT_NE(mapped(L"2.1"), L"");
 }
 
 TEST_F(History, NewItemEvent_IsMirroredWithoutAskingTheMap_AndMakesNoContact)

@@ -87,6 +87,44 @@ TEST_F(IdentifierMap, IdentifierWithoutADot_IsPurged)
     EXPECT_EQ(mapped(L"57"), L"");
 }
 
+TEST_F(IdentifierMap, Purge_BeginsWithTheHistory)
+{
+    put(L"A", L"1.9", 0, 1);
+    put(L"D", L"2.9", 0, 0);
+    link.InitPavex();
+    softphoneCalls.clear();
+    link.PurgeId();
+    EXPECT_EQ(desk::linesOf(softphoneCalls.record()),
+              (std::vector<std::wstring>{L"History.Count get ()", L"History.Find method (I4 2, I4 9)",
+                                         L"AddressBook.Count get ()", L"AddressBook.Find method (I4 1, I4 9)"}));
+}
+
+TEST_F(IdentifierMap, Purge_HasAMapServerObjectOfItsOwn)
+{
+    start();
+    put(L"A", L"1.9", 0, 1);
+    link.hashID = automation::Object();
+    link.PurgeIdRepertory();
+    EXPECT_EQ(mapped(L"1.9"), L"");
+}
+
+TEST_F(IdentifierMap, MapThatFailsWhileItIsPurged_KeepsWhatIsNotReached)
+{
+    const auto kept = [&](const wchar_t* fault) {
+        for (int n = 1; n <= 4; ++n) put(L"A", (L"9." + std::to_wstring(n)).c_str(), 0, 1);
+        mapCalls.clear();
+        mapCalls.faults.add(fault);
+        link.PurgeIdRepertory();
+        return store->records(1).size();
+    };
+    start();
+    EXPECT_EQ(kept(L"on Map.idCollection fail 0x80004005"), 4u);
+    EXPECT_EQ(kept(L"on Collection.NewEnum fail 0x80004005"), 4u);
+    EXPECT_EQ(kept(L"on Map.RemoveIdOrvel from 2 fail 0x80004005"), 3u);
+    EXPECT_EQ(mapCalls.count(L"Map.RemoveIdOrvel method"), 2u) << "the failure ends the purge";
+    EXPECT_EQ(kept(L"on Map.InsertId fail 0x80004005"), 0u) << "which is not asked for";
+}
+
 TEST_F(IdentifierMap, StopDuringThePurge_LeavesTheRest)
 {
     start();

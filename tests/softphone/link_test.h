@@ -11,6 +11,7 @@
 #include "desk/outlook/outlook.h"
 #include "desk/softphone/guids.h"
 #include "desk/softphone/softphone.h"
+#include "fallible_map.h"
 #include "outlook/session.h"
 #include "softphone/pavex_interface.h"
 #include "support/outlook_records.h"
@@ -46,7 +47,8 @@ protected:
     void offerMap()
     {
         mapFactory.emplace(convid::classRegistration.classId, [this] {
-            return automation::ComPtr<IDispatch>(automation::server::make<convid::MapObject>(store));
+            const automation::ComPtr<IDispatch> map = automation::server::make<convid::MapObject>(store);
+            return automation::ComPtr<IDispatch>(automation::server::make<FallibleMap>(map, mapCalls));
         });
     }
 
@@ -111,6 +113,7 @@ protected:
     desk::outlook::Outlook outlook{outlookCalls, screen};
     desk::Recorder softphoneCalls;
     desk::softphone::Softphone pavex{softphoneCalls};
+    desk::Recorder mapCalls;
     std::shared_ptr<convid::IdentifierStore> store = std::make_shared<convid::IdentifierStore>(folder.file(L"map"));
     std::optional<automation::server::ClassFactory> pavexFactory;
     std::optional<automation::server::ClassFactory> mapFactory;

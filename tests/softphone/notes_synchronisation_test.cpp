@@ -138,6 +138,15 @@ TEST_F(NotesSynchronisation, NewRecordsAfterwards_ComeIntoBoth)
     EXPECT_EQ(count(L"journal"), 2u) << "the call and the log item";
     EXPECT_NE(mapped(L"2.7", 1), L"");
     EXPECT_NE(mapped(L"1.7", 1), L"");
+    EXPECT_LT(placeOf(L"ContactItem.Close method"), placeOf(L"NotesDocument.Save method")) << "Outlook's come first";
+}
+
+TEST_F(NotesSynchronisation, NewCallAfterwards_ComesIntoOutlookFirst)
+{
+    start();
+    pastCall(7, L"0777");
+    host.runDeferred();
+    EXPECT_LT(placeOf(L"JournalItem.Close method"), placeOf(L"NotesDocument.Save method"));
 }
 
 TEST_F(NotesSynchronisation, NewRecordsWithSwitchesOff_AreLeftAlone)
@@ -163,7 +172,7 @@ TEST_F(NotesSynchronisation, NoPersonalBook_LogsTheEntryEachTime_AndMapsNothing)
     EXPECT_NE(noteField(L"Log", 0, L"Body").find(L" Create contact 0123 Durand Marc"), std::wstring::npos);
 }
 
-TEST_F(NotesSynchronisation, Initialisation_OpensOutlookFirst_AndANewLogDocumentWhenToldSo)
+TEST_F(NotesSynchronisation, Initialisation_OpensBoth_AndANewLogDocumentWhenToldSo)
 {
     start();
     EXPECT_TRUE(lotus.LotusReady);
@@ -174,4 +183,15 @@ TEST_F(NotesSynchronisation, Initialisation_OpensOutlookFirst_AndANewLogDocument
     lotus.LotusMustInit = true;
     link.InitConnector(true);
     EXPECT_EQ(noteCount(L"Log"), 2u);
+}
+
+TEST_F(NotesSynchronisation, Initialisation_AsksOutlookBeforeNotes)
+{
+    start();
+    session.bOutlookInit = false;
+    lotus.LotusMustInit = true;
+    outlookCalls.clear();
+    link.InitConnector(true);
+    EXPECT_LT(placeOf(L"Application.GetNamespace"), placeOf(L"NotesSession.GetEnvironmentString"));
+    EXPECT_LT(placeOf(L"NameSpace.GetDefaultFolder"), placeOf(L"NotesSession.GetEnvironmentString"));
 }
