@@ -46,6 +46,43 @@ protected:
         ASSERT_TRUE(desk::player::waitUntil([] { return idle(); }, soon));
     }
 
+    // Waits until everything that came before is over, a tick's own work too: a
+    // call on the line is handled after it. Of one without a number nothing is
+    // read after its direction.
+    void settle()
+    {
+        const auto served = [&] { return timesAsked(desk.softphone(L"calls"), L"Call.Incoming get"); };
+        const unsigned long before = served();
+        desk.softphone(L"call Incoming=false");
+        ASSERT_TRUE(desk::player::waitUntil([&] { return served() > before; }, soon)) << "a call is not served";
+    }
+
+    // How often a line stands in Outlook's logs of all runs.
+    std::size_t timesLogged(const std::wstring& line)
+    {
+        std::size_t found = 0;
+        for (const desk::StoreRecord& record : desk::parseStore(desk.outlook(L"journal"))) {
+            const std::wstring* subject = record.find(L"Subject");
+            const std::wstring* body = record.find(L"Body");
+            if (!subject || *subject != L"Connector Log" || !body) continue;
+            for (const std::wstring& each : desk::linesOf(*body)) found += each.ends_with(L" " + line);
+        }
+        return found;
+    }
+
+    bool isLogged(const std::wstring& line, std::size_t times)
+    {
+        return desk::player::waitUntil([&] { return timesLogged(line) >= times; }, soon);
+    }
+
+    // The number before a call in what the control command "calls" answered.
+    static unsigned long timesAsked(const std::wstring& calls, const std::wstring& call)
+    {
+        for (const std::wstring& line : desk::linesOf(calls))
+            if (line.ends_with(L" " + call)) return std::stoul(line);
+        return 0;
+    }
+
     bool ends(DWORD milliseconds = soon) { return desk.hublinkProcess().ended(milliseconds); }
 
     bool outlookIsAskedFor(const std::wstring& member)

@@ -146,6 +146,24 @@ TEST_F(NotesShell, NotesBack_InitialisesTheConnectorAgain_WithANewLogDocument)
     EXPECT_TRUE(logged(L"Connector Initialization  Ok"));
 }
 
+TEST_F(NotesShell, NotesRestartedBetweenTwoTicks_DropsTheSession_TheNextTickInitialisesAgain)
+{
+    start();
+    startNotes();
+    tick();
+    ASSERT_TRUE(session().NotesSession);
+    program.reset();
+    startNotes();
+    documentTick();
+    tick();
+    EXPECT_FALSE(session().NotesSession) << "the document timer has not used the one answer up";
+    EXPECT_TRUE(session().LotusMustInit);
+    tick();
+    EXPECT_TRUE(session().NotesSession);
+    EXPECT_FALSE(session().LotusMustInit);
+    EXPECT_EQ(logs().size(), 2u);
+}
+
 TEST_F(NotesShell, WhileNotesIsAway_LinesAreDropped)
 {
     start();

@@ -129,6 +129,35 @@ TEST_F(Supervision, OutlookBack_InitialisesTheConnectorAgain)
     EXPECT_FALSE(wasShown(L"Reload Ini data"));
 }
 
+TEST_F(Supervision, OutlookRestartedBetweenTwoTicks_DropsTheSession_TheNextTickInitialisesAgain)
+{
+    startSoftphone();
+    startOutlook();
+    start();
+    openOutlook();
+    tick();
+    ASSERT_TRUE(form().outlook().bOutlookInit);
+    outlookProgram->end();
+    startOutlook();
+    tick();
+    EXPECT_FALSE(form().outlook().bOutlookInit || form().outlook().OutlookApp);
+    EXPECT_FALSE(wasShown(L"Start Connector Initialization"));
+    tick();
+    EXPECT_TRUE(wasShown(L"Start Connector Initialization"));
+}
+
+TEST_F(Supervision, SoftphoneRestartedBetweenTwoTicks_StopsTheConnectorAsItsExitDoes)
+{
+    startSoftphone();
+    start();
+    tick();
+    softphone->end();
+    startSoftphone();
+    tick();
+    EXPECT_EQ(boxTexts(), (std::vector<std::wstring>{L"Stop Connector Pavex HS", L"Stop Connector"}));
+    EXPECT_TRUE(configuration().gStop);
+}
+
 TEST_F(Supervision, OutlookSwitchedOff_IsNotWatched)
 {
     startSoftphone();
