@@ -14,6 +14,7 @@ namespace deaths {
 namespace {
 
 constexpr int mostTrials = 25; // with the same servers
+constexpr std::size_t longestCall = 80; // characters: a filter or a whole log may be among the arguments
 constexpr const wchar_t* end = L"Connector Initialization  Ok";
 
 }
@@ -181,14 +182,31 @@ try {
     return attempt(trial);
 } catch (const std::exception& first) {
     Verdict verdict;
+    verdict.brokenOff = desk::fromUtf8(first.what()) + L"; " + whereAllStand();
     try {
         trialsOfTheseServers_ = mostTrials; // none of them is trusted any more
         verdict = attempt(trial);
     } catch (const std::exception& second) {
         verdict.deviations.push_back(desk::fromUtf8(second.what()));
     }
-    verdict.brokenOff = desk::fromUtf8(first.what());
     return verdict;
+}
+
+// What a person would look at first when an attempt has broken off.
+std::wstring Stage::whereAllStand()
+{
+    std::wstring text = desk_.hublinkProcess().running() ? L"Hublink runs" : L"Hublink has ended";
+    for (PartnerNumber partner = softphone; partner < partners(); ++partner)
+        text += L"; last call to " + std::wstring(nameOf(partner)) + L": " + lastCallOf(partner);
+    return text;
+}
+
+std::wstring Stage::lastCallOf(PartnerNumber partner) const
+try {
+    const std::vector<std::wstring> calls = desk::linesOf(ask(partner, L"record"));
+    return calls.empty() ? L"none" : std::to_wstring(calls.size()) + L", " + calls.back().substr(0, longestCall);
+} catch (const std::exception&) {
+    return L"unknown, it does not answer";
 }
 
 Verdict Stage::attempt(const Trial& trial)
@@ -212,7 +230,6 @@ Verdict Stage::attempt(const Trial& trial)
 
 std::wstring Stage::text(const Trial& trial) const
 {
-    constexpr std::size_t longestCall = 80; // characters: a filter or a whole log may be among the arguments
     const PartnerCall& call = callsOf(trial.partner)[trial.call];
     return trial.text() + L" call " + std::to_wstring(trial.call + 1) + L" of " +
            nameOf(trial.partner) + L", " + call.text.substr(0, longestCall);

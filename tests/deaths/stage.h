@@ -55,6 +55,8 @@ private:
     Permission permission(const Trial& trial, PartnerNumber partner) const;
 
     Verdict attempt(const Trial& trial);
+    std::wstring whereAllStand();
+    std::wstring lastCallOf(PartnerNumber partner) const;
     void hublinkDies(const Trial& trial);
     void groupwareDies(const Trial& trial);
     void softphoneDies(const Trial& trial);
