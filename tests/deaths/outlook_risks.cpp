@@ -49,8 +49,8 @@ std::wstring soughtNumber(const std::wstring& filter)
 }
 
 // Follows which number is being looked for: from the moment when the items are
-// fetched for a filter until new items are fetched for an addition, or until
-// something else than contacts is called.
+// fetched for a filter until the identifier of its contact is read, or new items are
+// fetched for an addition, or something else than contacts is called.
 class LookUps {
 public:
     explicit LookUps(const Calls& calls) : calls_(calls) {}
@@ -68,6 +68,7 @@ public:
         if (call.isOf(L"Application") || call.is(L"JournalItem.Subject", L"put")) made_.clear();
         if (!isTable(call)) risk.lookedFor = number_;
         if (!risk.beingCopied.empty()) risk.contactMadeFor = made_;
+        if (call.is(L"ContactItem.EntryID", L"get")) number_.clear();
     }
 
 private:
