@@ -17,6 +17,15 @@ constexpr int mostTrials = 25; // with the same servers
 constexpr std::size_t longestCall = 80; // characters: a filter or a whole log may be among the arguments
 constexpr const wchar_t* end = L"Connector Initialization  Ok";
 
+BOOL CALLBACK putInFront(HWND window, LPARAM processId)
+{
+    DWORD owner = 0;
+    GetWindowThreadProcessId(window, &owner);
+    if (owner != static_cast<DWORD>(processId) || !IsWindowVisible(window)) return TRUE;
+    SetForegroundWindow(window);
+    return FALSE;
+}
+
 }
 
 void Stage::require(bool holds, const char* failure)
@@ -79,6 +88,8 @@ void Stage::reset()
     if (desk_.hublinkProcess().running()) desk_.hublinkProcess().kill();
     const bool isTired = ++trialsOfTheseServers_ > mostTrials;
     if (isTired || !allAnswer()) renewServers();
+    // While Notes is in front a timer of Hublink asks it for its document, now and then.
+    EnumWindows(putInFront, static_cast<LPARAM>(processOf(softphone).id()));
     std::vector<MapRecord> map;
     ask(softphone, L"clear");
     for (PartnerNumber partner = 1; partner < partners(); ++partner) {

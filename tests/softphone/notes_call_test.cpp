@@ -76,6 +76,7 @@ TEST_F(NotesCall, Forwarded_ComposesAPhoneMessage_AndOpensTheCalendarsOfTheCalle
     EXPECT_EQ(noteField(L"Phone Message", 0, L"SendTo"), L"claire.petit@example.com");
     EXPECT_EQ(noteField(L"Phone Message", 0, L"PhoneCaller"), L"Marc Durand");
     EXPECT_EQ(noteField(L"Phone Message", 0, L"PhoneNumber"), L"0123");
+    EXPECT_EQ(environment(L"CTI_InfoLastCall_docid"), L"8FA") << "published last: the one it was forwarded to";
 }
 
 TEST_F(NotesCall, ForwardedWithCallBackMailOff_StillOpensTheCalendar)
