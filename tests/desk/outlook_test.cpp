@@ -102,7 +102,8 @@ TEST_F(OutlookAtTheDesk, ThatRefusesToBeCreated_IsAskedAtEachTick_AndServedWhenI
     desk.startOutlook("[outlook]\nCreation=fails 1500\n" + std::string(people));
     desk.startHublink();
     const auto creations = [&] { return std::stoi(desk.outlook(L"creations")); };
-    ASSERT_TRUE(desk::player::waitUntil([&] { return creations() >= 3; }, 3 * soon)) << "at the start, and at two ticks of its own";
+    ASSERT_TRUE(desk::player::waitUntil([&] { return creations() >= 3; }, 3 * soon))
+        << "at the start, and at two ticks of its own";
     EXPECT_TRUE(desk.hublinkProcess().running());
     desk.outlook(L"creation works");
     ASSERT_TRUE(sessionOpens());

@@ -169,7 +169,8 @@ TEST_F(Control, Settings_ComeBackTheSame_AndOnlyThoseThatAreNotUsual)
                                L"Creation=fails 200\n";
     outlook.load(store);
     EXPECT_EQ(desk::storeText(outlook.model().records()), store);
-    for (const wchar_t* usual : {L"version 2016", L"guard off", L"missingcell empty", L"identifiers 0", L"creation works"})
+    for (const wchar_t* usual :
+         {L"version 2016", L"guard off", L"missingcell empty", L"identifiers 0", L"creation works"})
         EXPECT_EQ(outlook.ask(usual), L"ok");
     EXPECT_EQ(desk::storeText(outlook.model().records()), L"");
 }

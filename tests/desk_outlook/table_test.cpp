@@ -148,7 +148,9 @@ TEST_F(Table, TenThousandContacts_ComeInOneArray)
 
 TEST_F(Table, MissingCells_AreEmptyOrNullOrAnError)
 {
-    const auto missing = [&] { return cell(tableOf({L"MobileTelephoneNumber"}).get(L"GetArray", {std::int32_t{3}}), 0, 1); };
+    const auto missing = [&] {
+        return cell(tableOf({L"MobileTelephoneNumber"}).get(L"GetArray", {std::int32_t{3}}), 0, 1);
+    };
     EXPECT_EQ(missing().type(), VT_EMPTY);
     outlook.ask(L"missingcell null");
     EXPECT_EQ(missing().type(), VT_NULL);
