@@ -1,6 +1,11 @@
 // An owned interface pointer. The compilers' own ones disagree on whether
 // attaching adds a reference, so the program brings this small one.
+//
+// Giving a reference back counts as an outgoing call: the last one of a proxy
+// goes out to the object's process, and messages come in meanwhile.
 #pragma once
+
+#include "automation/outgoing_call.h"
 
 #include <unknwn.h>
 
@@ -39,7 +44,9 @@ public:
 
     void reset() noexcept
     {
-        if (Interface* const released = std::exchange(pointer_, nullptr)) released->Release();
+        if (!pointer_) return;
+        const OutgoingCall scope;
+        std::exchange(pointer_, nullptr)->Release();
     }
 
     // Lends the emptied pointer for a callee to fill.

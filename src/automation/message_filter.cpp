@@ -3,12 +3,16 @@
 #include "automation/outgoing_call.h"
 #include "automation/unknown.h"
 
+#include <utility>
+
 namespace automation {
 
 namespace {
 
 class RetryFilter final : public Unknown<IMessageFilter> {
 public:
+    explicit RetryFilter(std::function<void()> onMessage) : onMessage_(std::move(onMessage)) {}
+
     // Events are only queued when they arrive, so they are welcome at any time.
     STDMETHODIMP_(DWORD) HandleInComingCall(DWORD, HTASK, DWORD, LPINTERFACEINFO) override
     {
@@ -23,17 +27,25 @@ public:
         return pause < 100 ? 100 : pause;
     }
 
-    STDMETHODIMP_(DWORD) MessagePending(HTASK, DWORD, DWORD) override { return PENDINGMSG_WAITDEFPROCESS; }
+    // The default would throw some of the mouse's messages away (vendor's help,
+    // "IMessageFilter::MessagePending"), and a notification icon's look like those.
+    STDMETHODIMP_(DWORD) MessagePending(HTASK, DWORD, DWORD) override
+    {
+        onMessage_();
+        return PENDINGMSG_WAITNOPROCESS;
+    }
 
 private:
     bool answers(REFIID iid) const override { return iid == IID_IMessageFilter; }
+
+    const std::function<void()> onMessage_;
 };
 
 }
 
-BusyMessageFilter::BusyMessageFilter()
+BusyMessageFilter::BusyMessageFilter(std::function<void()> onMessage)
 {
-    const auto filter = ComPtr<IMessageFilter>::adopt(new RetryFilter);
+    const auto filter = ComPtr<IMessageFilter>::adopt(new RetryFilter(std::move(onMessage)));
     CoRegisterMessageFilter(filter.get(), previous_.receive());
 }
 

@@ -6,23 +6,33 @@ namespace automation {
 
 namespace {
 
-thread_local int depth = 0;
+struct ThreadCalls {
+    int depth = 0;
+    std::atomic<DWORD> begin{0};
+};
+
+constinit thread_local ThreadCalls calls;
 
 }
 
 OutgoingCall::OutgoingCall() noexcept : start_(GetTickCount())
 {
-    ++depth;
+    if (calls.depth++ == 0) calls.begin = start_ != 0 ? start_ : 1; // 0 means none
 }
 
 OutgoingCall::~OutgoingCall()
 {
-    --depth;
+    if (--calls.depth == 0) calls.begin = 0;
 }
 
 bool OutgoingCall::inProgress() noexcept
 {
-    return depth > 0;
+    return calls.depth > 0;
+}
+
+const std::atomic<DWORD>& OutgoingCall::beginOfOutermost() noexcept
+{
+    return calls.begin;
 }
 
 DWORD OutgoingCall::pauseAfter(DWORD waited) noexcept

@@ -5,6 +5,8 @@
 
 #include <windows.h>
 
+#include <atomic>
+
 namespace automation {
 
 class OutgoingCall {
@@ -16,6 +18,10 @@ public:
 
     // Whether this thread is inside a call into another object.
     static bool inProgress() noexcept;
+
+    // When this thread's outermost call began, as GetTickCount tells it; 0 while
+    // none is out. For another thread to look at, as long as this one lives.
+    static const std::atomic<DWORD>& beginOfOutermost() noexcept;
 
     // How long a busy server is asked again, in milliseconds, for one call in all.
     static constexpr DWORD patience = 10'000;

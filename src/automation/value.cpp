@@ -79,6 +79,21 @@ Value::Value(const Value& other)
     check(VariantCopy(&variant_, source(other.variant_)), L"VariantCopy");
 }
 
+bool Value::mayHoldObjects() const noexcept
+{
+    return type() == VT_DISPATCH || type() == VT_UNKNOWN || (type() & VT_ARRAY) != 0;
+}
+
+void Value::clear() noexcept
+{
+    if (mayHoldObjects()) {
+        const OutgoingCall scope; // the last reference to an object of another process goes out
+        VariantClear(&variant_);
+    } else {
+        VariantClear(&variant_);
+    }
+}
+
 std::wstring Value::text() const
 {
     // The usual case needs neither a conversion nor a second copy.

@@ -42,10 +42,7 @@ bool Hublink::ReadConnectorIni()
     trapErrors(L"ReadConnectorIni", [&] {
         const auto before = comparedSwitches(configuration_);
         const IniFile ini(configuration_.szFileConnectorIni);
-        if (isToStop(ini)) {
-            ini.write(application, "kill", "false");
-            return gPavexInterface.Kill();
-        }
+        if (killIfAsked(ini)) return;
         configuration_.Trace = ini.readSwitch(application, "trace", "false");
         readGroupwares(ini);
         if (!configuration_.bgWithLotus && !configuration_.bgWithOutlook) return gPavexInterface.Kill();
@@ -65,6 +62,24 @@ bool Hublink::isToStop(const IniFile& ini) const
     if (!ini.readSwitch(application, "kill", "false")) return false;
     const std::optional<FILETIME> changed = modificationTime(configuration_.szFileConnectorIni);
     return !staleKill_ || !changed || !sameTime(*changed, *staleKill_);
+}
+
+bool Hublink::killIfAsked(const IniFile& ini)
+{
+    if (!isToStop(ini)) return false;
+    ini.write(application, "kill", "false");
+    gPavexInterface.Kill();
+    return true;
+}
+
+// For the times at which no tick comes. The rest of a changed file waits for the
+// next tick, which is why `gIniFileDate` stays.
+void Hublink::obeyKill()
+{
+    const std::optional<FILETIME> changed = modificationTime(configuration_.szFileConnectorIni);
+    if (!changed || (killReadAt_ && sameTime(*changed, *killReadAt_))) return;
+    killReadAt_ = changed;
+    killIfAsked(IniFile(configuration_.szFileConnectorIni));
 }
 
 void Hublink::readGroupwares(const IniFile& ini)

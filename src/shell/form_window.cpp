@@ -11,8 +11,18 @@
 namespace {
 
 constexpr UINT runDeferredMessage = WM_APP;
+constexpr UINT longCallMessage = WM_APP + 1;
 constexpr UINT_PTR retryTimer = 2;
-constexpr UINT retryInterval = 20; // milliseconds
+constexpr UINT retryInterval = 20;      // milliseconds
+constexpr UINT longCallPatience = 1000; // milliseconds
+
+// COM refuses calls inside another one that hangs in the air, and, with
+// RPC_E_CANTCALLOUT_ININPUTSYNCCALL, inside a message of another thread whose
+// sender waits (vendor's knowledge base, Q131056).
+bool callsMayGoOut()
+{
+    return !automation::OutgoingCall::inProgress() && !InSendMessage();
+}
 
 }
 
@@ -79,10 +89,15 @@ LRESULT FormWindow::handle(UINT message, WPARAM wParam, LPARAM lParam)
         runDeferred();
         return 0;
     case WM_CLOSE:
-        outsideCalls([this] { events_.Form_Terminate(); });
+        events_.Form_Terminate();
         return 0;
     case WM_ENDSESSION:
-        if (wParam) events_.Form_Terminate();
+        if (!wParam) return 0;
+        ReplyMessage(0); // no call goes out as long as its sender waits
+        events_.sessionEnds();
+        return 0;
+    case longCallMessage:
+        if (automation::OutgoingCall::inProgress()) events_.callIsLong();
         return 0;
     default:
         return DefWindowProcW(window_, message, wParam, lParam);
@@ -102,22 +117,46 @@ void FormWindow::timer(UINT_PTR id)
 
 void FormWindow::outsideCalls(std::function<void()> work)
 {
-    if (!automation::OutgoingCall::inProgress()) return work();
+    if (callsMayGoOut()) return work();
     heldBack_.push_back(std::move(work));
     retryLater();
 }
 
 void FormWindow::retryLater()
 {
-    SetTimer(window_, retryTimer, retryInterval, nullptr);
+    if (automation::OutgoingCall::inProgress()) SetTimer(window_, retryTimer, retryInterval, nullptr);
+    else PostMessageW(window_, WM_TIMER, retryTimer, 0); // as soon as the sender of a message has its answer
 }
 
 void FormWindow::retry()
 {
-    if (automation::OutgoingCall::inProgress()) return retryLater();
+    if (!callsMayGoOut()) return retryLater();
     // By a message, for what was held back may show a box and wait for its answer.
     PostMessageW(window_, runDeferredMessage, 0, 0);
+    runHeldBack();
+}
+
+void FormWindow::runHeldBack()
+{
     for (const auto& work : std::exchange(heldBack_, {})) trapErrors(L"held back", work);
+}
+
+void FormWindow::takeStopMessages()
+{
+    MSG message;
+    for (const UINT wanted : {WM_MOUSEMOVE, WM_CLOSE})
+        while (PeekMessageW(&message, window_, wanted, wanted, PM_REMOVE)) {
+            // The end of the message loop is taken whatever is asked for.
+            if (message.message == WM_QUIT) return PostQuitMessage(static_cast<int>(message.wParam));
+            DispatchMessageW(&message);
+        }
+    if (callsMayGoOut()) runHeldBack();
+}
+
+void FormWindow::tellOfLongCall(HWND window)
+{
+    DWORD_PTR ignored = 0;
+    SendMessageTimeoutW(window, longCallMessage, 0, 0, SMTO_NORMAL, longCallPatience, &ignored);
 }
 
 void FormWindow::mouseMove(WPARAM wParam, LPARAM lParam)

@@ -15,6 +15,8 @@ public:
     virtual void documentTick() = 0;
     virtual void Form_MouseMove(int button, int shift, double X, double Y) = 0;
     virtual void Form_Terminate() = 0;
+    virtual void sessionEnds() = 0;
+    virtual void callIsLong() = 0; // the one that is out
 
 protected:
     ~FormEvents() = default;
@@ -37,9 +39,17 @@ public:
     // a call to another program.
     void defer(std::function<void()> work);
 
-    // Runs `work` at once or, inside a call to another program, soon after it:
-    // a question that opened there would hold everything up until it is answered.
+    // Runs `work` at once or, where no call may go out, soon afterwards: inside a
+    // call to another program, and inside a message that somebody sent and waits for.
     void outsideCalls(std::function<void()> work);
+
+    // Handles those waiting messages by which a user asks for a stop, and what
+    // outsideCalls() has held back; all others go on waiting.
+    void takeStopMessages();
+
+    // Says, from another thread, that the call that is out is a long one. Waits a
+    // moment for the answer, since what nobody takes must not pile up.
+    static void tellOfLongCall(HWND window);
 
     static constexpr const wchar_t* className = L"Hublink";
     static constexpr UINT_PTR supervisionTimer = 1;
@@ -54,11 +64,12 @@ private:
     void mouseMove(WPARAM wParam, LPARAM lParam);
     void retryLater();
     void retry();
+    void runHeldBack();
     void runDeferred();
 
     FormEvents& events_;
     std::deque<std::function<void()>> deferred_;
     bool runningDeferred_ = false;
-    std::vector<std::function<void()>> heldBack_; // what came inside a call
+    std::vector<std::function<void()>> heldBack_; // what came where no call may go out
     HWND window_ = nullptr;
 };

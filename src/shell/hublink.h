@@ -14,6 +14,7 @@
 #include "common/process_lookup.h"
 #include "lotus/lotus_session.h"
 #include "outlook/outlook_session.h"
+#include "shell/call_watch.h"
 #include "shell/form_window.h"
 #include "shell/tray_icon_data.h"
 #include "softphone/pavex_interface.h"
@@ -33,7 +34,7 @@ struct Desktop {
 
 class Hublink final : public Host, private FormEvents {
 public:
-    explicit Hublink(Desktop desktop);
+    explicit Hublink(Desktop desktop, CallWatch::Times callTimes = {});
     ~Hublink() override;
     Hublink(const Hublink&) = delete;
     Hublink& operator=(const Hublink&) = delete;
@@ -57,9 +58,12 @@ public:
     void StopConnector() override;
     void StopAll();
     void Form_Terminate() override;
+    void letUserStop() override;
+    void takeStopMessages() { window_.takeStopMessages(); }
 
     // Notification icon. X is the notification code, in twips.
     void AddTrayIcon();
+    const TrayIconData& trayIcon() const { return trayIconData_; }
     void Form_MouseMove(int button, int shift, double X, double Y) override;
 
     // The form's services to the rooms below.
@@ -80,12 +84,19 @@ public:
 private:
     void supervisionTick() override { SupervisionPavex_Timer(); }
     void documentTick() override { TimerCallInlotus_Timer(); }
+    void sessionEnds() override;
+    void callIsLong() override;
     void superviseSoftphone();
     void superviseNotes();
     void superviseOutlook();
     void superviseIniFile();
+    void watchCalls();
+    void letGroupwareGo();
     void askWhetherToStop();
     void offerTrayIcon();
+    int messageBox(const std::wstring& text, UINT flags);
+    bool killIfAsked(const IniFile& ini);
+    void obeyKill();
     bool isRunning(const wchar_t* fileName, HANDLE& handle);
     bool isToStop(const IniFile& ini) const;
     void readGroupwares(const IniFile& ini);
@@ -102,6 +113,7 @@ private:
     PavexInterface gPavexInterface;
     std::optional<FILETIME> gIniFileDate; // modification time when last read
     std::optional<FILETIME> staleKill_;   // the file's time when its "kill" could not be set back
+    std::optional<FILETIME> killReadAt_;  // modification time when "kill" was last looked at between ticks
     bool bProcessWatchReady = false;
     HANDLE hPavexProcess = nullptr;
     HANDLE hOutlookProcess = nullptr;
@@ -110,7 +122,9 @@ private:
     TrayIconData trayIconData_;
     int iconOffers_ = 0;       // still to be made to the shell, unless the icon stands
     bool inTick_ = false;      // a tick is under way, or waits in a message box of its own
-    bool asking_ = false;      // the icon's question is open
+    enum class Question { none, waits, open } question_ = Question::none; // the icon's
     bool mapWasTold_ = false;  // StopAll has called the map server, in vain perhaps
-    bool ending_ = false;      // StopAll is past the point of return
+    bool ending_ = false;      // "The End !!!" is on the screen
+    bool sessionEnds_ = false; // that of Windows: nobody is there to answer a box
+    CallWatch callWatch_;
 };

@@ -15,7 +15,13 @@ void Hublink::WriteLog(const std::wstring& szMessage)
 
 void Hublink::showMessage(const std::wstring& szMessage)
 {
-    desktop_.messageBox(szMessage, MB_OK);
+    messageBox(szMessage, MB_OK);
+}
+
+// 0 when it cannot be shown.
+int Hublink::messageBox(const std::wstring& text, UINT flags)
+{
+    return sessionEnds_ ? 0 : desktop_.messageBox(text, flags);
 }
 
 void Hublink::pause(std::int32_t milliseconds)

@@ -29,8 +29,8 @@ int run()
     const automation::Apartment apartment;
     automation::permitCallsOfOwnUserOnly(automation::StartsServers::yes);
     InitCommonControls(); // else Windows XP shows no message box of the style that the manifest asks for
-    const automation::BusyMessageFilter busyFilter;
     Hublink form(realDesktop());
+    const automation::BusyMessageFilter busyFilter([&] { form.takeStopMessages(); });
     form.Form_Load();
 
     MSG message;

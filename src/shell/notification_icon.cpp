@@ -34,20 +34,23 @@ void Hublink::offerTrayIcon()
 void Hublink::Form_MouseMove(int, int, double X, double)
 {
     // One question at a time, however often the icon is pressed.
-    if (screenScale::pixelsFromTwips(X) != WM_RBUTTONDOWN || asking_) return;
-    asking_ = true;
-    window_.outsideCalls([this] {
-        askWhetherToStop();
-        asking_ = false;
-    });
+    if (screenScale::pixelsFromTwips(X) != WM_RBUTTONDOWN || question_ != Question::none) return;
+    question_ = Question::waits;
+    // A question inside a call would hold it up; one that may never end is another matter.
+    if (callWatch_.callIsLong()) return askWhetherToStop();
+    window_.outsideCalls([this] { askWhetherToStop(); });
 }
 
 void Hublink::askWhetherToStop()
 {
+    if (question_ != Question::waits) return;
+    bool stop = false;
+    question_ = Question::open;
     trapErrors(L"Form_MouseMove", [&] {
         SetForegroundWindow(hWnd()); // else the question would not get the focus
-        const int answer = desktop_.messageBox(L"Do you want to really stop Hublink ?",
-                                               MB_YESNO | MB_ICONQUESTION | MB_DEFBUTTON2);
-        if (answer == IDYES) StopConnector();
+        stop = messageBox(L"Do you want to really stop Hublink ?",
+                          MB_YESNO | MB_ICONQUESTION | MB_DEFBUTTON2) == IDYES;
     });
+    question_ = Question::none;
+    if (stop) StopConnector();
 }

@@ -18,10 +18,10 @@ constexpr const wchar_t* iniFileName = L"pavexconnector.ini";
 
 }
 
-Hublink::Hublink(Desktop desktop)
+Hublink::Hublink(Desktop desktop, CallWatch::Times callTimes)
     : desktop_(std::move(desktop)), dictionary_(desktop_.programFolder), window_(*this),
       outlook_(*this, groupware_, dictionary_), lotus_(*this, groupware_, dictionary_),
-      gPavexInterface(*this, groupware_, outlook_, lotus_), trayIconData_()
+      gPavexInterface(*this, groupware_, outlook_, lotus_), trayIconData_(), callWatch_(callTimes)
 {
 }
 
@@ -53,6 +53,7 @@ void Hublink::Form_Load()
             configuration_.szPathLogFile = configuration_.szPathPavex + L"\\ConnectorId\\log\\log" + today + L".log";
         }
         AddTrayIcon();
+        watchCalls();
         const std::wstring folder = configuration_.szPathPavex + L"\\Connector";
         CopieFileIfNotExist(folder, iniFileName, desktop_.programFolder);
         configuration_.szFileConnectorIni = folder + L"\\" + iniFileName;
@@ -62,6 +63,7 @@ void Hublink::Form_Load()
         ini.write("Application", "kill", "false");
         gIniFileDate = modificationTime(configuration_.szFileConnectorIni);
         if (ini.readSwitch("Application", "kill", "false")) staleKill_ = gIniFileDate;
+        killReadAt_ = gIniFileDate;
         ReadConnectorIni();
         gPavexInterface.Class_Initialize();
     });

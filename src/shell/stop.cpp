@@ -5,10 +5,29 @@
 
 #include <utility>
 
+void Hublink::watchCalls()
+{
+    trapErrors(L"watchCalls", [&] {
+        const auto end = [this, icon = trayIconData_]() mutable {
+            desktop_.notifyShell(NIM_DELETE, icon);
+            desktop_.endProcess();
+        };
+        callWatch_.start([window = hWnd()] { FormWindow::tellOfLongCall(window); }, end);
+    });
+}
+
 void Hublink::StopConnector()
 {
+    configuration_.gStop = true;
+    callWatch_.stopIsAsked();
+    // The end of a session does not wait for the call that is out.
+    if (sessionEnds_ && !InSendMessage()) letGroupwareGo();
+    else window_.outsideCalls([this] { letGroupwareGo(); });
+}
+
+void Hublink::letGroupwareGo()
+{
     trapErrors(L"StopConnector", [&] {
-        configuration_.gStop = true;
         if (std::exchange(outlook_.bOutlookInit, false) && outlook_.bQuitOutlook) {
             const automation::Object outlook = outlook_.OutlookApp;
             outlook.call(L"quit");
@@ -19,7 +38,7 @@ void Hublink::StopConnector()
 
 void Hublink::StopAll()
 {
-    if (ending_) return; // "The End !!!" is on the screen
+    if (ending_) return;
     trapErrors(L"StopAll", [&] {
         // A map server that is missing or dead ends this try; the next one
         // goes on without it: a program must not be impossible to stop.
@@ -27,14 +46,35 @@ void Hublink::StopAll()
             const automation::Object map = gPavexInterface.hashID;
             map.call(L"StopOrvelConvertId");
         }
-        ending_ = true;
+        ending_ = true; // the box lets ticks through
         desktop_.notifyShell(NIM_DELETE, trayIconData_);
         if (configuration_.Trace) showMessage(L"The End !!!");
         desktop_.endProcess();
     });
+    ending_ = false;
 }
 
 void Hublink::Form_Terminate()
 {
     StopConnector();
+}
+
+void Hublink::sessionEnds()
+{
+    sessionEnds_ = true;
+    Form_Terminate();
+}
+
+void Hublink::letUserStop()
+{
+    trapErrors(L"letUserStop", [&] {
+        window_.takeStopMessages();
+        if (!configuration_.gStop) obeyKill();
+    });
+}
+
+void Hublink::callIsLong()
+{
+    letUserStop();
+    askWhetherToStop();
 }

@@ -50,6 +50,7 @@ std::wstring PavexInterface::walkRepertory()
     ++repertoryWalks_;
     int created = 0;
     while (remaining >= 1) {
+        host_.letUserStop();
         if (host_.configuration().gStop) return L"Abort Repertory Synchronisation";
         --remaining;
         const Object entry = book.get(softphone::records::atIndex, {std::int32_t{remaining}}).object();

@@ -48,6 +48,7 @@ std::wstring PavexInterface::walkHistory()
     const std::int32_t count = history.get(softphone::records::count).int32();
     ++historyWalks_;
     for (std::int32_t index = 0; index < count; ++index) {
+        host_.letUserStop();
         if (host_.configuration().gStop) return L"Abort History Synchronisation";
         const Object item = history.get(softphone::records::atIndex, {index}).object();
         mirrorHistoryItem(item.sharing(historyItemNames_));

@@ -103,6 +103,7 @@ void PavexInterface::purge(MapCollection collection, Object softphoneRecords, co
     automation::Enumeration records(server.get(L"idCollection", {static_cast<std::int32_t>(collection)}).object());
     Value element;
     while (records.next(element)) {
+        host_.letUserStop();
         if (host_.configuration().gStop) return;
         const Object record = element.object().sharing(names);
         const std::wstring id = record.get(L"idOrvel").text();

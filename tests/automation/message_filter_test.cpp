@@ -67,10 +67,12 @@ TEST(BusyMessageFilter, IncomingCalls_AreServedAtAnyTime)
         EXPECT_EQ(registered->HandleInComingCall(kind, nullptr, 0, nullptr), DWORD{SERVERCALL_ISHANDLED});
 }
 
-TEST(BusyMessageFilter, UserInputDuringACall_OpensNoDialog)
+TEST(BusyMessageFilter, MessageDuringACall_IsOfferedToTheProgram_AndOtherwiseLeftInTheQueue)
 {
-    const BusyMessageFilter filter;
+    int offered = 0;
+    const BusyMessageFilter filter([&] { ++offered; });
     const auto registered = current();
     ASSERT_TRUE(registered);
-    EXPECT_EQ(registered->MessagePending(nullptr, 10'000, PENDINGTYPE_TOPLEVEL), DWORD{PENDINGMSG_WAITDEFPROCESS});
+    EXPECT_EQ(registered->MessagePending(nullptr, 10'000, PENDINGTYPE_TOPLEVEL), DWORD{PENDINGMSG_WAITNOPROCESS});
+    EXPECT_EQ(offered, 1);
 }

@@ -1,4 +1,5 @@
 // Busy servers, and knowing that a call is out.
+#include "automation/com_ptr.h"
 #include "automation/error.h"
 #include "automation/object.h"
 #include "automation/outgoing_call.h"
@@ -14,6 +15,20 @@ using automation::OutgoingCall;
 using support::RawPartner;
 
 namespace {
+
+// Keeps whether each reference to it was given back as part of a call.
+class Proxy final : public RawPartner {
+public:
+    using RawPartner::RawPartner;
+
+    STDMETHODIMP_(ULONG) Release() override
+    {
+        releases.push_back(OutgoingCall::inProgress());
+        return RawPartner::Release();
+    }
+
+    std::vector<bool> releases;
+};
 
 DWORD WINAPI lookElsewhere(void* answer)
 {
@@ -176,4 +191,56 @@ TEST(OutgoingCall, InProgress_ConcernsTheCallingThreadOnly)
     CloseHandle(thread);
     EXPECT_TRUE(OutgoingCall::inProgress());
     EXPECT_FALSE(elsewhere);
+}
+
+// The last reference to an object of another process goes out, and messages come in meanwhile.
+TEST(OutgoingCall, InProgress_WhileAnObjectsReferenceIsGivenBack)
+{
+    Proxy proxy;
+    { const Object temporary(&proxy); }
+    Object replaced(&proxy);
+    replaced = Object();
+    EXPECT_EQ(proxy.releases, (std::vector{true, true}));
+    EXPECT_FALSE(OutgoingCall::inProgress());
+}
+
+TEST(OutgoingCall, InProgress_WhileAValueGivesItsObjectsBack)
+{
+    Proxy proxy;
+    { const automation::Value value{Object(&proxy)}; }
+    automation::Value refilled{Object(&proxy)};
+    refilled.receive();
+    {
+        automation::Value array;
+        VARIANT* const filled = array.receive();
+        V_VT(filled) = VT_ARRAY | VT_DISPATCH;
+        V_ARRAY(filled) = SafeArrayCreateVector(VT_DISPATCH, 0, 1);
+        LONG index = 0;
+        SafeArrayPutElement(V_ARRAY(filled), &index, &proxy);
+    }
+    EXPECT_EQ(proxy.releases, (std::vector<bool>(5, true))) << "three values, and the objects that two came from";
+}
+
+TEST(OutgoingCall, InProgress_WhileAnInterfacePointerIsGivenBack)
+{
+    Proxy proxy;
+    automation::ComPtr<IDispatch> pointer(&proxy);
+    pointer.reset();
+    pointer.reset();
+    EXPECT_EQ(proxy.releases, std::vector{true});
+}
+
+TEST(OutgoingCall, BeginOfOutermost_IsKeptWhileOneIsOut)
+{
+    const std::atomic<DWORD>& begin = OutgoingCall::beginOfOutermost();
+    EXPECT_EQ(begin, 0u);
+    {
+        const OutgoingCall outermost;
+        const DWORD first = begin;
+        EXPECT_NE(first, 0u);
+        Sleep(50);
+        { const OutgoingCall inner; }
+        EXPECT_EQ(begin, first);
+    }
+    EXPECT_EQ(begin, 0u);
 }

@@ -1,25 +1,11 @@
-// The real programs with Notes alone, where its log outlives what Outlook's does not.
-#include "desk_test.h"
-
-#include "desk/player/fixtures.h"
+#include "notes_desk_test.h"
 
 #include <cwchar>
 
 namespace {
 
-class WithNotes : public DeskTest {
+class WithNotes : public NotesDeskTest {
 protected:
-    void startWithNotes()
-    {
-        desk.startSoftphone();
-        desk.startNotes(desk::player::morningDatabases());
-        desk.setDefault("Application", "type", "LOTUS");
-        for (const auto& [section, key, value] : desk::player::notesSettings()) desk.setDefault(section, key, value);
-        desk.startHublink();
-        ASSERT_TRUE(notesLogGets(L"Connector Initialization  Ok"));
-        ASSERT_TRUE(desk::player::waitUntil([] { return idle(); }, soon));
-    }
-
     // The user opens a mail from that sender, in front of all windows; its universal identifier.
     std::wstring reads(const std::wstring& sender)
     {
@@ -67,20 +53,6 @@ protected:
 
     static constexpr WPARAM documentTimer = 3;
     static constexpr const wchar_t* databaseAsked = L"NotesUIWorkspace.CurrentDatabase get";
-
-    bool notesLogGets(const std::wstring& line)
-    {
-        return desk::player::waitUntil([&] { return desk.document(L"connector.nsf", L"Form", L"Log") && holds(line); },
-                                       soon);
-    }
-
-    // Whether a line of the log ends so after its date and time.
-    bool holds(const std::wstring& line)
-    {
-        const auto log = desk.document(L"connector.nsf", L"Form", L"Log");
-        const std::wstring* body = log ? log->find(L"Body") : nullptr;
-        return body && (*body + L"\n").find(L" " + line + L"\n") != std::wstring::npos;
-    }
 };
 
 }

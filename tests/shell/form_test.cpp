@@ -119,7 +119,7 @@ Hublink& FormTest::form()
                 if (onEnd) onEnd();
             },
             [this](DWORD message, TrayIconData& data) { return onIcon ? onIcon(message) : notifyShell(message, data); },
-        });
+        }, callTimes);
     }
     return *form_;
 }

@@ -11,6 +11,7 @@
 
 #include <gtest/gtest.h>
 
+#include <atomic>
 #include <functional>
 #include <memory>
 #include <optional>
@@ -106,9 +107,10 @@ protected:
     const HiddenClass noMap{L"PavexConvId.OrvelConvertId"};
     const HiddenClass noOutlook{L"outlook.application"};
 
+    CallWatch::Times callTimes; // of the form, when it is made
     std::vector<Box> boxes;
     std::function<int(const std::wstring&)> onBox; // while a box is open; its answer
-    int ended = 0;
+    std::atomic<int> ended{0}; // also by the watch over long calls, on its thread
     std::function<void()> onEnd;
     std::function<bool(DWORD message)> onIcon; // the notification area's answer; without it the real one's
     support::RawPartner outlook{{{L"quit", 1}, {L"CreateItem", 2}}};

@@ -27,7 +27,42 @@ protected:
         while (!done() && GetMessageW(&message, nullptr, 0, 0) > 0) DispatchMessageW(&message);
     }
 
+    // Sends a message as another process does: the sender waits for the answer.
+    void sendFromAnotherThread(UINT message, WPARAM wParam, LPARAM lParam = 0)
+    {
+        struct Sender {
+            static DWORD WINAPI send(void* parameters)
+            {
+                const Sender& given = *static_cast<Sender*>(parameters);
+                SendMessageW(given.window, given.message, given.wParam, given.lParam);
+                return 0;
+            }
+            HWND window;
+            UINT message;
+            WPARAM wParam;
+            LPARAM lParam;
+        } sender{form().hWnd(), message, wParam, lParam};
+        const HANDLE thread = CreateThread(nullptr, 0, Sender::send, &sender, 0, nullptr);
+        while (MsgWaitForMultipleObjects(1, &thread, FALSE, INFINITE, QS_SENDMESSAGE) != WAIT_OBJECT_0) {
+            MSG ignored;
+            PeekMessageW(&ignored, nullptr, 0, 0, PM_NOREMOVE | PM_QS_SENDMESSAGE);
+        }
+        CloseHandle(thread);
+    }
+
     std::string order;
+};
+
+// The last reference to an object of another process goes out, and messages come in meanwhile.
+class Proxy final : public support::RawPartner {
+public:
+    STDMETHODIMP_(ULONG) Release() override
+    {
+        if (onRelease) onRelease();
+        return RawPartner::Release();
+    }
+
+    std::function<void()> onRelease;
 };
 
 }
@@ -47,6 +82,97 @@ TEST_F(Window, EndOfTheUsersSession_AsksForAStop)
     EXPECT_FALSE(configuration().gStop);
     SendMessageW(form().hWnd(), WM_ENDSESSION, TRUE, 0);
     EXPECT_TRUE(configuration().gStop);
+}
+
+TEST_F(Window, EndOfTheSession_ShowsNoBox_NeitherThenNorLater)
+{
+    form().link().hashID = automation::Object(&map);
+    SendMessageW(form().hWnd(), WM_ENDSESSION, TRUE, 0);
+    SendMessageW(form().hWnd(), WM_MOUSEMOVE, 1, WM_RBUTTONDOWN);
+    form().WriteLog(L"a line");
+    form().showMessage(L"a message");
+    tick();
+    EXPECT_TRUE(boxes.empty());
+    EXPECT_EQ(ended, 1);
+}
+
+TEST_F(Window, EndOfTheSessionInsideAnOutgoingCall_DoesNotWaitForIt)
+{
+    openOutlook();
+    form().outlook().bQuitOutlook = true;
+    const automation::OutgoingCall call;
+    SendMessageW(form().hWnd(), WM_ENDSESSION, TRUE, 0);
+    EXPECT_TRUE(configuration().gStop);
+    ASSERT_EQ(outlook.invocations.size(), 1u);
+    EXPECT_EQ(outlook.invocations[0].id, 1) << "quit";
+}
+
+// COM refuses calls inside a message whose sender waits.
+TEST_F(Window, CloseThatIsSent_QuitsOutlookAfterItsSenderIsFree)
+{
+    openOutlook();
+    form().outlook().bQuitOutlook = true;
+    bool senderWaits = true;
+    outlook.onCall = [&](const support::RawPartner::Call&) {
+        senderWaits = InSendMessage();
+        return S_OK;
+    };
+    sendFromAnotherThread(WM_CLOSE, 0);
+    EXPECT_TRUE(configuration().gStop);
+    EXPECT_TRUE(outlook.invocations.empty());
+    pumpUntil([this] { return boxes.size() == 1; });
+    EXPECT_EQ(outlook.invocations.size(), 1u);
+    EXPECT_FALSE(senderWaits);
+    EXPECT_EQ(boxes[0].text, L"Stop Connector");
+}
+
+TEST_F(Window, EndOfTheSessionThatIsSent_QuitsOutlookWithItsSenderFree)
+{
+    openOutlook();
+    form().outlook().bQuitOutlook = true;
+    bool senderWaits = true;
+    outlook.onCall = [&](const support::RawPartner::Call&) {
+        senderWaits = InSendMessage();
+        return S_OK;
+    };
+    sendFromAnotherThread(WM_ENDSESSION, TRUE);
+    EXPECT_TRUE(configuration().gStop);
+    pumpUntil([this] { return !outlook.invocations.empty(); });
+    EXPECT_FALSE(senderWaits);
+    EXPECT_TRUE(boxes.empty());
+}
+
+// A question that opened inside would keep COM refusing calls until its answer.
+TEST_F(Window, PressThatIsSent_OpensItsQuestionAfterItsSenderIsFree)
+{
+    bool senderWaits = true;
+    onBox = [&](const std::wstring&) {
+        senderWaits = InSendMessage();
+        return IDNO;
+    };
+    sendFromAnotherThread(WM_MOUSEMOVE, 1, WM_RBUTTONDOWN);
+    EXPECT_TRUE(boxes.empty());
+    pumpUntil([this] { return boxes.size() == 1; });
+    EXPECT_FALSE(senderWaits);
+}
+
+TEST_F(Window, MessagesThatComeInWhileAnObjectIsLetGo_WaitAsInACall)
+{
+    Proxy proxy;
+    automation::Object session(&proxy);
+    proxy.onRelease = [&] {
+        defer('a');
+        PostMessageW(form().hWnd(), WM_TIMER, FormWindow::supervisionTimer, 0);
+        SendMessageW(form().hWnd(), WM_MOUSEMOVE, 1, WM_RBUTTONDOWN);
+        pump();
+        order += '.';
+    };
+    session = automation::Object();
+    EXPECT_EQ(order, ".");
+    EXPECT_TRUE(boxes.empty());
+    EXPECT_FALSE(configuration().gStop) << "the tick would miss the softphone";
+    pumpUntil([this] { return order.size() == 2; });
+    EXPECT_EQ(order, ".a");
 }
 
 TEST_F(Window, EndOfTheSessionThatWasCalledOff_StopsNothing)
@@ -119,7 +245,7 @@ TEST_F(Window, DeferredWork_NeverRunsInsideAnOutgoingCall)
     EXPECT_EQ(order, "ab");
 }
 
-TEST_F(Window, CloseInsideAnOutgoingCall_WaitsForItsEnd_AndHoldsNoEventUp)
+TEST_F(Window, CloseInsideAnOutgoingCall_AsksForTheStop_LogsAfterIt_AndHoldsNoEventUp)
 {
     onBox = [this](const std::wstring&) {
         pumpUntil([this] { return !order.empty(); }); // as the box's own message loop does
@@ -131,11 +257,12 @@ TEST_F(Window, CloseInsideAnOutgoingCall_WaitsForItsEnd_AndHoldsNoEventUp)
         SendMessageW(form().hWnd(), WM_CLOSE, 0, 0);
         defer('a');
         pump();
-        EXPECT_FALSE(configuration().gStop);
+        EXPECT_TRUE(configuration().gStop);
+        EXPECT_TRUE(boxes.empty());
     }
     pumpUntil([this] { return order.size() == 2; });
     EXPECT_EQ(order, "a.");
-    EXPECT_TRUE(configuration().gStop);
+    EXPECT_EQ(boxTexts(), std::vector<std::wstring>{L"Stop Connector"});
 }
 
 TEST_F(Window, WorkThatFails_DoesNotHinderTheNext)

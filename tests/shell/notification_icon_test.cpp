@@ -1,6 +1,7 @@
 // The icon's record, its message and its question.
 #include "form_test.h"
 
+#include "automation/outgoing_call.h"
 #include "shell/screen_scale.h"
 #include "shell/tray_icon_data.h"
 #include "support/gui_objects.h"
@@ -106,6 +107,19 @@ TEST(ScreenScale, Screen_HasAnInchOf1440Twips)
 TEST_F(Icon, IsShownFromTheStart)
 {
     EXPECT_TRUE(iconIsShown());
+}
+
+TEST_F(Icon, Record_IsThatOfTheForm)
+{
+    const TrayIconData& record = form().trayIcon();
+    const HICON formsIcon = reinterpret_cast<HICON>(GetClassLongPtrW(form().hWnd(), GCLP_HICON));
+    ASSERT_TRUE(formsIcon);
+    EXPECT_EQ(record.hIcon, formsIcon);
+    EXPECT_EQ(record.hWnd, form().hWnd());
+    EXPECT_EQ(record.uID, 1u);
+    EXPECT_EQ(record.uFlags, 7u);
+    EXPECT_EQ(record.uCallbackMessage, 0x200u);
+    EXPECT_EQ(std::string(record.szTip, sizeof record.szTip), std::string("Orvel - Hublink\0", 16) + std::string(48, ' '));
 }
 
 TEST_F(Icon, RightPress_AsksWhetherToStop)
@@ -255,4 +269,30 @@ TEST_F(Icon, ThousandsOfMessages_KeepNoGdiObjectAndNoWindow)
     const HWND window = CreateWindowW(L"STATIC", L"", WS_POPUP, 0, 0, 1, 1, nullptr, nullptr, nullptr, nullptr);
     EXPECT_NE(support::guiMark().windows, before.windows) << "a kept window shows";
     DestroyWindow(window);
+}
+
+TEST_F(Icon, PressWhileTheStopIsBeingLogged_AsksAgain)
+{
+    int questions = 0;
+    onBox = [&](const std::wstring& text) {
+        if (text == question) return ++questions == 1 ? IDYES : IDNO;
+        if (questions == 1) press(); // with the box of "Stop Connector" open
+        return IDOK;
+    };
+    press();
+    EXPECT_EQ(boxTexts(), (std::vector<std::wstring>{question, L"Stop Connector", question}));
+}
+
+TEST_F(Icon, PressInsideAnOutgoingCall_IsAskedAfterIt)
+{
+    answer(IDNO);
+    {
+        const automation::OutgoingCall call;
+        press();
+        press();
+        pump();
+        EXPECT_TRUE(boxes.empty());
+    }
+    for (; boxes.empty(); Sleep(5)) pump();
+    EXPECT_EQ(boxTexts(), std::vector<std::wstring>{question});
 }

@@ -211,3 +211,29 @@ TEST_F(Stop, LinkAskedToStop_AsksForAStop)
     EXPECT_TRUE(configuration().gStop);
     EXPECT_TRUE(wasShown(L"Stop Connector"));
 }
+
+TEST_F(Stop, EndWhoseBoxFails_LeavesTheNextTickFreeToStartAfresh)
+{
+    start();
+    form().StopConnector();
+    boxes.clear();
+    onBox = [](const std::wstring&) -> int { throw std::bad_alloc(); };
+    tick();
+    EXPECT_EQ(ended, 0);
+    onBox = nullptr;
+    tick();
+    EXPECT_EQ(boxTexts(), (std::vector<std::wstring>{L"The End !!!", L"The End !!!"}));
+    EXPECT_EQ(ended, 1);
+    EXPECT_EQ(map.invocations.size(), 1u) << "the map server has been told";
+}
+
+TEST_F(Stop, EventsBetweenTheRequestAndTheEnd_AreHandled)
+{
+    start();
+    bool eventCame = false;
+    form().StopConnector();
+    form().defer([&] { eventCame = true; });
+    pump();
+    EXPECT_TRUE(eventCame);
+    EXPECT_EQ(ended, 0);
+}

@@ -37,6 +37,12 @@ public:
         if (onPause) onPause();
     }
 
+    void letUserStop() override
+    {
+        ++stopLooks;
+        if (onLetUserStop) onLetUserStop();
+    }
+
     DATE now() const override { return time; }
     std::wstring programFolder() const override { return folder; }
     void defer(std::function<void()> work) override { deferred.push_back(std::move(work)); }
@@ -59,7 +65,9 @@ public:
     std::function<void(const std::wstring&)> onLog;
     std::function<void(const std::wstring&)> onMessage;
     std::function<void()> onPause;
+    std::function<void()> onLetUserStop;
     int stops = 0;
+    int stopLooks = 0; // how often a user's wish to stop was let through
     bool supervised = false;
     DATE time = 45000.5; // 15 March 2023, 12:00:00
     std::wstring folder = L"C:\\nowhere";

@@ -1,0 +1,115 @@
+// A program that is asked to stop while it is at work, and by whom.
+#include "notes_desk_test.h"
+
+namespace {
+
+using desk::player::messageBoxes;
+using desk::player::waitUntil;
+
+HWND form()
+{
+    return FindWindowW(L"Hublink", nullptr);
+}
+
+// A synchronisation that takes a quarter of an hour with the default pauses.
+std::string thousandsOfEntries()
+{
+    std::string records;
+    for (int n = 0; n < 3000; ++n) {
+        const std::string number = std::to_string(n);
+        records += "[entry]\nId=1." + number + "\nNumber=09" + number + "\nLastName=Adler\nFirstName=Alice\n";
+    }
+    return records;
+}
+
+class StopInASynchronisation : public NotesDeskTest {
+protected:
+    void startSynchronisation()
+    {
+        startPartners(thousandsOfEntries());
+        desk.startHublink();
+        ASSERT_TRUE(notesLogGets(L"Start repertory Synchronisation "));
+    }
+
+    void expectAbortedAndEnded()
+    {
+        EXPECT_TRUE(notesLogGets(L"Stop Connector"));
+        EXPECT_TRUE(notesLogGets(L"Abort Repertory Synchronisation"));
+        EXPECT_TRUE(notesLogGets(L"Abort Connector Initialization"));
+        desk.tick();
+        EXPECT_TRUE(ends());
+        EXPECT_EQ(desk.hublinkProcess().exitCode(), 0u);
+    }
+};
+
+using SentMessage = DeskTest;
+using SentMessageWithNotes = NotesDeskTest;
+
+}
+
+TEST_F(StopInASynchronisation, IconPressedAndYes_AbortsIt_AndEndsTheProgram)
+{
+    startSynchronisation();
+    desk::player::moveToNotificationIcon();
+    desk::player::rightPress();
+    ASSERT_TRUE(waitUntil([] { return !messageBoxes(L"Hublink").empty(); }, soon));
+    const auto question = messageBoxes(L"Hublink").front();
+    EXPECT_EQ(question.text, L"Do you want to really stop Hublink ?");
+    desk::player::answer(question, IDYES);
+    expectAbortedAndEnded();
+}
+
+TEST_F(StopInASynchronisation, CloseAskedFor_AbortsIt_AndEndsTheProgram)
+{
+    startSynchronisation();
+    PostMessageW(form(), WM_CLOSE, 0, 0);
+    expectAbortedAndEnded();
+}
+
+TEST_F(StopInASynchronisation, KillInTheIniFile_AbortsIt_AndIsSetBack)
+{
+    startSynchronisation();
+    desk.setIni("Application", "kill", "true");
+    expectAbortedAndEnded();
+    EXPECT_NE(desk::player::readFile(desk.iniFile()).find("kill=false"), std::string::npos);
+}
+
+// Inside a message that is sent and waited for, COM refuses every call to Outlook.
+TEST_F(SentMessage, CloseSentByAnotherProcess_QuitsOutlook_AndEndsTheProgram)
+{
+    desk.setDefault("outlook", "quitoutlook", "true");
+    start();
+    DWORD_PTR result = 0;
+    ASSERT_TRUE(SendMessageTimeoutW(form(), WM_CLOSE, 0, 0, SMTO_NORMAL, soon, &result));
+    EXPECT_TRUE(desk.outlookProcess().ended(soon));
+    desk.tick();
+    EXPECT_TRUE(ends());
+}
+
+TEST_F(SentMessage, EndOfTheWindowsSession_QuitsOutlook_AndShowsNoBox)
+{
+    desk.setDefault("outlook", "quitoutlook", "true");
+    start();
+    desk.setIni("Application", "trace", "true");
+    desk.tick();
+    EXPECT_TRUE(boxShows(L"ReInit Outlook"));
+    ASSERT_TRUE(waitUntil([] { return idle(); }, soon));
+    DWORD_PTR result = 0;
+    EXPECT_TRUE(SendMessageTimeoutW(form(), WM_QUERYENDSESSION, 0, 0, SMTO_NORMAL, soon, &result));
+    EXPECT_TRUE(result);
+    ASSERT_TRUE(SendMessageTimeoutW(form(), WM_ENDSESSION, TRUE, 0, SMTO_NORMAL, soon, &result));
+    EXPECT_TRUE(desk.outlookProcess().ended(soon));
+    // A box would wait for an answer, and the program for the box.
+    desk.tick();
+    EXPECT_TRUE(ends());
+}
+
+TEST_F(SentMessageWithNotes, EndOfTheWindowsSession_IsLogged)
+{
+    startWithNotes();
+    DWORD_PTR result = 0;
+    ASSERT_TRUE(SendMessageTimeoutW(form(), WM_ENDSESSION, TRUE, 0, SMTO_NORMAL, soon, &result));
+    EXPECT_TRUE(notesLogGets(L"Stop Connector"));
+    desk.tick();
+    EXPECT_TRUE(ends());
+}
