@@ -93,7 +93,7 @@ const std::vector<MemberRow<DatabaseObject>>& DatabaseObject::members()
          }},
         {L"FilePath", 0x204, server::readOnly, 0, 0,
          [](DatabaseObject& self, const IncomingCall&) -> Value {
-             return self.notes_.toldPath(self.server_, self.database_ ? self.database_->filePath : self.filePath_);
+             return self.database_ ? self.notes_.toldPath(*self.database_) : self.filePath_;
          }},
         {L"FileName", 0x205, server::readOnly, 0, 0,
          [](DatabaseObject& self, const IncomingCall&) -> Value { return self.fileName(); }},

@@ -63,11 +63,9 @@ std::wstring Notes::folderPrefix() const
     return behaviour.dataFolder.empty() ? L"" : behaviour.dataFolder + L"\\";
 }
 
-std::wstring Notes::toldPath(const std::wstring& server, const std::wstring& filePath) const
+std::wstring Notes::toldPath(const Database& database) const
 {
-    const std::wstring prefix = folderPrefix();
-    const bool isComplete = lowerCase(filePath).starts_with(lowerCase(prefix));
-    return server.empty() && !isComplete ? prefix + filePath : filePath;
+    return database.server.empty() ? folderPrefix() + database.filePath : database.filePath;
 }
 
 SharedDatabase Notes::database(std::wstring_view server, std::wstring_view filePath) const

@@ -55,8 +55,8 @@ public:
     // The database there; null when there is none.
     SharedDatabase database(std::wstring_view server, std::wstring_view filePath) const;
 
-    // What NotesDatabase.FilePath tells about a database there.
-    std::wstring toldPath(const std::wstring& server, const std::wstring& filePath) const;
+    // What NotesDatabase.FilePath tells of an open database.
+    std::wstring toldPath(const Database& database) const;
 
     // The records of the store. Loading others closes the windows.
     void load(const std::vector<StoreRecord>& records);

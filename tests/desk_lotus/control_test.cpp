@@ -204,6 +204,10 @@ TEST_F(ControlTest, Loading_ClosesTheWindows)
 TEST_F(ControlTest, BadRequests_AreRefused)
 {
     EXPECT_EQ(refused(L"missing something"), "missing array, or text");
+    EXPECT_EQ(refused(L"arrays other"), "arrays variant, or typed");
+    EXPECT_EQ(refused(L"server-name"), "server-name on, or off");
+    EXPECT_EQ(refused(L"index local.nsf stale"), "the database has no full-text index");
+    EXPECT_EQ(refused(L"index local.nsf old"), "index DATABASE stale, or updated");
     EXPECT_EQ(refused(L"available local.nsf"), "available DATABASE on, or off");
     EXPECT_EQ(refused(L"show local.nsf People"), "there is no such view");
     EXPECT_EQ(refused(L"show no.nsf"), "there is no database \"no.nsf\"");

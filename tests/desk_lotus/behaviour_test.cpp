@@ -1,0 +1,105 @@
+// What real clients do in one installation and not in another.
+#include "desk_lotus/notes_fixture.h"
+
+#include "automation/error.h"
+
+namespace {
+
+using automation::Object;
+
+class BehaviourTest : public NotesTest {
+protected:
+    VARTYPE typeOf(const wchar_t* item)
+    {
+        return person(L"Durand").get(L"GetItemValue", {item}).type();
+    }
+
+    Object local() { return session().get(L"GetDatabase", {L"", L"local.nsf"}).object(); }
+};
+
+// A database with a full-text index, a view of all and one document.
+class StaleIndex : public NotesTest {
+protected:
+    StaleIndex()
+    {
+        notes.load(L"[database]\nFile=i.nsf\nFullTextIndex=True\n[view]\nName=All\n[document]\nWord=old\n");
+        notes.ask(L"index i.nsf stale");
+    }
+
+    int hits(const wchar_t* word)
+    {
+        const Object database = session().get(L"GetDatabase", {L"", L"i.nsf"}).object();
+        const Object view = database.get(L"GetView", {L"All"}).object();
+        return view.get(L"FTSearch", {L"[Word] CONTAINS \"" + std::wstring(word) + L"\"", 0}).int32();
+    }
+};
+
+}
+
+TEST_F(BehaviourTest, Arrays_AreOfVariants_OrOfTextsAndOfDoubles)
+{
+    EXPECT_EQ(typeOf(L"LastName"), VT_ARRAY | VT_VARIANT);
+    notes.ask(L"arrays typed");
+    EXPECT_EQ(typeOf(L"LastName"), VT_ARRAY | VT_BSTR);
+    EXPECT_EQ(typeOf(L"Age"), VT_ARRAY | VT_R8);
+    EXPECT_EQ(typeOf(L"Born"), VT_ARRAY | VT_VARIANT);
+    EXPECT_EQ(typeOf(L"Nowhere"), VT_ARRAY | VT_BSTR);
+    EXPECT_EQ(first(person(L"Durand"), L"Age").text(), L"35");
+    EXPECT_EQ(first(person(L"Durand"), L"LastName").text(), L"Durand");
+    notes.ask(L"arrays variant");
+    EXPECT_EQ(typeOf(L"Age"), VT_ARRAY | VT_VARIANT);
+}
+
+TEST_F(BehaviourTest, ServerName_IsAnUnknownName_WhereTheClassHasNone)
+{
+    EXPECT_EQ(session().get(L"ServerName").text(), L"");
+    notes.ask(L"server-name off");
+    EXPECT_EQ(failureOf([this] { session().get(L"servername"); }).code(), DISP_E_UNKNOWNNAME);
+    notes.ask(L"server-name on");
+    EXPECT_EQ(session().get(L"ServerName").text(), L"");
+}
+
+TEST_F(BehaviourTest, PathOfALocalDatabase_IsCompleteBelowTheDataFolder_WhileItIsOpen)
+{
+    EXPECT_EQ(local().get(L"FilePath").text(), L"local.nsf");
+    notes.ask(L"data-folder C:\\Notes\\Data");
+    EXPECT_EQ(local().get(L"FilePath").text(), L"C:\\Notes\\Data\\local.nsf");
+    EXPECT_EQ(local().get(L"FileName").text(), L"local.nsf");
+    EXPECT_EQ(contacts().get(L"FilePath").text(), L"books\\contacts.nsf");
+    EXPECT_TRUE(session().get(L"GetDatabase", {L"", L"c:\\notes\\data\\LOCAL.nsf"}).object().get(L"IsOpen").truth());
+    notes.ask(L"available local.nsf off");
+    EXPECT_EQ(local().get(L"FilePath").text(), L"local.nsf");
+}
+
+TEST_F(BehaviourTest, Store_KeepsThem)
+{
+    for (const wchar_t* request : {L"arrays typed", L"server-name off", L"data-folder C:\\Data", L"missing text"})
+        notes.ask(request);
+    notes.load(desk::storeText(notes.model().records()));
+    EXPECT_TRUE(notes.model().behaviour.typedArrays);
+    EXPECT_FALSE(notes.model().behaviour.hasServerName);
+    EXPECT_FALSE(notes.model().behaviour.missingItemIsArray);
+    EXPECT_EQ(notes.model().behaviour.dataFolder, L"C:\\Data");
+}
+
+TEST_F(StaleIndex, NewDocument_IsNoHit_UntilTheUpdate)
+{
+    notes.ask(L"add i.nsf\nWord=new");
+    EXPECT_EQ(hits(L"new"), 0);
+    EXPECT_EQ(hits(L"old"), 1);
+    notes.ask(L"index i.nsf updated");
+    EXPECT_EQ(hits(L"new"), 1);
+}
+
+TEST_F(StaleIndex, ChangedDocument_IsHitByItsFormerWords)
+{
+    notes.ask(L"change 8F6@i.nsf\nWord=new");
+    EXPECT_EQ(hits(L"new"), 0);
+    EXPECT_EQ(hits(L"old"), 1);
+}
+
+TEST_F(StaleIndex, DeletedDocument_IsNoHit)
+{
+    notes.ask(L"delete 8F6@i.nsf");
+    EXPECT_EQ(hits(L"old"), 0);
+}
