@@ -15,6 +15,13 @@ constexpr UINT_PTR endTimer = 2;
 constexpr UINT endDelay = 50;           // milliseconds
 constexpr DWORD leastSaveDelay = 100; // milliseconds
 
+// Who follows a client's work asks for its calls again and again: a big store
+// written for each answer would leave the partner no time for the client.
+bool tellsOfCallsOnly(const std::wstring& request)
+{
+    return request == L"calls" || request == L"record" || request == L"objects" || request == L"ping";
+}
+
 std::wstring inProgramFolder(const wchar_t* file)
 {
     const std::wstring program = automation::server::programPath();
@@ -134,7 +141,7 @@ try {
     std::wstring_view rest = request;
     const std::wstring word = takeWord(rest);
     std::wstring response = carryOut(word, rest);
-    if (dirty_) save();
+    if (dirty_ && !tellsOfCallsOnly(word)) save();
     return response;
 } catch (const std::exception& error) {
     return L"error: " + fromUtf8(error.what());
@@ -180,7 +187,12 @@ void RunningProgram::save()
     KillTimer(window_, saveTimer);
     dirty_ = false;
     const DWORD start = GetTickCount();
-    writeStore(storePath_, partner_->records());
+    try {
+        writeStore(storePath_, partner_->records());
+    } catch (const std::exception&) {
+        changed(); // somebody may have the file open: once more, later
+        throw;
+    }
     // A big store must not keep its clients waiting more than a fifth of the time.
     saveDelay_ = std::max(leastSaveDelay, 4 * (GetTickCount() - start));
 }
@@ -192,7 +204,6 @@ void RunningProgram::saveQuietly()
         save();
     } catch (const std::exception& error) {
         writeError(error.what());
-        changed(); // somebody may have the file open: once more, later
     }
 }
 

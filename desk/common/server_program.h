@@ -52,9 +52,9 @@ class Program {
 public:
     virtual Recorder& recorder() noexcept = 0;
 
-    // The records have changed: the store file follows before the next
-    // response on the control pipe, and otherwise within 200 ms (for a big store
-    // within a few times what its writing takes).
+    // The records have changed: the store file follows before the next response on
+    // the control pipe that is not about calls only, and otherwise within 200 ms
+    // (for a big store within a few times what its writing takes).
     virtual void changed() = 0;
 
     // Ends the program once the call or message in progress has been answered.

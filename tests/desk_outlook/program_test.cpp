@@ -88,6 +88,22 @@ TEST(OutlookProgram, Client_GetsTheRunningOne_AndItsRecordsReachTheFile)
     EXPECT_EQ(names, L"Marc Durand;Ann Abel;");
 }
 
+// A folder in the place of the file that is written first: whoever waits for the
+// writing is told that it fails.
+TEST(OutlookProgram, ChangedStore_IsWrittenBeforeAResponse_ButNotForOneThatTellsOfCalls)
+{
+    const RunningOutlook outlook;
+    const std::wstring obstacle = outlook.storeFile() + L".new";
+    ASSERT_TRUE(CreateDirectoryW(obstacle.c_str(), nullptr));
+    const Object application = outlookObject();
+    newContact(application, L"Ann Abel").call(L"Save");
+    EXPECT_NE(outlook.ask(L"calls").find(L"ContactItem.Save method"), std::wstring::npos);
+    EXPECT_TRUE(outlook.ask(L"contacts").starts_with(L"error: "));
+    ASSERT_TRUE(RemoveDirectoryW(obstacle.c_str()));
+    EXPECT_NE(outlook.ask(L"contacts").find(L"Ann Abel"), std::wstring::npos);
+    EXPECT_NE(support::readFile(outlook.storeFile()).find("FullName=Ann Abel\n"), std::string::npos);
+}
+
 TEST(OutlookProgram, Errors_CrossTheProcessBoundaryWhole)
 {
     const RunningOutlook outlook;

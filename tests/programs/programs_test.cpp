@@ -79,8 +79,9 @@ const std::map<std::string, std::set<std::string>>& ofWindowsXp()
         {"user32.dll",
          "CharLowerBuffW ClientToScreen CreateWindowExW DefWindowProcW DestroyWindow DispatchMessageW "
          "EndDialog EndMenu EnumChildWindows EnumThreadWindows EnumWindows FindWindowExW FindWindowW "
-         "GetAncestor GetClassNameW GetDC GetForegroundWindow GetMessageW GetParent GetQueueStatus "
+         "GetAncestor GetClassNameW GetDC GetDesktopWindow GetForegroundWindow GetMessageW GetParent GetQueueStatus "
          "GetWindow GetWindowLongW GetWindowRect GetWindowThreadProcessId InSendMessage InSendMessageEx "
+         "IsCharAlphaNumericW "
          "IsWindow IsWindowVisible KillTimer LoadIconW MessageBoxW MsgWaitForMultipleObjects "
          "MsgWaitForMultipleObjectsEx PeekMessageW PostMessageW PostQuitMessage PostThreadMessageW "
          "RegisterClassW ReleaseDC ReplyMessage SendMessageTimeoutW SendMessageW SetForegroundWindow "
