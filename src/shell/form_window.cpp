@@ -16,9 +16,8 @@ constexpr UINT_PTR retryTimer = 2;
 constexpr UINT retryInterval = 20;      // milliseconds
 constexpr UINT longCallPatience = 1000; // milliseconds
 
-// COM refuses calls inside another one that hangs in the air, and, with
-// RPC_E_CANTCALLOUT_ININPUTSYNCCALL, inside a message of another thread whose
-// sender waits (vendor's knowledge base, Q131056).
+// Nothing of the program's runs inside a call; and inside a message whose sender waits
+// COM refuses calls, RPC_E_CANTCALLOUT_ININPUTSYNCCALL (vendor's knowledge base, Q131056).
 bool callsMayGoOut()
 {
     return !automation::OutgoingCall::inProgress() && !InSendMessage();

@@ -74,3 +74,23 @@ TEST_F(Framed, ControlWithoutItsMembers_LeavesTheResultsAsTheyAre)
     EXPECT_EQ(width, -1);
     EXPECT_EQ(height, -1);
 }
+
+TEST_F(Framed, FractionsOfAPixel_AreCutOff)
+{
+    support::RawPartner control({{L"Left", 1}, {L"Top", 2}, {L"Width", 3}, {L"Height", 4}});
+    const double twips = screenScale::twipsFromPixels(1);
+    control.onCall = [twips](const support::RawPartner::Call& call) {
+        V_VT(call.result) = VT_R8;
+        V_R8(call.result) = twips * (10 * call.id) + twips * 0.9;
+        return S_OK;
+    };
+    POINT client{0, 0};
+    RECT outer;
+    ClientToScreen(window, &client);
+    GetWindowRect(window, &outer);
+    GetRelPt(window, Object(&control), x, y, width, height);
+    EXPECT_EQ(x, static_cast<float>(10 + client.x - outer.left));
+    EXPECT_EQ(y, static_cast<float>(20 + client.y - outer.top));
+    EXPECT_EQ(width, 30);
+    EXPECT_EQ(height, 40);
+}

@@ -2,6 +2,7 @@
 #include "form_test.h"
 
 #include "automation/conversion.h"
+#include "automation/text.h"
 #include "common/files.h"
 
 using shell_tests::iniText;
@@ -72,6 +73,19 @@ TEST_F(StartUp, NoSoftphoneInstalled_LooksOnTheCurrentDrive_AndStops)
     EXPECT_TRUE(configuration().gStop);
 }
 
+TEST_F(StartUp, NoSoftphoneInstalled_AnIniFileOnTheCurrentDriveIsRead)
+{
+    pavexPath.removeValue();
+    pavexPath.removeKey();
+    ASSERT_TRUE(CreateDirectoryW(L"C:\\Connector", nullptr));
+    support::writeFile(L"C:\\Connector\\pavexconnector.ini", iniText("tempo=123\r\n"));
+    load();
+    DeleteFileW(L"C:\\Connector\\pavexconnector.ini");
+    RemoveDirectoryW(L"C:\\Connector");
+    EXPECT_EQ(configuration().tempo, 123);
+    EXPECT_FALSE(configuration().gStop);
+}
+
 TEST_F(StartUp, SoftphoneKeyWithoutPath_IsTakenAsItStands)
 {
     pavexPath.setText(L"x");
@@ -100,6 +114,25 @@ TEST_F(StartUp, LogFileName_CarriesTheDateInTheUsersFormat)
     const std::wstring& found = configuration().szPathLogFile;
     EXPECT_TRUE(found == name + before + L".log" || found == name + today() + L".log");
     EXPECT_FALSE(FileExist(folder.file(L"pavex\\ConnectorId"))) << "nothing is written there";
+}
+
+TEST_F(StartUp, LogFileName_FollowsAnotherFormatOfTheUser)
+{
+    wchar_t usual[80];
+    ASSERT_TRUE(GetLocaleInfoW(LOCALE_USER_DEFAULT, LOCALE_SSHORTDATE, usual, 80));
+    ASSERT_TRUE(SetLocaleInfoW(LOCALE_USER_DEFAULT, LOCALE_SSHORTDATE, L"yyyy.MM.dd"));
+    SYSTEMTIME before, after;
+    GetLocalTime(&before);
+    load();
+    GetLocalTime(&after);
+    SetLocaleInfoW(LOCALE_USER_DEFAULT, LOCALE_SSHORTDATE, usual);
+    const auto name = [this](const SYSTEMTIME& day) {
+        wchar_t date[16];
+        swprintf(date, 16, L"%04d.%02d.%02d", day.wYear, day.wMonth, day.wDay);
+        return folder.file(L"pavex") + L"\\ConnectorId\\log\\log" + date + L".log";
+    };
+    EXPECT_TRUE(configuration().szPathLogFile == name(before) || configuration().szPathLogFile == name(after))
+        << automation::ansi(configuration().szPathLogFile);
 }
 
 TEST_F(StartUp, MissingIniFile_IsInstalledFromTheProgramsFolder_Writable)
@@ -229,4 +262,14 @@ TEST_F(StartUp, Form_IsAHiddenTopLevelWindow)
     EXPECT_FALSE(IsWindowVisible(form().hWnd()));
     EXPECT_EQ(GetAncestor(form().hWnd(), GA_PARENT), GetDesktopWindow());
     EXPECT_EQ(FindWindowW(L"Hublink", L"Hublink"), form().hWnd());
+}
+
+TEST_F(StartUp, FailuresCountedBefore_AreForgotten)
+{
+    writeIni(iniText("", "", "type=LOTUS\r\n"));
+    form().outlook().groupware.nbInitFailure = 7;
+    onBox = nullptr;
+    load();
+    const int ofThisStart = form().outlook().groupware.nbInitFailure;
+    EXPECT_LT(ofThisStart, 7);
 }

@@ -3,6 +3,7 @@
 
 #include "automation/outgoing_call.h"
 #include "support/handle_count.h"
+#include "support/trapped_errors.h"
 
 #include <shellapi.h>
 
@@ -238,6 +239,21 @@ TEST_F(Supervision, KillInTheReloadedFile_StopsTheProgram)
     EXPECT_EQ(ended, 1);
 }
 
+TEST_F(Supervision, KillInTheReloadedFile_TheSessionsAreInitialisedAnewAllTheSame)
+{
+    startSoftphone();
+    startOutlook();
+    start();
+    openOutlook();
+    form().lotus().LotusMustInit = false;
+    writeIni(iniText("trace=true\r\nkill=true\r\n"));
+    touchIni();
+    tick();
+    EXPECT_EQ(boxTexts(), (std::vector<std::wstring>{L"Reload Ini data", L"Stop Connector", L"ReInit Outlook",
+                                                     L"Pb Init Outlook"}));
+    EXPECT_TRUE(form().lotus().LotusMustInit);
+}
+
 TEST_F(Supervision, ReloadedFileWithoutAGroupware_StopsTheProgram)
 {
     startSoftphone();
@@ -327,15 +343,18 @@ TEST_F(Supervision, TickAfterATicksBoxWasClosed_RunsInFullAgain)
     }
 }
 
-TEST_F(Supervision, FailingTick_DoesNotHinderTheNext)
+TEST_F(Supervision, FailingTick_EndsQuietly_AndDoesNotHinderTheNext)
 {
     startSoftphone();
     start();
-    touchIni();
-    onBox = [](const std::wstring&) -> int { throw std::bad_alloc(); };
-    tick();
-    onBox = nullptr;
-    boxes.clear();
+    const std::string content = support::readFile(iniPath());
+    DeleteFileW(iniPath().c_str());
+    {
+        const support::TrappedErrors errors;
+        tick();
+        EXPECT_EQ(errors.procedures, std::vector<std::wstring>{L"SupervisionPavex"});
+    }
+    writeIni(content);
     touchIni();
     tick();
     EXPECT_TRUE(wasShown(L"Reload Ini data"));
@@ -354,12 +373,27 @@ TEST_F(Supervision, TickInsideAnOutgoingCall_IsLeftToTheNextTick)
     EXPECT_TRUE(configuration().gStop);
 }
 
-TEST_F(Supervision, Timer_TicksEveryFiveSeconds_OnceTheLinkIsMade)
+TEST_F(Supervision, Timer_StartsWhenTheLinkIsMade)
 {
-    EXPECT_EQ(FormWindow::tickInterval, 5000u);
     EXPECT_FALSE(KillTimer(form().hWnd(), FormWindow::supervisionTimer));
     start();
     EXPECT_TRUE(KillTimer(form().hWnd(), FormWindow::supervisionTimer));
+}
+
+// Between two timers of the test's own: however slow the machine, all keep their order.
+TEST_F(Supervision, BothTimers_TickAfterAboutFiveSeconds)
+{
+    const UINT_PTR early = SetTimer(nullptr, 0, 4'500, nullptr);
+    startSoftphone();
+    start(iniText());
+    const UINT_PTR late = SetTimer(nullptr, 0, 6'500, nullptr);
+    std::vector<UINT_PTR> order;
+    MSG message;
+    while ((order.empty() || order.back() != late) && GetMessageW(&message, nullptr, WM_TIMER, WM_TIMER) > 0)
+        if (message.hwnd == form().hWnd() || !message.hwnd) order.push_back(message.wParam);
+    KillTimer(nullptr, early);
+    KillTimer(nullptr, late);
+    EXPECT_EQ(order, (std::vector<UINT_PTR>{early, FormWindow::documentTimer, FormWindow::supervisionTimer, late}));
 }
 
 TEST_F(Supervision, OtherTimers_AreNoTicks)
