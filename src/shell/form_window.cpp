@@ -20,7 +20,7 @@ constexpr UINT longCallPatience = 1000; // milliseconds
 // COM refuses calls, RPC_E_CANTCALLOUT_ININPUTSYNCCALL (vendor's knowledge base, Q131056).
 bool callsMayGoOut()
 {
-    return !automation::OutgoingCall::inProgress() && !InSendMessage();
+    return !automation::OutgoingCall::inProgress() && !FormWindow::senderWaits();
 }
 
 }
@@ -150,6 +150,13 @@ void FormWindow::takeStopMessages()
             DispatchMessageW(&message);
         }
     if (callsMayGoOut()) runHeldBack();
+}
+
+// InSendMessage() does not tell a sender that has its answer from one that waits
+// (vendor's help, "InSendMessageEx").
+bool FormWindow::senderWaits() noexcept
+{
+    return (InSendMessageEx(nullptr) & (ISMEX_REPLIED | ISMEX_SEND)) == ISMEX_SEND;
 }
 
 void FormWindow::tellOfLongCall(HWND window)

@@ -47,6 +47,9 @@ public:
     // outsideCalls() has held back; all others go on waiting.
     void takeStopMessages();
 
+    // Whether the message under way was sent by another thread that has no answer yet.
+    static bool senderWaits() noexcept;
+
     // Says, from another thread, that the call that is out is a long one. Waits a
     // moment for the answer, since what nobody takes must not pile up.
     static void tellOfLongCall(HWND window);

@@ -21,7 +21,7 @@ void Hublink::StopConnector()
     configuration_.gStop = true;
     callWatch_.stopIsAsked();
     // The end of a session does not wait for the call that is out.
-    if (sessionEnds_ && !InSendMessage()) letGroupwareGo();
+    if (sessionEnds_ && !FormWindow::senderWaits()) letGroupwareGo();
     else window_.outsideCalls([this] { letGroupwareGo(); });
 }
 
