@@ -12,7 +12,7 @@ void Stage::hublinkDies(const Trial& trial)
     desk_.startHublink([&] {
         plan(trial, L"kill " + std::to_wstring(desk_.hublinkProcess().id()) + (trial.after ? L"" : L" instead"));
     });
-    require(desk_.hublinkProcess().ended(patience), "Hublink does not die: the call does not come");
+    await([&] { return desk_.hublinkProcess().ended(0); }, "Hublink does not die: the call does not come");
     startAndWait();
 }
 
@@ -22,7 +22,7 @@ void Stage::groupwareDies(const Trial& trial)
     const Groupware& dying = groupware(trial.partner);
     plan(trial, L"die");
     desk_.startHublink();
-    require(dying.process(desk_).ended(patience), "the groupware does not die: the call does not come");
+    await([&] { return dying.process(desk_).ended(0); }, "the groupware does not die: the call does not come");
     waitUntilServed();
     desk_.tick();
     waitUntilServed();
@@ -39,7 +39,7 @@ void Stage::softphoneDies(const Trial& trial)
 {
     plan(trial, L"die");
     desk_.startHublink();
-    require(desk_.softphoneProcess().ended(patience), "the softphone does not die: the call does not come");
+    await([&] { return desk_.softphoneProcess().ended(0); }, "the softphone does not die: the call does not come");
     const auto endsAtATick = [&] {
         desk_.tick();
         return desk_.hublinkProcess().ended(20);
@@ -53,7 +53,7 @@ void Stage::mapServerDies(const Trial& trial)
 {
     plan(trial, L"kill " + std::to_wstring(map_.processId()));
     desk_.startHublink();
-    require(map_.ended(patience), "the map server does not die: the call does not come");
+    await([&] { return map_.ended(0); }, "the map server does not die: the call does not come");
     waitUntilServed();
     require(desk_.stopHublink(), "Hublink cannot be stopped");
     desk_.restartPartners(support::forgetDeadServers);

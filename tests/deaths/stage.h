@@ -64,18 +64,25 @@ private:
     void isBusy(const Trial& trial);
     void fails(const Trial& trial);
 
-    static constexpr DWORD patience = 40'000; // milliseconds
+    static constexpr DWORD patience = 40'000; // milliseconds without a call to any partner
 
     // Throws std::runtime_error with `failure` when it does not hold.
     static void require(bool holds, const char* failure);
 
-    // Waits for it; throws the same when it does not come. It is not looked often:
+    // Waits for it; throws the same when it does not come, though no call to a
+    // partner comes any more: a busy machine takes its time. It is not looked often:
     // the programs under trial are to have the processor.
     template <class Condition>
-    static void await(Condition condition, const char* failure)
+    void await(Condition condition, const char* failure)
     {
-        for (const DWORD start = GetTickCount(); !condition(); desk::player::waitFor(60))
-            if (GetTickCount() - start > patience) throw std::runtime_error(failure);
+        std::wstring standing;
+        for (DWORD start = GetTickCount(); !condition(); desk::player::waitFor(60)) {
+            if (GetTickCount() - start <= patience) continue;
+            std::wstring stands = whereAllStand();
+            if (stands == standing) throw std::runtime_error(failure);
+            standing = std::move(stands);
+            start = GetTickCount();
+        }
     }
 
     void startAndWait();
