@@ -8,7 +8,7 @@ namespace automation {
 
 namespace {
 
-constexpr UINT endedByException = 3;        // as abort() ends a process
+constexpr UINT endedByException = 70;       // an exit code that no runtime gives
 constexpr DWORD searchSystemFolder = 0x800; // LOAD_LIBRARY_SEARCH_SYSTEM32
 constexpr int terminationOnCorruption = 1;  // HeapEnableTerminationOnCorruption
 

@@ -41,7 +41,7 @@ void putLibrary(const std::wstring& path)
 
 TEST(ProcessProtection, ExceptionThatNobodyHandles_EndsTheProcess_WithoutABox)
 {
-    EXPECT_EQ(exitCode(L"throw", L"C:\\"), 3u);
+    EXPECT_EQ(exitCode(L"throw", L"C:\\"), 70u);
 }
 
 TEST(ProcessProtection, LibraryInTheCurrentFolder_IsNotLoaded)
