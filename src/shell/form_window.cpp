@@ -16,11 +16,10 @@ constexpr UINT_PTR retryTimer = 2;
 constexpr UINT retryInterval = 20;      // milliseconds
 constexpr UINT longCallPatience = 1000; // milliseconds
 
-// Nothing of the program's runs inside a call; and inside a message whose sender waits
-// COM refuses calls, RPC_E_CANTCALLOUT_ININPUTSYNCCALL (vendor's knowledge base, Q131056).
+// Nothing of the program's runs inside a call, or where a call would be refused.
 bool callsMayGoOut()
 {
-    return !automation::OutgoingCall::inProgress() && !FormWindow::senderWaits();
+    return !automation::OutgoingCall::inProgress() && !FormWindow::comRefusesCalls();
 }
 
 }
@@ -152,10 +151,12 @@ void FormWindow::takeStopMessages()
     if (callsMayGoOut()) runHeldBack();
 }
 
-// InSendMessage() does not tell a sender that has its answer from one that waits
-// (vendor's help, "InSendMessageEx").
-bool FormWindow::senderWaits() noexcept
+// RPC_E_CANTCALLOUT_ININPUTSYNCCALL (vendor's knowledge base, Q131056). While another
+// call is out COM goes by InSendMessage(), which need not tell a sender that has its
+// answer from one that waits (vendor's help, "InSendMessageEx"; seen in Wine).
+bool FormWindow::comRefusesCalls() noexcept
 {
+    if (automation::OutgoingCall::inProgress()) return InSendMessage();
     return (InSendMessageEx(nullptr) & (ISMEX_REPLIED | ISMEX_SEND)) == ISMEX_SEND;
 }
 

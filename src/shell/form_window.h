@@ -47,8 +47,8 @@ public:
     // outsideCalls() has held back; all others go on waiting.
     void takeStopMessages();
 
-    // Whether the message under way was sent by another thread that has no answer yet.
-    static bool senderWaits() noexcept;
+    // Whether COM refuses calls now, inside a message that another thread has sent.
+    static bool comRefusesCalls() noexcept;
 
     // Says, from another thread, that the call that is out is a long one. Waits a
     // moment for the answer, since what nobody takes must not pile up.

@@ -20,8 +20,8 @@ void Hublink::StopConnector()
 {
     configuration_.gStop = true;
     callWatch_.stopIsAsked();
-    // The end of a session does not wait for the call that is out.
-    if (sessionEnds_ && !FormWindow::senderWaits()) letGroupwareGo();
+    // The end of a session does not wait for the call that is out, where COM allows.
+    if (sessionEnds_ && !FormWindow::comRefusesCalls()) letGroupwareGo();
     else window_.outsideCalls([this] { letGroupwareGo(); });
 }
 
