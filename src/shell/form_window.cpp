@@ -153,11 +153,14 @@ void FormWindow::takeStopMessages()
 
 // RPC_E_CANTCALLOUT_ININPUTSYNCCALL (vendor's knowledge base, Q131056). While another
 // call is out COM goes by InSendMessage(), which need not tell a sender that has its
-// answer from one that waits (vendor's help, "InSendMessageEx"; seen in Wine).
+// answer from one that waits (vendor's help, "InSendMessageEx"; seen in Wine). A sender
+// that does not wait at all counts too: the notification area is one, and a question
+// that opened inside its message would leave COM in doubt until it is answered.
 bool FormWindow::comRefusesCalls() noexcept
 {
     if (automation::OutgoingCall::inProgress()) return InSendMessage();
-    return (InSendMessageEx(nullptr) & (ISMEX_REPLIED | ISMEX_SEND)) == ISMEX_SEND;
+    const DWORD how = InSendMessageEx(nullptr);
+    return how != ISMEX_NOSEND && !(how & ISMEX_REPLIED);
 }
 
 void FormWindow::tellOfLongCall(HWND window)

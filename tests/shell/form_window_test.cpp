@@ -162,6 +162,26 @@ TEST_F(Window, PressThatIsSent_OpensItsQuestionAfterItsSenderIsFree)
     EXPECT_FALSE(senderWaits);
 }
 
+// The notification area sends so: it does not wait for an answer.
+TEST_F(Window, PressThatIsSentWithoutWaiting_OpensItsQuestionAfterItsMessage)
+{
+    struct Shell {
+        static DWORD WINAPI press(void* window)
+        {
+            SendNotifyMessageW(static_cast<HWND>(window), WM_MOUSEMOVE, 1, WM_RBUTTONDOWN);
+            return 0;
+        }
+    };
+    DWORD how = ISMEX_NOTIFY;
+    onBox = [&](const std::wstring&) {
+        how = InSendMessageEx(nullptr);
+        return IDNO;
+    };
+    CloseHandle(CreateThread(nullptr, 0, Shell::press, form().hWnd(), 0, nullptr));
+    pumpUntil([this] { return boxes.size() == 1; });
+    EXPECT_EQ(how, DWORD{ISMEX_NOSEND});
+}
+
 TEST_F(Window, MessagesThatComeInWhileAnObjectIsLetGo_WaitAsInACall)
 {
     Proxy proxy;
