@@ -46,10 +46,10 @@ std::string_view withoutCutCharacter(std::string_view bytes)
 
 std::wstring textOf(std::string_view bytes)
 {
-    if (std::any_of(bytes.begin(), bytes.end(), isBeyondAscii)) {
-        const bool isFull = bytes.size() == bufferSize - 1;
-        if (auto text = fromUtf8(isFull ? withoutCutCharacter(bytes) : bytes)) return *text;
-    }
+    const bool isFull = bytes.size() == bufferSize - 1;
+    const std::string_view whole = isFull ? withoutCutCharacter(bytes) : bytes;
+    if (std::any_of(whole.begin(), whole.end(), isBeyondAscii))
+        if (auto text = fromUtf8(whole)) return *text;
     return automation::wide(bytes);
 }
 

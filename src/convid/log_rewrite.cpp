@@ -16,10 +16,13 @@ std::wstring replacementOf(const std::wstring& path)
     return path + L".new";
 }
 
+// The header comes last, when everything behind it is on the disk: wherever the
+// writing is cut short, the file is not taken for a whole one.
 void writeRecords(LogFile& file, const RecordIndex& index)
 {
     constexpr std::size_t blockSize = 1 << 18;
-    Bytes block = fileHeader();
+    const Bytes header = fileHeader();
+    Bytes block(header.size(), 0);
     std::uint64_t end = 0;
     const auto writeBlock = [&] {
         file.write(end, block);
@@ -32,6 +35,8 @@ void writeRecords(LogFile& file, const RecordIndex& index)
         if (block.size() >= blockSize) writeBlock();
     }
     writeBlock();
+    file.flush();
+    file.write(0, header);
     file.flush();
 }
 
@@ -62,10 +67,24 @@ bool isConnectionLoss(DWORD code)
     }
 }
 
+StoreError cannotTell(const std::wstring& path, DWORD code)
+{
+    return systemError(L"The identifier store " + path + L" cannot be examined", code);
+}
+
+bool saysMissing(DWORD code)
+{
+    return code == ERROR_FILE_NOT_FOUND || code == ERROR_PATH_NOT_FOUND;
+}
+
+// Throws StoreError when the system cannot tell.
 bool isFile(const std::wstring& path)
 {
     const DWORD attributes = GetFileAttributesW(path.c_str());
-    return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) == 0;
+    if (attributes != INVALID_FILE_ATTRIBUTES) return (attributes & FILE_ATTRIBUTE_DIRECTORY) == 0;
+    const DWORD code = GetLastError();
+    if (saysMissing(code)) return false;
+    throw cannotTell(path, code);
 }
 
 // Whether it holds a store from beginning to end. Throws StoreError when it
@@ -149,8 +168,7 @@ Presence presenceOf(const std::wstring& path) noexcept
         const bool isEmpty = !isFolder && found.nFileSizeHigh == 0 && found.nFileSizeLow == 0;
         return isEmpty ? Presence::missing : Presence::there;
     }
-    const DWORD code = GetLastError();
-    return code == ERROR_FILE_NOT_FOUND || code == ERROR_PATH_NOT_FOUND ? Presence::missing : Presence::unknown;
+    return saysMissing(GetLastError()) ? Presence::missing : Presence::unknown;
 }
 
 void dropReplacement(const std::wstring& path) noexcept
@@ -160,7 +178,10 @@ void dropReplacement(const std::wstring& path) noexcept
 
 void recoverReplacement(const std::wstring& path, DWORD patience)
 {
-    if (presenceOf(path) != Presence::missing || !isFile(replacementOf(path))) return;
+    const Presence store = presenceOf(path);
+    // A new store made now would have the only good copy removed beside it.
+    if (store == Presence::unknown) throw cannotTell(path, GetLastError());
+    if (store == Presence::there || !isFile(replacementOf(path))) return;
     if (isComplete(replacementOf(path))) moveReplacementIntoPlace(path, patience);
     else setReplacementAside(path);
 }

@@ -78,8 +78,11 @@ void Hublink::obeyKill()
 {
     const std::optional<FILETIME> changed = modificationTime(configuration_.szFileConnectorIni);
     if (!changed || (killReadAt_ && sameTime(*changed, *killReadAt_))) return;
+    const IniFile ini(configuration_.szFileConnectorIni);
+    // Whoever changed the file may hold it for a moment longer.
+    if (ini.read(application, "kill", "").empty()) return;
     killReadAt_ = changed;
-    killIfAsked(IniFile(configuration_.szFileConnectorIni));
+    killIfAsked(ini);
 }
 
 void Hublink::readGroupwares(const IniFile& ini)

@@ -103,6 +103,12 @@ TEST_F(Ini, LongUtf8Text_CutInTheMiddleOfACharacter_LosesThatCharacterOnly)
         }
 }
 
+TEST_F(Ini, LongAnsiText_WhoseOnlySuchLetterIsTheLast_KeepsIt)
+{
+    const std::string value = std::string(1022, 'a') + "\xE9";
+    EXPECT_EQ(with("[s]\r\nk=" + value + "\r\n").read("s", "k", ""), automation::wide(value));
+}
+
 TEST_F(Ini, SectionNamesInUtf8_AreReadAsThat)
 {
     EXPECT_EQ(with("[\xC3\xA9t\xC3\xA9]\r\nk=v\r\n").sections(), std::vector<std::wstring>{L"\u00E9t\u00E9"});

@@ -127,6 +127,18 @@ TEST(InstalledPrograms, Imports_AreAllThereInWindowsXp)
     }
 }
 
+// What nothing calls is not linked, and is not imported then.
+TEST(InstalledPrograms, Imports_HoldWhatProtectsTheProcess)
+{
+    for (const wchar_t* program : installed) {
+        const programs::Executable found = executable(beside(program));
+        EXPECT_TRUE(found.imports.at("ole32.dll").contains("CoInitializeSecurity")) << automation::ansi(program);
+        EXPECT_TRUE(found.imports.at("kernel32.dll").contains("SetErrorMode")) << automation::ansi(program);
+    }
+    const programs::Executable hublink = executable(beside(L"hublink.exe"));
+    EXPECT_TRUE(hublink.imports.at("comctl32.dll").contains("InitCommonControls"));
+}
+
 TEST(InstalledPrograms, FunctionOfALaterWindows_IsNoticed)
 {
     EXPECT_EQ(tooNew({{{"kernel32.dll", {"Sleep", "GetTickCount64"}}, {"dwmapi.dll", {"DwmFlush"}}}, 0}),
