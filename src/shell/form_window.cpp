@@ -108,6 +108,8 @@ void FormWindow::timer(UINT_PTR id)
         KillTimer(window_, retryTimer);
         retry();
     } else if (!automation::OutgoingCall::inProgress()) {
+        // A tick may end the program: what is held back is done before, the stop's own work too.
+        if (callsMayGoOut()) runHeldBack();
         if (id == supervisionTimer) events_.supervisionTick();
         if (id == documentTimer) events_.documentTick();
     }
@@ -134,9 +136,14 @@ void FormWindow::retry()
     runHeldBack();
 }
 
+// One by one: a box that one of them opens lets ticks through, which do the rest.
 void FormWindow::runHeldBack()
 {
-    for (const auto& work : std::exchange(heldBack_, {})) trapErrors(L"held back", work);
+    while (!heldBack_.empty()) {
+        const std::function<void()> work = std::move(heldBack_.front());
+        heldBack_.pop_front();
+        trapErrors(L"held back", work);
+    }
 }
 
 void FormWindow::takeStopMessages()

@@ -6,7 +6,6 @@
 
 #include <deque>
 #include <functional>
-#include <vector>
 
 // What the window's messages mean to the form. Nothing may be thrown.
 class FormEvents {
@@ -73,6 +72,6 @@ private:
     FormEvents& events_;
     std::deque<std::function<void()>> deferred_;
     bool runningDeferred_ = false;
-    std::vector<std::function<void()>> heldBack_; // what came where no call may go out
+    std::deque<std::function<void()>> heldBack_; // what came where no call may go out
     HWND window_ = nullptr;
 };

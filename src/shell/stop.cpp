@@ -75,6 +75,7 @@ void Hublink::letUserStop()
 
 void Hublink::callIsLong()
 {
+    if (!callWatch_.callIsLong()) return; // it is over, and another one is out
     letUserStop();
     askWhetherToStop();
 }

@@ -113,6 +113,35 @@ TEST_F(Window, EndOfTheSessionInsideAnOutgoingCall_DoesNotWaitForIt)
     EXPECT_EQ(outlook.invocations[0].id, 1) << "quit";
 }
 
+TEST_F(Window, CloseInsideACall_IsCarriedOutWhole_BeforeTheTickThatEndsTheProgram)
+{
+    form().link().hashID = automation::Object(&map);
+    {
+        const automation::OutgoingCall call;
+        SendMessageW(form().hWnd(), WM_CLOSE, 0, 0);
+    }
+    tick();
+    EXPECT_EQ(boxTexts(), (std::vector<std::wstring>{L"Stop Connector", L"The End !!!"}));
+    EXPECT_EQ(ended, 1);
+}
+
+TEST_F(Window, PressAndCloseInsideACall_ATickDuringTheQuestion_CarriesTheCloseOut)
+{
+    constexpr const wchar_t* question = L"Do you want to really stop Hublink ?";
+    form().link().hashID = automation::Object(&map);
+    onBox = [&](const std::wstring& text) {
+        if (text == question) tick();
+        return IDNO;
+    };
+    {
+        const automation::OutgoingCall call;
+        SendMessageW(form().hWnd(), WM_MOUSEMOVE, 1, WM_RBUTTONDOWN);
+        SendMessageW(form().hWnd(), WM_CLOSE, 0, 0);
+    }
+    pumpUntil([this] { return ended > 0; });
+    EXPECT_EQ(boxTexts(), (std::vector<std::wstring>{question, L"Stop Connector", L"The End !!!"}));
+}
+
 // COM refuses calls inside a message whose sender waits.
 TEST_F(Window, CloseThatIsSent_QuitsOutlookAfterItsSenderIsFree)
 {
