@@ -55,12 +55,15 @@ void PartnerProgram::start()
 
 // A client that sees the program's name among the processes may create an object
 // before the class is offered: then COM starts a second process, and which of the
-// two goes on is a matter of luck.
+// two goes on is a matter of luck. The other one's end is waited for: it would serve
+// the next test, with what it has read now.
 void PartnerProgram::takeServing()
 {
     const std::wstring answer = desk::ask(name_, L"ping", patience);
     const DWORD serving = numberOf(answer.substr(answer.find(L' ') + 1), "process identifier");
-    if (serving != process_.id()) process_ = Process::existing(serving);
+    if (serving == process_.id()) return;
+    if (!process_.ended(patience)) throw std::runtime_error(automation::ansi(file_) + " runs twice");
+    process_ = Process::existing(serving);
 }
 
 void PartnerProgram::restart()

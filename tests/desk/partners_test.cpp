@@ -57,7 +57,8 @@ TEST_F(Partners, OutlookBusyForAWhile_TheCallIsServedAllTheSame)
     start(people);
     desk.outlook(L"fault on Items.Find at 1 busy 4");
     desk.outlook(L"fault on ContactItem.Display at 1 busy 3");
-    EXPECT_TRUE(serves());
+    EXPECT_TRUE(serves()) << "Outlook was asked:\n" << desk::utf8(desk.outlook(L"record")) << "\nthe softphone:\n"
+                          << desk::utf8(desk.softphone(L"record"));
 }
 
 TEST_F(Partners, TwoCallsWhileOutlookHangs_AreServedOneAfterTheOther_InOrder)

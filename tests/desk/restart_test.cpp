@@ -1,25 +1,11 @@
 // Programs that are restarted at once: their next process is there before a tick
 // could have seen that they were gone.
-#include "desk_test.h"
-
-#include "desk/player/fixtures.h"
+#include "notes_desk_test.h"
 
 namespace {
 
-class Restart : public DeskTest {
+class Restart : public NotesDeskTest {
 protected:
-    void startWithNotes()
-    {
-        desk.startSoftphone();
-        desk.startNotes(desk::player::morningDatabases());
-        desk.setDefault("Application", "type", "LOTUS");
-        desk.setDefault("AllApplication", "PopUp", "true");
-        for (const auto& [section, key, value] : desk::player::notesSettings()) desk.setDefault(section, key, value);
-        desk.startHublink();
-        ASSERT_TRUE(desk::player::waitUntil([&] { return desk.softphone(L"attached") == L"True"; }, soon));
-        settle();
-    }
-
     // A tick sees which process runs; after the restart one drops the session, the
     // next one opens it again.
     template <class Action>
@@ -50,6 +36,7 @@ TEST_F(Restart, OutlookRestartedAtOnce_ItsSessionIsOpenedAgain_AndACallIsServed)
 
 TEST_F(Restart, NotesRestartedAtOnce_ItsSessionIsOpenedAgain_AndACallIsServed)
 {
+    desk.setDefault("AllApplication", "PopUp", "true");
     startWithNotes();
     betweenTicks([&] { desk.restartNotes(); });
     EXPECT_NE(desk.notes(L"calls").find(L"NotesSession.GetEnvironmentString"), std::wstring::npos);
