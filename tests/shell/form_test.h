@@ -20,6 +20,9 @@
 
 namespace shell_tests {
 
+// The icon's.
+inline constexpr const wchar_t* question = L"Do you want to really stop Hublink ?";
+
 // A registry value, put back as it was at the end.
 class SavedValue {
 public:

@@ -5,6 +5,7 @@
 #include "automation/outgoing_call.h"
 
 using shell_tests::iniText;
+using shell_tests::question;
 
 namespace {
 
@@ -24,6 +25,19 @@ protected:
     }
 
     void defer(char letter) { form().defer([this, letter] { order += letter; }); }
+
+    // Quitting it tells whether a sender waited meanwhile.
+    void openOutlookToBeQuit()
+    {
+        openOutlook();
+        form().outlook().bQuitOutlook = true;
+        outlook.onCall = [this](const support::RawPartner::Call&) {
+            senderWaited = aSenderWaits();
+            return S_OK;
+        };
+    }
+
+    bool senderWaited = true;
 
     // Runs the message loop until `done`.
     template <class Condition>
@@ -127,7 +141,6 @@ TEST_F(Window, CloseInsideACall_IsCarriedOutWhole_BeforeTheTickThatEndsTheProgra
 
 TEST_F(Window, PressAndCloseInsideACall_ATickDuringTheQuestion_CarriesTheCloseOut)
 {
-    constexpr const wchar_t* question = L"Do you want to really stop Hublink ?";
     form().link().hashID = automation::Object(&map);
     onBox = [&](const std::wstring& text) {
         if (text == question) tick();
@@ -145,35 +158,23 @@ TEST_F(Window, PressAndCloseInsideACall_ATickDuringTheQuestion_CarriesTheCloseOu
 // COM refuses calls inside a message whose sender waits.
 TEST_F(Window, CloseThatIsSent_QuitsOutlookAfterItsSenderIsFree)
 {
-    openOutlook();
-    form().outlook().bQuitOutlook = true;
-    bool senderWaits = true;
-    outlook.onCall = [&](const support::RawPartner::Call&) {
-        senderWaits = aSenderWaits();
-        return S_OK;
-    };
+    openOutlookToBeQuit();
     sendFromAnotherThread(WM_CLOSE, 0);
     EXPECT_TRUE(configuration().gStop);
     EXPECT_TRUE(outlook.invocations.empty());
     pumpUntil([this] { return boxes.size() == 1; });
     EXPECT_EQ(outlook.invocations.size(), 1u);
-    EXPECT_FALSE(senderWaits);
+    EXPECT_FALSE(senderWaited);
     EXPECT_EQ(boxes[0].text, L"Stop Connector");
 }
 
 TEST_F(Window, EndOfTheSessionThatIsSent_QuitsOutlookWithItsSenderFree)
 {
-    openOutlook();
-    form().outlook().bQuitOutlook = true;
-    bool senderWaits = true;
-    outlook.onCall = [&](const support::RawPartner::Call&) {
-        senderWaits = aSenderWaits();
-        return S_OK;
-    };
+    openOutlookToBeQuit();
     sendFromAnotherThread(WM_ENDSESSION, TRUE);
     EXPECT_TRUE(configuration().gStop);
     pumpUntil([this] { return !outlook.invocations.empty(); });
-    EXPECT_FALSE(senderWaits);
+    EXPECT_FALSE(senderWaited);
     EXPECT_TRUE(boxes.empty());
 }
 

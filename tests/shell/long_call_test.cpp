@@ -7,10 +7,10 @@
 #include <utility>
 
 using shell_tests::iniText;
+using shell_tests::question;
 
 namespace {
 
-constexpr const wchar_t* question = L"Do you want to really stop Hublink ?";
 constexpr DISPID quit = 1;
 
 class LongCall : public shell_tests::FormTest {

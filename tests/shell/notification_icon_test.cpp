@@ -9,10 +9,9 @@
 #include <cstddef>
 
 using shell_tests::iniText;
+using shell_tests::question;
 
 namespace {
-
-constexpr const wchar_t* question = L"Do you want to really stop Hublink ?";
 
 class Icon : public shell_tests::FormTest {
 protected:

@@ -5,10 +5,9 @@
 #include "shell/file_time.h"
 
 using shell_tests::iniText;
+using shell_tests::question;
 
 namespace {
-
-constexpr const wchar_t* question = L"Do you want to really stop Hublink ?";
 
 class StopWish : public shell_tests::FormTest {
 protected:
