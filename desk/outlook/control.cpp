@@ -166,20 +166,19 @@ std::wstring showFolder(Screen& screen, std::wstring_view name)
 
 }
 
-// "BLOCKS KIND", then its fields: an item that somebody else saves when so many
-// more blocks of tables have been read.
-void Outlook::expect(std::wstring_view text)
+// "BLOCKS COMMAND": what somebody else does when so many more blocks of tables have been read.
+void Outlook::putOff(std::wstring_view text)
 {
     const unsigned long blocks = numberOf(takeWord(text), "blocks");
     if (blocks == 0) throw std::runtime_error("the next block is number 1");
-    Item item = newItem(text);
-    if (!item.entryId.empty()) throw std::runtime_error("its EntryID is Outlook's to give");
-    coming_ = Coming{std::move(item), blocks};
+    const std::wstring word = takeWord(text);
+    if (word != L"add" && word != L"change" && word != L"delete") throw std::runtime_error("later: add, change or delete");
+    later_ = Later{word, std::wstring(text), blocks};
 }
 
 std::optional<std::wstring> Outlook::settingCommand(const std::wstring& word, std::wstring_view rest)
 {
-    for (const wchar_t* setting : {L"version", L"guard", L"missingcell", L"identifiers", L"creation"}) {
+    for (const wchar_t* setting : {L"version", L"guard", L"missingcell", L"roworder", L"identifiers", L"creation"}) {
         if (word != setting) continue;
         change(setup_, word, rest);
         changed();
@@ -206,7 +205,7 @@ std::optional<std::wstring> Outlook::command(const std::wstring& word, std::wstr
     if (word == L"old") return setOld(*this, rest);
     if (word == L"questions") return std::to_wstring(guard_.questions());
     if (word == L"creations") return std::to_wstring(creations_);
-    if (word == L"coming") return expect(rest), L"ok";
+    if (word == L"later") return putOff(rest), L"ok";
     return settingCommand(word, rest);
 }
 

@@ -56,7 +56,7 @@ void Outlook::load(const std::vector<StoreRecord>& records)
     });
     mailbox_.load(items);
     setup_ = setup;
-    coming_.reset();
+    later_.reset();
     closeWindows();
     screen_.updateFolders();
 }
@@ -78,10 +78,9 @@ automation::ComPtr<ItemObject> Outlook::itemOf(const SavedItem& saved)
 
 void Outlook::blockWasRead()
 {
-    if (!coming_ || --coming_->blocks != 0) return;
-    mailbox_.add(coming_->item);
-    coming_.reset();
-    changed();
+    if (!later_ || --later_->blocks != 0) return;
+    const Later due = *std::exchange(later_, std::nullopt);
+    command(due.word, due.rest);
 }
 
 bool Outlook::isHeld()

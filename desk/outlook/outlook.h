@@ -90,15 +90,16 @@ public:
     void closeWindows();
 
 private:
-    // An item that somebody else saves while a table is read.
-    struct Coming {
-        Item item;
-        unsigned long blocks; // to be read before
+    // A control command that waits until so many more blocks of tables have been read.
+    struct Later {
+        std::wstring word;
+        std::wstring rest;
+        unsigned long blocks;
     };
 
     Inspector* inspectorOf(const ItemObject& item) noexcept;
     std::optional<std::wstring> settingCommand(const std::wstring& word, std::wstring_view rest);
-    void expect(std::wstring_view text);
+    void putOff(std::wstring_view text);
     void remove(InspectorId id);
 
     Recorder& recorder_;
@@ -108,7 +109,7 @@ private:
     Mailbox mailbox_;
     Setup setup_;
     Guard guard_{recorder_, setup_};
-    std::optional<Coming> coming_;
+    std::optional<Later> later_;
     std::vector<Inspector> inspectors_;
     InspectorId lastInspector_ = 0;
     automation::ComPtr<IDispatch> application_;

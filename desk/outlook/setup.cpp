@@ -58,6 +58,13 @@ MissingCell missingCellOf(std::wstring_view text)
     refuse(text, "empty, null, notfound");
 }
 
+RowOrder rowOrderOf(std::wstring_view text)
+{
+    if (text == L"folder") return RowOrder::folder;
+    if (text == L"reversed") return RowOrder::reversed;
+    refuse(text, "folder, reversed");
+}
+
 CreationSetting creationOf(std::wstring_view text)
 {
     const std::wstring how = takeWord(text);
@@ -74,6 +81,7 @@ void change(Setup& setup, std::wstring_view setting, std::wstring_view text)
     if (is(L"Version")) setup.version = versionOf(text);
     else if (is(L"Guard")) setup.guard = guardOf(text);
     else if (is(L"MissingCell")) setup.missingCell = missingCellOf(text);
+    else if (is(L"RowOrder")) setup.rowOrder = rowOrderOf(text);
     else if (is(L"Identifiers")) setup.identifiers = numberOf(text, "identifiers");
     else if (is(L"Creation")) setup.creation = creationOf(text);
     else throw std::runtime_error("[outlook] has no setting \"" + utf8(setting) + "\"");
@@ -87,6 +95,7 @@ StoreRecord recordOf(const Setup& setup)
     if (setup.guard != usual.guard) record.add(L"Guard", textOf(setup.guard));
     for (const auto& [cell, name] : missingCells)
         if (setup.missingCell == cell && cell != usual.missingCell) record.add(L"MissingCell", name);
+    if (setup.rowOrder != usual.rowOrder) record.add(L"RowOrder", L"reversed");
     if (setup.identifiers != usual.identifiers) record.add(L"Identifiers", std::to_wstring(setup.identifiers));
     if (setup.creation != usual.creation) record.add(L"Creation", L"fails " + std::to_wstring(setup.creation.delay));
     return record;

@@ -28,6 +28,10 @@ struct GuardSetting {
 // What stands in a table's cell whose item has nothing there.
 enum class MissingCell { empty, null, notFound };
 
+// The order of a table's rows, of which nothing is promised: that of the folder's
+// items, or the last one first.
+enum class RowOrder { folder, reversed };
+
 // What a client sees that creates the application object.
 struct CreationSetting {
     bool fails = false;
@@ -40,6 +44,7 @@ struct Setup {
     Version version = Version::v2016;
     GuardSetting guard;
     MissingCell missingCell = MissingCell::empty;
+    RowOrder rowOrder = RowOrder::folder;
     unsigned identifiers = 0; // by how many rows of its class each identifier has moved
     CreationSetting creation;
 };
@@ -48,6 +53,7 @@ struct Setup {
 //     Version      2003, 2007, 2016
 //     Guard        off, allow [MS], deny [HRESULT]
 //     MissingCell  empty, null, notfound
+//     RowOrder     folder, reversed
 //     Identifiers  a number
 //     Creation     works, fails [MS]
 // Throws std::runtime_error for an unknown setting or value.

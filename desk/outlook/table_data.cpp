@@ -56,17 +56,21 @@ void TableData::readRows()
     rows_.clear();
     for (const SavedItem& item : folder_.items)
         if (!condition_ || condition_->holds(*item)) rows_.push_back(item);
+    if (outlook_.setup().rowOrder == RowOrder::reversed) std::reverse(rows_.begin(), rows_.end());
     changes_ = folder_.changes;
 }
 
 const std::vector<SavedItem>& TableData::rows()
 {
     if (changes_ == folder_.changes) return rows_;
-    // Items come behind all others; those that have gone leave the rest where it is.
+    // Items come behind all others, or before them; those that have gone leave the rest where it is.
     const auto hasGone = [this](const SavedItem& item) { return item->deleted || item->folder != folder_.number; };
     const auto read = rows_.begin() + static_cast<std::ptrdiff_t>(current_);
     current_ -= static_cast<std::size_t>(std::count_if(rows_.begin(), read, hasGone));
+    std::erase_if(rows_, hasGone);
+    const std::size_t stayed = rows_.size();
     readRows();
+    if (outlook_.setup().rowOrder == RowOrder::reversed) current_ += rows_.size() - stayed;
     return rows_;
 }
 

@@ -3,8 +3,10 @@
 #include "common/error_trap.h"
 #include "common/phone_number.h"
 #include "common/text.h"
-#include "outlook/absence.h"
+#include "outlook/contact_table.h"
 #include "outlook/telephone_fields.h"
+
+#include <optional>
 
 namespace {
 
@@ -23,13 +25,55 @@ Object filteredContact(const OutlookSession& session, const std::wstring& number
     return asContact(session, contactItems(session).get(L"Find", {filter}));
 }
 
-// The contact's first field with the number; a null pointer when it has none.
-const wchar_t* matchingField(const OutlookSession& session, const Object& contact, const std::wstring& sought,
-                             bool& needsRewrite)
+// A contact with the number, and its first field that holds it.
+struct Match {
+    Object contact;
+    const wchar_t* field = nullptr;
+    bool needsRewrite = false;
+};
+
+// Empty when the contact has not got the number.
+std::optional<Match> matchOf(const OutlookSession& session, const Object& contact, const std::wstring& sought)
 {
-    for (const wchar_t* field : telephoneFields)
-        if (PhoneNumberMatches(session, sought, contact.get(field).text(), needsRewrite)) return field;
-    return nullptr;
+    Match match{contact};
+    for (const wchar_t* field : telephoneFields) {
+        if (!PhoneNumberMatches(session, sought, contact.get(field).text(), match.needsRewrite)) continue;
+        match.field = field;
+        return match;
+    }
+    return std::nullopt;
+}
+
+std::optional<Match> walkedMatch(const OutlookSession& session, const std::wstring& sought)
+{
+    const Object items = contactItems(session);
+    for (Object item = asContact(session, items.get(L"GetFirst")); item;
+         item = asContact(session, items.get(L"GetNext")))
+        if (const std::optional<Match> match = matchOf(session, item, sought)) return match;
+    return std::nullopt;
+}
+
+// The contact that the table has named, if it is there and has the number.
+std::optional<Match> namedMatch(const OutlookSession& session, const std::wstring& entryId, const std::wstring& sought)
+{
+    std::optional<Match> match;
+    trapErrors(L"namedMatch", [&] {
+        const Object nameSpace = session.OutlookNameSpace;
+        match = matchOf(session, asContact(session, nameSpace.get(L"GetItemFromID", {entryId})), sought);
+    });
+    return match;
+}
+
+// What a walk finds. The table tells it faster where a single contact may have the
+// number, or none: unless it is another table after all, as after an item has gone.
+std::optional<Match> firstMatch(OutlookSession& session, const std::wstring& sought)
+{
+    const TableAnswer answer = whoMayHave(session, sought);
+    if (answer.owner == NumberOwner::untold) return walkedMatch(session, sought);
+    std::optional<Match> match;
+    if (answer.owner == NumberOwner::oneContact) match = namedMatch(session, answer.entryId, sought);
+    const bool isAsTold = match.has_value() == (answer.owner == NumberOwner::oneContact);
+    return isAsTold && stillHolds(answer) ? match : walkedMatch(session, sought);
 }
 
 // What FindOutlookContact tells of a contact. Outlook guards the address and may
@@ -77,19 +121,13 @@ bool WalkOutlookContacts(OutlookSession& session, const std::wstring& number, co
     bool found = false;
     trapErrors(L"WalkOutlookContacts", [&] {
         const std::wstring sought = StripPhoneNumber(number);
-        if (absenceIsProved(session, sought)) return;
-        const Object items = contactItems(session);
-        Object item = asContact(session, items.get(L"GetFirst"));
-        bool needsRewrite = false;
-        const wchar_t* field = nullptr;
-        while (item && !(field = matchingField(session, item, sought, needsRewrite)))
-            item = asContact(session, items.get(L"GetNext"));
-        if (!item) return;
-        if (needsRewrite) {
-            item.put(field, sought);
-            item.call(L"Close", {std::int16_t{0}});
+        const std::optional<Match> match = firstMatch(session, sought);
+        if (!match) return;
+        if (match->needsRewrite) {
+            match->contact.put(match->field, sought);
+            match->contact.call(L"Close", {std::int16_t{0}});
         }
-        contact = item;
+        contact = match->contact;
         found = true;
     });
     return found;

@@ -14,8 +14,9 @@ struct NewContact {
     std::wstring firstName;
 };
 
-Object addContact(const OutlookSession& session)
+Object addContact(OutlookSession& session)
 {
+    session.keptAnswers.entries.clear(); // somebody may have the number now
     return contactItems(session).get(L"Add").object().sharing(session.names.contact);
 }
 

@@ -7,6 +7,7 @@
 #include "common/dictionary.h"
 #include "common/groupware_state.h"
 #include "common/host.h"
+#include "outlook/table_answer.h"
 
 #include <cstdint>
 #include <string>
@@ -43,6 +44,7 @@ struct OutlookSession {
     automation::Object OutlookJournal;    // default folder 11, kept only
     bool bOutlookInit = false;            // the session is fully open; callers test it first
     bool tablesAreGuarded = false;        // Outlook asked about a table, or refused it, since it was opened
+    KeptAnswers keptAnswers;              // of the contacts' table, while an event is handled
 
     std::wstring szCallBackMailSyntaxe;   // template of the callback mail
     bool bReplacePhoneNumber = false;     // rewrite a found number in its stripped form

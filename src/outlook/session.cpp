@@ -58,6 +58,7 @@ void InitOutlook(OutlookSession& session)
         openApplication(session);
         openFolders(session);
         session.tablesAreGuarded = false;
+        session.keptAnswers.entries.clear();
         loadDictionary(session);
         session.bOutlookInit = true;
     };

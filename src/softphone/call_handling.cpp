@@ -4,6 +4,7 @@
 #include "lotus/phone_message.h"
 #include "outlook/callback_mail.h"
 #include "outlook/contact_lookup.h"
+#include "outlook/contact_table.h"
 #include "outlook/contacts.h"
 #include "softphone/last_call.h"
 #include "softphone/pavex_interface.h"
@@ -17,6 +18,7 @@ constexpr const wchar_t* forwarded = L"TI_LINESTATECAUSE_FORWARD";
 
 void PavexInterface::LineObj_OnLineNewCall(const automation::Object& ccall)
 {
+    const AnswersOfOneEvent answers(outlook_);
     trapErrors(L"LineObj_OnLineNewCall", [&] {
         const std::wstring number = ccall.get(L"Number").text();
         gPhoneNumberCalled = number;

@@ -27,10 +27,12 @@ bool isWalk(const PartnerCall& call)
            (isTelephoneField(call.member) && call.kind == L"get");
 }
 
-// A bulk reading that fails is followed by the walk one by one: nothing is lost by it.
+// A bulk reading that fails is followed by the walk one by one, and so is the contact
+// that it named: nothing is lost by it.
 bool isTable(const PartnerCall& call)
 {
-    return call.isOf(L"Table") || call.isOf(L"Columns") || call.member == L"Folder.GetTable";
+    return call.isOf(L"Table") || call.isOf(L"Columns") || call.member == L"Folder.GetTable" ||
+           call.member == L"NameSpace.GetItemFromID";
 }
 
 // What is done with the items of a folder next: the first call of the class
@@ -66,7 +68,10 @@ public:
             number_.clear();
         }
         if (call.isOf(L"Application") || call.is(L"JournalItem.Subject", L"put")) made_.clear();
-        if (!isTable(call)) risk.lookedFor = number_;
+        if (call.member == L"NameSpace.GetItemFromID") isNamed_ = true;
+        if (call.isOf(L"Items") || call.kind == L"put") isNamed_ = false;
+        const bool isJudged = isNamed_ && isTelephoneField(call.member);
+        if (!isTable(call) && !isJudged) risk.lookedFor = number_;
         if (!risk.beingCopied.empty()) risk.contactMadeFor = made_;
         if (call.is(L"ContactItem.EntryID", L"get")) number_.clear();
     }
@@ -80,6 +85,7 @@ private:
 
     const Calls& calls_;
     std::wstring number_;
+    bool isNamed_ = false; // a contact by the table, which is being judged
     std::wstring made_; // that of the contact being made
 };
 

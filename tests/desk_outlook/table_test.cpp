@@ -162,7 +162,7 @@ TEST_F(Table, MissingCells_AreEmptyOrNullOrAnError)
 TEST_F(Table, WhatComesAndGoesWhileItIsRead_IsSeen)
 {
     const Object made = tableOf({L"FullName"});
-    outlook.ask(L"coming 1 contact\nFullName=Eve Ebel\n");
+    outlook.ask(L"later 1 add contact\nFullName=Eve Ebel\n");
     made.get(L"GetArray", {std::int32_t{3}});
     EXPECT_FALSE(made.get(L"EndOfTable").truth()) << "one came behind the last block";
     EXPECT_EQ(made.get(L"GetRowCount").int32(), 4);
@@ -173,4 +173,16 @@ TEST_F(Table, WhatComesAndGoesWhileItIsRead_IsSeen)
     items(olContacts).get(L"GetFirst").object().call(L"Delete");
     EXPECT_EQ(made.get(L"GetRowCount").int32(), 3);
     EXPECT_EQ(cell(made.get(L"GetArray", {std::int32_t{1}}), 0, 0).text(), L"Cy Cole") << "the place is kept";
+}
+
+TEST_F(Table, RowsInReverse_WhatComesStandsBeforeThePlace)
+{
+    outlook.ask(L"roworder reversed");
+    const Object made = tableOf({L"FullName"});
+    EXPECT_EQ(cell(made.get(L"GetArray", {std::int32_t{1}}), 0, 0).text(), L"Cy Cole");
+    outlook.ask(L"add contact\nFullName=Eve Ebel\n");
+    EXPECT_EQ(made.get(L"GetRowCount").int32(), 4);
+    EXPECT_NE(cell(made.get(L"GetArray", {std::int32_t{1}}), 0, 0).text(), L"Eve Ebel") << "the place is kept";
+    made.get(L"GetArray", {std::int32_t{1}});
+    EXPECT_TRUE(made.get(L"EndOfTable").truth()) << "only the count of rows tells that one came";
 }

@@ -1,0 +1,33 @@
+// What Outlook's table of the contacts told about a telephone number.
+#pragma once
+
+#include "automation/object.h"
+
+#include <windows.h>
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+enum class NumberOwner { untold, nobody, oneContact };
+
+struct TableAnswer {
+    NumberOwner owner = NumberOwner::untold;
+    std::wstring entryId;     // of the one contact that may have the number
+    automation::Object table; // which told it
+    std::int32_t rows = 0;    // which it had then
+};
+
+// Answers that serve again while one event is handled. Contacts come and go
+// meanwhile, which a table shows and is asked about; nobody promises that it shows
+// what is typed into one that was there, so answers do not grow old.
+struct KeptAnswers {
+    struct Entry {
+        std::wstring sought;
+        TableAnswer answer;
+    };
+
+    bool areKept = false;     // an event is being handled
+    DWORD since = 0;          // when the table was opened, as GetTickCount tells it
+    std::vector<Entry> entries;
+};
