@@ -27,6 +27,16 @@ long privateMemory()
     return asked("memory?");
 }
 
+long residentMemory()
+{
+    return asked("resident?");
+}
+
+long mostResidentMemory()
+{
+    return asked("most resident?");
+}
+
 long processorTime()
 {
     return asked("processor?");

@@ -127,3 +127,17 @@ TEST_F(OutlookAtTheDesk, CallersWithStrangeNumbers_GetOneContactEach_AndNobodyEl
         EXPECT_EQ(contacts(), expected) << desk::utf8(number);
     }
 }
+
+TEST_F(OutlookAtTheDesk, KnownUnderDotsBehindAThousandOthers_IsShown_AndNoContactIsWalkedOver)
+{
+    std::string records;
+    for (int n = 0; n < 1000; ++n) records += "[contact]\nLastName=Other\nHomeTelephoneNumber=08." + std::to_string(1000 + n) + "\n";
+    start(records + std::string(people));
+    desk.outlook(L"clear");
+    ring(L"0456");
+    ASSERT_TRUE(desk.outlookShows(L"Claire Petit - Contact"));
+    const std::wstring calls = desk.outlook(L"calls");
+    EXPECT_NE(calls.find(L"NameSpace.GetItemFromID method"), std::wstring::npos);
+    EXPECT_EQ(calls.find(L"Items.GetNext"), std::wstring::npos);
+    EXPECT_EQ(*desk.record(L"contacts", L"LastName", L"Petit")->find(L"BusinessTelephoneNumber"), L"0456");
+}

@@ -265,3 +265,32 @@ TEST_F(CallHandling, CallMembers_AreLookedUpOnceForAllCalls)
     EXPECT_EQ(softphoneCalls.count(L"Call.Number lookup"), 1u);
     EXPECT_EQ(softphoneCalls.count(L"Call.Number get"), 2u);
 }
+
+// Each party is looked up for its names and again for its mail or its window.
+TEST_F(CallHandling, NumbersWithDots_OneTableServesTheWholeCall_AndNoWalkRuns)
+{
+    start(L"[contact]\nFirstName=Marc\nLastName=Durand\nMobileTelephoneNumber=01.23\n"
+          L"[contact]\nFirstName=Claire\nLastName=Petit\nBusinessTelephoneNumber=47 11\nEmail1Address=claire@example.com\n");
+    session.bReplacePhoneNumber = false;
+    for (unsigned long rings = 1; rings <= 2; ++rings) {
+        ring(incoming(L"0123", L"4711"));
+        EXPECT_EQ(windows(), L"Untitled - Message\nMarc Durand - Contact");
+        EXPECT_EQ(outlookCalls.count(L"Items.Find method"), 4 * rings) << "what the user may have changed is asked";
+        EXPECT_EQ(outlookCalls.count(L"Folder.GetTable method"), rings) << "the next call reads it anew";
+        EXPECT_EQ(outlookCalls.count(L"Table.GetArray method"), 2 * rings) << "once a party";
+        EXPECT_EQ(outlookCalls.count(L"NameSpace.GetItemFromID method"), 4 * rings);
+        EXPECT_EQ(outlookCalls.count(L"Items.GetFirst method"), 0u);
+        outlook.command(L"close-windows", L"");
+    }
+}
+
+TEST_F(CallHandling, StrangerIsCalled_OneTableServesBothLookUps)
+{
+    host.settings.bgSetNewContact = true;
+    begin();
+    ring(incoming(L"999"));
+    EXPECT_EQ(outlookCalls.count(L"Folder.GetTable method"), 1u);
+    EXPECT_EQ(outlookCalls.count(L"Table.GetArray method"), 1u);
+    EXPECT_EQ(outlookCalls.count(L"Items.Find method"), 2u);
+    EXPECT_EQ(count(L"contact"), 4u);
+}
