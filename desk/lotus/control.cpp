@@ -226,6 +226,14 @@ std::wstring setArrays(Notes& notes, std::wstring_view text)
     return L"ok";
 }
 
+std::wstring setIdentifiers(Notes& notes, std::wstring_view text)
+{
+    if (text != L"own" && text != L"shared") throw std::runtime_error("identifiers own, or shared");
+    notes.behaviour.ownIdentifiers = text == L"own";
+    notes.changed();
+    return L"ok";
+}
+
 std::wstring setServerName(Notes& notes, std::wstring_view text)
 {
     if (text != L"on" && text != L"off") throw std::runtime_error("server-name on, or off");
@@ -238,6 +246,13 @@ std::wstring setDataFolder(Notes& notes, std::wstring_view text)
 {
     notes.behaviour.dataFolder = text;
     notes.changed();
+    return L"ok";
+}
+
+std::wstring setModified(Notes& notes, std::wstring_view text)
+{
+    const SharedDatabase database = databaseNamed(notes, takeWord(text));
+    database->tellModified(dateFromIso(text));
     return L"ok";
 }
 
@@ -273,6 +288,8 @@ std::optional<std::wstring> Notes::command(const std::wstring& word, std::wstrin
     if (word == L"available") return setAvailable(*this, rest);
     if (word == L"missing") return setMissing(*this, rest);
     if (word == L"arrays") return setArrays(*this, rest);
+    if (word == L"identifiers") return setIdentifiers(*this, rest);
+    if (word == L"modified") return setModified(*this, rest);
     if (word == L"server-name") return setServerName(*this, rest);
     if (word == L"data-folder") return setDataFolder(*this, rest);
     if (word == L"index") return setIndex(*this, rest);

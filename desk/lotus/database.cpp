@@ -5,6 +5,7 @@
 #include "desk/common/text.h"
 
 #include <algorithm>
+#include <cmath>
 #include <cwchar>
 
 namespace desk::lotus {
@@ -107,6 +108,12 @@ std::wstring Database::newUniversalId(unsigned long noteId) const
     return text;
 }
 
+void Database::wasModified() noexcept
+{
+    constexpr double secondsOfADay = 86'400;
+    modified_ = std::floor(automation::now() * secondsOfADay) / secondsOfADay;
+}
+
 SavedNote Database::add(Note contents)
 {
     if (contents.noteId == 0) {
@@ -125,6 +132,7 @@ SavedNote Database::add(Note contents)
     byUniversalId_[note->universalId] = note;
     for (StoredView& stored : views_) stored.index.add(note);
     words_.add(*note);
+    wasModified();
     return note;
 }
 
@@ -136,6 +144,7 @@ void Database::replace(const SavedNote& note, Note contents)
     ++note->version;
     for (StoredView& stored : views_) stored.index.add(note);
     words_.add(*note);
+    wasModified();
 }
 
 void Database::remove(const SavedNote& note)
@@ -146,6 +155,7 @@ void Database::remove(const SavedNote& note)
     byId_.erase(kept->noteId);
     byUniversalId_.erase(kept->universalId);
     kept->deleted = true;
+    wasModified();
 }
 
 std::vector<SavedNote> Database::candidates(const View& view, const Condition& condition)

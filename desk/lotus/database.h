@@ -72,6 +72,11 @@ public:
     void replace(const SavedNote& note, Note contents);
     void remove(const SavedNote& note);
 
+    // When a document was saved or deleted last, to the second, or what is to be
+    // told instead from now on.
+    DATE lastModified() const noexcept { return toldModified_.value_or(modified_); }
+    void tellModified(DATE date) { toldModified_ = date; }
+
     // A full-text index is as old as its last update: from now on searches see
     // the documents as they are now, until it is updated.
     void leaveIndexBehind();
@@ -89,6 +94,7 @@ private:
     };
 
     std::wstring newUniversalId(unsigned long noteId) const;
+    void wasModified() noexcept;
     std::vector<SavedNote> candidates(const View& view, const Condition& condition);
     const Note* asIndexed(const Note& note) const; // null when it is not in the index
 
@@ -100,6 +106,8 @@ private:
     std::optional<std::unordered_map<unsigned long, Note>> indexed_; // by place, while the index is behind
     unsigned long lastId_ = 0;
     unsigned long lastPlace_ = 0;
+    DATE modified_ = 0;
+    std::optional<DATE> toldModified_;
 };
 
 using SharedDatabase = std::shared_ptr<Database>;

@@ -16,10 +16,10 @@ using automation::server::IncomingCall;
 using automation::server::MemberRow;
 namespace server = automation::server;
 
-class DatabaseObject final : public RecordedTable<DatabaseObject> {
+class DatabaseObject final : public NotesTable<DatabaseObject> {
 public:
     DatabaseObject(Notes& notes, SharedDatabase database, std::wstring place, std::wstring filePath)
-        : RecordedTable(notes.recorder(), L"NotesDatabase"), notes_(notes), database_(std::move(database)),
+        : NotesTable(notes, L"NotesDatabase"), notes_(notes), database_(std::move(database)),
           server_(std::move(place)), filePath_(std::move(filePath))
     {
     }
@@ -115,6 +115,8 @@ const std::vector<MemberRow<DatabaseObject>>& DatabaseObject::members()
          [](DatabaseObject& self, const IncomingCall& call) -> Value {
              return self.documentByUniversalId(call.arguments.text(0));
          }},
+        {L"LastModified", 0x20C, server::readOnly, 0, 0,
+         [](DatabaseObject& self, const IncomingCall&) -> Value { return Value::date(self.database()->lastModified()); }},
         {L"IsFTIndexed", 0x20B, server::readOnly, 0, 0,
          [](DatabaseObject& self, const IncomingCall&) -> Value { return self.database()->fullTextIndexed; }},
     };

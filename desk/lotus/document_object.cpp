@@ -12,7 +12,7 @@ using automation::server::MemberRow;
 namespace server = automation::server;
 
 DocumentObject::DocumentObject(Notes& notes, SharedNote note, bool ofWindow)
-    : RecordedTable(notes.recorder(), L"NotesDocument"), notes_(notes), note_(std::move(note)), ofWindow_(ofWindow),
+    : NotesTable(notes, L"NotesDocument"), notes_(notes), note_(std::move(note)), ofWindow_(ofWindow),
       registered_(notes.documentObjects(), this)
 {
 }
@@ -23,22 +23,22 @@ const SharedNote& DocumentObject::opened() const
     return note_;
 }
 
-DISPID DocumentObject::idOf(std::wstring_view name)
+DISPID DocumentObject::ownId(std::wstring_view name)
 {
-    const DISPID own = RecordedTable::idOf(name);
+    const DISPID own = NotesTable::ownId(name);
     return own == DISPID_UNKNOWN ? itemName(name).id : own;
 }
 
 const MemberSummary* DocumentObject::memberOf(DISPID id) const
 {
     const ItemName* const item = itemNameOf(id);
-    return item ? &item->asMember : RecordedTable::memberOf(id);
+    return item ? &item->asMember : NotesTable::memberOf(id);
 }
 
 Value DocumentObject::answer(const IncomingCall& call)
 {
     const ItemName* const item = itemNameOf(call.id);
-    return item ? itemProperty(*item, call) : RecordedTable::answer(call);
+    return item ? itemProperty(*item, call) : NotesTable::answer(call);
 }
 
 // A missing item is an array with one empty text, or as some have seen it, an

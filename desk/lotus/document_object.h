@@ -7,7 +7,7 @@
 
 namespace desk::lotus {
 
-class DocumentObject final : public RecordedTable<DocumentObject> {
+class DocumentObject final : public NotesTable<DocumentObject> {
 public:
     // `ofWindow`: got through the window that displays it.
     DocumentObject(Notes& notes, SharedNote note, bool ofWindow);
@@ -18,7 +18,7 @@ public:
     SavedNote saved() const { return note_->saved(); } // null before the first save
 
 protected:
-    DISPID idOf(std::wstring_view name) override;
+    DISPID ownId(std::wstring_view name) override;
     automation::Value answer(const automation::server::IncomingCall& call) override;
     const MemberSummary* memberOf(DISPID id) const override;
 

@@ -11,7 +11,7 @@ using automation::server::MemberRow;
 namespace server = automation::server;
 
 ItemObject::ItemObject(Notes& notes, SharedNote note, Item item)
-    : RecordedTable(notes.recorder(), L"NotesItem"), notes_(notes), note_(std::move(note)), item_(std::move(item)),
+    : NotesTable(notes, L"NotesItem"), notes_(notes), note_(std::move(note)), item_(std::move(item)),
       registered_(notes.itemObjects(), this)
 {
 }

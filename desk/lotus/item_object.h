@@ -7,7 +7,7 @@
 
 namespace desk::lotus {
 
-class ItemObject final : public RecordedTable<ItemObject> {
+class ItemObject final : public NotesTable<ItemObject> {
 public:
     ItemObject(Notes& notes, SharedNote note, Item item);
     static const std::vector<automation::server::MemberRow<ItemObject>>& members();

@@ -45,6 +45,9 @@ public:
     std::wstring version = L"Release 8.5.3|September 15, 2011";
     Behaviour behaviour;
 
+    // By how much the next object's dispatch identifiers differ from its class's.
+    DISPID nextIdentifierShift() noexcept { return behaviour.ownIdentifiers ? ++shifts_ : 0; }
+
     // The value of a line of notes.ini; null when there is none.
     const std::wstring* environment(const std::wstring& name) const;
     void setEnvironment(const std::wstring& name, std::wstring value);
@@ -101,6 +104,7 @@ private:
     const std::function<void()> changed_;
     std::map<std::wstring, std::wstring, WithoutCase> environment_;
     std::vector<SharedDatabase> databases_;
+    DISPID shifts_ = 0;
     std::shared_ptr<std::map<IDispatch*, DocumentObject*>> documentObjects_;
     std::shared_ptr<std::map<IDispatch*, ItemObject*>> itemObjects_;
     Workspace workspace_;

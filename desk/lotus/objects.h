@@ -1,8 +1,7 @@
 // The automation objects, made for clients as they are asked for.
 #pragma once
 
-#include "desk/common/recorded_object.h"
-#include "desk/lotus/notes.h"
+#include "desk/lotus/notes_object.h"
 
 namespace desk::lotus {
 

@@ -118,6 +118,7 @@ private:
             else if (name == L"Version") contents_.version = value;
             else if (name == L"MissingItem") contents_.behaviour.missingItemIsArray = value != L"text";
             else if (name == L"Arrays") contents_.behaviour.typedArrays = value == L"typed";
+            else if (name == L"Identifiers") contents_.behaviour.ownIdentifiers = value == L"own";
             else if (name == L"ServerName") contents_.behaviour.hasServerName = truthOf(value);
             else if (name == L"DataFolder") contents_.behaviour.dataFolder = value;
             else refuse(name);
@@ -226,6 +227,7 @@ StoreRecord settingsRecord(const Contents& contents)
     record.add(L"Version", contents.version);
     if (!contents.behaviour.missingItemIsArray) record.add(L"MissingItem", L"text");
     if (contents.behaviour.typedArrays) record.add(L"Arrays", L"typed");
+    if (contents.behaviour.ownIdentifiers) record.add(L"Identifiers", L"own");
     if (!contents.behaviour.hasServerName) record.add(L"ServerName", L"False");
     if (!contents.behaviour.dataFolder.empty()) record.add(L"DataFolder", contents.behaviour.dataFolder);
     return record;

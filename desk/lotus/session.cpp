@@ -12,16 +12,16 @@ using automation::server::IncomingCall;
 using automation::server::MemberRow;
 namespace server = automation::server;
 
-class Session final : public RecordedTable<Session> {
+class Session final : public NotesTable<Session> {
 public:
-    explicit Session(Notes& notes) : RecordedTable(notes.recorder(), L"NotesSession"), notes_(notes) {}
+    explicit Session(Notes& notes) : NotesTable(notes, L"NotesSession"), notes_(notes) {}
     static const std::vector<MemberRow<Session>>& members();
 
 private:
-    DISPID idOf(std::wstring_view name) override
+    DISPID ownId(std::wstring_view name) override
     {
         const bool isMissing = !notes_.behaviour.hasServerName && lowerCase(name) == L"servername";
-        return isMissing ? DISPID_UNKNOWN : RecordedTable::idOf(name);
+        return isMissing ? DISPID_UNKNOWN : NotesTable::ownId(name);
     }
 
     Value database(const IncomingCall& call)

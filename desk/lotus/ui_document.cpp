@@ -12,10 +12,10 @@ using automation::server::IncomingCall;
 using automation::server::MemberRow;
 namespace server = automation::server;
 
-class UIDocument final : public RecordedTable<UIDocument> {
+class UIDocument final : public NotesTable<UIDocument> {
 public:
     UIDocument(Notes& notes, WindowId id)
-        : RecordedTable(notes.recorder(), L"NotesUIDocument"), notes_(notes), id_(id)
+        : NotesTable(notes, L"NotesUIDocument"), notes_(notes), id_(id)
     {
     }
     static const std::vector<MemberRow<UIDocument>>& members();

@@ -13,10 +13,10 @@ using automation::server::IncomingCall;
 using automation::server::MemberRow;
 namespace server = automation::server;
 
-class UIDatabase final : public RecordedTable<UIDatabase> {
+class UIDatabase final : public NotesTable<UIDatabase> {
 public:
     UIDatabase(Notes& notes, SharedDatabase database)
-        : RecordedTable(notes.recorder(), L"NotesUIDatabase"), notes_(notes), database_(std::move(database))
+        : NotesTable(notes, L"NotesUIDatabase"), notes_(notes), database_(std::move(database))
     {
     }
     static const std::vector<MemberRow<UIDatabase>>& members();
@@ -45,10 +45,10 @@ const std::vector<MemberRow<UIDatabase>>& UIDatabase::members()
     return rows;
 }
 
-class UIView final : public RecordedTable<UIView> {
+class UIView final : public NotesTable<UIView> {
 public:
     UIView(Notes& notes, SharedDatabase database, const View& view)
-        : RecordedTable(notes.recorder(), L"NotesUIView"), notes_(notes), database_(std::move(database)), view_(view)
+        : NotesTable(notes, L"NotesUIView"), notes_(notes), database_(std::move(database)), view_(view)
     {
     }
     static const std::vector<MemberRow<UIView>>& members();
@@ -80,9 +80,9 @@ const std::vector<MemberRow<UIView>>& UIView::members()
     return rows;
 }
 
-class UIWorkspace final : public RecordedTable<UIWorkspace> {
+class UIWorkspace final : public NotesTable<UIWorkspace> {
 public:
-    explicit UIWorkspace(Notes& notes) : RecordedTable(notes.recorder(), L"NotesUIWorkspace"), notes_(notes) {}
+    explicit UIWorkspace(Notes& notes) : NotesTable(notes, L"NotesUIWorkspace"), notes_(notes) {}
     static const std::vector<MemberRow<UIWorkspace>>& members();
 
 private:

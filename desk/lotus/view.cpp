@@ -60,16 +60,23 @@ bool ViewIndex::Entry::operator<(const Entry& other) const noexcept
     return !(other.columns < columns) && note->place < other.note->place;
 }
 
+ViewIndex::Entries& ViewIndex::changeable()
+{
+    if (entries_.use_count() > 1) entries_ = std::make_shared<Entries>(*entries_);
+    return *entries_;
+}
+
 void ViewIndex::build(const std::vector<SavedNote>& notes)
 {
-    entries_.clear();
+    Entries& entries = changeable();
+    entries.clear();
     responses_ = 0;
     for (const SavedNote& note : notes) {
         if (!view_.shows(*note)) continue;
-        entries_.push_back({view_.columnsOf(*note), note});
+        entries.push_back({view_.columnsOf(*note), note});
         responses_ += note->isResponse();
     }
-    std::sort(entries_.begin(), entries_.end());
+    std::sort(entries.begin(), entries.end());
     built_ = true;
 }
 
@@ -77,39 +84,42 @@ void ViewIndex::add(const SavedNote& note)
 {
     if (!built_ || !view_.shows(*note)) return;
     Entry entry{view_.columnsOf(*note), note};
-    entries_.insert(std::lower_bound(entries_.begin(), entries_.end(), entry), std::move(entry));
+    Entries& entries = changeable();
+    entries.insert(std::lower_bound(entries.begin(), entries.end(), entry), std::move(entry));
     responses_ += note->isResponse();
 }
 
 void ViewIndex::remove(const SavedNote& note)
 {
     const std::size_t position = positionOf(*note);
-    if (!built_ || position == entries_.size()) return;
-    entries_.erase(entries_.begin() + static_cast<std::ptrdiff_t>(position));
+    if (!built_ || position == entries().size()) return;
+    Entries& entries = changeable();
+    entries.erase(entries.begin() + static_cast<std::ptrdiff_t>(position));
     responses_ -= note->isResponse();
 }
 
 std::size_t ViewIndex::positionOf(const Note& note) const
 {
     const Columns columns = view_.columnsOf(note);
-    const auto found = std::lower_bound(entries_.begin(), entries_.end(), note, [&](const Entry& entry, const Note&) {
+    const Entries& entries = *entries_;
+    const auto found = std::lower_bound(entries.begin(), entries.end(), note, [&](const Entry& entry, const Note&) {
         if (entry.columns < columns) return true;
         return !(columns < entry.columns) && entry.note->place < note.place;
     });
-    const bool here = found != entries_.end() && found->note->place == note.place && found->columns == columns;
-    return static_cast<std::size_t>((here ? found : entries_.end()) - entries_.begin());
+    const bool here = found != entries.end() && found->note->place == note.place && found->columns == columns;
+    return static_cast<std::size_t>((here ? found : entries.end()) - entries.begin());
 }
 
-SavedNote ViewIndex::find(const Columns& wanted, bool exact) const
+SavedNote ViewIndex::find(const Entries& entries, const Columns& wanted, bool exact)
 {
     // Shorter lists come before longer ones that begin alike, so this is the
     // first entry that can match.
-    auto entry = std::lower_bound(entries_.begin(), entries_.end(), wanted,
+    auto entry = std::lower_bound(entries.begin(), entries.end(), wanted,
                                   [](const Entry& one, const Columns& columns) { return one.columns < columns; });
-    for (; entry != entries_.end() && entry->columns[0].matches(wanted[0], exact); ++entry) {
+    for (; entry != entries.end() && entry->columns[0].matches(wanted[0], exact); ++entry) {
         const bool all = std::equal(wanted.begin(), wanted.end(), entry->columns.begin(),
                                     [exact](const ColumnValue& key, const ColumnValue& own) { return own.matches(key, exact); });
-        if (all) return entry->note;
+        if (all && !entry->note->deleted) return entry->note;
     }
     return nullptr;
 }

@@ -60,19 +60,28 @@ public:
     // While the note still is as it was added.
     void remove(const SavedNote& note);
 
-    const std::vector<Entry>& entries() const noexcept { return entries_; }
+    using Entries = std::vector<Entry>;
+
+    const Entries& entries() const noexcept { return *entries_; }
+
+    // The same, to be kept as they are now.
+    std::shared_ptr<const Entries> kept() const noexcept { return entries_; }
+
     std::size_t responses() const noexcept { return responses_; }
 
     // Where the document stands; entries().size() when it is not in the view.
     std::size_t positionOf(const Note& note) const;
 
-    // The first document whose columns match; null when there is none.
-    SavedNote find(const Columns& wanted, bool exact) const;
+    // The first document whose columns match and that was not deleted meanwhile;
+    // null when there is none.
+    static SavedNote find(const Entries& entries, const Columns& wanted, bool exact);
 
 private:
     const View& view_;
+    Entries& changeable(); // those that were kept stay as they are
+
     bool built_ = false;
-    std::vector<Entry> entries_;
+    std::shared_ptr<Entries> entries_ = std::make_shared<Entries>();
     std::size_t responses_ = 0;
 };
 

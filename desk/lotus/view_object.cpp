@@ -15,10 +15,11 @@ using automation::server::IncomingCall;
 using automation::server::MemberRow;
 namespace server = automation::server;
 
-class ViewObject final : public RecordedTable<ViewObject> {
+class ViewObject final : public NotesTable<ViewObject> {
 public:
     ViewObject(Notes& notes, SharedDatabase database, const View& view)
-        : RecordedTable(notes.recorder(), L"NotesView"), notes_(notes), database_(std::move(database)), view_(view)
+        : NotesTable(notes, L"NotesView"), notes_(notes), database_(std::move(database)), view_(view),
+          seen_(index().kept())
     {
     }
     static const std::vector<MemberRow<ViewObject>>& members();
@@ -70,14 +71,15 @@ private:
         return position == 0 ? Value(automation::Object()) : at(position - 1);
     }
 
-    // The whole view is looked through, also when it is filtered.
+    // The whole view is looked through, also when it is filtered, as it was when
+    // this object was made or refreshed last.
     Value byKey(const IncomingCall& call) const
     {
         const bool exact = call.arguments.given(1) && call.arguments.truth(1);
         const Columns wanted = columnsFor(call);
         if (wanted.empty() || wanted.size() > view_.sorted.size())
             raise(numbers::notesError, L"Key array has more entries than the view has sorted columns");
-        return documentValue(notes_, database_, index().find(wanted, exact));
+        return documentValue(notes_, database_, ViewIndex::find(*seen_, wanted, exact));
     }
 
     // One value for each column, from the first on.
@@ -114,6 +116,7 @@ private:
     void refresh()
     {
         std::erase_if(found_, [](const SavedNote& note) { return note->deleted; });
+        seen_ = index().kept();
     }
 
     Value aliases() const
@@ -125,6 +128,7 @@ private:
     Notes& notes_;
     const SharedDatabase database_;
     const View& view_;
+    std::shared_ptr<const ViewIndex::Entries> seen_;
     bool filtered_ = false;
     std::vector<SavedNote> found_;
 };

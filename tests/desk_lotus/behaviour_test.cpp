@@ -59,6 +59,26 @@ TEST_F(BehaviourTest, ServerName_IsAnUnknownName_WhereTheClassHasNone)
     EXPECT_EQ(session().get(L"ServerName").text(), L"");
 }
 
+TEST_F(BehaviourTest, Identifiers_AreTheClasss_OrEachObjectsOwn)
+{
+    const auto idOf = [](const Object& object, std::wstring name) {
+        DISPID id = DISPID_UNKNOWN;
+        LPOLESTR text = name.data();
+        object.dispatch()->GetIDsOfNames(IID_NULL, &text, 1, 0, &id);
+        return id;
+    };
+    EXPECT_EQ(idOf(person(L"Durand"), L"GetItemValue"), idOf(person(L"Abel"), L"GetItemValue"));
+    notes.ask(L"identifiers own");
+    const Object durand = person(L"Durand");
+    const Object other = person(L"Abel");
+    EXPECT_NE(idOf(durand, L"GetItemValue"), idOf(other, L"GetItemValue"));
+    EXPECT_NE(idOf(durand, L"LastName"), idOf(other, L"LastName")) << "an item";
+    EXPECT_EQ(first(durand, L"LastName").text(), L"Durand");
+    EXPECT_EQ(automation::elementsOf(other.get(L"FullName")).at(0).text(), L"Ann Abel");
+    durand.put(L"LastName", L"Martin");
+    EXPECT_EQ(first(durand, L"LastName").text(), L"Martin");
+}
+
 TEST_F(BehaviourTest, PathOfALocalDatabase_IsCompleteBelowTheDataFolder_WhileItIsOpen)
 {
     EXPECT_EQ(local().get(L"FilePath").text(), L"local.nsf");
@@ -73,12 +93,14 @@ TEST_F(BehaviourTest, PathOfALocalDatabase_IsCompleteBelowTheDataFolder_WhileItI
 
 TEST_F(BehaviourTest, Store_KeepsThem)
 {
-    for (const wchar_t* request : {L"arrays typed", L"server-name off", L"data-folder C:\\Data", L"missing text"})
+    for (const wchar_t* request : {L"arrays typed", L"server-name off", L"data-folder C:\\Data", L"missing text",
+                                   L"identifiers own"})
         notes.ask(request);
     notes.load(desk::storeText(notes.model().records()));
     EXPECT_TRUE(notes.model().behaviour.typedArrays);
     EXPECT_FALSE(notes.model().behaviour.hasServerName);
     EXPECT_FALSE(notes.model().behaviour.missingItemIsArray);
+    EXPECT_TRUE(notes.model().behaviour.ownIdentifiers);
     EXPECT_EQ(notes.model().behaviour.dataFolder, L"C:\\Data");
 }
 

@@ -1,5 +1,7 @@
 #include "desk_lotus/notes_fixture.h"
 
+#include <cmath>
+
 namespace {
 
 using automation::Object;
@@ -48,7 +50,8 @@ TEST_F(DatabaseTest, MissingDatabase_IsAnObjectThatIsNotOpen_AndCannotBeUsed)
     EXPECT_EQ(missing.get(L"FilePath").text(), L"x\\y.nsf");
     EXPECT_EQ(missing.get(L"FileName").text(), L"y.nsf");
     EXPECT_EQ(missing.get(L"Title").text(), L"");
-    for (const wchar_t* member : {L"GetView", L"CreateDocument", L"GetDocumentByID", L"GetDocumentByUNID", L"IsFTIndexed"}) {
+    for (const wchar_t* member : {L"GetView", L"CreateDocument", L"GetDocumentByID", L"GetDocumentByUNID", L"IsFTIndexed",
+                                  L"LastModified"}) {
         const auto failure = failureOf([&] {
             if (std::wstring_view(member).starts_with(L"Get")) missing.get(member, {L"x"});
             else missing.get(member);
@@ -121,4 +124,22 @@ TEST_F(DatabaseTest, NoteIds_MeetInDifferentDatabases_UniversalOnesDoNot)
     const Object local = database(L"", L"local.nsf").get(L"GetDocumentByID", {L"8F6"}).object();
     EXPECT_EQ(first(local, L"LastName").text(), L"Zola");
     EXPECT_NE(local.get(L"UniversalID").text(), person(L"Durand").get(L"UniversalID").text());
+}
+
+TEST_F(DatabaseTest, LastModified_IsTheWholeSecondOfTheLastSaveOrDeletion)
+{
+    const Object found = database(L"", L"local.nsf");
+    const auto inSeconds = [&] { return found.get(L"LastModified").asDate() * 86'400; };
+    const std::wstring id = notes.ask(L"add local.nsf\nForm=Person");
+    double last = inSeconds();
+    EXPECT_NEAR(last, std::round(last), 0.01);
+    for (const std::wstring& request : {L"change " + id + L"\nForm=Memo", L"delete " + id}) {
+        Sleep(1100);
+        notes.ask(request);
+        EXPECT_GT(inSeconds(), last + 0.5) << desk::utf8(request);
+        last = inSeconds();
+    }
+    notes.ask(L"modified local.nsf 2023-03-15 12:00:00");
+    notes.ask(L"add local.nsf\nForm=Person");
+    EXPECT_EQ(found.get(L"LastModified").asDate(), 45000.5);
 }

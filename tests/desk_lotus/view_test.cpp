@@ -68,6 +68,27 @@ TEST_F(ViewTest, View_FollowsWhatIsSavedAndDeleted)
     EXPECT_EQ(firstNames(shown), L"Ann;Marc;");
 }
 
+TEST_F(ViewTest, ViewObject_IsAskedByKeyAsItWasWhenItWasMade_UntilItIsRefreshed)
+{
+    const Object shown = view(L"People");
+    const auto firstNameOf = [&](const wchar_t* key) {
+        const Object found = shown.get(L"GetDocumentByKey", {key, true}).object();
+        return found ? first(found, L"FirstName").text() : L"Nothing";
+    };
+    notes.ask(L"change 8F6@books\\contacts.nsf\nLastName=Martin\nFirstName=Marcel");
+    notes.ask(L"add books\\contacts.nsf\nForm=Person\nLastName=Baker\nFirstName=Bob");
+    notes.ask(L"delete 8FA@books\\contacts.nsf");
+    EXPECT_EQ(firstNameOf(L"Durand"), L"Marcel") << "by the key that it had, with what it has now";
+    EXPECT_EQ(firstNameOf(L"Martin"), L"Nothing");
+    EXPECT_EQ(firstNameOf(L"Baker"), L"Nothing");
+    EXPECT_EQ(firstNameOf(L"Abel"), L"Nothing") << "it was deleted";
+    EXPECT_TRUE(byKey(L"Baker")) << "another object of the view";
+    shown.call(L"Refresh");
+    EXPECT_EQ(firstNameOf(L"Durand"), L"Nothing");
+    EXPECT_EQ(firstNameOf(L"Martin"), L"Marcel");
+    EXPECT_EQ(firstNameOf(L"Baker"), L"Bob");
+}
+
 TEST_F(ViewTest, Key_IsComparedWithoutCase_ExactlyOrByItsBeginning)
 {
     EXPECT_TRUE(byKey(L"durand", true));
