@@ -4,6 +4,7 @@
 #include "common/phone_number.h"
 #include "lotus/documents.h"
 #include "lotus/log_document.h"
+#include "lotus/open_books.h"
 #include "lotus/search.h"
 
 namespace {
@@ -32,6 +33,12 @@ void fill(const Object& document, const LotusAddressBook& book, const NewContact
     appendItem(document, book.FullName, contact.firstName + L" " + contact.lastName);
 }
 
+void save(const LotusSession& session, const LotusAddressBook& book, const Object& document)
+{
+    openBooks(session)->changed(book);
+    document.call(L"save", {true, true});
+}
+
 void logNewContact(LotusSession& session, const NewContact& contact)
 {
     WriteLotusLog(session, L"Create contact " + contact.number + L" " + contact.lastName + L" " + contact.firstName);
@@ -50,7 +57,7 @@ std::wstring CreateContactDocument(LotusSession& session, const std::wstring& Nu
         const Object document = database.get(L"CREATEDOCUMENT").object();
         fill(document, book, {Number, LastName, FirstName});
         if (Show) openDocument(book, document, true);
-        else document.call(L"save", {true, true});
+        else save(session, book, document);
         noteId = document.get(L"NoteId").text();
     });
     return noteId;

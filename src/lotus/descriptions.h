@@ -12,6 +12,8 @@ struct LotusBaseRef {
     std::wstring MainView;
     std::wstring ViewTel;  // keyed by telephone number
     std::wstring ViewMail; // keyed by mail address
+
+    bool operator==(const LotusBaseRef&) const = default;
 };
 
 // An address book; the names are those of the items in a person's document.
@@ -24,6 +26,8 @@ struct LotusAddressBook : LotusBaseRef {
     std::vector<std::wstring> MailAddress;
     std::wstring Form;     // the values of a person document's "Form" and "Type"
     std::wstring TypeForm;
+
+    bool operator==(const LotusAddressBook&) const = default;
 };
 
 // The call history; the names are those of the items in a call's document.

@@ -4,6 +4,7 @@
 #include "common/error_trap.h"
 #include "common/phone_number.h"
 #include "common/text.h"
+#include "lotus/open_books.h"
 #include "lotus/search.h"
 
 namespace {
@@ -50,14 +51,21 @@ void appendCall(const LotusSession& session, const Object& document, const CallL
 }
 
 // Only a user who has the history in front sees a difference.
-void refreshView(const Object& history)
+void refreshFront(const Object& workspace, const Object& history)
 {
-    const Object workspace = notesWorkspace();
     const Object front = workspace.get(L"CurrentDatabase").object();
     if (!front) return;
     const Object database = front.get(L"Database").object();
     if (lowerCase(database.get(L"FileName").text()) == lowerCase(history.get(L"FileName").text()))
         workspace.call(L"VIEWREFRESH");
+}
+
+void refreshView(const LotusSession& session, const Object& history)
+{
+    const std::shared_ptr<OpenBooks> open = openBooks(session);
+    const Object workspace = open->takeWorkspace();
+    refreshFront(workspace, history);
+    open->giveBack(workspace);
 }
 
 }
@@ -77,7 +85,7 @@ std::wstring CreateHistoryDocument(LotusSession& session, const Object& Item)
         appendCall(session, document, items, Item);
         document.call(L"save", {true, true});
         noteId = document.get(L"NoteId").text();
-        refreshView(history);
+        refreshView(session, history);
     });
     return noteId;
 }

@@ -10,8 +10,11 @@
 #include "lotus/descriptions.h"
 
 #include <cstdint>
+#include <memory>
 #include <string>
 #include <vector>
+
+class OpenBooks;
 
 struct LotusSession {
     LotusSession(Host& host, GroupwareState& groupware, const Dictionary& dictionary)
@@ -38,6 +41,7 @@ struct LotusSession {
 
     std::int16_t nbPublicAddressBook = 0;            // address books described in the ini file
     std::vector<LotusAddressBook> LotusAddressBooks; // those that are searched, in search order
+    std::shared_ptr<OpenBooks> openBooks;            // of the event or walk under way, if there is one
     std::int16_t nSelectedPersonal = -1;             // index of the first personal one, -1 for none
     bool bShowGrpwAgenda = false;                    // group calendars may be shown
     bool bPopUpGrpwAgenda = false;                   // and are, for a forwarded call

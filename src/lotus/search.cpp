@@ -4,10 +4,12 @@
 #include "common/phone_number.h"
 #include "lotus/documents.h"
 #include "lotus/log_document.h"
+#include "lotus/open_books.h"
 
 #include <windows.h>
 
 #include <algorithm>
+#include <functional>
 
 namespace {
 
@@ -32,15 +34,11 @@ bool filterView(const Object& view, const std::wstring& query)
     return !query.empty() && view.get(L"FTSearch", {query, std::int16_t{1}}).int32() != 0;
 }
 
-// The first document for one of the values, in their order: through the view
-// with that key where the book has one, else by full-text search, which finds
-// nobody by a value that no query can say.
-Object findDocument(const Object& database, const std::wstring& keyView, const std::wstring& mainView,
-                    const std::vector<std::wstring>& items, const std::vector<std::wstring>& values)
+// The first document of the view for one of the values, in their order: by its key,
+// or by full-text search, which finds nobody by a value that no query can say.
+Object findDocument(const Object& view, bool isKeyed, const std::vector<std::wstring>& items,
+                    const std::vector<std::wstring>& values)
 {
-    const bool isKeyed = !keyView.empty();
-    if (!isKeyed && mainView.empty()) return Object();
-    const Object view = database.get(L"GetView", {isKeyed ? keyView : mainView}).object();
     if (!view) return Object();
     for (const std::wstring& value : values) {
         if (isKeyed) {
@@ -50,6 +48,28 @@ Object findDocument(const Object& database, const std::wstring& keyView, const s
         }
     }
     return Object();
+}
+
+// By telephone number, through the view that is open of the book.
+Object findDocument(const Object& view, const LotusAddressBook& book, const std::vector<std::wstring>& numbers)
+{
+    return findDocument(view, !book.ViewTel.empty(), book.PhoneNumber, numbers);
+}
+
+// What is open may have gone, with its database or with all of Notes: then everything
+// is opened anew, as if nothing had been open.
+void askBook(const LotusSession& session, const LotusAddressBook& book, const std::function<void(OpenBook&)>& ask)
+{
+    const std::shared_ptr<OpenBook> open = openBooks(session)->book(session, book);
+    bool isAnswered = false;
+    if (open->isOpen())
+        trapErrors(L"askBook", [&] {
+            ask(*open);
+            isAnswered = true;
+        });
+    if (isAnswered) return;
+    open->close();
+    ask(*open);
 }
 
 // The number without separators, then as it is; once where both are the same.
@@ -67,6 +87,31 @@ void readPerson(const Object& document, const LotusAddressBook& book, LotusPerso
     person.FullName = firstItemValue(document, book.FullName);
     person.Mail = FirstNonEmptyItemValue(document, book.MailAddress);
     person.NoteId = document.get(L"NoteId").text();
+}
+
+// Whoever has the number in the book, as it tells now or did a moment ago; a
+// document only where one is wanted, for the user may have changed it meanwhile.
+// What has been read of that very document is not read again.
+bool findPerson(const LotusSession& session, OpenBook& open, const std::wstring& number, LotusPerson& person,
+                Object* document)
+{
+    const Object view = open.view(session);
+    if (!view) return false;
+    const std::optional<LotusPerson>* const known = open.answer(number);
+    if (known && !document) {
+        if (*known) person = **known;
+        return known->has_value();
+    }
+    const Object found = findDocument(view, open.description(), writings(number));
+    if (!found) {
+        open.remember(number, std::nullopt);
+        return false;
+    }
+    if (known && *known && (*known)->NoteId == found.get(L"NoteId").text()) person = **known;
+    else readPerson(found, open.description(), person);
+    open.remember(number, person);
+    if (document) *document = found;
+    return true;
 }
 
 // A copy that is open already is closed after the new one has opened, so that
@@ -115,11 +160,14 @@ bool SearchInPublicAdressBook(LotusSession& session, const LotusAddressBook& Boo
     if (!session.LotusReady) return false;
     bool found = false;
     const auto search = [&] {
-        const Object database = notesDatabase(session, Book);
-        const Object document =
-            findDocument(database, Book.ViewTel, Book.MainView, Book.PhoneNumber, writings(Number));
-        if (!document) return;
-        readPerson(document, Book, person);
+        const LotusPerson before = person;
+        Object document;
+        bool isKnown = false;
+        askBook(session, Book, [&](OpenBook& open) {
+            person = before;
+            isKnown = findPerson(session, open, Number, person, Show ? &document : nullptr);
+        });
+        if (!isKnown) return;
         if (Show) showOnce(Book, document);
         found = true;
     };
@@ -148,7 +196,11 @@ bool SearchInPublicAdressBookByMail(LotusSession& session, const std::wstring& M
     bool found = false;
     const auto search = [&] {
         const Object database = notesDatabase(session, Book);
-        const Object document = findDocument(database, Book.ViewMail, Book.MainView, Book.MailAddress, {Mail});
+        const bool isKeyed = !Book.ViewMail.empty();
+        const std::wstring& name = isKeyed ? Book.ViewMail : Book.MainView;
+        if (name.empty()) return;
+        const Object view = database.get(L"GetView", {name}).object();
+        const Object document = findDocument(view, isKeyed, Book.MailAddress, {Mail});
         if (!document) return;
         LastName = firstItemValue(document, Book.LastName);
         FirstName = firstItemValue(document, Book.FirstName);
@@ -177,9 +229,11 @@ std::wstring FindNoteIdInPersonalBook(const LotusSession& session, const std::ws
     if (!session.LotusReady || session.nSelectedPersonal == -1) return noteId;
     trapErrors(L"FindNoteIdInPersonalBook", [&] {
         const LotusAddressBook book = session.LotusAddressBooks.at(session.nSelectedPersonal);
-        const Object database = notesDatabase(session, book);
-        const Object document = findDocument(database, book.ViewTel, book.MainView, book.PhoneNumber, {Number});
-        if (document) noteId = document.get(L"NoteId").text();
+        askBook(session, book, [&](OpenBook& open) {
+            open.forget(); // somebody may have saved the contact just now: it must not be made twice
+            const Object document = findDocument(open.view(session), book, {Number});
+            if (document) noteId = document.get(L"NoteId").text();
+        });
     });
     return noteId;
 }

@@ -1,6 +1,7 @@
 #include "common/error_trap.h"
 #include "common/phone_number.h"
 #include "lotus/contacts.h"
+#include "lotus/open_books.h"
 #include "lotus/search.h"
 #include "outlook/contact_lookup.h"
 #include "outlook/contacts.h"
@@ -37,6 +38,7 @@ void PavexInterface::adressbookPavex_OnRepertoryNewEntry(const Object& eltEntry)
 void PavexInterface::InsertRepertory()
 {
     if (!lotus_.LotusReady && !outlook_.bOutlookInit) return;
+    const BooksKeptOpen books(lotus_);
     host_.WriteLog(L"Start repertory Synchronisation ");
     trapErrors(L"InsertRepertory", [&] { host_.WriteLog(walkRepertory()); },
                [&] { host_.WriteLog(L"Pb In Repertory Synchronisation"); });

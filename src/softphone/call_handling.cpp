@@ -1,6 +1,7 @@
 #include "common/error_trap.h"
 #include "lotus/calendars.h"
 #include "lotus/contacts.h"
+#include "lotus/open_books.h"
 #include "lotus/phone_message.h"
 #include "outlook/callback_mail.h"
 #include "outlook/contact_lookup.h"
@@ -19,6 +20,7 @@ constexpr const wchar_t* forwarded = L"TI_LINESTATECAUSE_FORWARD";
 void PavexInterface::LineObj_OnLineNewCall(const automation::Object& ccall)
 {
     const AnswersOfOneEvent answers(outlook_);
+    const BooksKeptOpen books(lotus_);
     trapErrors(L"LineObj_OnLineNewCall", [&] {
         const std::wstring number = ccall.get(L"Number").text();
         gPhoneNumberCalled = number;

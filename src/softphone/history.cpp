@@ -1,26 +1,29 @@
 #include "common/error_trap.h"
 #include "lotus/history.h"
+#include "lotus/open_books.h"
 #include "outlook/journal.h"
 #include "softphone/pavex_interface.h"
 #include "softphone/softphone_members.h"
 
 using automation::Object;
 
-void PavexInterface::SetHistoItemOutlook(const Object& histoObj, bool bnewContact)
+void PavexInterface::SetHistoItemOutlook(const Object& histoObj, bool bnewContact, const std::wstring& id)
 {
     trapErrors(L"SetHistoItemOutlook", [&] {
         const std::wstring entryId = CreateOutlookHistoItem(outlook_, histoObj, bnewContact);
         if (entryId.empty()) return;
-        insertId(hashID, entryId, historyIdOf(histoObj), MapApplication::outlook, MapCollection::history);
+        insertId(hashID, entryId, id.empty() ? historyIdOf(histoObj) : id, MapApplication::outlook,
+                 MapCollection::history);
     });
 }
 
-void PavexInterface::SetHistoItemLotus(const Object& histoObj)
+void PavexInterface::SetHistoItemLotus(const Object& histoObj, const std::wstring& id)
 {
     trapErrors(L"SetHistoItemLotus", [&] {
         const std::wstring noteId = CreateHistoryDocument(lotus_, histoObj);
         if (noteId.empty()) return;
-        insertId(hashID, noteId, historyIdOf(histoObj), MapApplication::lotus, MapCollection::history);
+        insertId(hashID, noteId, id.empty() ? historyIdOf(histoObj) : id, MapApplication::lotus,
+                 MapCollection::history);
     });
 }
 
@@ -36,6 +39,7 @@ void PavexInterface::histo_OnHistoricNewItem(const Object& item)
 void PavexInterface::InitHisto()
 {
     if (!lotus_.LotusReady && !outlook_.bOutlookInit) return;
+    const BooksKeptOpen books(lotus_);
     host_.WriteLog(L"start History Synchronisation ");
     trapErrors(L"InitHisto", [&] { host_.WriteLog(walkHistory()); },
                [&] { host_.WriteLog(L"Pb in History Synchronisation"); });
@@ -61,11 +65,11 @@ void PavexInterface::mirrorHistoryItem(const Object& item)
 {
     const std::wstring id = historyIdOf(item);
     if (lotus_.LotusReady && mappedId(hashID, id, MapApplication::lotus).empty()) {
-        SetHistoItemLotus(item);
+        SetHistoItemLotus(item, id);
         host_.pause(host_.configuration().tempo);
     }
     if (outlook_.bOutlookInit && mappedId(hashID, id, MapApplication::outlook).empty()) {
-        SetHistoItemOutlook(item, host_.configuration().bgSetNewContact);
+        SetHistoItemOutlook(item, host_.configuration().bgSetNewContact, id);
         host_.pause(host_.configuration().tempo);
     }
 }

@@ -73,11 +73,12 @@ public:
 
     // Mirrors the softphone's call history: every item that is not mapped yet
     // becomes a journal item, a history document. `bnewContact` lets a journal
-    // item's creation make a contact for an unknown party.
+    // item's creation make a contact for an unknown party. `id` is the item's
+    // identifier where it is known already.
     void InitHisto();
     void histo_OnHistoricNewItem(const automation::Object& item);
-    void SetHistoItemOutlook(const automation::Object& histoObj, bool bnewContact);
-    void SetHistoItemLotus(const automation::Object& histoObj);
+    void SetHistoItemOutlook(const automation::Object& histoObj, bool bnewContact, const std::wstring& id = L"");
+    void SetHistoItemLotus(const automation::Object& histoObj, const std::wstring& id = L"");
 
     automation::Object UserObj;
     bool bInitConnector = false;          // InitConnector is running

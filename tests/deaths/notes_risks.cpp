@@ -55,8 +55,8 @@ private:
     std::wstring open_;
 };
 
-// Follows which number is being looked for in the personal book, from the
-// opening of the book on until the document is known or missing.
+// Follows which number is being looked for in the personal book, from the opening of
+// the book or of its view on until the document is known or missing.
 class LookUps {
 public:
     explicit LookUps(const Calls& calls) : calls_(calls) {}
@@ -64,25 +64,31 @@ public:
     std::wstring at(std::size_t index, bool copiesACall)
     {
         const PartnerCall& call = calls_[preparedBy(calls_, index)];
-        if (call.member == L"NotesSession.GetDatabase") number_ = copiesACall ? L"" : nextKey(index);
-        else if (!call.isOf(L"NotesDatabase") && !call.isOf(L"NotesView") && !identifies(call)) number_.clear();
+        if (opensOrAsks(call)) number_ = copiesACall ? L"" : nextKey(index);
+        else if (!identifies(call)) number_.clear();
         return number_;
     }
 
 private:
+    static bool opensOrAsks(const PartnerCall& call)
+    {
+        return call.member == L"NotesSession.GetDatabase" || call.isOf(L"NotesDatabase") || call.isOf(L"NotesView");
+    }
+
     static bool identifies(const PartnerCall& call)
     {
         return call.member == L"NotesDocument.NoteID" || call.member == L"NotesDocument.NoteId";
     }
 
-    // The key that is asked for in the book that is opened here; "" when the book
-    // is opened for something else.
+    // The key that is asked for in the book that is opened here, or is open; "" when
+    // the book is opened for something else.
     std::wstring nextKey(std::size_t from) const
     {
         while (calls_[from].isLookUp()) ++from;
-        for (std::size_t index = from + 1; index < calls_.size(); ++index) {
+        for (std::size_t index = from; index < calls_.size(); ++index) {
             const PartnerCall& call = calls_[index];
-            if (call.member == L"NotesSession.GetDatabase" || call.member == L"NotesDatabase.CreateDocument") return L"";
+            if (index != from && call.member == L"NotesSession.GetDatabase") return L"";
+            if (call.member == L"NotesDatabase.CreateDocument") return L"";
             if (!call.is(L"NotesView.GetDocumentByKey", L"method")) continue;
             const std::size_t begin = call.arguments.find(L'"') + 1;
             return call.arguments.substr(begin, call.arguments.find(L'"', begin) - begin);

@@ -41,6 +41,41 @@ TEST_F(NotesCall, KnownCaller_IsShownInNotes_AndPublished)
     EXPECT_EQ(environment(L"CTI_InfoLastCall_docid"), L"8FA");
 }
 
+TEST_F(NotesCall, KnownCaller_CostsOneOpeningOfTheBook_AndOneReadingOfTheNames)
+{
+    startWithNotesOnly();
+    ring({.party = {L"4711", L"", L""}, .incoming = true, .destinationNumber = L""});
+    ASSERT_EQ(openNotes(), Lines{L"Claire Petit/Acme read"});
+    EXPECT_EQ(outlookCalls.count(L"NotesSession.GetDatabase method"), 1u);
+    EXPECT_EQ(outlookCalls.count(L"NotesDatabase.GetView method"), 1u);
+    EXPECT_EQ(outlookCalls.count(L"NotesView.GetDocumentByKey method"), 2u) << "the document is asked for each time";
+    EXPECT_EQ(outlookCalls.count(L"NotesDocument.GetItemValue method"), 4u);
+    outlookCalls.clear();
+    ring({.party = {L"4711", L"", L""}, .incoming = true, .destinationNumber = L""});
+    EXPECT_EQ(outlookCalls.count(L"NotesSession.GetDatabase method"), 1u) << "nothing is kept for the next call";
+}
+
+TEST_F(NotesCall, ForwardedCall_AsksForEachNumberOnce_BeforeTheCallerIsShown)
+{
+    startWithNotesOnly();
+    ring({.party = {L"0123", L"", L""}, .incoming = true, .destinationNumber = L"4711"});
+    ASSERT_EQ(openNotes(), (Lines{L"Marc Durand edit", L"Sales read", L"Marc Durand/Acme read"}));
+    EXPECT_EQ(outlookCalls.count(L"NotesDatabase.GetView method"), 2u) << "the book, and the calendars";
+    EXPECT_EQ(outlookCalls.count(L"NotesView.GetDocumentByKey method"), 3u);
+}
+
+TEST_F(NotesCall, ObjectsWithIdentifiersOfTheirOwn_AreEachLookedUpForThemselves)
+{
+    notes.ask(L"identifiers own");
+    startWithNotesOnly();
+    for (int times = 0; times < 2; ++times) {
+        notes.ask(L"close-windows");
+        ring({.party = {L"0123", L"", L""}, .incoming = true, .destinationNumber = L"4711"});
+        EXPECT_EQ(openNotes(), (Lines{L"Marc Durand edit", L"Sales read", L"Marc Durand/Acme read"}));
+        EXPECT_EQ(environment(L"CTI_InfoLastCall_docid"), L"8FA");
+    }
+}
+
 TEST_F(NotesCall, Stranger_IsPublishedAsNobody_TheOtherTwoVariablesStay)
 {
     startWithNotesOnly();

@@ -52,6 +52,53 @@ TEST_F(NotesSynchronisation, NewEntry_BecomesAContactInEach_NotesFirst_WithOneCo
     EXPECT_EQ(host.pauses, (std::vector<std::int32_t>{200, 200, 20}));
 }
 
+TEST_F(NotesSynchronisation, ObjectsWithIdentifiersOfTheirOwn_AreMirroredAsAnyOther)
+{
+    notes.ask(L"identifiers own");
+    host.settings.bgWithOutlook = false;
+    entry(1, L"01.23.45", L"Durand", L"Marc");
+    entry(2, L"47 11", L"Petit", L"Claire");
+    for (int low = 1; low < 4; ++low) pastCall(low, low == 3 ? L"99" : L"4711");
+    start();
+    EXPECT_EQ(noteField(L"Person", 2, L"FullName"), L"Claire Petit") << "known in the other book only";
+    EXPECT_EQ(noteField(L"Person", 3, L"FullName"), L"Marc Durand");
+    EXPECT_EQ(noteCount(L"Call"), 3u);
+    EXPECT_EQ(noteField(L"Call", 0, L"InfoSupdocNoteId"), L"8FA");
+    EXPECT_EQ(noteField(L"Call", 1, L"InfoSupdocNoteId"), L"8FA");
+    EXPECT_EQ(noteField(L"Call", 2, L"LastName"), L"Name");
+    EXPECT_EQ(noteField(L"Call", 2, L"TypeCall"), L"Incoming call answered");
+    EXPECT_EQ(mapped(L"2.1", 1), noteField(L"Person", 3, L"@NoteID"));
+}
+
+TEST_F(NotesSynchronisation, PersonAddedDuringTheWalk_IsLinkedInTheCallsThatFollow)
+{
+    host.settings.bgWithOutlook = false;
+    for (int low = 1; low < 5; ++low) pastCall(low, L"0777");
+    host.onPause = [&] {
+        if (noteCount(L"Call") == 2 && noteCount(L"Person") == 2)
+            notes.ask(L"add names.nsf\nForm=Person\nLastName=New\nPhone=0777");
+        host.time += 2.5 / 86'400;
+    };
+    start();
+    EXPECT_EQ(noteField(L"Call", 1, L"LastName"), L"Name") << "as the softphone has it";
+    EXPECT_EQ(noteField(L"Call", 2, L"LastName"), L"New");
+    EXPECT_EQ(noteField(L"Call", 3, L"LastName"), L"New");
+}
+
+TEST_F(NotesSynchronisation, CallsOfOneNumber_AskTheBooksForItOnce)
+{
+    host.settings.bgWithOutlook = false;
+    for (int low = 1; low < 6; ++low) pastCall(low, L"4711");
+    host.settings.bgWithHisto = false;
+    start();
+    host.settings.bgWithHisto = true;
+    link.InitHisto();
+    EXPECT_EQ(noteCount(L"Call"), 5u);
+    EXPECT_EQ(noteField(L"Call", 4, L"LastName"), L"Petit");
+    EXPECT_EQ(outlookCalls.count(L"NotesView.GetDocumentByKey method"), 1u);
+    EXPECT_EQ(outlookCalls.count(L"NotesUIWorkspace.CurrentDatabase lookup"), 1u);
+}
+
 TEST_F(NotesSynchronisation, EntryMappedForNotesOnly_OnlyOutlookWorksOnIt)
 {
     entry(1, L"0123", L"Durand", L"Marc");

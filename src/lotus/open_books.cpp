@@ -1,0 +1,162 @@
+#include "lotus/open_books.h"
+
+#include "common/error_trap.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace {
+
+using automation::Object;
+
+constexpr DATE second = 1.0 / 86'400;
+
+// A search that took place so long ago might as well be this one.
+constexpr DATE moment = 2 * second;
+
+// What a book does not say of itself: that its file was replaced, that its view was
+// designed anew or its index brought up to date.
+constexpr DATE longest = 300 * second;
+
+// The clock may have been set meanwhile.
+bool isWithin(DATE duration, DATE since, DATE now)
+{
+    return now >= since && now - since <= duration;
+}
+
+const std::wstring& viewName(const LotusBaseRef& book)
+{
+    return book.ViewTel.empty() ? book.MainView : book.ViewTel;
+}
+
+Object viewOf(const Object& database, const LotusBaseRef& book)
+{
+    return database.get(L"GetView", {viewName(book)}).object();
+}
+
+}
+
+Object OpenBook::view(const LotusSession& session)
+{
+    if (viewName(description_).empty()) {
+        notesDatabase(session, description_);
+        return Object();
+    }
+    if (!holds(session.host.now())) open(session);
+    return view_;
+}
+
+// A view object shows later changes when it is refreshed or made anew (vendor's
+// help, "NotesView class"); a full-text index follows at its own pace.
+bool OpenBook::holds(DATE now)
+{
+    if (!view_ || !isWithin(longest, databaseOpenedAt_, now)) return false;
+    if (isWithin(moment, confirmedAt_, now)) return true;
+    return !description_.ViewTel.empty() && isUnchanged(now);
+}
+
+// The book tells the second of its last change (vendor's help, "LastModified
+// property"). A further change in that second does not show, so the view must have
+// been opened when it was over.
+bool OpenBook::isUnchanged(DATE now)
+{
+    std::optional<DATE> modified;
+    trapErrors(L"OpenBook::isUnchanged", [&] { modified = database_.get(L"LastModified").asDate(); });
+    if (!modified || modified != modified_) {
+        modified_ = modified;
+        modifiedSeenAt_ = now;
+        return false;
+    }
+    if (viewOpenedAt_ < modifiedSeenAt_ + moment) return false;
+    confirmedAt_ = now;
+    return true;
+}
+
+// Through the database that is open, if it still answers.
+void OpenBook::open(const LotusSession& session)
+{
+    forget();
+    const DATE now = session.host.now();
+    if (!isWithin(longest, databaseOpenedAt_, now)) close();
+    if (database_) trapErrors(L"OpenBook::open", [&] { view_ = viewOf(database_, description_); });
+    if (!view_) openDatabase(session, now);
+    viewOpenedAt_ = confirmedAt_ = now;
+}
+
+// Notes also gives an object for a database that it could not open: one is kept
+// once it has answered.
+void OpenBook::openDatabase(const LotusSession& session, DATE now)
+{
+    close();
+    const Object database = notesDatabase(session, description_);
+    view_ = viewOf(database, description_);
+    if (!view_) return;
+    database_ = database;
+    databaseOpenedAt_ = now;
+}
+
+const std::optional<LotusPerson>* OpenBook::answer(const std::wstring& number) const
+{
+    const auto found = answers_.find(number);
+    return found == answers_.end() ? nullptr : &found->second;
+}
+
+void OpenBook::remember(const std::wstring& number, std::optional<LotusPerson> person)
+{
+    answers_.insert_or_assign(number, std::move(person));
+}
+
+void OpenBook::forget()
+{
+    view_ = Object();
+    answers_.clear();
+}
+
+void OpenBook::close()
+{
+    forget();
+    database_ = Object();
+}
+
+std::shared_ptr<OpenBook> OpenBooks::book(const LotusSession& session, const LotusAddressBook& description)
+{
+    if (session.NotesSession.dispatch() != session_.dispatch()) closeAll();
+    session_ = session.NotesSession;
+    const auto known = std::find_if(books_.begin(), books_.end(),
+                                    [&](const auto& book) { return book->description() == description; });
+    if (known != books_.end()) return *known;
+    return books_.emplace_back(std::make_shared<OpenBook>(description));
+}
+
+void OpenBooks::changed(const LotusBaseRef& base)
+{
+    for (const auto& book : books_)
+        if (book->description().Server == base.Server && book->description().Base == base.Base) book->forget();
+}
+
+void OpenBooks::closeAll()
+{
+    books_.clear();
+    workspace_ = Object();
+}
+
+Object OpenBooks::takeWorkspace()
+{
+    const Object workspace = std::exchange(workspace_, Object());
+    return workspace ? workspace : notesWorkspace();
+}
+
+std::shared_ptr<OpenBooks> openBooks(const LotusSession& session)
+{
+    return session.openBooks ? session.openBooks : std::make_shared<OpenBooks>();
+}
+
+BooksKeptOpen::BooksKeptOpen(LotusSession& session) : session_(session), isOutermost_(!session.openBooks)
+{
+    if (isOutermost_) session_.openBooks = std::make_shared<OpenBooks>();
+}
+
+BooksKeptOpen::~BooksKeptOpen()
+{
+    if (isOutermost_) session_.openBooks.reset();
+}

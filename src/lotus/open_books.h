@@ -1,0 +1,91 @@
+// What one search in the address books has opened and found out, for the next one.
+//
+// An event asks for each of its parties several times, a walk over the call history
+// for a few hundred numbers again and again. Nothing is kept beyond the event or the
+// walk: an open database is in the way of whoever looks after it. And nothing serves
+// that is older than two seconds, unless the book says that it has not changed since.
+#pragma once
+
+#include "lotus/search.h"
+
+#include <map>
+#include <memory>
+#include <optional>
+#include <vector>
+
+// One address book, as it is searched by telephone number.
+class OpenBook {
+public:
+    explicit OpenBook(const LotusAddressBook& description) : description_(description) {}
+
+    const LotusAddressBook& description() const noexcept { return description_; }
+    bool isOpen() const noexcept { return static_cast<bool>(database_); }
+
+    // The view that is searched, opened where it must be; empty when the book has
+    // none of that name. Throws AutomationError.
+    automation::Object view(const LotusSession& session);
+
+    // Who has a number, as the view has told: nobody is an answer too. Null when it
+    // was not asked. To be asked for after `view`, which forgets what may be stale.
+    const std::optional<LotusPerson>* answer(const std::wstring& number) const;
+    void remember(const std::wstring& number, std::optional<LotusPerson> person);
+
+    // What the view has shown does not hold any more, or nothing at all does.
+    void forget();
+    void close();
+
+private:
+    bool holds(DATE now);
+    bool isUnchanged(DATE now);
+    void open(const LotusSession& session);
+    void openDatabase(const LotusSession& session, DATE now);
+
+    const LotusAddressBook description_;
+    automation::Object database_;
+    automation::Object view_;
+    DATE databaseOpenedAt_ = 0;
+    DATE viewOpenedAt_ = 0;
+    DATE confirmedAt_ = 0;         // when the view was known last to show the book as it is
+    std::optional<DATE> modified_; // when the book was changed last, as it says
+    DATE modifiedSeenAt_ = 0;      // when it said so first
+    std::map<std::wstring, std::optional<LotusPerson>> answers_;
+};
+
+class OpenBooks {
+public:
+    // The book of that description, open or not. All are closed when the session is
+    // another one than they were opened in.
+    std::shared_ptr<OpenBook> book(const LotusSession& session, const LotusAddressBook& description);
+
+    // A document was saved in the database.
+    void changed(const LotusBaseRef& base);
+
+    void closeAll();
+
+    // A front-end object that has served before, or a new one. The caller gives it
+    // back once it has served again: one of a Notes that has gone serves nobody.
+    automation::Object takeWorkspace();
+    void giveBack(const automation::Object& workspace) { workspace_ = workspace; }
+
+private:
+    automation::Object session_;
+    automation::Object workspace_;
+    std::vector<std::shared_ptr<OpenBook>> books_;
+};
+
+// Those of the event or walk under way; without one, new ones that nobody keeps.
+std::shared_ptr<OpenBooks> openBooks(const LotusSession& session);
+
+// While one lives, what a search has opened and found serves the next. An event
+// within a walk's message box uses the walk's.
+class BooksKeptOpen {
+public:
+    explicit BooksKeptOpen(LotusSession& session);
+    ~BooksKeptOpen();
+    BooksKeptOpen(const BooksKeptOpen&) = delete;
+    BooksKeptOpen& operator=(const BooksKeptOpen&) = delete;
+
+private:
+    LotusSession& session_;
+    const bool isOutermost_;
+};

@@ -1,0 +1,360 @@
+// What the address books' databases, views and answers are kept for, and for how long.
+#include "lotus/open_books.h"
+
+#include "automation/array.h"
+#include "automation/server/dispatch.h"
+#include "lotus/contacts.h"
+#include "lotus/search.h"
+#include "lotus_fixture.h"
+
+#include <optional>
+
+namespace {
+
+using Lines = std::vector<std::wstring>;
+
+constexpr DATE noon = 45000.5;
+constexpr const wchar_t* ownBook = L"names.nsf";
+constexpr const wchar_t* company = L"CN=Mail1/O=Acme!!books\\company.nsf";
+constexpr const wchar_t* durand = L"Form=Person\nLastName=Durand\nFirstName=Marc\nFullName=Marc Durand\n"
+                                  L"OfficePhoneNumber=014567\nMailAddress=marc@acme.fr\n";
+constexpr const wchar_t* abel = L"Form=Person\nLastName=Abel\nFirstName=Ann\nOfficePhoneNumber=014567\n";
+
+// Book 1, keyed, has Marc Durand; book 2 is searched by full text.
+class LotusOpenBooks : public LotusTest {
+protected:
+    LotusOpenBooks()
+    {
+        marc = add(ownBook, durand);
+        ready();
+        savedAt(0);
+    }
+
+    // The clock of this machine.
+    void later(double seconds) { host.time += seconds / 86'400; }
+
+    // What the books tell of their last change, in seconds of another clock.
+    void savedAt(int second)
+    {
+        const std::wstring time = L" 2023-03-15 09:00:" + std::wstring(second < 10 ? L"0" : L"") + std::to_wstring(second);
+        notes.ask(std::wstring(L"modified ") + ownBook + time);
+        notes.ask(std::wstring(L"modified ") + company + time);
+    }
+
+    // The last name of whoever has the number, "" for nobody.
+    std::wstring search(const std::wstring& number, bool show = false)
+    {
+        LotusPerson person;
+        LotusAddressBook book;
+        return SearchByNumber(session, number, person, show, L"", book) ? person.LastName : L"";
+    }
+
+    // Two searches so long apart that the view was opened after the second in which
+    // the book was changed.
+    void settle()
+    {
+        for (int times = 0; times < 3; ++times) {
+            search(L"014567");
+            later(2.5);
+        }
+    }
+
+    // The calls to Notes of a search.
+    Lines callsOf(const std::wstring& number, bool show = false)
+    {
+        forgetCalls();
+        search(number, show);
+        return record();
+    }
+
+    std::wstring lastLogLine()
+    {
+        const std::wstring body = field(documents(L"log.nsf").back(), L"Text");
+        return body.substr(body.rfind(L'\n'));
+    }
+
+    std::wstring marc;
+};
+
+const std::wstring byKey = L"NotesView.GetDocumentByKey method (BSTR \"014567\", BOOL True)";
+const std::wstring asksWhenModified = L"NotesDatabase.LastModified get ()";
+
+}
+
+TEST_F(LotusOpenBooks, OutsideAnEventOrWalk_EverySearchOpensItsBookAnew)
+{
+    const Lines first = callsOf(L"014567");
+    EXPECT_EQ(callsOf(L"014567"), first);
+    EXPECT_EQ(calls(L"NotesSession.GetDatabase method"), 1u);
+    EXPECT_EQ(automation::server::Dispatch::live(), 4) << "session, log and history database, log document";
+}
+
+TEST_F(LotusOpenBooks, SecondSearchOfAnEvent_AsksTheOpenViewForTheDocument_AndReadsItsNamesNoMore)
+{
+    const BooksKeptOpen kept(session);
+    search(L"014567");
+    EXPECT_EQ(callsOf(L"014567", true),
+              (Lines{byKey, L"NotesDocument.NoteID get ()", L"NotesUIWorkspace.CurrentDocument get ()",
+                     L"NotesUIWorkspace.OpenDatabase method (BSTR \"\", BSTR \"names.nsf\")",
+                     L"NotesUIWorkspace.EditDocument method (BOOL False, DISPATCH)"}));
+    EXPECT_EQ(calls(L"NotesView.GetDocumentByKey lookup"), 0u);
+}
+
+TEST_F(LotusOpenBooks, SecondSearchForTheNamesOnly_AsksNothing_OfNobodyNeither)
+{
+    const BooksKeptOpen kept(session);
+    search(L"014567");
+    search(L"099");
+    EXPECT_EQ(callsOf(L"014567"), Lines{});
+    EXPECT_EQ(callsOf(L"099"), Lines{});
+    EXPECT_EQ(search(L"014567"), L"Durand");
+    EXPECT_EQ(search(L"099"), L"");
+}
+
+TEST_F(LotusOpenBooks, DocumentThatIsShown_IsAsItIsThen)
+{
+    const BooksKeptOpen kept(session);
+    search(L"014567");
+    notes.ask(L"change " + marc + L"\nFirstName=Marcel");
+    EXPECT_EQ(search(L"014567", true), L"Durand");
+    const automation::Object shown = notesWorkspace().get(L"CurrentDocument").object().get(L"Document").object();
+    EXPECT_EQ(shown.get(L"FirstName").type() & VT_ARRAY, VT_ARRAY);
+    EXPECT_EQ(automation::elementsOf(shown.get(L"FirstName")).at(0).text(), L"Marcel");
+}
+
+TEST_F(LotusOpenBooks, AnotherDocumentThatHasTheNumberNow_IsReadAnew)
+{
+    notes.ask(L"delete " + marc);
+    add(company, L"Form=Employee\nName=Zola\nPhone=014567\n");
+    const BooksKeptOpen kept(session);
+    EXPECT_EQ(search(L"014567"), L"Zola");
+    const std::wstring zola = field(documents(company).back(), L"@UniversalID");
+    notes.ask(L"delete " + zola);
+    add(company, L"Form=Employee\nName=Verne\nPhone=014567\n");
+    EXPECT_EQ(search(L"014567", true), L"Verne") << "a full-text search follows at once";
+}
+
+TEST_F(LotusOpenBooks, WhatOthersChange_IsSeenTwoSecondsLater)
+{
+    const BooksKeptOpen kept(session);
+    EXPECT_EQ(search(L"014567"), L"Durand");
+    notes.ask(L"delete " + marc);
+    later(2.1);
+    EXPECT_EQ(search(L"014567"), L"");
+    add(ownBook, abel);
+    later(2.1);
+    EXPECT_EQ(search(L"014567"), L"Abel");
+}
+
+TEST_F(LotusOpenBooks, BookThatHasNotChanged_IsAskedWhetherItHas_EveryTwoSeconds_AndNothingElse)
+{
+    session.LotusAddressBooks.resize(1);
+    const BooksKeptOpen kept(session);
+    settle();
+    EXPECT_EQ(callsOf(L"014567"), Lines{asksWhenModified});
+    EXPECT_EQ(callsOf(L"014567"), Lines{}) << "a moment later";
+    later(60);
+    EXPECT_EQ(callsOf(L"014567"), Lines{asksWhenModified});
+    EXPECT_EQ(callsOf(L"099"), Lines{L"NotesView.GetDocumentByKey method (BSTR \"099\", BOOL True)"});
+}
+
+TEST_F(LotusOpenBooks, BookThatHasChanged_IsOpenedAnewAtItsView)
+{
+    session.LotusAddressBooks.resize(1);
+    const BooksKeptOpen kept(session);
+    settle();
+    notes.ask(L"delete " + marc);
+    add(ownBook, abel);
+    savedAt(30);
+    EXPECT_EQ(search(L"014567"), L"Abel");
+    later(2.5);
+    EXPECT_EQ(callsOf(L"014567").at(1), L"NotesDatabase.GetView method (BSTR \"($Phones)\")")
+        << "another change in that second would not show";
+}
+
+// The second is over only when two seconds have passed since it was told first.
+TEST_F(LotusOpenBooks, ChangeInTheSecondOfTheLastOne_IsSeen)
+{
+    const BooksKeptOpen kept(session);
+    search(L"014567");
+    later(2.5);
+    savedAt(30);
+    EXPECT_EQ(search(L"014567"), L"Durand");
+    notes.ask(L"delete " + marc); // still at 30
+    later(2.5);
+    EXPECT_EQ(search(L"014567"), L"");
+}
+
+TEST_F(LotusOpenBooks, BookSearchedByFullText_IsOpenedAnewAfterTwoSeconds_ItsIndexFollowsAtItsOwnPace)
+{
+    session.LotusAddressBooks.erase(session.LotusAddressBooks.begin());
+    const BooksKeptOpen kept(session);
+    settle();
+    EXPECT_EQ(callsOf(L"014567"), (Lines{L"NotesDatabase.GetView method (BSTR \"Staff\")",
+                                         L"NotesView.FTSearch method (BSTR \"[Phone] CONTAINS \"014567\"\", I2 1)"}));
+}
+
+TEST_F(LotusOpenBooks, BookThatDoesNotTellWhenItChanged_IsOpenedAnewAfterTwoSeconds)
+{
+    session.LotusAddressBooks.resize(1);
+    const BooksKeptOpen kept(session);
+    settle();
+    forgetCalls();
+    fault(L"on NotesDatabase.LastModified fail 0x80020006");
+    for (int times = 0; times < 3; ++times) {
+        EXPECT_EQ(search(L"014567"), L"Durand");
+        later(2.5);
+    }
+    EXPECT_EQ(calls(L"NotesDatabase.GetView method"), 3u);
+}
+
+TEST_F(LotusOpenBooks, AfterFiveMinutes_TheDatabaseIsOpenedAnewToo)
+{
+    session.LotusAddressBooks.resize(1);
+    const BooksKeptOpen kept(session);
+    settle();
+    later(280);
+    EXPECT_EQ(callsOf(L"014567"), Lines{asksWhenModified});
+    later(20);
+    EXPECT_EQ(callsOf(L"014567").at(0), L"NotesSession.GetDatabase method (BSTR \"\", BSTR \"names.nsf\")");
+}
+
+TEST_F(LotusOpenBooks, ClockThatIsSetBack_LetsNothingOldServe)
+{
+    session.LotusAddressBooks.resize(1);
+    const BooksKeptOpen kept(session);
+    settle();
+    later(-3600);
+    EXPECT_EQ(callsOf(L"014567").at(0), L"NotesSession.GetDatabase method (BSTR \"\", BSTR \"names.nsf\")");
+}
+
+TEST_F(LotusOpenBooks, ContactThatTheProgramSaves_IsFoundAtOnce)
+{
+    const BooksKeptOpen kept(session);
+    EXPECT_EQ(FindNoteIdInPersonalBook(session, L"0612"), L"");
+    EXPECT_EQ(search(L"0612"), L"");
+    const std::wstring noteId = CreateContactDocument(session, L"0612", L"Nguyen", L"Linh", false);
+    EXPECT_EQ(FindNoteIdInPersonalBook(session, L"0612"), noteId);
+    EXPECT_EQ(search(L"0612"), L"Nguyen");
+}
+
+TEST_F(LotusOpenBooks, NumberThatDecidesAboutANewContact_IsLookedForInTheViewAsItIsNow)
+{
+    const BooksKeptOpen kept(session);
+    EXPECT_EQ(FindNoteIdInPersonalBook(session, L"0612"), L"");
+    add(ownBook, L"Form=Person\nLastName=New\nOfficePhoneNumber=0612\n");
+    forgetCalls();
+    EXPECT_EQ(FindNoteIdInPersonalBook(session, L"0612"), L"8FA");
+    EXPECT_EQ(record(), (Lines{L"NotesDatabase.GetView method (BSTR \"($Phones)\")",
+                               L"NotesView.GetDocumentByKey method (BSTR \"0612\", BOOL True)",
+                               L"NotesDocument.NoteID get ()"}));
+}
+
+TEST_F(LotusOpenBooks, SettingsThatAreReadAgain_LetNothingServe)
+{
+    const BooksKeptOpen kept(session);
+    search(L"014567");
+    std::string otherItem = describedBooks;
+    otherItem.replace(otherItem.find("LastName=LastName"), 17, "LastName=FullName");
+    session.LotusMustInit = true;
+    ready(otherItem);
+    EXPECT_EQ(search(L"014567"), L"Marc Durand");
+    EXPECT_EQ(calls(L"NotesSession.GetDatabase method"), 1u);
+}
+
+TEST_F(LotusOpenBooks, TwoDescriptionsOfOneDatabase_HaveAnswersOfTheirOwn)
+{
+    LotusAddressBook other = session.LotusAddressBooks[0];
+    other.LastName = L"FullName";
+    const BooksKeptOpen kept(session);
+    EXPECT_EQ(search(L"014567"), L"Durand");
+    session.LotusAddressBooks = {other};
+    EXPECT_EQ(search(L"014567"), L"Marc Durand");
+}
+
+TEST_F(LotusOpenBooks, SessionThatWasDropped_LetsNothingServe)
+{
+    const BooksKeptOpen kept(session);
+    search(L"014567");
+    session.NotesSession = automation::Object();
+    EXPECT_EQ(search(L"014567"), L"");
+}
+
+TEST_F(LotusOpenBooks, EndOfTheEvent_GivesEverythingBack)
+{
+    search(L"014567");
+    const long before = automation::server::Dispatch::live();
+    {
+        const BooksKeptOpen kept(session);
+        search(L"014567");
+        {
+            const BooksKeptOpen within(session);
+            search(L"014567", true);
+        }
+        EXPECT_GT(automation::server::Dispatch::live(), before);
+        EXPECT_EQ(callsOf(L"014567"), Lines{}) << "the walk's books outlive an event within it";
+        notes.ask(L"close-windows");
+    }
+    EXPECT_EQ(automation::server::Dispatch::live(), before);
+}
+
+// What was open is gone: the outcome is that of a session in which nothing was.
+TEST_F(LotusOpenBooks, FailureOfWhatIsOpen_AtEveryCallInTurn_FindsThePersonAllTheSame)
+{
+    session.LotusAddressBooks.resize(1);
+    const auto prepare = [&](BooksKeptOpen&) {
+        notes.ask(L"close-windows");
+        settle();
+        forgetCalls();
+    };
+    std::size_t count = 0;
+    {
+        BooksKeptOpen kept(session);
+        prepare(kept);
+        search(L"014567", true);
+        while (!notes.recorder().calls()[count].text().starts_with(L"NotesUIWorkspace")) ++count;
+    }
+    ASSERT_EQ(count, 4u) << "last change, key, and the identifier with its look-up";
+    for (std::size_t n = 1; n <= count; ++n) {
+        BooksKeptOpen kept(session);
+        prepare(kept);
+        const std::wstring before = lastLogLine();
+        fault(L"at " + std::to_wstring(n) + L" fail 0x800706BA");
+        EXPECT_EQ(search(L"014567", true), L"Durand") << n;
+        EXPECT_TRUE(notes.ask(L"windows").ends_with(L"\tread\tfront")) << n;
+        EXPECT_EQ(lastLogLine(), before) << n;
+    }
+}
+
+// From a call on nothing answers any more, or a book cannot be opened any more: the
+// same person is told, the same lines are written, the same is on the screen.
+TEST_F(LotusOpenBooks, LastingFailure_HasTheOutcomeOfASessionInWhichNothingWasOpen)
+{
+    const auto after = [&](bool keeps, const std::wstring& planned) {
+        notes.ask(L"close-windows");
+        host.time = noon;
+        std::optional<BooksKeptOpen> kept;
+        if (keeps) kept.emplace(session);
+        settle();
+        forgetCalls();
+        fault(planned);
+        const std::wstring name = search(L"014567", true);
+        forgetCalls();
+        return name + L"|" + notes.ask(L"windows") + L"|" + lastLogLine();
+    };
+    for (const wchar_t* planned :
+         {L"on NotesDatabase.* fail 0x800706BA", L"on NotesView.* fail 0x800706BA", L"on NotesDocument.* fail 0x800706BA",
+          L"on NotesUIWorkspace.* fail 0x800706BA", L"on NotesView.GetDocumentByKey answer Nothing",
+          L"on NotesDocument.NoteID fail 0x80004005"})
+        EXPECT_EQ(after(true, planned), after(false, planned)) << desk::utf8(planned);
+}
+
+// A new walk begins without the workspace of the one before.
+TEST_F(LotusOpenBooks, Workspace_ServesAWalk_AndIsReplacedWhenItFails)
+{
+    const BooksKeptOpen kept(session);
+    const automation::Object first = openBooks(session)->takeWorkspace();
+    openBooks(session)->giveBack(first);
+    EXPECT_EQ(openBooks(session)->takeWorkspace().dispatch(), first.dispatch());
+    EXPECT_NE(openBooks(session)->takeWorkspace().dispatch(), first.dispatch()) << "it was not given back";
+}
