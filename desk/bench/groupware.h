@@ -14,6 +14,8 @@ struct NeededCalls {
     unsigned long count;
 };
 
+unsigned long sumOf(const std::vector<NeededCalls>& calls);
+
 class Groupware {
 public:
     virtual ~Groupware() = default;

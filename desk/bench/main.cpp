@@ -1,10 +1,12 @@
 // Measures the program at the simulated desk.
 //
-//     bench [SECTION...]     synchronisation, memory, callers, notes, map, long-run; all without any
+//     bench [SECTION...]     of those below; all without any
 //
 // Exit code 0 only if every target was met.
 #include "automation/apartment.h"
 #include "desk/bench/callers.h"
+#include "desk/bench/known.h"
+#include "desk/bench/latency.h"
 #include "desk/bench/long_run.h"
 #include "desk/bench/map.h"
 #include "desk/bench/memory.h"
@@ -46,6 +48,21 @@ constexpr Section sections[] = {
          Desk desk;
          measureCallers(desk, report);
      }},
+    {"known",
+     [](Report& report) {
+         Desk desk;
+         measureKnown(desk, report);
+     }},
+    {"forwarded",
+     [](Report& report) {
+         Desk desk;
+         measureForwarded(desk, report);
+     }},
+    {"latency",
+     [](Report& report) {
+         Desk desk;
+         measureLatency(desk, report);
+     }},
     {"notes",
      [](Report& report) {
          Desk desk;
@@ -68,14 +85,21 @@ bool isSection(std::string_view name)
     return std::any_of(std::begin(sections), std::end(sections), [&](const Section& section) { return section.name == name; });
 }
 
+int usage()
+{
+    std::fprintf(stderr, "usage: bench");
+    for (const Section& section : sections) std::fprintf(stderr, " [%s]", section.name.data());
+    std::fprintf(stderr, "\n");
+    return 2;
+}
+
 }
 
 int main(int argc, char** argv)
 {
     const std::vector<std::string_view> wanted(argv + 1, argv + argc);
     if (!std::all_of(wanted.begin(), wanted.end(), isSection)) {
-        std::fprintf(stderr, "usage: bench [synchronisation] [memory] [callers] [notes] [map] [long-run]\n");
-        return 2;
+        return usage();
     }
     try {
         const automation::Apartment apartment;

@@ -22,8 +22,7 @@ constexpr const Book& personalBook = books[2];
 
 std::string person(const Person& who)
 {
-    std::string number = who.number; // a view by number needs the number as it is looked for
-    std::erase_if(number, [](char letter) { return letter == '.' || letter == ' '; });
+    const std::string number = withoutSeparators(who.number); // a view needs it as it is looked for
     return "[document]\nForm=Person\nFirstName=" + who.firstName + "\nLastName=" + who.lastName +
            "\nFullName=" + who.firstName + " " + who.lastName + "\nOfficePhoneNumber=" + number + "\n";
 }

@@ -1,14 +1,21 @@
 ' What Hublink does with Outlook, as a plain late-bound script does it: the same
 ' steps one by one, each member by its name. ./bench counts both.
 '
-'     cscript //nologo outlook.vbs sync                  both synchronisations, without pauses
-'     cscript //nologo outlook.vbs call NUMBER LAST FIRST    an incoming call
+'     cscript //nologo outlook.vbs sync                     both synchronisations, without pauses
+'     cscript //nologo outlook.vbs call NUMBER LAST FIRST   an incoming call
+'     cscript //nologo outlook.vbs calls NUMBER...          calls of people who are known, one after the other
+'     cscript //nologo outlook.vbs forwarded NUMBER TO      an incoming call that was forwarded, with a mail
+'     cscript //nologo outlook.vbs outgoing NUMBER          an outgoing call
 '
+' A number that is found with dots or blanks is written bare, but with a last
+' argument "kept".
 ' Quits with 42 at its end; an error on the way ends it otherwise.
 Option Explicit
 Dim outlookApp, contacts, logItem
 Dim phone, book, history, map
 Dim lastName, firstName, email
+Dim shown ' the contact
+Dim rewrites
 Dim fieldNames
 fieldNames = Array("BusinessTelephoneNumber", "AssistantTelephoneNumber", "CallbackTelephoneNumber", _
     "CompanyMainTelephoneNumber", "ISDNNumber", "RadioTelephoneNumber", "Business2TelephoneNumber", _
@@ -16,9 +23,13 @@ fieldNames = Array("BusinessTelephoneNumber", "AssistantTelephoneNumber", "Callb
     "OtherTelephoneNumber", "PrimaryTelephoneNumber")
 
 OpenOutlook
+rewrites = WScript.Arguments(WScript.Arguments.Count - 1) <> "kept"
 Select Case WScript.Arguments(0)
     Case "sync" Synchronise
     Case "call" IncomingCall WScript.Arguments(1), WScript.Arguments(2), WScript.Arguments(3)
+    Case "calls" IncomingCalls
+    Case "forwarded" ForwardedCall WScript.Arguments(1), WScript.Arguments(2)
+    Case "outgoing" FindContact WScript.Arguments(1)
     Case Else WScript.Quit 2
 End Select
 WScript.Quit 42
@@ -112,7 +123,7 @@ Function Walked(number)
         For n = 0 To 12
             value = Field(contact, n)
             If Stripped(value) = sought Then
-                If value <> sought Then
+                If value <> sought And rewrites Then
                     SetField contact, n, sought
                     contact.Close 0
                 End If
@@ -142,7 +153,9 @@ Function ShowContact(number)
     Set contact = Filtered(number)
     If contact Is Nothing Then Set contact = Walked(number)
     ShowContact = Not contact Is Nothing
-    If ShowContact Then contact.Display
+    If Not ShowContact Then Exit Function
+    contact.Display
+    Set shown = contact
 End Function
 
 Function NewContact(number, last, first, display)
@@ -291,4 +304,43 @@ End Function
 Sub IncomingCall(number, last, first)
     FindContact number
     If Not ShowContact(number) Then NewContact number, last, first, True
+End Sub
+
+' Each window stays for a moment: whoever measures sees it come and go.
+Sub IncomingCalls()
+    Dim n
+    For n = 1 To WScript.Arguments.Count - 1
+        IncomingCall WScript.Arguments(n), "", ""
+        Pause 0.1
+        shown.Close 1
+    Next
+End Sub
+
+' Not every script host can sleep.
+Sub Pause(seconds)
+    Dim start
+    start = Timer
+    Do While Abs(Timer - start) < seconds
+    Loop
+End Sub
+
+Sub ForwardedCall(number, destination)
+    Dim callersFirst, callersLast
+    FindContact number
+    callersFirst = firstName
+    callersLast = lastName
+    FindContact destination
+    If FindContact(destination) <> "" And email <> "" Then
+        ShowMail email, "Please call " & callersFirst & " " & callersLast & " back at " & number
+    End If
+    ShowContact number
+End Sub
+
+Sub ShowMail(address, subject)
+    Dim mail
+    Set mail = outlookApp.CreateItem(0)
+    mail.Subject = subject
+    mail.Body = ""
+    mail.To = address
+    mail.Display
 End Sub

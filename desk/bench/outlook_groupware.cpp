@@ -7,14 +7,28 @@ namespace desk::bench {
 
 namespace {
 
+struct Field {
+    const char* name;
+    int position; // among the telephone fields, from 1
+};
+
+// The contacts' numbers stand in these by turns.
+constexpr Field fields[] = {{"BusinessTelephoneNumber", 1}, {"HomeTelephoneNumber", 10}, {"MobileTelephoneNumber", 11}};
+
+const Field& fieldAt(std::size_t place)
+{
+    return fields[place % std::size(fields)];
+}
+
 std::string recordsOf(const People& contacts)
 {
-    static const char* const fields[] = {"BusinessTelephoneNumber", "HomeTelephoneNumber", "MobileTelephoneNumber"};
     std::string records;
     std::size_t n = 0;
-    for (const Person& person : contacts)
+    for (const Person& person : contacts) {
         records += "[contact]\nFirstName=" + person.firstName + "\nLastName=" + person.lastName + "\n" +
-                   fields[n++ % std::size(fields)] + "=" + person.number + "\n";
+                   fieldAt(n++).name + "=" + person.number + "\n";
+        if (!person.mail.empty()) records += "Email1Address=" + person.mail + "\n";
+    }
     return records;
 }
 
@@ -28,6 +42,11 @@ std::wstring comparable(const StoreRecord& record, std::initializer_list<const w
     return text;
 }
 
+}
+
+int fieldsUntilNumber(std::size_t place)
+{
+    return fieldAt(place).position;
 }
 
 void OutlookGroupware::start(const People& contacts)

@@ -6,6 +6,10 @@
 
 namespace desk::bench {
 
+// In how many of a contact's telephone fields, in their order, one looks until the
+// one that has the number of the contact at that place.
+int fieldsUntilNumber(std::size_t place);
+
 class OutlookGroupware final : public Groupware {
 public:
     // `desk` outlives it.

@@ -20,16 +20,6 @@ std::string digits(Kind kind, int n)
     return text;
 }
 
-// The same digits as people write them.
-std::string inLayout(const std::string& number, int layout)
-{
-    static const char* const separators[] = {"....", "    ", ". . "};
-    std::string text = number.substr(0, 2);
-    for (int pair = 0; pair < 4; ++pair)
-        text += separators[layout % 3][pair] + number.substr(2 + 2 * static_cast<std::size_t>(pair), 2);
-    return text;
-}
-
 Person person(const std::string& number, int n)
 {
     static const char* const firstNames[] = {"Alice", "Bernd", "Carla", "David", "Elena", "Franz", "Greta"};
@@ -101,6 +91,31 @@ unsigned long walkedContacts(int entries, int items)
     return walked;
 }
 
+}
+
+std::string inLayout(const std::string& number, int layout)
+{
+    static const char* const separators[] = {"....", "    ", ". . "};
+    std::string text = number.substr(0, 2);
+    for (int pair = 0; pair < 4; ++pair)
+        text += separators[layout % 3][pair] + number.substr(2 + 2 * static_cast<std::size_t>(pair), 2);
+    return text;
+}
+
+std::string withoutSeparators(std::string number)
+{
+    std::erase_if(number, [](char letter) { return letter == '.' || letter == ' '; });
+    return number;
+}
+
+Person caller()
+{
+    return {"Marc", "Durand", "0555123456"};
+}
+
+Person colleague()
+{
+    return {"Claire", "Petit", "0566123456", "claire.petit@example.com"};
 }
 
 std::string strangersNumber()

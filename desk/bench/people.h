@@ -10,15 +10,25 @@ namespace desk::bench {
 struct Person {
     std::string firstName;
     std::string lastName;
-    std::string number; // in whatever layout
+    std::string number;  // in whatever layout
+    std::string mail{};  // an address, "" without one
 };
 
 using People = std::vector<Person>;
 
 // Contacts of a groupware, their numbers written in several layouts. Nobody
-// has the number strangersNumber().
+// has the number strangersNumber() or one of the two below.
 People contacts(int count);
 std::string strangersNumber();
+
+// Who calls, and the colleague to whom he is forwarded. Their numbers are bare:
+// as the softphone tells them.
+Person caller();
+Person colleague();
+
+// The ten digits as people write them: in pairs with dots, with blanks or with both.
+std::string inLayout(const std::string& number, int layout);
+std::string withoutSeparators(std::string number);
 
 // A softphone and a groupware that know half of its entries already, each
 // under another layout of the number.

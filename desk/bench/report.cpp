@@ -3,6 +3,7 @@
 #include "desk/common/text.h"
 
 #include <algorithm>
+#include <cmath>
 #include <cstdio>
 #include <cwchar>
 
@@ -42,6 +43,24 @@ void Report::target(bool met, const std::wstring& figure)
     print(L"   " + line);
     targets_ += L"   " + line + L"\n";
     if (!met) ++missed_;
+}
+
+void Report::cost(const Cost& cost)
+{
+    figure({L"cost", cost.work, cost.client, std::to_wstring(cost.contacts),
+            std::to_wstring(std::lround(cost.roundTrips)), std::to_wstring(std::lround(cost.milliseconds)), cost.how == Known::measured ? L"measured" : L"reckoned"});
+}
+
+void Report::needed(const std::wstring& work, unsigned long roundTrips)
+{
+    figure({L"needed", work, std::to_wstring(roundTrips)});
+}
+
+void Report::figure(const std::vector<std::wstring>& parts)
+{
+    std::wstring line = L"figure";
+    for (const std::wstring& part : parts) line += L"\t" + part;
+    print(line);
 }
 
 int Report::conclude()

@@ -2,8 +2,20 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 namespace desk::bench {
+
+enum class Known { measured, reckoned };
+
+struct Cost {
+    std::wstring work;
+    const wchar_t* client;
+    int contacts;
+    double roundTrips;
+    double milliseconds;
+    Known how = Known::measured;
+};
 
 class Report {
 public:
@@ -14,6 +26,12 @@ public:
 
     // A figure that has a target.
     void target(bool met, const std::wstring& figure);
+
+    // Figures for the tables and pictures of docs/performance.md: told to the log
+    // only, as a line of their parts with tabs between them.
+    void cost(const Cost& cost);
+    void needed(const std::wstring& work, unsigned long roundTrips);
+    void figure(const std::vector<std::wstring>& parts);
 
     // All targets once more; how many were missed.
     int conclude();

@@ -47,10 +47,11 @@ void Runner::configure(bool newContacts)
     groupware_.configure();
 }
 
-CallCounts Runner::counts()
+void Runner::count(Run& run)
 {
-    CallCounts all(groupware_.ask(L"calls"));
-    return all += CallCounts(desk_.softphone(L"calls"));
+    run.counts = CallCounts(groupware_.ask(L"calls"));
+    run.inGroupware = run.counts.total();
+    run.counts += CallCounts(desk_.softphone(L"calls"));
 }
 
 // The partners are asked rarely: their answers cost the client's time.
@@ -65,7 +66,7 @@ Run Runner::measured(const Action& begin, const Condition& isDone)
     DWORD lastCall = start;
     for (DWORD told = start;;) {
         player::waitFor(50);
-        run.counts = counts();
+        count(run);
         const DWORD now = GetTickCount();
         if (run.counts.total() != seen) {
             seen = run.counts.total();
@@ -93,19 +94,27 @@ Run Runner::hublinkStarts()
 Run Runner::hublinkIsCalled(const std::wstring& fields)
 {
     return measured([&] { desk_.softphone(L"call " + fields); },
-                    [&] { return desk_.softphone(L"pending") == L"0" && counts().total() > 0; });
+                    [&] { return desk_.softphone(L"pending") == L"0" && !desk_.softphone(L"calls").empty(); });
 }
 
 Run Runner::script(const std::wstring& arguments)
 {
-    const std::wstring file = player::ownFolder() + L"\\bench\\" + groupware_.script();
     Process process;
-    const Run run = measured(
-        [&] { process = Process(scriptHost(), L"//nologo \"" + file + L"\" " + arguments); },
-        [&] { return process.ended(0); });
-    if (process.exitCode() != scriptDone)
-        throw std::runtime_error(automation::ansi(groupware_.script()) + " does not come to its end");
+    const Run run = measured([&] { process = startScript(arguments); }, [&] { return process.ended(0); });
+    expectScriptEnds(process);
     return run;
+}
+
+Process Runner::startScript(const std::wstring& arguments)
+{
+    const std::wstring file = player::ownFolder() + L"\\bench\\" + groupware_.script();
+    return Process(scriptHost(), L"//nologo \"" + file + L"\" " + arguments);
+}
+
+void Runner::expectScriptEnds(const Process& script)
+{
+    if (!script.ended(patience) || script.exitCode() != scriptDone)
+        throw std::runtime_error("the script does not come to its end");
 }
 
 void Runner::stopHublink()

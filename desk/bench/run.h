@@ -12,7 +12,8 @@ namespace desk::bench {
 
 struct Run {
     CallCounts counts;
-    double milliseconds = 0; // from the start of the work to its last call
+    unsigned long inGroupware = 0; // round trips, of all these
+    double milliseconds = 0;       // from the start of the work to its last call
 };
 
 class Runner {
@@ -41,6 +42,10 @@ public:
     // The groupware's script to its end. Throws std::runtime_error when it fails.
     Run script(const std::wstring& arguments);
 
+    // The same in two steps, with nothing measured.
+    player::Process startScript(const std::wstring& arguments);
+    static void expectScriptEnds(const player::Process& script);
+
     // Ends Hublink. Throws std::runtime_error when it does not.
     void stopHublink();
 
@@ -48,7 +53,7 @@ private:
     using Action = std::function<void()>;
     using Condition = std::function<bool()>;
     Run measured(const Action& begin, const Condition& isDone);
-    CallCounts counts();
+    void count(Run& run);
 
     player::Desk& desk_;
     Groupware& groupware_;
