@@ -18,6 +18,9 @@ constexpr DATE moment = 2 * second;
 // designed anew or its index brought up to date.
 constexpr DATE longest = 300 * second;
 
+// A walk over a long history keeps no more answers than that at once.
+constexpr std::size_t mostAnswers = 1'000;
+
 // The clock may have been set meanwhile.
 bool isWithin(DATE duration, DATE since, DATE now)
 {
@@ -38,7 +41,7 @@ Object viewOf(const Object& database, const LotusBaseRef& book)
 
 Object OpenBook::view(const LotusSession& session)
 {
-    if (viewName(description_).empty()) {
+    if (viewName(description_).empty()) { // a book that is out of reach is told all the same
         notesDatabase(session, description_);
         return Object();
     }
@@ -103,6 +106,7 @@ const std::optional<LotusPerson>* OpenBook::answer(const std::wstring& number) c
 
 void OpenBook::remember(const std::wstring& number, std::optional<LotusPerson> person)
 {
+    if (answers_.size() >= mostAnswers) answers_.clear();
     answers_.insert_or_assign(number, std::move(person));
 }
 
