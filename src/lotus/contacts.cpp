@@ -33,9 +33,9 @@ void fill(const Object& document, const LotusAddressBook& book, const NewContact
     appendItem(document, book.FullName, contact.firstName + L" " + contact.lastName);
 }
 
-void save(const LotusSession& session, const LotusAddressBook& book, const Object& document)
+void save(const LotusSession& session, const Object& document)
 {
-    openBooks(session)->changed(book);
+    openBooks(session)->forget();
     document.call(L"save", {true, true});
 }
 
@@ -57,7 +57,7 @@ std::wstring CreateContactDocument(LotusSession& session, const std::wstring& Nu
         const Object document = database.get(L"CREATEDOCUMENT").object();
         fill(document, book, {Number, LastName, FirstName});
         if (Show) openDocument(book, document, true);
-        else save(session, book, document);
+        else save(session, document);
         noteId = document.get(L"NoteId").text();
     });
     return noteId;

@@ -132,10 +132,9 @@ std::shared_ptr<OpenBook> OpenBooks::book(const LotusSession& session, const Lot
     return books_.emplace_back(std::make_shared<OpenBook>(description));
 }
 
-void OpenBooks::changed(const LotusBaseRef& base)
+void OpenBooks::forget()
 {
-    for (const auto& book : books_)
-        if (book->description().Server == base.Server && book->description().Base == base.Base) book->forget();
+    for (const auto& book : books_) book->forget();
 }
 
 void OpenBooks::closeAll()

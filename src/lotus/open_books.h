@@ -57,10 +57,9 @@ public:
     // another one than they were opened in.
     std::shared_ptr<OpenBook> book(const LotusSession& session, const LotusAddressBook& description);
 
-    // A document was saved in the database.
-    void changed(const LotusBaseRef& base);
-
-    void closeAll();
+    // A document was saved in one of them; in which, is not to be told, for a server
+    // may go by several names.
+    void forget();
 
     // A front-end object that has served before, or a new one. The caller gives it
     // back once it has served again: one of a Notes that has gone serves nobody.
@@ -68,6 +67,8 @@ public:
     void giveBack(const automation::Object& workspace) { workspace_ = workspace; }
 
 private:
+    void closeAll();
+
     automation::Object session_;
     automation::Object workspace_;
     std::vector<std::shared_ptr<OpenBook>> books_;

@@ -3,7 +3,6 @@
 #include "common/error_trap.h"
 #include "lotus/installation.h"
 #include "lotus/log_document.h"
-#include "lotus/open_books.h"
 #include "lotus/settings.h"
 
 namespace {
@@ -18,7 +17,6 @@ void show(const LotusSession& session, const wchar_t* message)
 void openSession(LotusSession& session)
 {
     session.MailDatabase = Object(); // of the mail file as it was
-    openBooks(session)->closeAll();
     if (session.NotesSession) return show(session, L"ReInit lotus");
     session.NotesSession = Object::create(L"Notes.Notessession");
     show(session, L"First Init lotus");

@@ -234,7 +234,19 @@ TEST_F(LotusOpenBooks, ContactThatTheProgramSaves_IsFoundAtOnce)
     EXPECT_EQ(FindNoteIdInPersonalBook(session, L"0612"), L"");
     EXPECT_EQ(search(L"0612"), L"");
     const std::wstring noteId = CreateContactDocument(session, L"0612", L"Nguyen", L"Linh", false);
+    EXPECT_EQ(search(L"0612"), L"Nguyen");
     EXPECT_EQ(FindNoteIdInPersonalBook(session, L"0612"), noteId);
+}
+
+TEST_F(LotusOpenBooks, ContactThatTheProgramSaves_IsFoundAtOnce_UnderAnotherNameOfItsServerToo)
+{
+    LotusAddressBook other = session.LotusAddressBooks[0];
+    other.Base = L"NAMES";
+    const BooksKeptOpen kept(session);
+    session.LotusAddressBooks.push_back(other);
+    EXPECT_EQ(search(L"0612"), L"");
+    CreateContactDocument(session, L"0612", L"Nguyen", L"Linh", false);
+    session.LotusAddressBooks = {other};
     EXPECT_EQ(search(L"0612"), L"Nguyen");
 }
 
