@@ -47,7 +47,7 @@ void measureWalk(OutlookCalls& calls, Report& report)
 void measureCallers(player::Desk& desk, Report& report)
 {
     report.section(L"Outlook: an unknown caller, who becomes a contact");
-    report.tell(L"The script is run over 10 and 100 contacts; over more its figures are reckoned.");
+    report.tell(howTheScriptRuns);
     OutlookCalls calls(desk, report);
     const unsigned long most = calls.compare(strangersCall()).counts.total();
     report.target(most <= mostForAStranger, L"unknown caller over 10,000 contacts: " + std::to_wstring(most) +

@@ -103,15 +103,12 @@ OutlookCall forwardedCall(Numbers numbers)
     return call;
 }
 
-constexpr const wchar_t* howTheScript =
-    L"The script is run over 10 and 100 contacts; over more its figures are reckoned.";
-
 }
 
 void measureKnown(player::Desk& desk, Report& report)
 {
     report.section(L"Outlook: a known caller");
-    report.tell(howTheScript);
+    report.tell(howTheScriptRuns);
     OutlookCalls calls(desk, report);
     calls.compare(storedCall());
     unsigned long most = 0;
@@ -128,7 +125,7 @@ void measureKnown(player::Desk& desk, Report& report)
 void measureForwarded(player::Desk& desk, Report& report)
 {
     report.section(L"Outlook: a forwarded call, caller in the middle of the folder, colleague at its end");
-    report.tell(howTheScript);
+    report.tell(howTheScriptRuns);
     OutlookCalls calls(desk, report);
     for (const Numbers numbers : {Numbers::rewritten, Numbers::kept}) calls.compare(forwardedCall(numbers));
 }

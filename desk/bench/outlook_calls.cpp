@@ -25,6 +25,11 @@ Cost costOf(const OutlookCall& call, const wchar_t* client, int contacts, const 
     return {call.name, client, contacts, work.callsOver(contacts), work.millisecondsOver(contacts), Known::reckoned};
 }
 
+std::wstring shown(double roundTrips)
+{
+    return std::to_wstring(std::lround(roundTrips));
+}
+
 }
 
 OutlookCalls::OutlookCalls(player::Desk& desk, Report& report)
@@ -88,28 +93,35 @@ Run OutlookCalls::compare(const OutlookCall& call)
 {
     report_.tell(call.name);
     const Run few = script(call, scriptedCounts[0]);
-    const ReckonedWork work(scriptedCounts[0], few, scriptedCounts[1], script(call, scriptedCounts[1]));
+    const Run more = script(call, scriptedCounts[1]);
     report_.tell(L"contacts     Hublink  in Outlook        time      script        time   ratio");
     Run last;
     for (const int contacts : contactCounts) {
         last = hublink(call, contacts);
-        tellFigures(call, contacts, last, work);
+        tellFigures(costOf(call, L"Hublink", contacts, last), last.inGroupware,
+                    scriptsCost(call, contacts, few, more));
     }
     tellNeeded(call);
     for (const std::wstring& line : table({{L"over 10,000", last.counts}})) report_.tell(line);
     return last;
 }
 
-void OutlookCalls::tellFigures(const OutlookCall& call, int contacts, const Run& hublink, const ReckonedWork& script)
+// Where it walks it would take hours; else it is run.
+Cost OutlookCalls::scriptsCost(const OutlookCall& call, int contacts, const Run& few, const Run& more)
 {
-    const double scripted = script.callsOver(contacts);
-    report_.tell(aligned(std::to_wstring(contacts), 8) + aligned(std::to_wstring(hublink.counts.total()), 12) +
-                 aligned(std::to_wstring(hublink.inGroupware), 12) + aligned(seconds(hublink.milliseconds), 12) +
-                 aligned(std::to_wstring(std::lround(scripted)), 12) +
-                 aligned(seconds(script.millisecondsOver(contacts)), 12) +
-                 aligned(decimal(hublink.counts.total() / scripted), 8));
-    report_.cost(costOf(call, L"Hublink", contacts, hublink));
-    report_.cost(costOf(call, L"script", contacts, script));
+    if (contacts == scriptedCounts[1]) return costOf(call, L"script", contacts, more);
+    if (few.counts.total() == more.counts.total()) return costOf(call, L"script", contacts, script(call, contacts));
+    return costOf(call, L"script", contacts, ReckonedWork(scriptedCounts[0], few, scriptedCounts[1], more));
+}
+
+void OutlookCalls::tellFigures(const Cost& hublink, unsigned long inOutlook, const Cost& script)
+{
+    report_.tell(aligned(std::to_wstring(hublink.contacts), 8) + aligned(shown(hublink.roundTrips), 12) +
+                 aligned(std::to_wstring(inOutlook), 12) + aligned(seconds(hublink.milliseconds), 12) +
+                 aligned(shown(script.roundTrips), 12) + aligned(seconds(script.milliseconds), 12) +
+                 aligned(decimal(hublink.roundTrips / script.roundTrips), 8));
+    report_.cost(hublink);
+    report_.cost(script);
 }
 
 void OutlookCalls::tellNeeded(const OutlookCall& call)
@@ -132,7 +144,7 @@ void OutlookCalls::tellWithoutTables(const OutlookCall& call)
     report_.cost(costOf(call, walked, most, walk));
     report_.tell(L"over " + std::to_wstring(walkedCounts[1]) + L" contacts " + std::to_wstring(more.counts.total()) +
                  L" round trips, " + seconds(more.milliseconds) + L"; over " + std::to_wstring(most) +
-                 L" they would be " + std::to_wstring(std::lround(walk.callsOver(most))) + L", " + seconds(walk.millisecondsOver(most)));
+                 L" they would be " + shown(walk.callsOver(most)) + L", " + seconds(walk.millisecondsOver(most)));
 }
 
 }

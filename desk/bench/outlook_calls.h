@@ -27,6 +27,8 @@ struct OutlookCall {
     std::vector<NeededCalls> needed;     // calls that its steps cannot do without
 };
 
+inline constexpr const wchar_t* howTheScriptRuns =
+    L"Where the script walks it is run over 10 and 100 contacts; over more its figures are reckoned.";
 inline constexpr int contactCounts[] = {100, 1'000, 10'000};
 
 class OutlookCalls {
@@ -40,7 +42,7 @@ public:
     Run script(const OutlookCall& call, int contacts);
 
     // Hublink over 100, 1,000 and 10,000 contacts, the last one returned, beside
-    // the script, which is run over a few only: over more it would take hours.
+    // the script.
     Run compare(const OutlookCall& call);
 
     // Hublink in an Outlook without tables, over 10,000 contacts reckoned too.
@@ -50,7 +52,8 @@ private:
     Run served(const OutlookCall& call);
     void load(const OutlookCall& call, int contacts);
     void expectWindows(const OutlookCall& call);
-    void tellFigures(const OutlookCall& call, int contacts, const Run& hublink, const ReckonedWork& script);
+    Cost scriptsCost(const OutlookCall& call, int contacts, const Run& few, const Run& more);
+    void tellFigures(const Cost& hublink, unsigned long inOutlook, const Cost& script);
     void tellNeeded(const OutlookCall& call);
 
     player::Desk& desk_;
