@@ -29,18 +29,26 @@ std::wstring firstItemValue(const Object& document, const std::wstring& item)
     return values.front().text();
 }
 
-std::wstring FirstNonEmptyItemValue(const Object& Doc, const std::vector<std::wstring>& ItemNames)
+std::optional<std::wstring> readFirstNonEmptyItemValue(const Object& document, const std::vector<std::wstring>& items)
 {
-    std::wstring first;
+    std::optional<std::wstring> first;
     trapErrors(L"FirstNonEmptyItemValue", [&] {
-        for (const std::wstring& name : ItemNames) {
-            for (const Value& value : itemValues(Doc, name)) {
-                first = value.text();
-                if (!first.empty()) return;
+        for (const std::wstring& name : items) {
+            for (const Value& value : itemValues(document, name)) {
+                const std::wstring text = value.text();
+                if (text.empty()) continue;
+                first = text;
+                return;
             }
         }
+        first = L"";
     });
     return first;
+}
+
+std::wstring FirstNonEmptyItemValue(const Object& Doc, const std::vector<std::wstring>& ItemNames)
+{
+    return readFirstNonEmptyItemValue(Doc, ItemNames).value_or(L"");
 }
 
 bool IsCurrentDocument(const Object& Doc, Object& UIDoc)

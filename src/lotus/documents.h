@@ -12,8 +12,12 @@
 // item's values are no array.
 std::wstring firstItemValue(const automation::Object& document, const std::wstring& item);
 
-// The first of the items' values, in order, that is not empty; "" when none is
-// and when one cannot be read. No error leaves it.
+// The first of the items' values, in order, that is not empty; "" when none is.
+// No value when one cannot be read. No error leaves it.
+std::optional<std::wstring> readFirstNonEmptyItemValue(const automation::Object& document,
+                                                       const std::vector<std::wstring>& items);
+
+// The same; "" too when one cannot be read.
 std::wstring FirstNonEmptyItemValue(const automation::Object& Doc, const std::vector<std::wstring>& ItemNames);
 
 // Whether Doc is the document in front in the Notes client. UIDoc receives the

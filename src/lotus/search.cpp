@@ -80,13 +80,16 @@ std::vector<std::wstring> writings(const std::wstring& number)
     return {stripped, number};
 }
 
-void readPerson(const Object& document, const LotusAddressBook& book, LotusPerson& person)
+// False when the mail address could not be read, without which a person is one too.
+bool readPerson(const Object& document, const LotusAddressBook& book, LotusPerson& person)
 {
     person.LastName = firstItemValue(document, book.LastName);
     person.FirstName = firstItemValue(document, book.FirstName);
     person.FullName = firstItemValue(document, book.FullName);
-    person.Mail = FirstNonEmptyItemValue(document, book.MailAddress);
+    const std::optional<std::wstring> mail = readFirstNonEmptyItemValue(document, book.MailAddress);
+    person.Mail = mail.value_or(L"");
     person.NoteId = document.get(L"NoteId").text();
+    return mail.has_value();
 }
 
 // Whoever has the number in the book, as it tells now or did a moment ago; a
@@ -108,8 +111,8 @@ bool findPerson(const LotusSession& session, OpenBook& open, const std::wstring&
         return false;
     }
     if (known && *known && (*known)->NoteId == found.get(L"NoteId").text()) person = **known;
-    else readPerson(found, open.description(), person);
-    open.remember(number, person);
+    else if (readPerson(found, open.description(), person)) open.remember(number, person);
+    else open.forget(); // the next search may have more luck
     if (document) *document = found;
     return true;
 }

@@ -274,6 +274,40 @@ TEST_F(LotusOpenBooks, SettingsThatAreReadAgain_LetNothingServe)
     EXPECT_EQ(calls(L"NotesSession.GetDatabase method"), 1u);
 }
 
+TEST_F(LotusOpenBooks, MailAddressThatCouldNotBeRead_IsReadByTheNextSearch)
+{
+    const auto mail = [&] {
+        LotusPerson person;
+        LotusAddressBook book;
+        EXPECT_TRUE(SearchByNumber(session, L"014567", person, false, L"", book));
+        return person.Mail;
+    };
+    const BooksKeptOpen kept(session);
+    fault(L"on NotesDocument.GetItemValue at 4 fail 0x80004005");
+    EXPECT_EQ(mail(), L"");
+    EXPECT_EQ(mail(), L"marc@acme.fr");
+}
+
+// A view is asked in vain, then there is nobody any more: what was read meanwhile is
+// nobody's.
+TEST_F(LotusOpenBooks, FailureOfWhatIsOpen_LeavesNothingOfWhatItRead)
+{
+    session.LotusAddressBooks.erase(session.LotusAddressBooks.begin());
+    const std::wstring zola = add(company, L"Form=Employee\nName=Zola\nPhone=0612\n");
+    const BooksKeptOpen kept(session);
+    EXPECT_EQ(search(L"0612"), L"Zola");
+    notes.ask(L"delete " + zola);
+    add(company, L"Form=Employee\nName=Verne\nPhone=0612\n");
+    forgetCalls();
+    fault(L"on NotesDocument.GetItemValue at 2 fail 0x80004005");
+    fault(L"on NotesView.FTSearch at 2 answer I4 0");
+    LotusPerson person{L"before", L"", L"", L"", L""};
+    LotusAddressBook book;
+    EXPECT_FALSE(SearchByNumber(session, L"0612", person, true, L"", book));
+    EXPECT_EQ(person.LastName, L"before");
+    EXPECT_EQ(calls(L"NotesView.FTSearch method"), 2u);
+}
+
 TEST_F(LotusOpenBooks, TwoDescriptionsOfOneDatabase_HaveAnswersOfTheirOwn)
 {
     LotusAddressBook other = session.LotusAddressBooks[0];
