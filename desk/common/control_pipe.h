@@ -47,12 +47,14 @@ private:
     HANDLE thread_ = nullptr;
 };
 
+inline constexpr DWORD usualTimeout = 10'000; // milliseconds
+
 // The client's side: sends `request` to the partner ("outlook", "pavex") and
 // returns its response. Tries again until the partner is there. Throws
 // std::runtime_error when there is no response within `timeout` milliseconds,
 // or when the partner ends in between; a response "error: ..." is returned as
 // it is. Messages of the calling thread are dispatched while it waits, so that
 // the partner may call back.
-std::wstring ask(std::wstring_view partner, std::wstring_view request, DWORD timeout = 10'000);
+std::wstring ask(std::wstring_view partner, std::wstring_view request, DWORD timeout = usualTimeout);
 
 }

@@ -81,6 +81,7 @@ void change(Setup& setup, std::wstring_view setting, std::wstring_view text)
     if (is(L"Version")) setup.version = versionOf(text);
     else if (is(L"Guard")) setup.guard = guardOf(text);
     else if (is(L"MissingCell")) setup.missingCell = missingCellOf(text);
+    else if (is(L"LongestText")) setup.longestText = numberOf(text, "longest text");
     else if (is(L"RowOrder")) setup.rowOrder = rowOrderOf(text);
     else if (is(L"Identifiers")) setup.identifiers = numberOf(text, "identifiers");
     else if (is(L"Creation")) setup.creation = creationOf(text);
@@ -95,6 +96,7 @@ StoreRecord recordOf(const Setup& setup)
     if (setup.guard != usual.guard) record.add(L"Guard", textOf(setup.guard));
     for (const auto& [cell, name] : missingCells)
         if (setup.missingCell == cell && cell != usual.missingCell) record.add(L"MissingCell", name);
+    if (setup.longestText != usual.longestText) record.add(L"LongestText", std::to_wstring(setup.longestText));
     if (setup.rowOrder != usual.rowOrder) record.add(L"RowOrder", L"reversed");
     if (setup.identifiers != usual.identifiers) record.add(L"Identifiers", std::to_wstring(setup.identifiers));
     if (setup.creation != usual.creation) record.add(L"Creation", L"fails " + std::to_wstring(setup.creation.delay));

@@ -44,6 +44,7 @@ struct Setup {
     Version version = Version::v2016;
     GuardSetting guard;
     MissingCell missingCell = MissingCell::empty;
+    unsigned longestText = 255; // in a table's cell, in characters
     RowOrder rowOrder = RowOrder::folder;
     unsigned identifiers = 0; // by how many rows of its class each identifier has moved
     CreationSetting creation;
@@ -53,6 +54,7 @@ struct Setup {
 //     Version      2003, 2007, 2016
 //     Guard        off, allow [MS], deny [HRESULT]
 //     MissingCell  empty, null, notfound
+//     LongestText  a number of characters
 //     RowOrder     folder, reversed
 //     Identifiers  a number
 //     Creation     works, fails [MS]

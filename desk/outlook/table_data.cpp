@@ -10,8 +10,6 @@ namespace {
 
 using automation::Value;
 
-constexpr std::size_t longestText = 255;
-
 constexpr const wchar_t* defaultColumns[] = {L"EntryID", L"Subject", L"CreationTime", L"LastModificationTime",
                                              L"MessageClass"};
 constexpr const wchar_t* contactColumns[] = {L"FirstName", L"LastName", L"CompanyName"};
@@ -108,7 +106,8 @@ Value TableData::cell(const Item& item, const Field& field) const
     if (value.type() != VT_BSTR) return value;
     const std::wstring text = value.text();
     if (text.empty()) return missing();
-    return text.size() > longestText ? Value(text.substr(0, longestText)) : value;
+    const unsigned longest = outlook_.setup().longestText;
+    return text.size() > longest ? Value(text.substr(0, longest)) : value;
 }
 
 std::size_t TableData::columnIndex(const Value& key) const

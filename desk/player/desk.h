@@ -55,7 +55,10 @@ public:
 
     // A request to a partner's control pipe; an "error:" response throws.
     std::wstring softphone(std::wstring_view request) { return softphone_.ask(request); }
-    std::wstring outlook(std::wstring_view request) { return outlook_.ask(request); }
+    std::wstring outlook(std::wstring_view request, DWORD timeout = usualTimeout)
+    {
+        return outlook_.ask(request, timeout);
+    }
     std::wstring notes(std::wstring_view request) { return notes_.ask(request); }
 
     Process& hublinkProcess() { return hublink_; }

@@ -100,9 +100,9 @@ void PartnerProgram::end()
     process_.kill();
 }
 
-std::wstring PartnerProgram::ask(std::wstring_view request) const
+std::wstring PartnerProgram::ask(std::wstring_view request, DWORD timeout) const
 {
-    const std::wstring response = desk::ask(name_, request);
+    const std::wstring response = desk::ask(name_, request, timeout);
     if (response.starts_with(L"error:"))
         throw std::runtime_error(automation::ansi(request) + ": " + automation::ansi(response));
     return response;

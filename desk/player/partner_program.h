@@ -1,6 +1,7 @@
 // A partner as an installed program: its file, its store, its control pipe.
 #pragma once
 
+#include "desk/common/control_pipe.h"
 #include "desk/player/windows_files.h"
 
 #include <functional>
@@ -35,7 +36,7 @@ public:
     void end();
 
     // A request to its control pipe; an "error:" response throws.
-    std::wstring ask(std::wstring_view request) const;
+    std::wstring ask(std::wstring_view request, DWORD timeout = usualTimeout) const;
 
     // Waits for a window whose title begins so (or is exactly so); false when none opens.
     bool shows(const std::wstring& title, bool exactly = true) const;

@@ -96,6 +96,8 @@ TEST_F(Table, LongText_IsCutAt255)
     outlook.load(L"[contact]\nFullName=Ann Abel\nBody=" + std::wstring(300, L'x') + L"\n");
     EXPECT_EQ(cell(tableOf({L"Body"}).get(L"GetArray", {std::int32_t{1}}), 0, 0).text(), std::wstring(255, L'x'));
     EXPECT_EQ(items(olContacts).get(L"GetFirst").object().get(L"Body").text().size(), 300u);
+    outlook.ask(L"longesttext 127");
+    EXPECT_EQ(cell(tableOf({L"Body"}).get(L"GetArray", {std::int32_t{1}}), 0, 0).text(), std::wstring(127, L'x'));
 }
 
 TEST_F(Table, MoreRowsThanThereAre_AreAnErrorInVersion2007Only)

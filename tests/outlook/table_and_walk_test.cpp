@@ -81,6 +81,7 @@ protected:
         outlook.load(desk::parseStore(records));
         outlook.setVersion(version);
         outlook.command(L"missingcell", missingCell);
+        outlook.command(L"longesttext", longestText);
         outlook.command(L"roworder", rowOrder);
         session.tablesAreGuarded = false;
     }
@@ -136,12 +137,14 @@ protected:
     {
         static const wchar_t* const cells[] = {L"empty", L"null", L"notfound"};
         missingCell = cells[folders.below(3)];
+        longestText = folders.oneOf(2) ? L"127" : L"255";
         rowOrder = folders.oneOf(2) ? L"folder" : L"reversed";
         session.bReplacePhoneNumber = folders.oneOf(2);
     }
 
 private:
     const wchar_t* missingCell = L"empty";
+    const wchar_t* longestText = L"255";
     const wchar_t* rowOrder = L"folder";
 };
 
