@@ -59,6 +59,7 @@ void OutlookGroupware::start(const People& contacts)
 void OutlookGroupware::load(const People& contacts)
 {
     desk_.outlook(L"load\n" + fromUtf8(recordsOf(contacts)), longestLoad);
+    desk_.outlook(L"count", longestLoad); // behind the saving of the store, in which no client is answered
 }
 
 int OutlookGroupware::logLines(const std::wstring& ending)
