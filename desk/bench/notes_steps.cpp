@@ -18,8 +18,9 @@ std::vector<NeededCalls> notesFirstSynchronisationSteps()
     constexpr unsigned long known = 100;
     constexpr unsigned long fresh = 100;
     constexpr unsigned long items = 1'000;
-    constexpr unsigned long found = 900; // of their callers, in the last of three books
-    constexpr unsigned long lookedFor = found + 50;
+    constexpr unsigned long withNumber = 950;
+    constexpr unsigned long found = 180; // of their numbers, in the last of three books
+    constexpr unsigned long strangers = 50;
     std::vector<NeededCalls> steps = recordsOfFirstSynchronisation();
     const std::vector<NeededCalls> inNotes{
         {L"session: the mail file, the user's name, the log, the history and the version", 6},
@@ -29,10 +30,11 @@ std::vector<NeededCalls> notesFirstSynchronisationSteps()
         {L"each entry: GetDocumentByKey", known + fresh},
         {L"each known entry: NoteID", known},
         {L"each new contact: CreateDocument, Form, Type, four items, Save, NoteID", 9 * fresh},
-        {L"each caller: GetDocumentByKey in each book", 3 * lookedFor},
-        {L"each found: four GetItemValue, NoteID", 5 * found},
+        {L"each caller's number: GetDocumentByKey in each book", 3 * (found + strangers)},
+        {L"each number found: four GetItemValue, NoteID", 5 * found},
         {L"each document: CreateDocument, Form, Type, six items, Save, NoteID, CurrentDatabase", 12 * items},
-        {L"its caller: six items", 6 * lookedFor}};
+        {L"its caller: six items", 6 * withNumber},
+        {L"each unanswered call: Acknowledged", 200}};
     steps.insert(steps.end(), inNotes.begin(), inNotes.end());
     return steps;
 }

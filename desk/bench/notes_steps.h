@@ -10,7 +10,8 @@ namespace desk::bench {
 // his names were found by serves for the document too.
 std::vector<NeededCalls> notesKnownCallersSteps();
 
-// 200 entries, of which every second is known, and 1,000 history items.
+// 200 entries, of which every second is known, and 1,000 history items: what a number
+// was found by serves all its calls.
 std::vector<NeededCalls> notesFirstSynchronisationSteps();
 
 }
