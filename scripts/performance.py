@@ -157,17 +157,23 @@ def draw(figures):
 
 
 def main(arguments):
+    if len(arguments) > 3 or any(argument.startswith("-") for argument in arguments):
+        print("usage: scripts/performance.py [LOG [PAGE [PICTURE]]]", file=sys.stderr)
+        return 2
     root = Path(__file__).resolve().parent.parent
     defaults = [root / "out/bench.log", root / "docs/performance.md", root / "docs/performance.svg"]
     log, page, picture = [Path(argument) for argument in arguments] + defaults[len(arguments):]
-    figures = Figures(log.read_text(encoding="utf-8"))
     try:
+        figures = Figures(log.read_text(encoding="utf-8"))
         text = with_block(page.read_text(encoding="utf-8"), "costs", cost_table(figures))
         text = with_block(text, "latency", latency_table(figures))
         text = with_block(text, "machine", [f"Measured on {figures.machine}."])
         drawing = draw(figures)
     except KeyError as missing:
         print(f"performance: {log} has no figure of {missing}", file=sys.stderr)
+        return 1
+    except (OSError, ValueError) as error:
+        print(f"performance: {error}", file=sys.stderr)
         return 1
     page.write_text(text, encoding="utf-8")
     picture.write_text(drawing, encoding="utf-8")

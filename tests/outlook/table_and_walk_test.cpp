@@ -11,6 +11,7 @@
 namespace {
 
 using desk::outlook::Version;
+using Records = std::vector<desk::StoreRecord>;
 
 constexpr int comparisons = 5'000; // in each of the two halves
 constexpr int changes = 2'000;
@@ -76,9 +77,9 @@ class TableAndWalk : public OutlookTest {
 protected:
     TableAndWalk() { open(); }
 
-    void load(Version version, const std::wstring& records)
+    void load(Version version, const Records& records)
     {
-        outlook.load(desk::parseStore(records));
+        outlook.load(records);
         outlook.setVersion(version);
         outlook.command(L"missingcell", missingCell);
         outlook.command(L"longesttext", longestText);
@@ -96,7 +97,7 @@ protected:
         return found + L"\n" + *outlook.command(L"contacts", L"");
     }
 
-    std::wstring lookUp(Version version, const std::wstring& records, const std::wstring& number)
+    std::wstring lookUp(Version version, const Records& records, const std::wstring& number)
     {
         load(version, records);
         return lookUp(number);
@@ -173,13 +174,14 @@ void TableAndWalk::compareHalf(unsigned seed)
     int found = 0, byIdentifier = 0, failures = 0;
     for (int n = 0; n < comparisons; ++n) {
         chooseTable(folders);
-        const std::wstring records = folders.next();
+        const std::wstring text = folders.next();
+        const Records records = desk::parseStore(text);
         const std::wstring number = folders.sought();
         const std::wstring walked = lookUp(Version::v2003, records, number);
         const Version version = folders.oneOf(3) ? Version::v2007 : Version::v2016;
         load(version, records);
         forgetCalls();
-        ASSERT_EQ(lookUp(number), walked) << desk::utf8(number) << "\n" << desk::utf8(records);
+        ASSERT_EQ(lookUp(number), walked) << desk::utf8(number) << "\n" << desk::utf8(text);
         found += walked.starts_with(L"found");
         const std::vector<std::wstring> calls = callsOfTheTable();
         byIdentifier += std::count(calls.begin(), calls.end(), L"NameSpace.GetItemFromID method") > 0;
@@ -187,7 +189,7 @@ void TableAndWalk::compareHalf(unsigned seed)
             load(version, records);
             recorder.faults.add(fault);
             ASSERT_EQ(lookUp(number), walked)
-                << desk::utf8(fault) << "\n" << desk::utf8(number) << "\n" << desk::utf8(records);
+                << desk::utf8(fault) << "\n" << desk::utf8(number) << "\n" << desk::utf8(text);
             ++failures;
         }
     }
@@ -216,7 +218,8 @@ TEST_F(TableAndWalk, FoldersThatChangeWhileTheTableIsRead_GiveTheSame)
     int decisive = 0;
     for (int n = 0; n < changes; ++n) {
         chooseTable(folders);
-        const std::wstring records = folders.next();
+        const std::wstring text = folders.next();
+        const Records records = desk::parseStore(text);
         const std::wstring number = folders.sought();
         const std::wstring before = lookUp(Version::v2003, records, number);
         load(Version::v2003, records);
@@ -228,7 +231,7 @@ TEST_F(TableAndWalk, FoldersThatChangeWhileTheTableIsRead_GiveTheSame)
         outlook.command(L"later", L"1 " + word + L" " + rest);
         const std::wstring seen = lookUp(number);
         const bool hasHappened = calls(L"Table.GetArray method") > 0;
-        const std::wstring context = word + L" " + rest + L"\n" + number + L"\n" + records;
+        const std::wstring context = word + L" " + rest + L"\n" + number + L"\n" + text;
         if (word == L"change" && hasHappened)
             ASSERT_TRUE(firstLine(seen) == firstLine(before) || firstLine(seen) == firstLine(after)) << desk::utf8(context);
         else
@@ -244,7 +247,8 @@ TEST_F(TableAndWalk, ItemsThatComeAndGoWithinAnEvent_GiveTheSame)
     int decisive = 0;
     for (int n = 0; n < changes; ++n) {
         chooseTable(folders);
-        const std::wstring records = folders.next();
+        const std::wstring text = folders.next();
+        const Records records = desk::parseStore(text);
         const std::wstring number = folders.sought();
         load(Version::v2003, records);
         const auto [word, rest] = change(folders);
@@ -257,7 +261,7 @@ TEST_F(TableAndWalk, ItemsThatComeAndGoWithinAnEvent_GiveTheSame)
         const auto walked = twoLookUps();
         load(Version::v2016, records);
         const AnswersOfOneEvent answers(session);
-        ASSERT_EQ(twoLookUps(), walked) << desk::utf8(word + L" " + rest + L"\n" + number + L"\n" + records);
+        ASSERT_EQ(twoLookUps(), walked) << desk::utf8(word + L" " + rest + L"\n" + number + L"\n" + text);
         decisive += firstLine(walked.first) != firstLine(walked.second);
     }
     EXPECT_GT(decisive, changes / 50) << "changes that make no difference show nothing";
