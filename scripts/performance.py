@@ -157,7 +157,7 @@ def draw(figures):
 
 
 def main(arguments):
-    if len(arguments) > 3 or any(argument.startswith("-") for argument in arguments):
+    if len(arguments) > 3 or any(str(argument).startswith("-") for argument in arguments):
         print("usage: scripts/performance.py [LOG [PAGE [PICTURE]]]", file=sys.stderr)
         return 2
     root = Path(__file__).resolve().parent.parent

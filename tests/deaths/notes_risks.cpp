@@ -16,6 +16,15 @@ bool followsTheSaving(const PartnerCall& call)
            call.isOf(L"NotesUIWorkspace") || call.isOf(L"NotesUIDatabase") || call.member == L"NotesDatabase.FileName";
 }
 
+// What a search in the address books does. Within two seconds an answer serves again.
+bool isOfASearch(const PartnerCall& call)
+{
+    return call.isOf(L"NotesView") || call.member == L"NotesSession.GetDatabase" ||
+           call.member == L"NotesDatabase.GetView" || call.member == L"NotesDatabase.LastModified" ||
+           call.member == L"NotesDocument.GetItemValue" || call.member == L"NotesDocument.NoteID" ||
+           call.member == L"NotesDocument.NoteId";
+}
+
 // Follows the document of a call, from its making on. It is open from the
 // moment when it is saved until something else is done in Notes.
 class OpenCalls {
@@ -107,8 +116,11 @@ std::vector<Risk> NotesMirror::risks(const Calls& calls) const
     std::vector<Risk> risks(calls.size());
     OpenCalls openCalls(calls);
     LookUps lookUps(calls);
+    bool areCallsCopied = false; // an entry's contact is always asked for
     for (std::size_t index = 0; index < calls.size(); ++index) {
         openCalls.at(index, risks[index]);
+        areCallsCopied = areCallsCopied || !risks[index].beingCopied.empty();
+        risks[index].isUnsteady = areCallsCopied && isOfASearch(calls[index]);
         risks[index].lookedFor = lookUps.at(index, !risks[index].beingCopied.empty());
     }
     return risks;

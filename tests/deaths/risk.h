@@ -11,6 +11,10 @@ struct Risk {
     // Part of the look through all contacts: many calls alike.
     bool inWalk = false;
 
+    // Whether this call comes, and when, depends on how fast the machine is: nothing
+    // is tried at it.
+    bool isUnsteady = false;
+
     // The softphone's call whose record is saved in the groupware and not in the
     // map yet, before and after this call is carried out; "" for none. Whoever
     // dies then, the call is copied again.

@@ -3,6 +3,7 @@
 #include "softphone_records.h"
 #include "softphone_risks.h"
 
+#include "automation/text.h"
 #include "desk/common/control_pipe.h"
 #include "desk/common/text.h"
 
@@ -127,10 +128,18 @@ void Stage::renewServers()
     map_.reopen();
 }
 
+// Counted among the calls of its member: how often Notes is asked for a number depends
+// on how long ago it was asked for the same.
 void Stage::plan(const Trial& trial, const std::wstring& action)
 {
-    const std::wstring at = L"fault at " + std::to_wstring(trial.call + 1) + L" ";
-    ask(trial.partner, at + action + (trial.after ? L" after" : L""));
+    const std::vector<PartnerCall>& calls = callsOf(trial.partner);
+    const PartnerCall& call = calls[trial.call];
+    const auto isAlike = [&](const PartnerCall& other) {
+        return other.kind == call.kind && automation::equalWithoutCase(other.member, call.member);
+    };
+    const auto place = 1 + std::count_if(calls.begin(), calls.begin() + static_cast<std::ptrdiff_t>(trial.call), isAlike);
+    ask(trial.partner, L"fault on " + call.member + L" " + call.kind + L" at " + std::to_wstring(place) + L" " + action +
+                           (trial.after ? L" after" : L""));
 }
 
 State Stage::stateOf(const Groupware& groupware) const

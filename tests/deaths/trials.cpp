@@ -21,9 +21,10 @@ std::vector<Trial> allOf(const Stage& stage, Mishap mishap, bool after)
     for (PartnerNumber partner = softphone; partner < stage.partners(); ++partner) {
         if (!happensAt(mishap, partner)) continue;
         for (std::size_t call = 0; call < stage.callsOf(partner).size(); ++call) {
+            const Trial trial{mishap, partner, call, after};
             const bool isLookUp = stage.callsOf(partner)[call].isLookUp();
             if (after && isLookUp) continue; // a look-up has no effect
-            found.push_back({mishap, partner, call, after});
+            if (!stage.riskOf(trial).isUnsteady) found.push_back(trial);
         }
     }
     return found;

@@ -10,7 +10,7 @@ struct Sampling {
     std::size_t eachKind = 150; // trials of each kind that is sampled
 };
 
-// First Hublink's death before every call outside the walks. Then, taking turns
+// First Hublink's death before every steady call outside the walks. Then, taking turns
 // so that a run that is cut short has tried something of each: its death inside
 // the walks and after calls, the other programs' deaths before and after calls,
 // the partners busy and failing.
