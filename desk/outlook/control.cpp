@@ -179,7 +179,8 @@ void Outlook::putOff(std::wstring_view text)
 std::optional<std::wstring> Outlook::settingCommand(const std::wstring& word, std::wstring_view rest)
 {
     for (const wchar_t* setting :
-         {L"version", L"guard", L"missingcell", L"longesttext", L"roworder", L"identifiers", L"creation"}) {
+         {L"version", L"guard", L"missingcell", L"longesttext", L"roworder", L"arrayshape", L"hiddencolumn", L"identifiers",
+          L"creation"}) {
         if (word != setting) continue;
         change(setup_, word, rest);
         changed();

@@ -65,6 +65,13 @@ RowOrder rowOrderOf(std::wstring_view text)
     refuse(text, "folder, reversed");
 }
 
+ArrayShape arrayShapeOf(std::wstring_view text)
+{
+    if (text == L"columns") return ArrayShape::columnsFirst;
+    if (text == L"rows") return ArrayShape::rowsFirst;
+    refuse(text, "columns, rows");
+}
+
 CreationSetting creationOf(std::wstring_view text)
 {
     const std::wstring how = takeWord(text);
@@ -83,6 +90,8 @@ void change(Setup& setup, std::wstring_view setting, std::wstring_view text)
     else if (is(L"MissingCell")) setup.missingCell = missingCellOf(text);
     else if (is(L"LongestText")) setup.longestText = numberOf(text, "longest text");
     else if (is(L"RowOrder")) setup.rowOrder = rowOrderOf(text);
+    else if (is(L"ArrayShape")) setup.arrayShape = arrayShapeOf(text);
+    else if (is(L"HiddenColumn")) setup.hiddenColumn = text;
     else if (is(L"Identifiers")) setup.identifiers = numberOf(text, "identifiers");
     else if (is(L"Creation")) setup.creation = creationOf(text);
     else throw std::runtime_error("[outlook] has no setting \"" + utf8(setting) + "\"");
@@ -98,6 +107,8 @@ StoreRecord recordOf(const Setup& setup)
         if (setup.missingCell == cell && cell != usual.missingCell) record.add(L"MissingCell", name);
     if (setup.longestText != usual.longestText) record.add(L"LongestText", std::to_wstring(setup.longestText));
     if (setup.rowOrder != usual.rowOrder) record.add(L"RowOrder", L"reversed");
+    if (setup.arrayShape != usual.arrayShape) record.add(L"ArrayShape", L"rows");
+    if (setup.hiddenColumn != usual.hiddenColumn) record.add(L"HiddenColumn", setup.hiddenColumn);
     if (setup.identifiers != usual.identifiers) record.add(L"Identifiers", std::to_wstring(setup.identifiers));
     if (setup.creation != usual.creation) record.add(L"Creation", L"fails " + std::to_wstring(setup.creation.delay));
     return record;

@@ -7,6 +7,7 @@
 
 #include <windows.h>
 
+#include <string>
 #include <string_view>
 
 namespace desk::outlook {
@@ -32,6 +33,9 @@ enum class MissingCell { empty, null, notFound };
 // items, or the last one first.
 enum class RowOrder { folder, reversed };
 
+// Which index of GetArray's array comes first.
+enum class ArrayShape { columnsFirst, rowsFirst };
+
 // What a client sees that creates the application object.
 struct CreationSetting {
     bool fails = false;
@@ -46,6 +50,8 @@ struct Setup {
     MissingCell missingCell = MissingCell::empty;
     unsigned longestText = 255; // in a table's cell, in characters
     RowOrder rowOrder = RowOrder::folder;
+    ArrayShape arrayShape = ArrayShape::columnsFirst;
+    std::wstring hiddenColumn; // whose cells hold as little as those of an item without the field
     unsigned identifiers = 0; // by how many rows of its class each identifier has moved
     CreationSetting creation;
 };
@@ -56,6 +62,8 @@ struct Setup {
 //     MissingCell  empty, null, notfound
 //     LongestText  a number of characters
 //     RowOrder     folder, reversed
+//     ArrayShape   columns, rows
+//     HiddenColumn a field, or nothing
 //     Identifiers  a number
 //     Creation     works, fails [MS]
 // Throws std::runtime_error for an unknown setting or value.

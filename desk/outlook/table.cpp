@@ -31,18 +31,22 @@ Value arrayValue(SAFEARRAY* array)
     return value;
 }
 
-// The cells of some rows, by column and row, both from 0.
+// The cells of some rows, by column and row or by row and column, both from 0.
 Value cells(TableData& table, std::size_t first, std::size_t count)
 {
     const auto& columns = table.columns();
-    SAFEARRAYBOUND bounds[2] = {{static_cast<ULONG>(columns.size()), 0}, {static_cast<ULONG>(count), 0}};
+    const bool columnsFirst = table.outlook().setup().arrayShape == ArrayShape::columnsFirst;
+    const auto extents = columnsFirst ? std::pair(columns.size(), count) : std::pair(count, columns.size());
+    SAFEARRAYBOUND bounds[2] = {{static_cast<ULONG>(extents.first), 0}, {static_cast<ULONG>(extents.second), 0}};
     Value result = arrayValue(SafeArrayCreate(VT_VARIANT, 2, bounds));
     SAFEARRAY* array = V_ARRAY(&result.variant());
     VARIANT* cell = nullptr;
     automation::check(SafeArrayAccessData(array, reinterpret_cast<void**>(&cell)), L"SafeArrayAccessData");
     const std::vector<SavedItem>& rows = table.rows();
-    for (std::size_t row = first; row < first + count; ++row)
-        for (const Field* column : columns) *cell++ = table.cell(*rows[row], *column).release();
+    for (std::size_t row = 0; row < count; ++row)
+        for (std::size_t column = 0; column < columns.size(); ++column)
+            cell[columnsFirst ? row * columns.size() + column : column * count + row] =
+                table.cell(*rows[first + row], *columns[column]).release();
     SafeArrayUnaccessData(array);
     return result;
 }

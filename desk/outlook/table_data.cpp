@@ -100,7 +100,7 @@ Value TableData::missing() const
 
 Value TableData::cell(const Item& item, const Field& field) const
 {
-    if (!field.in(item.itemClass)) return missing();
+    if (!field.in(item.itemClass) || field.name == outlook_.setup().hiddenColumn) return missing();
     if (!field.has(Field::computed) && !item.fields.contains(field.id())) return missing();
     const Value value = valueOf(item, field);
     if (value.type() != VT_BSTR) return value;

@@ -8,16 +8,23 @@ namespace automation {
 
 namespace {
 
-std::size_t sizeOf(SAFEARRAY* array)
+std::vector<std::size_t> extents(SAFEARRAY* array)
 {
-    std::size_t size = 1;
+    std::vector<std::size_t> sizes;
     for (UINT dimension = 1; dimension <= SafeArrayGetDim(array); ++dimension) {
         LONG lower = 0;
         LONG upper = -1;
         check(SafeArrayGetLBound(array, dimension, &lower), L"SafeArrayGetLBound");
         check(SafeArrayGetUBound(array, dimension, &upper), L"SafeArrayGetUBound");
-        size *= static_cast<std::size_t>(upper - lower + 1);
+        sizes.push_back(static_cast<std::size_t>(upper - lower + 1));
     }
+    return sizes;
+}
+
+std::size_t sizeOf(SAFEARRAY* array)
+{
+    std::size_t size = 1;
+    for (const std::size_t extent : extents(array)) size *= extent;
     return size;
 }
 
@@ -80,6 +87,13 @@ Value elementValue(const void* element, VARTYPE type)
     return Value::copyOf(reference);
 }
 
+}
+
+std::vector<std::size_t> extentsOf(const Value& array)
+{
+    if ((array.type() & ~VT_TYPEMASK) != VT_ARRAY) throw AutomationError(L"array", DISP_E_TYPEMISMATCH);
+    SAFEARRAY* const elements = V_ARRAY(&array.variant());
+    return elements ? extents(elements) : std::vector<std::size_t>();
 }
 
 std::vector<Value> elementsOf(const Value& array)

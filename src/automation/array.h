@@ -14,4 +14,7 @@ namespace automation {
 // type, or when its elements have not the size of their type.
 std::vector<Value> elementsOf(const Value& array);
 
+// How many elements each dimension has, the first one first. Throws likewise.
+std::vector<std::size_t> extentsOf(const Value& array);
+
 }

@@ -68,6 +68,8 @@ void ShowOrCreateCaller(LotusSession& session, const std::wstring& Number, const
 {
     if (!session.LotusReady) return;
     trapErrors(L"ShowOrCreateCaller", [&] {
+        const bool mayCreate = session.host.configuration().bgSetNewContact;
+        if (mayCreate) openBooks(session)->forgetIfUnknown(Number);
         LotusPerson person;
         LotusAddressBook book;
         if (SearchByNumber(session, Number, person, true, L"", book)) return;

@@ -50,12 +50,12 @@ Object OpenBook::view(const LotusSession& session)
 }
 
 // A view object shows later changes when it is refreshed or made anew (vendor's
-// help, "NotesView class"); a full-text index follows at its own pace.
+// help, "NotesView class"). One that was searched by full text stays filtered, and no
+// help says what a second search in it goes through: it serves once.
 bool OpenBook::holds(DATE now)
 {
-    if (!view_ || !isWithin(longest, databaseOpenedAt_, now)) return false;
-    if (isWithin(moment, confirmedAt_, now)) return true;
-    return !description_.ViewTel.empty() && isUnchanged(now);
+    if (!view_ || description_.ViewTel.empty() || !isWithin(longest, databaseOpenedAt_, now)) return false;
+    return isWithin(moment, confirmedAt_, now) || isUnchanged(now);
 }
 
 // The book tells the second of its last change (vendor's help, "LastModified
@@ -134,6 +134,16 @@ std::shared_ptr<OpenBook> OpenBooks::book(const LotusSession& session, const Lot
 
 void OpenBooks::forget()
 {
+    for (const auto& book : books_) book->forget();
+}
+
+void OpenBooks::forgetIfUnknown(const std::wstring& number)
+{
+    const auto knows = [&](const std::shared_ptr<OpenBook>& book) {
+        const std::optional<LotusPerson>* const answer = book->answer(number);
+        return answer && answer->has_value();
+    };
+    if (std::any_of(books_.begin(), books_.end(), knows)) return;
     for (const auto& book : books_) book->forget();
 }
 

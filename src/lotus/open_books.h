@@ -66,6 +66,9 @@ public:
     automation::Object takeWorkspace();
     void giveBack(const automation::Object& workspace) { workspace_ = workspace; }
 
+    // Whom no book knew may be in one by now: their views are opened anew.
+    void forgetIfUnknown(const std::wstring& number);
+
 private:
     void closeAll();
 

@@ -1,5 +1,6 @@
 #include "lotus/search.h"
 
+#include "automation/error.h"
 #include "common/error_trap.h"
 #include "common/phone_number.h"
 #include "lotus/documents.h"
@@ -57,19 +58,22 @@ Object findDocument(const Object& view, const LotusAddressBook& book, const std:
 }
 
 // What is open may have gone, with its database or with all of Notes: then everything
-// is opened anew, as if nothing had been open.
-void askBook(const LotusSession& session, const LotusAddressBook& book, const std::function<void(OpenBook&)>& ask)
+// is opened anew, as if nothing had been open. The book stays open for who asked, as
+// long as he keeps it: what is in a database may go with it.
+std::shared_ptr<OpenBook> askBook(const LotusSession& session, const LotusAddressBook& book,
+                                  const std::function<void(OpenBook&)>& ask)
 {
     const std::shared_ptr<OpenBook> open = openBooks(session)->book(session, book);
-    bool isAnswered = false;
     if (open->isOpen())
-        trapErrors(L"askBook", [&] {
+        try {
             ask(*open);
-            isAnswered = true;
-        });
-    if (isAnswered) return;
+            return open;
+        } catch (const automation::AutomationError&) {
+            if (!open->isOpen()) throw; // it has been opened anew, in vain
+        }
     open->close();
     ask(*open);
+    return open;
 }
 
 // The number without separators, then as it is; once where both are the same.
@@ -166,13 +170,12 @@ bool SearchInPublicAdressBook(LotusSession& session, const LotusAddressBook& Boo
         const LotusPerson before = person;
         Object document;
         bool isKnown = false;
-        askBook(session, Book, [&](OpenBook& open) {
+        const std::shared_ptr<OpenBook> kept = askBook(session, Book, [&](OpenBook& open) {
             person = before;
             isKnown = findPerson(session, open, Number, person, Show ? &document : nullptr);
         });
-        if (!isKnown) return;
-        if (Show) showOnce(Book, document);
-        found = true;
+        if (isKnown && Show) showOnce(Book, document);
+        found = isKnown;
     };
     trapErrors(L"SearchInPublicAdressBook", search, [&] { logNoAccess(session, Book, L"SearchInPublicAdressBook"); });
     return found;

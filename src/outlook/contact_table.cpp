@@ -1,13 +1,11 @@
 #include "outlook/contact_table.h"
 
-#include "automation/array.h"
 #include "automation/text.h"
 #include "common/error_trap.h"
 #include "common/phone_number.h"
-#include "outlook/telephone_fields.h"
+#include "outlook/table_block.h"
 
 #include <algorithm>
-#include <span>
 
 namespace {
 
@@ -24,13 +22,6 @@ constexpr std::int32_t rowsAtOnce = 500;
 constexpr DWORD longestUnasked = 1'000;
 // How long an answer serves, in milliseconds.
 constexpr DWORD longestKept = 2'000;
-
-// The columns behind the telephone fields. An item's class itself cannot be one.
-constexpr std::size_t entryIdColumn = telephoneFields.size();
-constexpr std::size_t messageClassColumn = entryIdColumn + 1;
-constexpr std::size_t columnCount = messageClassColumn + 1;
-
-using Row = std::span<const Value>;
 
 // False when somebody was asked about one of them: each of the others would be asked about, too.
 bool addColumns(OutlookSession& session, const Object& columns)
@@ -70,11 +61,10 @@ bool mayBe(const Value& cell, const std::wstring& sought)
     return text.size() > longestWholeText ? sought.starts_with(stripped) : stripped == sought;
 }
 
-// Whether the row's item is a contact, or one of a form made from it.
-bool isContact(const Row& row)
+// Whether the item is a contact, or one of a form made from it.
+bool isContact(const Value& cell)
 {
     static const std::wstring contact = L"IPM.Contact";
-    const Value& cell = row[messageClassColumn];
     if (cell.type() != VT_BSTR) return false;
     const std::wstring text = cell.text();
     return automation::equalWithoutCase(text.substr(0, contact.size()), contact) &&
@@ -86,12 +76,13 @@ class Tally {
 public:
     explicit Tally(const std::wstring& sought) : sought_(sought) {}
 
-    void add(const Row& row)
+    void add(const TableBlock& block, std::size_t row)
     {
-        onlyContacts_ = onlyContacts_ && isContact(row);
-        const auto leavesItOpen = [&](const Value& cell) { return mayBe(cell, sought_); };
-        if (std::none_of(row.begin(), row.begin() + telephoneFields.size(), leavesItOpen)) return;
-        if (++candidates_ == 1) entryId_ = row[entryIdColumn].text();
+        onlyContacts_ = onlyContacts_ && isContact(block.cell(row, messageClassColumn));
+        bool leavesItOpen = false;
+        for (std::size_t field = 0; field < telephoneFields.size() && !leavesItOpen; ++field)
+            leavesItOpen = mayBe(block.cell(row, field), sought_);
+        if (leavesItOpen && ++candidates_ == 1) entryId_ = block.cell(row, entryIdColumn).text();
     }
 
     // Whether further rows cannot help.
@@ -113,13 +104,13 @@ bool readRows(const TableAnswer& answer, Tally& tally)
     const std::int32_t block = std::min(answer.rows, rowsAtOnce);
     std::int32_t read = 0;
     while (read < answer.rows) {
-        const std::vector<Value> values = automation::elementsOf(answer.table.get(L"GetArray", {block}));
-        if (values.empty() || values.size() % columnCount != 0) return false;
-        for (std::size_t first = 0; first < values.size(); first += columnCount) {
-            tally.add(Row(&values[first], columnCount));
+        const TableBlock rows(answer.table.get(L"GetArray", {block}));
+        if (rows.rows() == 0) return false;
+        for (std::size_t row = 0; row < rows.rows(); ++row) {
+            tally.add(rows, row);
             if (tally.isUntold()) return false;
         }
-        read += static_cast<std::int32_t>(values.size() / columnCount);
+        read += static_cast<std::int32_t>(rows.rows());
     }
     // A table shows what comes while it is read: it may be longer by now.
     return answer.table.get(L"EndOfTable").truth();
@@ -134,7 +125,6 @@ Object openTable(OutlookSession& session)
         table.call(L"MoveToStart");
         return table;
     }
-    kept.since = GetTickCount();
     return newTable(session);
 }
 
@@ -168,7 +158,9 @@ TableAnswer whoMayHave(OutlookSession& session, const std::wstring& sought)
         kept.entries.clear();
     }
     const TableAnswer answer = askTable(session, sought);
-    if (kept.areKept && answer.table) kept.entries.push_back({sought, answer});
+    if (!kept.areKept || !answer.table) return answer;
+    if (kept.entries.empty()) kept.since = GetTickCount();
+    kept.entries.push_back({sought, answer});
     return answer;
 }
 

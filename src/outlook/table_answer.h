@@ -18,9 +18,9 @@ struct TableAnswer {
     std::int32_t rows = 0;    // which it had then
 };
 
-// Answers that serve again while one event is handled. Contacts come and go
-// meanwhile, which a table shows and is asked about; nobody promises that it shows
-// what is typed into one that was there, so answers do not grow old.
+// Answers that serve again while one event is handled. A table shows that contacts come
+// or go, and is asked for their count. Nobody promises that it shows what is typed into
+// one, nor does the count tell that one has come for another: answers do not grow old.
 struct KeptAnswers {
     struct Entry {
         std::wstring sought;
@@ -28,6 +28,6 @@ struct KeptAnswers {
     };
 
     bool areKept = false;     // an event is being handled
-    DWORD since = 0;          // when the table was opened, as GetTickCount tells it
+    DWORD since = 0;          // when the first one was told, as GetTickCount tells it
     std::vector<Entry> entries;
 };

@@ -56,6 +56,7 @@ TEST_F(Control, BadStores_AreRefusedAndChangeNothing)
         {L"[outlook]\nVersion=95\n", "\"95\" is none of the versions 2003, 2007, 2016"},
         {L"[outlook]\nGuard=perhaps\n", "\"perhaps\" is none of off, allow [MS], deny [HRESULT]"},
         {L"[outlook]\nRowOrder=any\n", "\"any\" is none of folder, reversed"},
+        {L"[outlook]\nArrayShape=round\n", "\"round\" is none of columns, rows"},
         {L"[outlook]\nMissingCell=hole\n", "\"hole\" is none of empty, null, notfound"},
         {L"[outlook]\nCreation=slowly\n", "\"slowly\" is none of works, fails [MS]"},
         {L"[outlook]\nColour=blue\n", "[outlook] has no setting \"Colour\""},
@@ -167,12 +168,12 @@ TEST_F(Control, Quit_IsCounted)
 TEST_F(Control, Settings_ComeBackTheSame_AndOnlyThoseThatAreNotUsual)
 {
     const std::wstring store = L"[outlook]\nVersion=2003\nGuard=deny 0x80040102\nMissingCell=null\n"
-                               L"LongestText=127\nRowOrder=reversed\nIdentifiers=4\nCreation=fails 200\n";
+                               L"LongestText=127\nRowOrder=reversed\nArrayShape=rows\nHiddenColumn=EntryID\nIdentifiers=4\nCreation=fails 200\n";
     outlook.load(store);
     EXPECT_EQ(desk::storeText(outlook.model().records()), store);
     for (const wchar_t* usual :
-         {L"version 2016", L"guard off", L"missingcell empty", L"longesttext 255", L"roworder folder", L"identifiers 0",
-          L"creation works"})
+         {L"version 2016", L"guard off", L"missingcell empty", L"longesttext 255", L"roworder folder", L"arrayshape columns",
+          L"hiddencolumn ", L"identifiers 0", L"creation works"})
         EXPECT_EQ(outlook.ask(usual), L"ok");
     EXPECT_EQ(desk::storeText(outlook.model().records()), L"");
 }

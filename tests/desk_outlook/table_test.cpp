@@ -1,3 +1,4 @@
+#include "automation/array.h"
 #include "desk_outlook/outlook_fixture.h"
 
 namespace {
@@ -71,6 +72,16 @@ TEST_F(Table, Array_IsByColumnThenRow_AndMovesOn)
     EXPECT_EQ(length(made.get(L"GetArray", {std::int32_t{3}}), 2), 0);
     made.call(L"MoveToStart");
     EXPECT_EQ(cell(made.get(L"GetArray", {std::int32_t{1}}), 0, 0).text(), L"Ann Abel");
+}
+
+TEST_F(Table, ArrayWithTheRowsFirst_HoldsTheSame)
+{
+    outlook.ask(L"arrayshape rows");
+    const Value array = tableOf({L"FullName", L"FileAs"}).get(L"GetArray", {std::int32_t{3}});
+    EXPECT_EQ(automation::extentsOf(array), (std::vector<std::size_t>{3, 2}));
+    EXPECT_EQ(automation::elementsOf(array)[0].text(), L"Ann Abel");
+    EXPECT_EQ(automation::elementsOf(array)[2].text(), L"Cy Cole");
+    EXPECT_EQ(automation::elementsOf(array)[3].text(), L"Abel, Ann");
 }
 
 TEST_F(Table, AddedColumn_ResetsTheTable)

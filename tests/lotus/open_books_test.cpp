@@ -100,13 +100,14 @@ TEST_F(LotusOpenBooks, SecondSearchOfAnEvent_AsksTheOpenViewForTheDocument_AndRe
     EXPECT_EQ(calls(L"NotesView.GetDocumentByKey lookup"), 0u);
 }
 
-TEST_F(LotusOpenBooks, SecondSearchForTheNamesOnly_AsksNothing_OfNobodyNeither)
+TEST_F(LotusOpenBooks, SecondSearchForTheNamesOnly_AsksNothing_ButABookThatIsSearchedByFullText)
 {
     const BooksKeptOpen kept(session);
     search(L"014567");
     search(L"099");
     EXPECT_EQ(callsOf(L"014567"), Lines{});
-    EXPECT_EQ(callsOf(L"099"), Lines{});
+    EXPECT_EQ(callsOf(L"099"), (Lines{L"NotesDatabase.GetView method (BSTR \"Staff\")",
+                                      L"NotesView.FTSearch method (BSTR \"[Phone] CONTAINS \"099\"\", I2 1)"}));
     EXPECT_EQ(search(L"014567"), L"Durand");
     EXPECT_EQ(search(L"099"), L"");
 }
@@ -403,4 +404,37 @@ TEST_F(LotusOpenBooks, Workspace_ServesAWalk_AndIsReplacedWhenItFails)
     openBooks(session)->giveBack(first);
     EXPECT_EQ(openBooks(session)->takeWorkspace().dispatch(), first.dispatch());
     EXPECT_NE(openBooks(session)->takeWorkspace().dispatch(), first.dispatch()) << "it was not given back";
+}
+
+TEST_F(LotusOpenBooks, StrangerWhoWasSavedMeanwhile_IsShown_AndNotMadeASecondTime)
+{
+    host.settings.bgSetNewContact = true;
+    const BooksKeptOpen kept(session);
+    EXPECT_EQ(search(L"0612"), L"");
+    add(ownBook, L"Form=Person\nLastName=Late\nFirstName=Lea\nOfficePhoneNumber=0612\n");
+    forgetCalls();
+    ShowOrCreateCaller(session, L"0612", L"Stranger", L"");
+    EXPECT_EQ(calls(L"NotesDatabase.CreateDocument method"), 0u);
+    EXPECT_EQ(calls(L"NotesUIWorkspace.EditDocument method"), 1u);
+}
+
+TEST_F(LotusOpenBooks, ViewThatWasSearchedByFullText_ServesOnce)
+{
+    const BooksKeptOpen kept(session);
+    for (const wchar_t* number : {L"077", L"078", L"077"}) search(number);
+    EXPECT_EQ(calls(L"NotesView.FTSearch method"), 3u);
+    EXPECT_EQ(calls(L"NotesDatabase.GetView method"), 1u + 3u) << "the keyed book's once, the other's each time";
+}
+
+TEST_F(LotusOpenBooks, BookThatIsOutOfReach_IsOpenedAnewOnce)
+{
+    const BooksKeptOpen kept(session);
+    search(L"014567");
+    forgetCalls();
+    fault(L"on NotesView.GetDocumentByKey at 1 fail 0x800706BA");
+    fault(L"on NotesSession.GetDatabase fail 0x800706BA");
+    EXPECT_EQ(search(L"014567", true), L"");
+    EXPECT_EQ(calls(L"NotesView.GetDocumentByKey method"), 1u);
+    EXPECT_EQ(calls(L"NotesSession.GetDatabase method"), 2u) << "each book once";
+    forgetCalls();
 }

@@ -285,6 +285,40 @@ TEST_F(ContactTable, OutlookWithoutTables_IsNoGuard)
 
 TEST_F(ContactTable, CellsOfIdentifierOrClassThatCannotBeTold_TheWalkRuns)
 {
+    for (const wchar_t* column : {L"EntryID", L"MessageClass"})
+        for (const wchar_t* cell : {L"empty", L"null", L"notfound"}) {
+            openAs(Version::v2016, people(3) + personWith(L"9.9"));
+            outlook.command(L"hiddencolumn", column);
+            outlook.command(L"missingcell", cell);
+            EXPECT_EQ(ownerOf(L"99"), NumberOwner::untold) << desk::utf8(column) << " " << desk::utf8(cell);
+            EXPECT_EQ(walkFindsWhom(L"99"), L"Wanted");
+            EXPECT_EQ(ownerOf(L"98"), NumberOwner::nobody) << "no telephone number says so";
+        }
+}
+
+// As many rows as columns: only the cells tell which index is which.
+TEST_F(ContactTable, ArrayOfEitherShape_IsReadAlike)
+{
+    for (const wchar_t* shape : {L"columns", L"rows"})
+        for (const int others : {0, 3, 14, 599}) {
+            openAs(Version::v2016, people(others) + personWith(L"9.9"));
+            outlook.command(L"arrayshape", shape);
+            EXPECT_EQ(ownerOf(L"99"), NumberOwner::oneContact) << desk::utf8(shape) << " " << others;
+            EXPECT_EQ(ownerOf(L"98"), NumberOwner::nobody) << desk::utf8(shape) << " " << others;
+            EXPECT_EQ(walkFindsWhom(L"99"), L"Wanted");
+        }
+}
+
+TEST_F(ContactTable, ArrayWhoseShapeCannotBeTold_TheWalkRuns)
+{
+    openAs(Version::v2016, people(14) + personWith(L"9.9"));
+    outlook.command(L"hiddencolumn", L"MessageClass");
+    EXPECT_EQ(ownerOf(L"98"), NumberOwner::untold) << "fifteen rows of fifteen columns";
+    EXPECT_EQ(walkFindsWhom(L"99"), L"Wanted");
+}
+
+TEST_F(ContactTable, NamedContactThatCannotBeRead_TheWalkRuns)
+{
     for (const wchar_t* fault : {L"on ContactItem.* get from 1 fail 0x80004005", L"on NameSpace.GetItemFromID answer Nothing",
                                  L"on NameSpace.GetItemFromID fail 0x8004010F"}) {
         openAs(Version::v2016, people(3) + personWith(L"9.9"));

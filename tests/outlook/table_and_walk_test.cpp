@@ -33,7 +33,7 @@ public:
         std::wstring records;
         const unsigned strangersBefore = oneOf(300) ? 480 + below(600) : 0;
         for (unsigned n = 0; n < strangersBefore; ++n) records += L"[contact]\nHomeTelephoneNumber=7 7." + std::to_wstring(n) + L"\n";
-        for (unsigned items = below(7); items > 0; --items) records += item();
+        for (unsigned items = oneOf(20) ? 15 : below(7); items > 0; --items) records += item();
         return records;
     }
 
@@ -84,6 +84,7 @@ protected:
         outlook.command(L"missingcell", missingCell);
         outlook.command(L"longesttext", longestText);
         outlook.command(L"roworder", rowOrder);
+        outlook.command(L"arrayshape", arrayShape);
         session.tablesAreGuarded = false;
     }
 
@@ -139,6 +140,7 @@ protected:
         static const wchar_t* const cells[] = {L"empty", L"null", L"notfound"};
         missingCell = cells[folders.below(3)];
         longestText = folders.oneOf(2) ? L"127" : L"255";
+        arrayShape = folders.oneOf(2) ? L"columns" : L"rows";
         rowOrder = folders.oneOf(2) ? L"folder" : L"reversed";
         session.bReplacePhoneNumber = folders.oneOf(2);
     }
@@ -147,6 +149,7 @@ private:
     const wchar_t* missingCell = L"empty";
     const wchar_t* longestText = L"255";
     const wchar_t* rowOrder = L"folder";
+    const wchar_t* arrayShape = L"columns";
 };
 
 // "on MEMBER KIND at N fail", for each of the calls.

@@ -1,0 +1,31 @@
+// A block of rows of the contacts' table, and what each column holds.
+#pragma once
+
+#include "automation/value.h"
+#include "outlook/telephone_fields.h"
+
+#include <cstddef>
+#include <vector>
+
+// The columns behind the telephone fields. An item's class itself cannot be one.
+inline constexpr std::size_t entryIdColumn = telephoneFields.size();
+inline constexpr std::size_t messageClassColumn = entryIdColumn + 1;
+inline constexpr std::size_t columnCount = messageClassColumn + 1;
+
+// Which of the array's two indexes is the column's, the vendor's help and the programs
+// in the field tell differently. It is the one that has as many values as there are
+// columns; where both have, the one with a message class at its place in every row.
+class TableBlock {
+public:
+    // What GetArray gave. Throws AutomationError when it is no such array.
+    explicit TableBlock(const automation::Value& array);
+
+    std::size_t rows() const noexcept { return cells_.size() / columnCount; }
+    const automation::Value& cell(std::size_t row, std::size_t column) const;
+
+private:
+    bool hasClassInEveryRow(bool columnsFirst);
+
+    const std::vector<automation::Value> cells_;
+    bool columnsFirst_ = true;
+};
