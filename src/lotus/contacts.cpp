@@ -77,13 +77,13 @@ void ShowOrCreateCaller(LotusSession& session, const std::wstring& Number, const
     });
 }
 
-std::wstring CreateContactFromEntry(LotusSession& session, const Object& Entry)
+std::wstring CreateContactFromEntry(LotusSession& session, const SoftphoneEntry& Entry)
 {
     std::wstring noteId;
     trapErrors(L"CreateContactFromEntry", [&] {
-        const std::wstring number = StripPhoneNumber(Entry.get(L"Number").text());
-        const std::wstring lastName = Entry.get(L"LastName").text();
-        const std::wstring firstName = Entry.get(L"FirstName").text();
+        const std::wstring number = StripPhoneNumber(Entry.number());
+        const std::wstring lastName = Entry.lastName();
+        const std::wstring firstName = Entry.firstName();
         noteId = CreateContactDocument(session, number, lastName, firstName, false);
         logNewContact(session, {number, lastName, firstName});
     });

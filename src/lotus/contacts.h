@@ -2,6 +2,7 @@
 // configured. No error leaves these procedures.
 #pragma once
 
+#include "common/softphone_records.h"
 #include "lotus/lotus_session.h"
 
 #include <string>
@@ -17,4 +18,4 @@ void ShowOrCreateCaller(LotusSession& session, const std::wstring& Number, const
 
 // A saved contact for an entry of the softphone's address book. Its NoteId, ""
 // on failure; the line in the log is written all the same.
-std::wstring CreateContactFromEntry(LotusSession& session, const automation::Object& Entry);
+std::wstring CreateContactFromEntry(LotusSession& session, const SoftphoneEntry& Entry);

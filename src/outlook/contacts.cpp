@@ -36,14 +36,14 @@ void logNewContact(OutlookSession& session, const NewContact& contact)
 
 }
 
-std::wstring CreateOutlookContact(OutlookSession& session, const Object& entry)
+std::wstring CreateOutlookContact(OutlookSession& session, const SoftphoneEntry& entry)
 {
     std::wstring entryId;
     trapErrors(L"CreateOutlookContact", [&] {
         const Object item = addContact(session);
-        const std::wstring number = entry.get(L"Number").text();
-        const std::wstring firstName = entry.get(L"FirstName").text();
-        const NewContact contact{StripPhoneNumber(number), entry.get(L"LastName").text(), firstName};
+        const std::wstring number = entry.number();
+        const std::wstring firstName = entry.firstName();
+        const NewContact contact{StripPhoneNumber(number), entry.lastName(), firstName};
         fillAndSave(item, contact);
         entryId = item.get(L"EntryID").text();
         logNewContact(session, contact);

@@ -2,12 +2,13 @@
 // Callers test `bOutlookInit` first; no error leaves these procedures.
 #pragma once
 
+#include "common/softphone_records.h"
 #include "outlook/outlook_session.h"
 
 #include <string>
 
 // A contact for an entry of the softphone's address book. Its EntryID, "" on failure.
-std::wstring CreateOutlookContact(OutlookSession& session, const automation::Object& entry);
+std::wstring CreateOutlookContact(OutlookSession& session, const SoftphoneEntry& entry);
 
 // A contact from plain texts, opened on the screen when `display` is set. Its
 // EntryID, "" on failure.

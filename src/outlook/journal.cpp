@@ -17,14 +17,15 @@ struct Party {
     bool contactKnown = false;
 };
 
-Party partyOf(OutlookSession& session, const Object& historyItem, const std::wstring& number, bool createContact)
+Party partyOf(OutlookSession& session, const SoftphoneHistoryItem& historyItem, const std::wstring& number,
+              bool createContact)
 {
     Party party{number, L"", L""};
     std::wstring email;
     party.contactKnown = !FindOutlookContact(session, number, party.lastName, party.firstName, email).empty();
     if (party.contactKnown) return party;
-    party.lastName = historyItem.get(L"LastName").text();
-    party.firstName = historyItem.get(L"FirstName").text();
+    party.lastName = historyItem.lastName();
+    party.firstName = historyItem.firstName();
     if (createContact)
         party.contactKnown = !NewOutlookContact(session, number, party.lastName, party.firstName, false).empty();
     return party;
@@ -50,23 +51,26 @@ bool AddRecipient(OutlookSession& session, const Object& item, const std::wstrin
     return added;
 }
 
-std::wstring CreateOutlookHistoItem(OutlookSession& session, const Object& historyItem, bool createContact)
+std::wstring CreateOutlookHistoItem(OutlookSession& session, const SoftphoneHistoryItem& historyItem,
+                                    bool createContact)
 {
     std::wstring entryId;
     trapErrors(L"CreateOutlookHistoItem", [&] {
         const Object item = newOutlookItem(session, OutlookItemType::journal);
-        const bool incoming = historyItem.get(L"Incoming").truth();
-        const std::wstring number = historyItem.get(L"Number").text();
+        const bool incoming = historyItem.incoming().truth();
+        const std::wstring number = historyItem.number();
         const Party party = number.empty() ? Party{} : partyOf(session, historyItem, number, createContact);
         item.put(L"Subject", (incoming ? L"* " : L"") + subjectFor(session, party));
-        item.put(L"Start", historyItem.get(L"BeginDate"));
-        item.put(L"End", historyItem.get(L"EndDate"));
+        item.put(L"Start", historyItem.beginDate());
+        item.put(L"End", historyItem.endDate());
         item.put(L"Type", L"Phone Call");
         if (!number.empty()) {
             if (party.contactKnown) AddRecipient(session, item, party.lastName, party.firstName);
             else AddRecipient(session, item, number, L"");
         }
-        item.put(L"Body", TranslateCallType(callTypeText(historyItem, incoming), session.dictionary));
+        const std::wstring type =
+            callTypeText(incoming, historyItem.state(), [&] { return historyItem.acknowledged(); });
+        item.put(L"Body", TranslateCallType(type, session.dictionary));
         item.call(L"Close", {std::int16_t{0}});
         entryId = item.get(L"EntryID").text();
     });

@@ -10,25 +10,25 @@
 
 using automation::Object;
 
-void PavexInterface::CreateOutlookContactFromPavex(const Object& Obj)
+void PavexInterface::CreateOutlookContactFromPavex(const SoftphoneEntry& Obj)
 {
     trapErrors(L"CreateOutlookContactFromPavex", [&] {
         const std::wstring entryId = CreateOutlookContact(outlook_, Obj);
         if (entryId.empty()) return;
-        insertId(hashID, entryId, softphoneIdOf(Obj), MapApplication::outlook, MapCollection::contacts);
+        insertId(hashID, entryId, textFromSoftphoneId(Obj.id()), MapApplication::outlook, MapCollection::contacts);
     });
 }
 
-void PavexInterface::CreateLotusContactFromPavex(const Object& Obj)
+void PavexInterface::CreateLotusContactFromPavex(const SoftphoneEntry& Obj)
 {
     trapErrors(L"CreateLotusContactFromPavex", [&] {
         const std::wstring noteId = CreateContactFromEntry(lotus_, Obj);
         if (noteId.empty()) return;
-        insertId(hashID, noteId, softphoneIdOf(Obj), MapApplication::lotus, MapCollection::contacts);
+        insertId(hashID, noteId, textFromSoftphoneId(Obj.id()), MapApplication::lotus, MapCollection::contacts);
     });
 }
 
-void PavexInterface::adressbookPavex_OnRepertoryNewEntry(const Object& eltEntry)
+void PavexInterface::adressbookPavex_OnRepertoryNewEntry(const SoftphoneEntry& eltEntry)
 {
     if (!host_.configuration().bgWithRepertory) return;
     if (outlook_.bOutlookInit) CreateOutlookContactFromPavex(eltEntry);
@@ -56,22 +56,22 @@ std::wstring PavexInterface::walkRepertory()
         if (host_.configuration().gStop) return L"Abort Repertory Synchronisation";
         --remaining;
         const Object entry = book.get(softphone::records::atIndex, {std::int32_t{remaining}}).object();
-        mirrorEntry(entry.sharing(entryNames_), created);
+        mirrorEntry(SoftphoneEntry(entry.sharing(entryNames_)), created);
         host_.pause(host_.configuration().tempo1);
     }
     return L"Repertory Synchronisation Ok";
 }
 
-void PavexInterface::mirrorEntry(const Object& entry, int& created)
+void PavexInterface::mirrorEntry(const SoftphoneEntry& entry, int& created)
 {
-    const std::wstring number = StripPhoneNumber(entry.get(L"Number").text());
-    const std::wstring id = softphoneIdOf(entry);
+    const std::wstring number = StripPhoneNumber(entry.number());
+    const std::wstring id = textFromSoftphoneId(entry.id());
     if (lotus_.LotusReady) mirrorEntryInLotus(entry, id, number, created);
     if (outlook_.bOutlookInit) mirrorEntryInOutlook(entry, id, number, created);
 }
 
-void PavexInterface::mirrorEntryInLotus(const Object& entry, const std::wstring& id, const std::wstring& number,
-                                        int& created)
+void PavexInterface::mirrorEntryInLotus(const SoftphoneEntry& entry, const std::wstring& id,
+                                        const std::wstring& number, int& created)
 {
     if (!mappedId(hashID, id, MapApplication::lotus).empty()) return;
     const std::wstring known = FindNoteIdInPersonalBook(lotus_, number);
@@ -84,8 +84,8 @@ void PavexInterface::mirrorEntryInLotus(const Object& entry, const std::wstring&
     host_.pause(host_.configuration().tempo);
 }
 
-void PavexInterface::mirrorEntryInOutlook(const Object& entry, const std::wstring& id, const std::wstring& number,
-                                          int& created)
+void PavexInterface::mirrorEntryInOutlook(const SoftphoneEntry& entry, const std::wstring& id,
+                                          const std::wstring& number, int& created)
 {
     if (!mappedId(hashID, id, MapApplication::outlook).empty()) return;
     std::wstring lastName, firstName, mail;
@@ -99,9 +99,9 @@ void PavexInterface::mirrorEntryInOutlook(const Object& entry, const std::wstrin
     host_.pause(host_.configuration().tempo);
 }
 
-void PavexInterface::logNewContact(int created, const wchar_t* where, const std::wstring& number, const Object& entry)
+void PavexInterface::logNewContact(int created, const wchar_t* where, const std::wstring& number,
+                                   const SoftphoneEntry& entry)
 {
-    const std::wstring lastName = entry.get(L"LastName").text();
-    host_.WriteLog(std::to_wstring(created) + where + number + L" " + lastName + L" " +
-                   entry.get(L"FirstName").text());
+    const std::wstring lastName = entry.lastName();
+    host_.WriteLog(std::to_wstring(created) + where + number + L" " + lastName + L" " + entry.firstName());
 }

@@ -53,7 +53,7 @@ EventHandlers PavexInterface::applicationHandlers()
 EventHandlers PavexInterface::lineHandlers()
 {
     return {{L"OnLineNewCall", [this](EventArguments arguments) {
-                 const Object ccall = arguments.at(0).object().sharing(callNames_);
+                 const SoftphoneCall ccall(arguments.at(0).object().sharing(callNames_));
                  host_.defer([this, ccall] { LineObj_OnLineNewCall(ccall); });
              }}};
 }
@@ -64,7 +64,7 @@ EventHandlers PavexInterface::historyHandlers()
 {
     return {{L"OnHistoricNewItem",
              [this](EventArguments arguments) {
-                 const Object item = arguments.at(0).object().sharing(historyItemNames_);
+                 const SoftphoneHistoryItem item(arguments.at(0).object().sharing(historyItemNames_));
                  host_.defer([this, item, walks = historyWalks_] {
                      if (walks == historyWalks_) histo_OnHistoricNewItem(item);
                  });
@@ -81,7 +81,7 @@ EventHandlers PavexInterface::addressBookHandlers()
 {
     return {{L"OnRepertoryNewEntry",
              [this](EventArguments arguments) {
-                 const Object entry = arguments.at(0).object().sharing(entryNames_);
+                 const SoftphoneEntry entry(arguments.at(0).object().sharing(entryNames_));
                  host_.defer([this, entry, walks = repertoryWalks_] {
                      if (walks == repertoryWalks_) adressbookPavex_OnRepertoryNewEntry(entry);
                  });

@@ -17,24 +17,24 @@ constexpr const wchar_t* forwarded = L"TI_LINESTATECAUSE_FORWARD";
 
 }
 
-void PavexInterface::LineObj_OnLineNewCall(const automation::Object& ccall)
+void PavexInterface::LineObj_OnLineNewCall(const SoftphoneCall& ccall)
 {
     const AnswersOfOneEvent answers(outlook_);
     const BooksKeptOpen books(lotus_);
     trapErrors(L"LineObj_OnLineNewCall", [&] {
-        const std::wstring number = ccall.get(L"Number").text();
+        const std::wstring number = ccall.number();
         gPhoneNumberCalled = number;
         if (!number.empty()) {
             SetLastCallInfo(outlook_, lotus_, gPhoneNumberCalled, gLastNameCalled, gFirstNameCalled);
             if (gLastNameCalled.empty()) {
-                gLastNameCalled = ccall.get(L"LastName").text();
-                gFirstNameCalled = ccall.get(L"FirstName").text();
+                gLastNameCalled = ccall.lastName();
+                gFirstNameCalled = ccall.firstName();
             }
         }
         gDestinationNumber.clear();
-        if (!ccall.get(L"Incoming").truth() || number.empty()) return;
+        if (!ccall.isIncoming() || number.empty()) return;
 
-        gDestinationNumber = ccall.get(L"DestinationNumber").text();
+        gDestinationNumber = ccall.destinationNumber();
         if (!gDestinationNumber.empty())
             SetLastCallInfo(outlook_, lotus_, gDestinationNumber, gDestinationLastName, gDestinationFirstName);
         DoCallAction(false, true);

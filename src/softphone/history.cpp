@@ -7,27 +7,27 @@
 
 using automation::Object;
 
-void PavexInterface::SetHistoItemOutlook(const Object& histoObj, bool bnewContact, const std::wstring& id)
+void PavexInterface::SetHistoItemOutlook(const SoftphoneHistoryItem& histoObj, bool bnewContact, const std::wstring& id)
 {
     trapErrors(L"SetHistoItemOutlook", [&] {
         const std::wstring entryId = CreateOutlookHistoItem(outlook_, histoObj, bnewContact);
         if (entryId.empty()) return;
-        insertId(hashID, entryId, id.empty() ? historyIdOf(histoObj) : id, MapApplication::outlook,
+        insertId(hashID, entryId, id.empty() ? textFromSoftphoneId(histoObj.id()) : id, MapApplication::outlook,
                  MapCollection::history);
     });
 }
 
-void PavexInterface::SetHistoItemLotus(const Object& histoObj, const std::wstring& id)
+void PavexInterface::SetHistoItemLotus(const SoftphoneHistoryItem& histoObj, const std::wstring& id)
 {
     trapErrors(L"SetHistoItemLotus", [&] {
         const std::wstring noteId = CreateHistoryDocument(lotus_, histoObj);
         if (noteId.empty()) return;
-        insertId(hashID, noteId, id.empty() ? historyIdOf(histoObj) : id, MapApplication::lotus,
+        insertId(hashID, noteId, id.empty() ? textFromSoftphoneId(histoObj.id()) : id, MapApplication::lotus,
                  MapCollection::history);
     });
 }
 
-void PavexInterface::histo_OnHistoricNewItem(const Object& item)
+void PavexInterface::histo_OnHistoricNewItem(const SoftphoneHistoryItem& item)
 {
     trapErrors(L"histo_OnHistoricNewItem", [&] {
         if (!host_.configuration().bgWithHisto) return;
@@ -55,15 +55,15 @@ std::wstring PavexInterface::walkHistory()
         host_.letUserStop();
         if (host_.configuration().gStop) return L"Abort History Synchronisation";
         const Object item = history.get(softphone::records::atIndex, {index}).object();
-        mirrorHistoryItem(item.sharing(historyItemNames_));
+        mirrorHistoryItem(SoftphoneHistoryItem(item.sharing(historyItemNames_)));
         host_.pause(host_.configuration().tempo1);
     }
     return L"History Synchronisation Ok";
 }
 
-void PavexInterface::mirrorHistoryItem(const Object& item)
+void PavexInterface::mirrorHistoryItem(const SoftphoneHistoryItem& item)
 {
-    const std::wstring id = historyIdOf(item);
+    const std::wstring id = textFromSoftphoneId(item.id());
     if (lotus_.LotusReady && mappedId(hashID, id, MapApplication::lotus).empty()) {
         SetHistoItemLotus(item, id);
         host_.pause(host_.configuration().tempo);

@@ -55,18 +55,6 @@ std::wstring mappedId(const Object& map, const std::wstring& idOrvel, MapApplica
     return idAppli.text().substr(0, static_cast<std::size_t>(std::max(length.int32(), std::int32_t{0})));
 }
 
-std::wstring softphoneIdOf(const Object& entry)
-{
-    const std::int32_t high = entry.get(L"IdHigh").int32();
-    return textFromSoftphoneId({high, entry.get(L"IdLow").int32()});
-}
-
-std::wstring historyIdOf(const Object& item)
-{
-    const std::int32_t high = item.get(softphone::historyItem::idHigh).int32();
-    return textFromSoftphoneId({high, item.get(softphone::historyItem::idLow).int32()});
-}
-
 bool PavexInterface::InPavexRepertory(const std::wstring& Id)
 {
     return presenceOf(L"InPavexRepertory", adressbookPavex, Id) == Presence::there;

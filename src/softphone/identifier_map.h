@@ -16,7 +16,3 @@ void insertId(const automation::Object& map, const std::wstring& idAppli, const 
 // The groupware identifier mapped to a softphone record, "" when it is not
 // mapped. Throws AutomationError.
 std::wstring mappedId(const automation::Object& map, const std::wstring& idOrvel, MapApplication application);
-
-// The softphone identifier text of an address-book entry, and of a history item.
-std::wstring softphoneIdOf(const automation::Object& entry);
-std::wstring historyIdOf(const automation::Object& item);

@@ -9,7 +9,7 @@
 #include "automation/event_sink.h"
 #include "common/groupware_state.h"
 #include "common/host.h"
-#include "common/softphone_id.h"
+#include "common/softphone_records.h"
 #include "lotus/lotus_session.h"
 #include "outlook/outlook_session.h"
 #include "softphone/identifier_map.h"
@@ -39,7 +39,7 @@ public:
     void PavexObj_OnQuit();
 
     // A new call on the line: who calls, and what to show or prepare for it.
-    void LineObj_OnLineNewCall(const automation::Object& ccall);
+    void LineObj_OnLineNewCall(const SoftphoneCall& ccall);
 
     // Runs the actions for the last call; `force` even those switched off,
     // `sendcallbakmsg` the callback message too.
@@ -67,18 +67,18 @@ public:
     // is mapped to the contact with its number, or becomes a new contact; in
     // each groupware for itself.
     void InsertRepertory();
-    void adressbookPavex_OnRepertoryNewEntry(const automation::Object& eltEntry);
-    void CreateOutlookContactFromPavex(const automation::Object& Obj);
-    void CreateLotusContactFromPavex(const automation::Object& Obj);
+    void adressbookPavex_OnRepertoryNewEntry(const SoftphoneEntry& eltEntry);
+    void CreateOutlookContactFromPavex(const SoftphoneEntry& Obj);
+    void CreateLotusContactFromPavex(const SoftphoneEntry& Obj);
 
     // Mirrors the softphone's call history: every item that is not mapped yet
     // becomes a journal item, a history document. `bnewContact` lets a journal
     // item's creation make a contact for an unknown party. `id` is the item's
     // identifier where it is known already.
     void InitHisto();
-    void histo_OnHistoricNewItem(const automation::Object& item);
-    void SetHistoItemOutlook(const automation::Object& histoObj, bool bnewContact, const std::wstring& id = L"");
-    void SetHistoItemLotus(const automation::Object& histoObj, const std::wstring& id = L"");
+    void histo_OnHistoricNewItem(const SoftphoneHistoryItem& item);
+    void SetHistoItemOutlook(const SoftphoneHistoryItem& histoObj, bool bnewContact, const std::wstring& id = L"");
+    void SetHistoItemLotus(const SoftphoneHistoryItem& histoObj, const std::wstring& id = L"");
 
     automation::Object UserObj;
     bool bInitConnector = false;          // InitConnector is running
@@ -101,14 +101,14 @@ private:
     automation::EventHandlers addressBookHandlers();
     void openIdentifierMap();
     std::wstring walkRepertory();
-    void mirrorEntry(const automation::Object& entry, int& created);
-    void mirrorEntryInLotus(const automation::Object& entry, const std::wstring& id, const std::wstring& number,
+    void mirrorEntry(const SoftphoneEntry& entry, int& created);
+    void mirrorEntryInLotus(const SoftphoneEntry& entry, const std::wstring& id, const std::wstring& number,
                             int& created);
-    void mirrorEntryInOutlook(const automation::Object& entry, const std::wstring& id, const std::wstring& number,
+    void mirrorEntryInOutlook(const SoftphoneEntry& entry, const std::wstring& id, const std::wstring& number,
                               int& created);
-    void logNewContact(int created, const wchar_t* where, const std::wstring& number, const automation::Object& entry);
+    void logNewContact(int created, const wchar_t* where, const std::wstring& number, const SoftphoneEntry& entry);
     std::wstring walkHistory();
-    void mirrorHistoryItem(const automation::Object& item);
+    void mirrorHistoryItem(const SoftphoneHistoryItem& item);
     void purge(MapCollection collection, automation::Object softphoneRecords, const wchar_t* lookUp);
 
     Host& host_;

@@ -319,8 +319,9 @@ TEST_F(LotusContacts, FromAnEntry_BeforeAnyInitialisation_NothingHappens)
 TEST_F(LotusContacts, FromAnEntryThatLacksAMember_FailsQuietly_WithoutALine)
 {
     ready();
-    EXPECT_EQ(CreateContactFromEntry(session, automation::Object()), L"");
-    EXPECT_EQ(CreateContactFromEntry(session, support::record({{L"Number", L"1"}, {L"LastName", L"Durand"}})), L"");
+    EXPECT_EQ(CreateContactFromEntry(session, SoftphoneEntry(automation::Object())), L"");
+    const SoftphoneEntry withoutFirstName(support::record({{L"Number", L"1"}, {L"LastName", L"Durand"}}));
+    EXPECT_EQ(CreateContactFromEntry(session, withoutFirstName), L"");
     EXPECT_EQ(contact(), Fields{});
     EXPECT_EQ(record(), Lines{});
 }
@@ -328,8 +329,8 @@ TEST_F(LotusContacts, FromAnEntryThatLacksAMember_FailsQuietly_WithoutALine)
 TEST_F(LotusContacts, FromAnEntry_NumberThatIsNoText_IsTakenAsOne)
 {
     ready();
-    const auto entry = support::record(
-        {{L"Number", std::int32_t{12345}}, {L"LastName", automation::Value()}, {L"FirstName", L"Marc"}});
+    const SoftphoneEntry entry(support::record(
+        {{L"Number", std::int32_t{12345}}, {L"LastName", automation::Value()}, {L"FirstName", L"Marc"}}));
     EXPECT_FALSE(CreateContactFromEntry(session, entry).empty());
     EXPECT_EQ(field(documents(ownBook).at(0), L"OfficePhoneNumber"), L"12345");
     EXPECT_EQ(logLine(), L"3/15/2023 12:00:00 PM Create contact 12345  Marc");

@@ -53,7 +53,7 @@ TEST_F(Contacts, FromAnEntry_IsSavedWithCloseZero_AndNotDisplayed)
 TEST_F(Contacts, FromAnEntryWithoutAName_FailsQuietly_WithoutALogLine)
 {
     open();
-    EXPECT_EQ(CreateOutlookContact(session, automation::Object()), L"");
+    EXPECT_EQ(CreateOutlookContact(session, SoftphoneEntry(automation::Object())), L"");
     EXPECT_EQ(count(L"contact"), 0u);
     EXPECT_EQ(count(L"journal"), 0u);
     EXPECT_EQ(session.szLastLogText, L"");
