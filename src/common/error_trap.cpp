@@ -3,15 +3,14 @@
 #include <windows.h>
 
 #include <exception>
-#include <string>
 #include <utility>
 
 namespace {
 
-void tellDebugger(const wchar_t* procedure, const char* error)
+// In pieces: the error may be that memory is short.
+void tellDebugger(const std::source_location& place, const char* error)
 {
-    OutputDebugStringW(procedure);
-    OutputDebugStringA((std::string(": ") + error + "\n").c_str());
+    for (const char* part : {place.function_name(), ": ", error, "\n"}) OutputDebugStringA(part);
 }
 
 // Belongs to no object: a trapped error has no other place to go, whichever
@@ -22,27 +21,22 @@ DiagnosticHook& hook()
     return current;
 }
 
-bool succeeds(const wchar_t* procedure, const std::function<void()>& body)
-{
-    try {
-        body();
-        return true;
-    } catch (const std::exception& error) {
-        hook()(procedure, error.what());
-        return false;
-    }
+void tellHook(const std::source_location& place)
+try {
+    throw;
+} catch (const std::exception& error) {
+    hook()(place, error.what());
+} catch (...) {
+    hook()(place, "an exception of an unknown kind");
 }
 
 }
 
-void trapErrors(const wchar_t* procedure, const std::function<void()>& body)
-{
-    succeeds(procedure, body);
-}
-
-void trapErrors(const wchar_t* procedure, const std::function<void()>& body, const std::function<void()>& onError)
-{
-    if (!succeeds(procedure, body)) succeeds(procedure, onError);
+void tellTrapped(const std::source_location& place) noexcept
+try {
+    tellHook(place);
+} catch (...) {
+    // A failing hook must not undo what the trap is for.
 }
 
 DiagnosticHook setDiagnosticHook(DiagnosticHook replacement)

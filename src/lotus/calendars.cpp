@@ -39,7 +39,7 @@ std::wstring GroupCalendarQuery()
 void ShowGroupCalendars(LotusSession& session, const std::wstring& Number)
 {
     if (!session.bShowGrpwAgenda || !session.LotusReady) return;
-    trapErrors(L"ShowGroupCalendars", [&] {
+    trapErrors([&] {
         LotusPerson person;
         LotusAddressBook book;
         if (!SearchByNumber(session, Number, person, false, L"FullName", book) || person.FullName.empty()) return;

@@ -51,7 +51,7 @@ std::wstring CreateContactDocument(LotusSession& session, const std::wstring& Nu
 {
     std::wstring noteId;
     if (!session.LotusReady || session.nSelectedPersonal == -1) return noteId;
-    trapErrors(L"CreateContactDocument", [&] {
+    trapErrors([&] {
         const LotusAddressBook book = session.LotusAddressBooks.at(session.nSelectedPersonal);
         const Object database = notesDatabase(session, book);
         const Object document = database.get(L"CREATEDOCUMENT").object();
@@ -67,7 +67,7 @@ void ShowOrCreateCaller(LotusSession& session, const std::wstring& Number, const
                         const std::wstring& FirstName)
 {
     if (!session.LotusReady) return;
-    trapErrors(L"ShowOrCreateCaller", [&] {
+    trapErrors([&] {
         LotusPerson person;
         LotusAddressBook book;
         if (SearchByNumber(session, Number, person, true, L"", book)) return;
@@ -80,7 +80,7 @@ void ShowOrCreateCaller(LotusSession& session, const std::wstring& Number, const
 std::wstring CreateContactFromEntry(LotusSession& session, const SoftphoneEntry& Entry)
 {
     std::wstring noteId;
-    trapErrors(L"CreateContactFromEntry", [&] {
+    trapErrors([&] {
         const std::wstring number = StripPhoneNumber(Entry.number());
         const std::wstring lastName = Entry.lastName();
         const std::wstring firstName = Entry.firstName();

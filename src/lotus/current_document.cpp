@@ -83,11 +83,11 @@ std::wstring UpdateCurrentDocumentNumber(LotusSession& session, std::wstring& La
 {
     std::wstring number;
     if (!session.LotusReady) return number;
-    trapErrors(L"UpdateCurrentDocumentNumber", [&] {
+    trapErrors([&] {
         FrontDocument front{notesWorkspace(), {}, {}};
         const DatabaseNames database(front.workspace.get(L"CurrentDatabase").object().get(L"Database").object());
         // Its answer is not used, so a client that cannot give it loses nothing.
-        trapErrors(L"CurrentView", [&] { front.workspace.get(L"CurrentView"); });
+        trapErrors([&] { front.workspace.get(L"CurrentView"); });
         if (IsSameDatabase(database, session.MailServer, session.MailFile)) {
             if (takeFrontDocument(front)) number = numberOfMail(session, front, LastName, FirstName);
         } else if (IsSameDatabase(database, session.LotusCallLog.Server, session.LotusCallLog.Base)) {

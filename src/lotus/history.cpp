@@ -74,7 +74,7 @@ std::wstring CreateHistoryDocument(LotusSession& session, const SoftphoneHistory
 {
     std::wstring noteId;
     if (!session.LotusReady) return noteId;
-    trapErrors(L"CreateHistoryDocument", [&] {
+    trapErrors([&] {
         const CallLogDescription items = session.LotusCallLog;
         const Object history = session.HistoryDatabase;
         const Object document = history.get(L"CREATEDOCUMENT").object();

@@ -30,7 +30,7 @@ bool SendPhoneMessage(LotusSession& session, const std::wstring& CallerNumber, c
 {
     bool composed = false;
     if (!session.LotusReady) return composed;
-    trapErrors(L"SendPhoneMessage", [&] {
+    trapErrors([&] {
         LotusPerson called{CalledLastName, CalledFirstName, L"", L"", L""};
         LotusAddressBook book;
         if (!SearchByNumber(session, CalledNumber, called, false, L"InternetAddress,FullName", book)) return;

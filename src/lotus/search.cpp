@@ -63,7 +63,7 @@ void askBook(const LotusSession& session, const LotusAddressBook& book, const st
     const std::shared_ptr<OpenBook> open = openBooks(session)->book(session, book);
     bool isAnswered = false;
     if (open->isOpen())
-        trapErrors(L"askBook", [&] {
+        trapErrors([&] {
             ask(*open);
             isAnswered = true;
         });
@@ -174,7 +174,7 @@ bool SearchInPublicAdressBook(LotusSession& session, const LotusAddressBook& Boo
         if (Show) showOnce(Book, document);
         found = true;
     };
-    trapErrors(L"SearchInPublicAdressBook", search, [&] { logNoAccess(session, Book, L"SearchInPublicAdressBook"); });
+    trapErrors(search, [&] { logNoAccess(session, Book, L"SearchInPublicAdressBook"); });
     return found;
 }
 
@@ -211,8 +211,7 @@ bool SearchInPublicAdressBookByMail(LotusSession& session, const std::wstring& M
         if (!Phone.empty() && Show) openDocument(Book, document, false);
         found = true;
     };
-    trapErrors(L"SearchInPublicAdressBookByMail", search,
-               [&] { logNoAccess(session, Book, L"SearchInPublicAdressBookByMail"); });
+    trapErrors(search, [&] { logNoAccess(session, Book, L"SearchInPublicAdressBookByMail"); });
     return found;
 }
 
@@ -230,7 +229,7 @@ std::wstring FindNoteIdInPersonalBook(const LotusSession& session, const std::ws
 {
     std::wstring noteId;
     if (!session.LotusReady || session.nSelectedPersonal == -1) return noteId;
-    trapErrors(L"FindNoteIdInPersonalBook", [&] {
+    trapErrors([&] {
         const LotusAddressBook book = session.LotusAddressBooks.at(session.nSelectedPersonal);
         askBook(session, book, [&](OpenBook& open) {
             open.forget(); // somebody may have saved the contact just now: it must not be made twice

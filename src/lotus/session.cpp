@@ -82,5 +82,5 @@ void InitLotus(LotusSession& session, bool NewLog)
         openHistory(session);
         session.LotusReady = true;
     };
-    trapErrors(L"InitLotus", open, [&] { giveUp(session); });
+    trapErrors(open, [&] { giveUp(session); });
 }

@@ -20,7 +20,7 @@ std::wstring MakeCallBackText(const OutlookSession& session, const std::wstring&
 bool SendOutlookMail(OutlookSession& session, const std::wstring& to, const std::wstring& subject)
 {
     bool displayed = false;
-    trapErrors(L"SendOutlookMail", [&] {
+    trapErrors([&] {
         const automation::Object mail = newOutlookItem(session, OutlookItemType::mail);
         mail.put(L"Subject", subject);
         mail.put(L"Body", L"");

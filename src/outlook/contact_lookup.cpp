@@ -57,7 +57,7 @@ std::optional<Match> walkedMatch(const OutlookSession& session, const std::wstri
 std::optional<Match> namedMatch(const OutlookSession& session, const std::wstring& entryId, const std::wstring& sought)
 {
     std::optional<Match> match;
-    trapErrors(L"namedMatch", [&] {
+    trapErrors([&] {
         const Object nameSpace = session.OutlookNameSpace;
         match = matchOf(session, asContact(session, nameSpace.get(L"GetItemFromID", {entryId})), sought);
     });
@@ -119,7 +119,7 @@ bool WalkOutlookContacts(OutlookSession& session, const std::wstring& number, co
                          const std::wstring&, const std::wstring&, Object& contact)
 {
     bool found = false;
-    trapErrors(L"WalkOutlookContacts", [&] {
+    trapErrors([&] {
         const std::wstring sought = StripPhoneNumber(number);
         const std::optional<Match> match = firstMatch(session, sought);
         if (!match) return;
@@ -137,7 +137,7 @@ std::wstring FindOutlookContact(OutlookSession& session, const std::wstring& num
                                 std::wstring& firstName, std::wstring& email1Address)
 {
     std::wstring entryId;
-    trapErrors(L"FindOutlookContact", [&] {
+    trapErrors([&] {
         const FoundContact found{entryId, lastName, firstName, email1Address};
         Object contact = filteredContact(session, number);
         if (contact) found.readFrom(contact);
@@ -150,7 +150,7 @@ std::wstring FindOutlookContact(OutlookSession& session, const std::wstring& num
 bool ShowOutlookContact(OutlookSession& session, const std::wstring& number)
 {
     bool shown = false;
-    trapErrors(L"ShowOutlookContact", [&] {
+    trapErrors([&] {
         Object contact = filteredContact(session, number);
         if (!contact && !WalkOutlookContacts(session, number, L"", L"", L"", contact)) return;
         contact.call(L"Display");

@@ -39,7 +39,7 @@ void logNewContact(OutlookSession& session, const NewContact& contact)
 std::wstring CreateOutlookContact(OutlookSession& session, const SoftphoneEntry& entry)
 {
     std::wstring entryId;
-    trapErrors(L"CreateOutlookContact", [&] {
+    trapErrors([&] {
         const Object item = addContact(session);
         const std::wstring number = entry.number();
         const std::wstring firstName = entry.firstName();
@@ -55,7 +55,7 @@ std::wstring NewOutlookContact(OutlookSession& session, const std::wstring& phon
                                const std::wstring& firstName, bool display)
 {
     std::wstring entryId;
-    trapErrors(L"NewOutlookContact", [&] {
+    trapErrors([&] {
         const NewContact contact{StripPhoneNumber(phoneNumber), lastName, firstName};
         const Object item = addContact(session);
         fillAndSave(item, contact);

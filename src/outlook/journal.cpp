@@ -43,7 +43,7 @@ bool AddRecipient(OutlookSession& session, const Object& item, const std::wstrin
                   const std::wstring& firstName)
 {
     bool added = false;
-    trapErrors(L"AddRecipient", [&] {
+    trapErrors([&] {
         const Object recipients = item.get(L"Recipients").object().sharing(session.names.recipients);
         recipients.call(L"Add", {firstName + L" " + lastName});
         added = true;
@@ -55,7 +55,7 @@ std::wstring CreateOutlookHistoItem(OutlookSession& session, const SoftphoneHist
                                     bool createContact)
 {
     std::wstring entryId;
-    trapErrors(L"CreateOutlookHistoItem", [&] {
+    trapErrors([&] {
         const Object item = newOutlookItem(session, OutlookItemType::journal);
         const bool incoming = historyItem.incoming().truth();
         const std::wstring number = historyItem.number();

@@ -62,5 +62,5 @@ void InitOutlook(OutlookSession& session)
         loadDictionary(session);
         session.bOutlookInit = true;
     };
-    trapErrors(L"InitOutlook", open, [&] { giveUp(session); });
+    trapErrors(open, [&] { giveUp(session); });
 }

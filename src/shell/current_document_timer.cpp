@@ -39,7 +39,7 @@ bool shows(HWND window, DWORD processId)
 
 void Hublink::TimerCallInlotus_Timer()
 {
-    trapErrors(L"TimerCallInlotus", [&] {
+    trapErrors([&] {
         const HWND front = GetForegroundWindow();
         if (!lotus_.LotusReady) return;
         HANDLE process = nullptr;

@@ -70,7 +70,7 @@ LRESULT CALLBACK FormWindow::procedure(HWND window, UINT message, WPARAM wParam,
     if (!form || !form->window_) return DefWindowProcW(window, message, wParam, lParam);
 
     LRESULT result = 0;
-    trapErrors(L"window message", [&] { result = form->handle(message, wParam, lParam); });
+    trapErrors([&] { result = form->handle(message, wParam, lParam); });
     return result;
 }
 
@@ -142,7 +142,7 @@ void FormWindow::runHeldBack()
     while (!heldBack_.empty()) {
         const std::function<void()> work = std::move(heldBack_.front());
         heldBack_.pop_front();
-        trapErrors(L"held back", work);
+        trapErrors(work);
     }
 }
 
@@ -191,7 +191,7 @@ void FormWindow::runDeferred()
     while (!deferred_.empty()) {
         const std::function<void()> work = std::move(deferred_.front());
         deferred_.pop_front();
-        trapErrors(L"event", work);
+        trapErrors(work);
     }
     runningDeferred_ = false;
 }

@@ -46,7 +46,7 @@ void Hublink::askWhetherToStop()
     if (question_ != Question::waits) return;
     bool stop = false;
     question_ = Question::open;
-    trapErrors(L"Form_MouseMove", [&] {
+    trapErrors([&] {
         SetForegroundWindow(hWnd()); // else the question would not get the focus
         stop = messageBox(L"Do you want to really stop Hublink ?",
                           MB_YESNO | MB_ICONQUESTION | MB_DEFBUTTON2) == IDYES;

@@ -38,7 +38,7 @@ void Hublink::initProcessHandle()
 
 void Hublink::Form_Load()
 {
-    trapErrors(L"Form_Load", [&] {
+    trapErrors([&] {
         hPavexProcess = nullptr;
         hOutlookProcess = nullptr;
         hNotesProcess = nullptr;

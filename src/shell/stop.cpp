@@ -7,7 +7,7 @@
 
 void Hublink::watchCalls()
 {
-    trapErrors(L"watchCalls", [&] {
+    trapErrors([&] {
         const auto end = [this, icon = trayIconData_]() mutable {
             desktop_.notifyShell(NIM_DELETE, icon);
             desktop_.endProcess();
@@ -27,7 +27,7 @@ void Hublink::StopConnector()
 
 void Hublink::letGroupwareGo()
 {
-    trapErrors(L"StopConnector", [&] {
+    trapErrors([&] {
         if (std::exchange(outlook_.bOutlookInit, false) && outlook_.bQuitOutlook) {
             const automation::Object outlook = outlook_.OutlookApp;
             outlook.call(L"quit");
@@ -39,7 +39,7 @@ void Hublink::letGroupwareGo()
 void Hublink::StopAll()
 {
     if (ending_) return;
-    trapErrors(L"StopAll", [&] {
+    trapErrors([&] {
         // A map server that is missing or dead ends this try; the next one
         // goes on without it: a program must not be impossible to stop.
         if (!std::exchange(mapWasTold_, true)) {
@@ -67,7 +67,7 @@ void Hublink::sessionEnds()
 
 void Hublink::letUserStop()
 {
-    trapErrors(L"letUserStop", [&] {
+    trapErrors([&] {
         window_.takeStopMessages();
         if (!configuration_.gStop) obeyKill();
     });

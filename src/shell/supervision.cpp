@@ -20,7 +20,7 @@ void Hublink::SupervisionPavex_Timer()
     // else unattended boxes would pile up.
     if (!bProcessWatchReady || inTick_) return;
     inTick_ = true;
-    trapErrors(L"SupervisionPavex", [&] {
+    trapErrors([&] {
         offerTrayIcon();
         superviseSoftphone();
         superviseNotes();

@@ -12,7 +12,7 @@ using automation::Object;
 
 void PavexInterface::CreateOutlookContactFromPavex(const SoftphoneEntry& Obj)
 {
-    trapErrors(L"CreateOutlookContactFromPavex", [&] {
+    trapErrors([&] {
         const std::wstring entryId = CreateOutlookContact(outlook_, Obj);
         if (entryId.empty()) return;
         insertId(hashID, entryId, textFromSoftphoneId(Obj.id()), MapApplication::outlook, MapCollection::contacts);
@@ -21,7 +21,7 @@ void PavexInterface::CreateOutlookContactFromPavex(const SoftphoneEntry& Obj)
 
 void PavexInterface::CreateLotusContactFromPavex(const SoftphoneEntry& Obj)
 {
-    trapErrors(L"CreateLotusContactFromPavex", [&] {
+    trapErrors([&] {
         const std::wstring noteId = CreateContactFromEntry(lotus_, Obj);
         if (noteId.empty()) return;
         insertId(hashID, noteId, textFromSoftphoneId(Obj.id()), MapApplication::lotus, MapCollection::contacts);
@@ -40,8 +40,7 @@ void PavexInterface::InsertRepertory()
     if (!lotus_.LotusReady && !outlook_.bOutlookInit) return;
     const BooksKeptOpen books(lotus_);
     host_.WriteLog(L"Start repertory Synchronisation ");
-    trapErrors(L"InsertRepertory", [&] { host_.WriteLog(walkRepertory()); },
-               [&] { host_.WriteLog(L"Pb In Repertory Synchronisation"); });
+    trapErrors([&] { host_.WriteLog(walkRepertory()); }, [&] { host_.WriteLog(L"Pb In Repertory Synchronisation"); });
 }
 
 // Walks the entries from the last index down; the result is the final log line.

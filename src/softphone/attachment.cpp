@@ -17,7 +17,7 @@ PavexInterface::PavexInterface(Host& host, GroupwareState& groupware, OutlookSes
 
 void PavexInterface::Class_Initialize()
 {
-    trapErrors(L"Class_Initialize", [&] {
+    trapErrors([&] {
         InitPavex();
         InitConnector(true);
         host_.enableSupervision();
@@ -27,7 +27,7 @@ void PavexInterface::Class_Initialize()
 void PavexInterface::InitPavex()
 {
     using namespace softphone;
-    trapErrors(L"InitPavex", [&] {
+    trapErrors([&] {
         PavexObj = Object::create(progId);
         applicationEvents_ = Subscription(PavexObj, progId, applicationHandlers());
         PavexObj.put(application::attached, true);
@@ -96,7 +96,7 @@ EventHandlers PavexInterface::addressBookHandlers()
 
 void PavexInterface::InitConnector(bool bfirst)
 {
-    trapErrors(L"InitConnector", [&] {
+    trapErrors([&] {
         bInitConnector = true;
         openIdentifierMap();
         InitOutlook(outlook_);
@@ -117,13 +117,13 @@ void PavexInterface::InitConnector(bool bfirst)
 void PavexInterface::openIdentifierMap()
 {
     Object fresh;
-    trapErrors(L"openIdentifierMap", [&] { fresh = createIdentifierMap(host_); });
+    trapErrors([&] { fresh = createIdentifierMap(host_); });
     hashID = fresh;
 }
 
 void PavexInterface::Kill()
 {
-    trapErrors(L"Kill", [&] { host_.StopConnector(); });
+    trapErrors([&] { host_.StopConnector(); });
 }
 
 void PavexInterface::PavexObj_OnQuit()

@@ -21,7 +21,7 @@ void PavexInterface::LineObj_OnLineNewCall(const SoftphoneCall& ccall)
 {
     const AnswersOfOneEvent answers(outlook_);
     const BooksKeptOpen books(lotus_);
-    trapErrors(L"LineObj_OnLineNewCall", [&] {
+    trapErrors([&] {
         const std::wstring number = ccall.number();
         gPhoneNumberCalled = number;
         if (!number.empty()) {
@@ -43,7 +43,7 @@ void PavexInterface::LineObj_OnLineNewCall(const SoftphoneCall& ccall)
 
 void PavexInterface::DoCallAction(bool force, bool sendcallbakmsg)
 {
-    trapErrors(L"DoCallAction", [&] {
+    trapErrors([&] {
         const bool isForwarded = !gDestinationNumber.empty() && sendcallbakmsg;
         ProcessCallAction(host_, outlook_, lotus_, gPhoneNumberCalled, gLastNameCalled, gFirstNameCalled,
                           isForwarded ? gDestinationNumber : L"", L"", L"", isForwarded ? forwarded : L"", force);
@@ -65,7 +65,7 @@ void ProcessCallAction(Host& host, OutlookSession& outlook, LotusSession& lotus,
         if (!entryId.empty() && !mail.empty())
             SendOutlookMail(outlook, mail, MakeCallBackText(outlook, PhoneNumber, LastName, FirstName));
     };
-    trapErrors(L"ProcessCallAction", [&] {
+    trapErrors([&] {
         const Configuration& configuration = host.configuration();
         if (Cause == forwarded) {
             if (configuration.bgWithCallBackMail || force) {

@@ -9,7 +9,7 @@ using automation::Object;
 
 void PavexInterface::SetHistoItemOutlook(const SoftphoneHistoryItem& histoObj, bool bnewContact, const std::wstring& id)
 {
-    trapErrors(L"SetHistoItemOutlook", [&] {
+    trapErrors([&] {
         const std::wstring entryId = CreateOutlookHistoItem(outlook_, histoObj, bnewContact);
         if (entryId.empty()) return;
         insertId(hashID, entryId, id.empty() ? textFromSoftphoneId(histoObj.id()) : id, MapApplication::outlook,
@@ -19,7 +19,7 @@ void PavexInterface::SetHistoItemOutlook(const SoftphoneHistoryItem& histoObj, b
 
 void PavexInterface::SetHistoItemLotus(const SoftphoneHistoryItem& histoObj, const std::wstring& id)
 {
-    trapErrors(L"SetHistoItemLotus", [&] {
+    trapErrors([&] {
         const std::wstring noteId = CreateHistoryDocument(lotus_, histoObj);
         if (noteId.empty()) return;
         insertId(hashID, noteId, id.empty() ? textFromSoftphoneId(histoObj.id()) : id, MapApplication::lotus,
@@ -29,7 +29,7 @@ void PavexInterface::SetHistoItemLotus(const SoftphoneHistoryItem& histoObj, con
 
 void PavexInterface::histo_OnHistoricNewItem(const SoftphoneHistoryItem& item)
 {
-    trapErrors(L"histo_OnHistoricNewItem", [&] {
+    trapErrors([&] {
         if (!host_.configuration().bgWithHisto) return;
         if (outlook_.bOutlookInit) SetHistoItemOutlook(item, false);
         if (lotus_.LotusReady) SetHistoItemLotus(item);
@@ -41,8 +41,7 @@ void PavexInterface::InitHisto()
     if (!lotus_.LotusReady && !outlook_.bOutlookInit) return;
     const BooksKeptOpen books(lotus_);
     host_.WriteLog(L"start History Synchronisation ");
-    trapErrors(L"InitHisto", [&] { host_.WriteLog(walkHistory()); },
-               [&] { host_.WriteLog(L"Pb in History Synchronisation"); });
+    trapErrors([&] { host_.WriteLog(walkHistory()); }, [&] { host_.WriteLog(L"Pb in History Synchronisation"); });
 }
 
 // Walks the items from index 0 upward; the result is the final log line.

@@ -16,10 +16,10 @@ namespace {
 // What a look-up in the softphone told of a record. A failure tells nothing.
 enum class Presence { unknown, there, gone };
 
-Presence presenceOf(const wchar_t* procedure, const Object& records, const std::wstring& id)
+Presence presenceOf(const Object& records, const std::wstring& id)
 {
     Presence presence = Presence::unknown;
-    trapErrors(procedure, [&] {
+    trapErrors([&] {
         const SoftphoneId wanted = softphoneIdFromText(id);
         const Value found = records.get(softphone::records::byId, {wanted.IdHigh, wanted.IdLow});
         presence = found.object() ? Presence::there : Presence::gone;
@@ -57,12 +57,12 @@ std::wstring mappedId(const Object& map, const std::wstring& idOrvel, MapApplica
 
 bool PavexInterface::InPavexRepertory(const std::wstring& Id)
 {
-    return presenceOf(L"InPavexRepertory", adressbookPavex, Id) == Presence::there;
+    return presenceOf(adressbookPavex, Id) == Presence::there;
 }
 
 bool PavexInterface::InPavexHistorique(const std::wstring& Id)
 {
-    return presenceOf(L"InPavexHistorique", histo, Id) == Presence::there;
+    return presenceOf(histo, Id) == Presence::there;
 }
 
 void PavexInterface::PurgeId()
@@ -73,17 +73,17 @@ void PavexInterface::PurgeId()
 
 void PavexInterface::PurgeIdRepertory()
 {
-    trapErrors(L"PurgeIdRepertory", [&] { purge(MapCollection::contacts, adressbookPavex, L"InPavexRepertory"); });
+    trapErrors([&] { purge(MapCollection::contacts, adressbookPavex); });
 }
 
 void PavexInterface::PurgeIdHistorique()
 {
-    trapErrors(L"PurgeIdHistorique", [&] { purge(MapCollection::history, histo, L"InPavexHistorique"); });
+    trapErrors([&] { purge(MapCollection::history, histo); });
 }
 
 // Ends at the first sign that the softphone's list answers no more: what it has
 // not reached stays mapped, a look-up that fails on its own counts as "gone".
-void PavexInterface::purge(MapCollection collection, Object softphoneRecords, const wchar_t* lookUp)
+void PavexInterface::purge(MapCollection collection, Object softphoneRecords)
 {
     requireAnswer(softphoneRecords);
     const Object server = createIdentifierMap(host_);
@@ -95,7 +95,7 @@ void PavexInterface::purge(MapCollection collection, Object softphoneRecords, co
         if (host_.configuration().gStop) return;
         const Object record = element.object().sharing(names);
         const std::wstring id = record.get(L"idOrvel").text();
-        const Presence presence = presenceOf(lookUp, softphoneRecords, id);
+        const Presence presence = presenceOf(softphoneRecords, id);
         if (presence == Presence::there) continue;
         if (presence == Presence::unknown) requireAnswer(softphoneRecords);
         server.call(L"RemoveIdOrvel", {id, record.get(L"typApplication").int32()});

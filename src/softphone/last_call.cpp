@@ -35,7 +35,7 @@ void publishDocument(LotusSession& lotus, const std::wstring& number, std::wstri
 void SetLastCallInfo(OutlookSession& outlook, LotusSession& lotus, const std::wstring& Number, std::wstring& LastName,
                      std::wstring& FirstName)
 {
-    trapErrors(L"SetLastCallInfo", [&] {
+    trapErrors([&] {
         LastName.clear();
         FirstName.clear();
         std::wstring mail;

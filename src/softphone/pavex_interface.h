@@ -109,7 +109,7 @@ private:
     void logNewContact(int created, const wchar_t* where, const std::wstring& number, const SoftphoneEntry& entry);
     std::wstring walkHistory();
     void mirrorHistoryItem(const SoftphoneHistoryItem& item);
-    void purge(MapCollection collection, automation::Object softphoneRecords, const wchar_t* lookUp);
+    void purge(MapCollection collection, automation::Object softphoneRecords);
 
     Host& host_;
     GroupwareState& groupware_;

@@ -149,7 +149,7 @@ TEST_F(LotusMailSearch, NumberThatCannotBeRead_IsNone_AndTheOtherBookSearched_Wi
     EXPECT_TRUE(search(L"a@acme.fr"));
     EXPECT_EQ(lastName + L" " + phone, L"Zola 0612");
     EXPECT_EQ(lastLogLine(), before);
-    EXPECT_EQ(trapped.procedures, Lines{L"FirstNonEmptyItemValue"});
+    EXPECT_EQ(trapped.procedures, Lines{L"readFirstNonEmptyItemValue"});
 }
 
 TEST_F(LotusMailSearch, SenderThatNoQueryCanSay_IsAskedForByKeyOnly_AndNothingIsLogged)

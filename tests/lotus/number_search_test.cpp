@@ -213,7 +213,7 @@ TEST_F(LotusNumberSearch, MailAddressThatCannotBeRead_IsNone_AndThePersonIsFound
         EXPECT_TRUE(notes.ask(L"windows").ends_with(L"\tread\tfront")) << desk::utf8(item);
     }
     EXPECT_EQ(lastLogLine(), before);
-    EXPECT_EQ(trapped.procedures, (Lines{L"FirstNonEmptyItemValue", L"FirstNonEmptyItemValue"}));
+    EXPECT_EQ(trapped.procedures, (Lines{L"readFirstNonEmptyItemValue", L"readFirstNonEmptyItemValue"}));
 }
 
 TEST_F(LotusNumberSearch, BusyOnceAtEveryCall_FindsThePersonAllTheSame)

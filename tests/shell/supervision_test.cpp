@@ -352,7 +352,7 @@ TEST_F(Supervision, FailingTick_EndsQuietly_AndDoesNotHinderTheNext)
     {
         const support::TrappedErrors errors;
         tick();
-        EXPECT_EQ(errors.procedures, std::vector<std::wstring>{L"SupervisionPavex"});
+        EXPECT_EQ(errors.procedures, std::vector<std::wstring>{L"SupervisionPavex_Timer"});
     }
     writeIni(content);
     touchIni();
