@@ -43,7 +43,7 @@ void Hublink::StopAll()
         // A map server that is missing or dead ends this try; the next one
         // goes on without it: a program must not be impossible to stop.
         if (!std::exchange(mapWasTold_, true)) {
-            const automation::Object map = gPavexInterface.hashID;
+            const automation::Object map = softphone_.hashID;
             map.call(L"StopOrvelConvertId");
         }
         ending_ = true; // the box lets ticks through

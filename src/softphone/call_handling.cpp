@@ -1,3 +1,5 @@
+#include "softphone/call_handling.h"
+
 #include "common/error_trap.h"
 #include "lotus/calendars.h"
 #include "lotus/contacts.h"
@@ -8,7 +10,6 @@
 #include "outlook/contact_table.h"
 #include "outlook/contacts.h"
 #include "softphone/last_call.h"
-#include "softphone/pavex_interface.h"
 
 namespace {
 
@@ -17,48 +18,53 @@ constexpr const wchar_t* forwarded = L"TI_LINESTATECAUSE_FORWARD";
 
 }
 
-void PavexInterface::LineObj_OnLineNewCall(const SoftphoneCall& ccall)
+void LineObj_OnLineNewCall(SoftphoneSession& session, const SoftphoneCall& call)
 {
-    const AnswersOfOneEvent answers(outlook_);
-    const BooksKeptOpen books(lotus_);
+    const AnswersOfOneEvent answers(session.outlook);
+    const BooksKeptOpen books(session.lotus);
     trapErrors([&] {
-        const std::wstring number = ccall.number();
-        gPhoneNumberCalled = number;
+        const std::wstring number = call.number();
+        session.gPhoneNumberCalled = number;
         if (!number.empty()) {
-            SetLastCallInfo(outlook_, lotus_, gPhoneNumberCalled, gLastNameCalled, gFirstNameCalled);
-            if (gLastNameCalled.empty()) {
-                gLastNameCalled = ccall.lastName();
-                gFirstNameCalled = ccall.firstName();
+            SetLastCallInfo(session.outlook, session.lotus, session.gPhoneNumberCalled, session.gLastNameCalled,
+                            session.gFirstNameCalled);
+            if (session.gLastNameCalled.empty()) {
+                session.gLastNameCalled = call.lastName();
+                session.gFirstNameCalled = call.firstName();
             }
         }
-        gDestinationNumber.clear();
-        if (!ccall.isIncoming() || number.empty()) return;
+        session.gDestinationNumber.clear();
+        if (!call.isIncoming() || number.empty()) return;
 
-        gDestinationNumber = ccall.destinationNumber();
-        if (!gDestinationNumber.empty())
-            SetLastCallInfo(outlook_, lotus_, gDestinationNumber, gDestinationLastName, gDestinationFirstName);
-        DoCallAction(false, true);
+        session.gDestinationNumber = call.destinationNumber();
+        if (!session.gDestinationNumber.empty())
+            SetLastCallInfo(session.outlook, session.lotus, session.gDestinationNumber, session.gDestinationLastName,
+                            session.gDestinationFirstName);
+        DoCallAction(session, false, true);
     });
 }
 
-void PavexInterface::DoCallAction(bool force, bool sendcallbakmsg)
+void DoCallAction(SoftphoneSession& session, bool force, bool sendCallBackMessage)
 {
     trapErrors([&] {
-        const bool isForwarded = !gDestinationNumber.empty() && sendcallbakmsg;
-        ProcessCallAction(host_, outlook_, lotus_, gPhoneNumberCalled, gLastNameCalled, gFirstNameCalled,
-                          isForwarded ? gDestinationNumber : L"", L"", L"", isForwarded ? forwarded : L"", force);
+        const bool isForwarded = !session.gDestinationNumber.empty() && sendCallBackMessage;
+        ProcessCallAction(session, session.gPhoneNumberCalled, session.gLastNameCalled, session.gFirstNameCalled,
+                          isForwarded ? session.gDestinationNumber : L"", L"", L"", isForwarded ? forwarded : L"",
+                          force);
     });
 }
 
-void PavexInterface::DisplayGroupwareInfo()
+void DisplayGroupwareInfo(SoftphoneSession& session)
 {
-    if (lotus_.LotusReady) ShowGroupCalendars(lotus_, gDestinationNumber);
+    if (session.lotus.LotusReady) ShowGroupCalendars(session.lotus, session.gDestinationNumber);
 }
 
-void ProcessCallAction(Host& host, OutlookSession& outlook, LotusSession& lotus, std::wstring PhoneNumber,
-                       std::wstring LastName, std::wstring FirstName, std::wstring DestNumber,
-                       std::wstring DestLastName, std::wstring DestFirstName, const std::wstring& Cause, bool force)
+void ProcessCallAction(SoftphoneSession& session, std::wstring PhoneNumber, std::wstring LastName,
+                       std::wstring FirstName, std::wstring DestNumber, std::wstring DestLastName,
+                       std::wstring DestFirstName, const std::wstring& Cause, bool force)
 {
+    OutlookSession& outlook = session.outlook;
+    LotusSession& lotus = session.lotus;
     const auto sendCallBackMail = [&] {
         std::wstring mail;
         const std::wstring entryId = FindOutlookContact(outlook, DestNumber, DestLastName, DestFirstName, mail);
@@ -66,7 +72,7 @@ void ProcessCallAction(Host& host, OutlookSession& outlook, LotusSession& lotus,
             SendOutlookMail(outlook, mail, MakeCallBackText(outlook, PhoneNumber, LastName, FirstName));
     };
     trapErrors([&] {
-        const Configuration& configuration = host.configuration();
+        const Configuration& configuration = session.host.configuration();
         if (Cause == forwarded) {
             if (configuration.bgWithCallBackMail || force) {
                 if (outlook.bOutlookInit) sendCallBackMail();

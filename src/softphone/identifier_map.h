@@ -2,12 +2,17 @@
 #pragma once
 
 #include "automation/object.h"
+#include "softphone/softphone_session.h"
 
 #include <cstdint>
 #include <string>
 
 enum class MapApplication : std::int32_t { outlook = 0, lotus = 1 };
 enum class MapCollection : std::int32_t { history = 0, contacts = 1 };
+
+// Opens the map anew as the session's. Without one every use of it fails. No error
+// leaves it.
+void openIdentifierMap(SoftphoneSession& session);
 
 // Remembers which groupware record mirrors a softphone record. Throws AutomationError.
 void insertId(const automation::Object& map, const std::wstring& idAppli, const std::wstring& idOrvel,

@@ -34,8 +34,8 @@ TEST_F(NotesCall, KnownCaller_IsShownInNotes_AndPublished)
     startWithNotesOnly();
     ring({.party = {L"47.11", L"", L""}, .incoming = true, .destinationNumber = L""});
     EXPECT_EQ(openNotes(), Lines{L"Claire Petit/Acme read"});
-    EXPECT_EQ(link.gLastNameCalled, L"Petit");
-    EXPECT_EQ(link.gFirstNameCalled, L"Claire");
+    EXPECT_EQ(softphone.gLastNameCalled, L"Petit");
+    EXPECT_EQ(softphone.gFirstNameCalled, L"Claire");
     EXPECT_EQ(environment(L"CTI_InfoLastCall_Server"), L"Mail1/Acme");
     EXPECT_EQ(environment(L"CTI_InfoLastCall_Base"), L"public.nsf");
     EXPECT_EQ(environment(L"CTI_InfoLastCall_docid"), L"8FA");
@@ -83,7 +83,7 @@ TEST_F(NotesCall, Stranger_IsPublishedAsNobody_TheOtherTwoVariablesStay)
     ring({.party = {L"999", L"Stranger", L"Sam"}, .incoming = true, .destinationNumber = L""});
     EXPECT_EQ(environment(L"CTI_InfoLastCall_docid"), L"");
     EXPECT_EQ(environment(L"CTI_InfoLastCall_Base"), L"public.nsf");
-    EXPECT_EQ(link.gLastNameCalled, L"Stranger") << "as the softphone has it";
+    EXPECT_EQ(softphone.gLastNameCalled, L"Stranger") << "as the softphone has it";
 }
 
 TEST_F(NotesCall, Stranger_OpensANewContact_InEditMode_Unsaved)
@@ -164,7 +164,7 @@ TEST_F(NotesCall, Force_RunsWhatIsSwitchedOff)
 TEST_F(NotesCall, DisplayGroupwareInfo_OpensTheCalendarsOfTheLastDestination)
 {
     startWithNotesOnly();
-    link.gDestinationNumber = L"4711";
+    softphone.gDestinationNumber = L"4711";
     link.DisplayGroupwareInfo();
     EXPECT_EQ(openNotes(), Lines{L"Sales read"});
     notes.ask(L"close-windows");
@@ -259,5 +259,5 @@ TEST_F(NotesCall, ForwardedCall_TheEnvironmentNamesTheDestination)
     startWithNotesOnly();
     ring({.party = {L"0123", L"", L""}, .incoming = true, .destinationNumber = L"4711"});
     EXPECT_EQ(environment(L"CTI_InfoLastCall_docid"), L"8FA");
-    EXPECT_EQ(link.gLastNameCalled + L" " + link.gDestinationLastName, L"Durand Petit");
+    EXPECT_EQ(softphone.gLastNameCalled + L" " + softphone.gDestinationLastName, L"Durand Petit");
 }
