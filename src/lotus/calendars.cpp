@@ -38,7 +38,7 @@ std::wstring GroupCalendarQuery()
 
 void ShowGroupCalendars(LotusSession& session, const std::wstring& Number)
 {
-    if (!session.bShowGrpwAgenda || !session.LotusReady) return;
+    if (!session.bShowGrpwAgenda) return;
     trapErrors([&] {
         LotusPerson person;
         LotusAddressBook book;

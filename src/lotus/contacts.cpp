@@ -66,7 +66,6 @@ std::wstring CreateContactDocument(LotusSession& session, const std::wstring& Nu
 void ShowOrCreateCaller(LotusSession& session, const std::wstring& Number, const std::wstring& LastName,
                         const std::wstring& FirstName)
 {
-    if (!session.LotusReady) return;
     trapErrors([&] {
         LotusPerson person;
         LotusAddressBook book;

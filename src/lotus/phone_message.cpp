@@ -29,7 +29,6 @@ bool SendPhoneMessage(LotusSession& session, const std::wstring& CallerNumber, c
                       const std::wstring& CalledLastName, const std::wstring& CalledFirstName)
 {
     bool composed = false;
-    if (!session.LotusReady) return composed;
     trapErrors([&] {
         LotusPerson called{CalledLastName, CalledFirstName, L"", L"", L""};
         LotusAddressBook book;

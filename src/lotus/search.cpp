@@ -181,7 +181,6 @@ bool SearchInPublicAdressBook(LotusSession& session, const LotusAddressBook& Boo
 bool SearchByNumber(LotusSession& session, const std::wstring& Number, LotusPerson& person, bool Show,
                     const std::wstring& Wanted, LotusAddressBook& FoundBook)
 {
-    if (!session.LotusReady) return false;
     // A copy: a re-initialisation during a call may replace the list.
     for (const LotusAddressBook& book : std::vector(session.LotusAddressBooks)) {
         if (!SearchInPublicAdressBook(session, book, Number, person, Show)) continue;
@@ -218,7 +217,6 @@ bool SearchInPublicAdressBookByMail(LotusSession& session, const std::wstring& M
 bool SearchByMail(LotusSession& session, const std::wstring& Mail, std::wstring& Phone, std::wstring& LastName,
                   std::wstring& FirstName, bool Show)
 {
-    if (!session.LotusReady) return false;
     for (const LotusAddressBook& book : std::vector(session.LotusAddressBooks))
         if (SearchInPublicAdressBookByMail(session, Mail, book, Phone, LastName, FirstName, Show) && !Phone.empty())
             return true;

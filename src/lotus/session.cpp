@@ -84,3 +84,21 @@ void InitLotus(LotusSession& session, bool NewLog)
     };
     trapErrors(open, [&] { giveUp(session); });
 }
+
+void requireLotusInitialisation(LotusSession& session)
+{
+    session.LotusMustInit = true;
+}
+
+void reopenLotus(LotusSession& session)
+{
+    requireLotusInitialisation(session);
+    InitLotus(session, false);
+}
+
+void notesHasGone(LotusSession& session)
+{
+    if (session.LotusMustInit) return;
+    session.LotusMustInit = true;
+    session.NotesSession = Object();
+}

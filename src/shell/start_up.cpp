@@ -2,6 +2,7 @@
 #include "common/error_trap.h"
 #include "common/files.h"
 #include "common/registry.h"
+#include "lotus/session.h"
 #include "shell/file_time.h"
 #include "shell/hublink.h"
 
@@ -44,7 +45,7 @@ void Hublink::Form_Load()
         hOutlookProcess = nullptr;
         hNotesProcess = nullptr;
         groupware_.nbInitFailure = 0;
-        lotus_.LotusMustInit = true;
+        requireLotusInitialisation(lotus_);
         initProcessHandle();
         configuration_.szPathPavex = RegGetString(HKEY_LOCAL_MACHINE, appPathsKey, L"Path");
         configuration_.szServer = RegGetString(HKEY_CURRENT_USER, userKey, L"HostZRB");

@@ -1,5 +1,7 @@
 #include "common/error_trap.h"
+#include "outlook/session.h"
 #include "shell/hublink.h"
+#include "softphone/identifier_map.h"
 
 #include <shellapi.h>
 
@@ -28,10 +30,7 @@ void Hublink::StopConnector()
 void Hublink::letGroupwareGo()
 {
     trapErrors([&] {
-        if (std::exchange(outlook_.bOutlookInit, false) && outlook_.bQuitOutlook) {
-            const automation::Object outlook = outlook_.OutlookApp;
-            outlook.call(L"quit");
-        }
+        quitOutlook(outlook_);
         WriteLog(L"Stop Connector");
     });
 }
@@ -42,10 +41,7 @@ void Hublink::StopAll()
     trapErrors([&] {
         // A map server that is missing or dead ends this try; the next one
         // goes on without it: a program must not be impossible to stop.
-        if (!std::exchange(mapWasTold_, true)) {
-            const automation::Object map = softphone_.hashID;
-            map.call(L"StopOrvelConvertId");
-        }
+        if (!std::exchange(mapWasTold_, true)) closeIdentifierMap(softphone_);
         ending_ = true; // the box lets ticks through
         desktop_.notifyShell(NIM_DELETE, trayIconData_);
         if (configuration_.Trace) showMessage(L"The End !!!");

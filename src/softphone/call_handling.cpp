@@ -56,7 +56,7 @@ void DoCallAction(SoftphoneSession& session, bool force, bool sendCallBackMessag
 
 void DisplayGroupwareInfo(SoftphoneSession& session)
 {
-    if (session.lotus.LotusReady) ShowGroupCalendars(session.lotus, session.gDestinationNumber);
+    ShowGroupCalendars(session.lotus, session.gDestinationNumber);
 }
 
 void ProcessCallAction(SoftphoneSession& session, std::wstring PhoneNumber, std::wstring LastName,
@@ -76,15 +76,14 @@ void ProcessCallAction(SoftphoneSession& session, std::wstring PhoneNumber, std:
         if (Cause == forwarded) {
             if (configuration.bgWithCallBackMail || force) {
                 if (outlook.bOutlookInit) sendCallBackMail();
-                if (lotus.LotusReady)
-                    SendPhoneMessage(lotus, PhoneNumber, FirstName, LastName, DestNumber, DestLastName, DestFirstName);
+                SendPhoneMessage(lotus, PhoneNumber, FirstName, LastName, DestNumber, DestLastName, DestFirstName);
             }
-            if (lotus.bPopUpGrpwAgenda && lotus.LotusReady) ShowGroupCalendars(lotus, DestNumber);
+            if (lotus.bPopUpGrpwAgenda) ShowGroupCalendars(lotus, DestNumber);
         }
         if (configuration.bgWithPopUp || force) {
             if (outlook.bOutlookInit && !ShowOutlookContact(outlook, PhoneNumber) && configuration.bgSetNewContact)
                 NewOutlookContact(outlook, PhoneNumber, LastName, FirstName, true);
-            if (lotus.LotusReady) ShowOrCreateCaller(lotus, PhoneNumber, LastName, FirstName);
+            ShowOrCreateCaller(lotus, PhoneNumber, LastName, FirstName);
         }
     });
 }

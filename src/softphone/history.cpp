@@ -56,7 +56,7 @@ void histo_OnHistoricNewItem(SoftphoneSession& session, const SoftphoneHistoryIt
     trapErrors([&] {
         if (!session.host.configuration().bgWithHisto) return;
         if (session.outlook.bOutlookInit) SetHistoItemOutlook(session, item, false);
-        if (session.lotus.LotusReady) SetHistoItemLotus(session, item);
+        SetHistoItemLotus(session, item);
     });
 }
 

@@ -18,6 +18,12 @@ void openIdentifierMap(SoftphoneSession& session)
     session.hashID = fresh;
 }
 
+void closeIdentifierMap(const SoftphoneSession& session)
+{
+    const Object map = session.hashID;
+    map.call(L"StopOrvelConvertId");
+}
+
 void insertId(const Object& map, const std::wstring& idAppli, const std::wstring& idOrvel, MapApplication application,
               MapCollection collection)
 {

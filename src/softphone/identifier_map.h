@@ -14,6 +14,10 @@ enum class MapCollection : std::int32_t { history = 0, contacts = 1 };
 // leaves it.
 void openIdentifierMap(SoftphoneSession& session);
 
+// Tells the map's server that the program ends, so that it closes its store. Throws
+// AutomationError.
+void closeIdentifierMap(const SoftphoneSession& session);
+
 // Remembers which groupware record mirrors a softphone record. Throws AutomationError.
 void insertId(const automation::Object& map, const std::wstring& idAppli, const std::wstring& idOrvel,
               MapApplication application, MapCollection collection);
