@@ -21,9 +21,9 @@ void append(const Object& document, const std::wstring& item, const Value& value
 void appendParty(LotusSession& session, const Object& document, const CallLogDescription& items,
                  const SoftphoneHistoryItem& call, const std::wstring& number)
 {
-    LotusPerson party;
-    LotusAddressBook book;
-    if (!SearchByNumber(session, number, party, false, L"", book)) {
+    LotusSearchResult search = SearchByNumber(session, number, false);
+    LotusPerson& party = search.person;
+    if (!search.isFound) {
         party.LastName = call.lastName();
         party.FirstName = call.firstName();
     }
@@ -31,8 +31,8 @@ void appendParty(LotusSession& session, const Object& document, const CallLogDes
     append(document, items.FirstName, party.FirstName);
     append(document, items.LastName, party.LastName);
     append(document, items.InfoSupdocNoteId, party.NoteId);
-    append(document, items.InfoSupServer, book.Server);
-    append(document, items.InfoSupBase, book.Base);
+    append(document, items.InfoSupServer, search.book.Server);
+    append(document, items.InfoSupBase, search.book.Base);
 }
 
 void appendCall(const LotusSession& session, const Object& document, const CallLogDescription& items,

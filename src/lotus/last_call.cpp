@@ -15,17 +15,15 @@ void setVariable(const Object& notes, const wchar_t* name, const std::wstring& v
 
 // The variable with the document is cleared first and set last: an agent that
 // finds it filled finds the other two in order.
-void publishLastCall(LotusSession& session, const std::wstring& number, std::wstring& lastName,
-                     std::wstring& firstName)
+void publishLastCall(LotusSession& session, Party& party)
 {
     if (!session.LotusReady) return;
     const Object notes = notesSession(session);
     setVariable(notes, L"CTI_InfoLastCall_docid", L"");
-    LotusPerson person{lastName, firstName, L"", L"", L""};
-    LotusAddressBook book;
-    SearchByNumber(session, number, person, false, L"", book);
-    lastName = person.LastName;
-    firstName = person.FirstName;
+    const LotusPerson known{party.lastName, party.firstName, L"", L"", L""};
+    const auto [isFound, person, book] = SearchByNumber(session, party.number, false, L"", known);
+    party.lastName = person.LastName;
+    party.firstName = person.FirstName;
     if (person.NoteId.empty()) return;
     setVariable(notes, L"CTI_InfoLastCall_Server", book.Server);
     setVariable(notes, L"CTI_InfoLastCall_Base", book.Base);

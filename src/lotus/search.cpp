@@ -10,6 +10,7 @@
 
 #include <algorithm>
 #include <functional>
+#include <utility>
 
 namespace {
 
@@ -157,8 +158,8 @@ bool WantedFieldsPresent(const LotusPerson& person, const std::wstring& Wanted)
     return mayMiss >= 0;
 }
 
-bool SearchInPublicAdressBook(LotusSession& session, const LotusAddressBook& Book, const std::wstring& Number,
-                              LotusPerson& person, bool Show)
+bool SearchInPublicAdressBook(LotusSession& session, const LotusAddressBook& book, const std::wstring& number,
+                              LotusPerson& person, bool show)
 {
     if (!session.LotusReady) return false;
     bool found = false;
@@ -166,60 +167,61 @@ bool SearchInPublicAdressBook(LotusSession& session, const LotusAddressBook& Boo
         const LotusPerson before = person;
         Object document;
         bool isKnown = false;
-        askBook(session, Book, [&](OpenBook& open) {
+        askBook(session, book, [&](OpenBook& open) {
             person = before;
-            isKnown = findPerson(session, open, Number, person, Show ? &document : nullptr);
+            isKnown = findPerson(session, open, number, person, show ? &document : nullptr);
         });
         if (!isKnown) return;
-        if (Show) showOnce(Book, document);
+        if (show) showOnce(book, document);
         found = true;
     };
-    trapErrors(search, [&] { logNoAccess(session, Book, L"SearchInPublicAdressBook"); });
+    trapErrors(search, [&] { logNoAccess(session, book, L"SearchInPublicAdressBook"); });
     return found;
 }
 
-bool SearchByNumber(LotusSession& session, const std::wstring& Number, LotusPerson& person, bool Show,
-                    const std::wstring& Wanted, LotusAddressBook& FoundBook)
+LotusSearchResult SearchByNumber(LotusSession& session, const std::wstring& number, bool show,
+                                 const std::wstring& wanted, LotusPerson known)
 {
+    LotusSearchResult result{false, std::move(known), {}};
     // A copy: a re-initialisation during a call may replace the list.
     for (const LotusAddressBook& book : std::vector(session.LotusAddressBooks)) {
-        if (!SearchInPublicAdressBook(session, book, Number, person, Show)) continue;
-        if (!Wanted.empty() && !WantedFieldsPresent(person, Wanted)) continue;
-        FoundBook = book;
-        return true;
+        if (!SearchInPublicAdressBook(session, book, number, result.person, show)) continue;
+        if (!wanted.empty() && !WantedFieldsPresent(result.person, wanted)) continue;
+        result.book = book;
+        result.isFound = true;
+        break;
     }
-    return false;
+    return result;
 }
 
-bool SearchInPublicAdressBookByMail(LotusSession& session, const std::wstring& Mail, const LotusAddressBook& Book,
-                                    std::wstring& Phone, std::wstring& LastName, std::wstring& FirstName, bool Show)
+bool SearchInPublicAdressBookByMail(LotusSession& session, const std::wstring& mail, const LotusAddressBook& book,
+                                    Party& person, bool show)
 {
     if (!session.LotusReady) return false;
     bool found = false;
     const auto search = [&] {
-        const Object database = notesDatabase(session, Book);
-        const bool isKeyed = !Book.ViewMail.empty();
-        const std::wstring& name = isKeyed ? Book.ViewMail : Book.MainView;
+        const Object database = notesDatabase(session, book);
+        const bool isKeyed = !book.ViewMail.empty();
+        const std::wstring& name = isKeyed ? book.ViewMail : book.MainView;
         if (name.empty()) return;
         const Object view = database.get(L"GetView", {name}).object();
-        const Object document = findDocument(view, isKeyed, Book.MailAddress, {Mail});
+        const Object document = findDocument(view, isKeyed, book.MailAddress, {mail});
         if (!document) return;
-        LastName = firstItemValue(document, Book.LastName);
-        FirstName = firstItemValue(document, Book.FirstName);
-        Phone = FirstNonEmptyItemValue(document, Book.PhoneNumber);
-        if (!Phone.empty() && Show) openDocument(Book, document, false);
+        person.lastName = firstItemValue(document, book.LastName);
+        person.firstName = firstItemValue(document, book.FirstName);
+        person.number = FirstNonEmptyItemValue(document, book.PhoneNumber);
+        if (!person.number.empty() && show) openDocument(book, document, false);
         found = true;
     };
-    trapErrors(search, [&] { logNoAccess(session, Book, L"SearchInPublicAdressBookByMail"); });
+    trapErrors(search,
+               [&] { logNoAccess(session, book, L"SearchInPublicAdressBookByMail"); });
     return found;
 }
 
-bool SearchByMail(LotusSession& session, const std::wstring& Mail, std::wstring& Phone, std::wstring& LastName,
-                  std::wstring& FirstName, bool Show)
+bool SearchByMail(LotusSession& session, const std::wstring& mail, Party& person, bool show)
 {
     for (const LotusAddressBook& book : std::vector(session.LotusAddressBooks))
-        if (SearchInPublicAdressBookByMail(session, Mail, book, Phone, LastName, FirstName, Show) && !Phone.empty())
-            return true;
+        if (SearchInPublicAdressBookByMail(session, mail, book, person, show) && !person.number.empty()) return true;
     return false;
 }
 

@@ -7,6 +7,7 @@
 #include "outlook/telephone_fields.h"
 
 #include <optional>
+#include <utility>
 
 namespace {
 
@@ -76,23 +77,15 @@ std::optional<Match> firstMatch(OutlookSession& session, const std::wstring& sou
     return isAsTold && stillHolds(answer) ? match : walkedMatch(session, sought);
 }
 
-// What FindOutlookContact tells of a contact. Outlook guards the address and may
-// refuse it: the identifier is read first, so that the contact is recognised all
-// the same, and the address last.
-struct FoundContact {
-    std::wstring& entryId;
-    std::wstring& lastName;
-    std::wstring& firstName;
-    std::wstring& email1Address;
-
-    void readFrom(const Object& contact) const
-    {
-        entryId = contact.get(L"EntryID").text();
-        lastName = contact.get(L"LastName").text();
-        firstName = contact.get(L"FirstName").text();
-        email1Address = contact.get(L"Email1Address").text();
-    }
-};
+// Outlook guards the address and may refuse it: the identifier is read first, so
+// that the contact is recognised all the same, and the address last.
+void read(const Object& contact, OutlookPerson& person)
+{
+    person.entryId = contact.get(L"EntryID").text();
+    person.lastName = contact.get(L"LastName").text();
+    person.firstName = contact.get(L"FirstName").text();
+    person.email1Address = contact.get(L"Email1Address").text();
+}
 
 }
 
@@ -115,10 +108,9 @@ bool PhoneNumberMatches(const OutlookSession& session, const std::wstring& sough
     return true;
 }
 
-bool WalkOutlookContacts(OutlookSession& session, const std::wstring& number, const std::wstring&,
-                         const std::wstring&, const std::wstring&, Object& contact)
+Object WalkOutlookContacts(OutlookSession& session, const std::wstring& number)
 {
-    bool found = false;
+    Object contact;
     trapErrors([&] {
         const std::wstring sought = StripPhoneNumber(number);
         const std::optional<Match> match = firstMatch(session, sought);
@@ -128,23 +120,22 @@ bool WalkOutlookContacts(OutlookSession& session, const std::wstring& number, co
             match->contact.call(L"Close", {std::int16_t{0}});
         }
         contact = match->contact;
-        found = true;
     });
-    return found;
+    return contact;
 }
 
-std::wstring FindOutlookContact(OutlookSession& session, const std::wstring& number, std::wstring& lastName,
-                                std::wstring& firstName, std::wstring& email1Address)
+OutlookPerson FindOutlookContact(OutlookSession& session, const std::wstring& number, OutlookPerson known)
 {
-    std::wstring entryId;
+    OutlookPerson person = std::move(known);
+    person.entryId.clear();
     trapErrors([&] {
-        const FoundContact found{entryId, lastName, firstName, email1Address};
         Object contact = filteredContact(session, number);
-        if (contact) found.readFrom(contact);
-        if (entryId.empty() && WalkOutlookContacts(session, number, lastName, firstName, email1Address, contact))
-            found.readFrom(contact);
+        if (contact) read(contact, person);
+        if (!person.entryId.empty()) return;
+        contact = WalkOutlookContacts(session, number);
+        if (contact) read(contact, person);
     });
-    return entryId;
+    return person;
 }
 
 bool ShowOutlookContact(OutlookSession& session, const std::wstring& number)
@@ -152,7 +143,8 @@ bool ShowOutlookContact(OutlookSession& session, const std::wstring& number)
     bool shown = false;
     trapErrors([&] {
         Object contact = filteredContact(session, number);
-        if (!contact && !WalkOutlookContacts(session, number, L"", L"", L"", contact)) return;
+        if (!contact) contact = WalkOutlookContacts(session, number);
+        if (!contact) return;
         contact.call(L"Display");
         shown = true;
     });

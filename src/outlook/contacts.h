@@ -2,6 +2,7 @@
 // Callers test `bOutlookInit` first; no error leaves these procedures.
 #pragma once
 
+#include "common/party.h"
 #include "common/softphone_records.h"
 #include "outlook/outlook_session.h"
 
@@ -12,5 +13,4 @@ std::wstring CreateOutlookContact(OutlookSession& session, const SoftphoneEntry&
 
 // A contact from plain texts, opened on the screen when `display` is set. Its
 // EntryID, "" on failure.
-std::wstring NewOutlookContact(OutlookSession& session, const std::wstring& phoneNumber, const std::wstring& lastName,
-                               const std::wstring& firstName, bool display);
+std::wstring NewOutlookContact(OutlookSession& session, const Party& party, bool display);

@@ -10,24 +10,19 @@ namespace {
 using automation::Object;
 
 // The other party of a call.
-struct Party {
-    std::wstring number;
-    std::wstring lastName;
-    std::wstring firstName;
+struct OtherParty : Party {
     bool contactKnown = false;
 };
 
-Party partyOf(OutlookSession& session, const SoftphoneHistoryItem& historyItem, const std::wstring& number,
-              bool createContact)
+OtherParty partyOf(OutlookSession& session, const SoftphoneHistoryItem& historyItem, const std::wstring& number,
+                   bool createContact)
 {
-    Party party{number, L"", L""};
-    std::wstring email;
-    party.contactKnown = !FindOutlookContact(session, number, party.lastName, party.firstName, email).empty();
+    const OutlookPerson known = FindOutlookContact(session, number);
+    OtherParty party{{number, known.lastName, known.firstName}, !known.entryId.empty()};
     if (party.contactKnown) return party;
     party.lastName = historyItem.lastName();
     party.firstName = historyItem.firstName();
-    if (createContact)
-        party.contactKnown = !NewOutlookContact(session, number, party.lastName, party.firstName, false).empty();
+    if (createContact) party.contactKnown = !NewOutlookContact(session, party, false).empty();
     return party;
 }
 
@@ -59,7 +54,7 @@ std::wstring CreateOutlookHistoItem(OutlookSession& session, const SoftphoneHist
         const Object item = newOutlookItem(session, OutlookItemType::journal);
         const bool incoming = historyItem.incoming().truth();
         const std::wstring number = historyItem.number();
-        const Party party = number.empty() ? Party{} : partyOf(session, historyItem, number, createContact);
+        const OtherParty party = number.empty() ? OtherParty{} : partyOf(session, historyItem, number, createContact);
         item.put(L"Subject", (incoming ? L"* " : L"") + subjectFor(session, party));
         item.put(L"Start", historyItem.beginDate());
         item.put(L"End", historyItem.endDate());

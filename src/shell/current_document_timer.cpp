@@ -46,7 +46,6 @@ void Hublink::TimerCallInlotus_Timer()
         // A look-up of its own: the supervision's tells but once that Notes was restarted.
         if (notesProcessId_ == 0) ProcessLookup().GetProcessHandle(L"nlnotes.exe", process, notesProcessId_);
         if (!shows(front, notesProcessId_)) return;
-        std::wstring lastName, firstName;
-        UpdateCurrentDocumentNumber(lotus_, lastName, firstName);
+        UpdateCurrentDocumentNumber(lotus_);
     });
 }

@@ -39,8 +39,7 @@ void mirrorInOutlook(SoftphoneSession& session, const SoftphoneEntry& entry, con
                      const std::wstring& number, int& created)
 {
     if (!mappedId(session.hashID, id, MapApplication::outlook).empty()) return;
-    std::wstring lastName, firstName, mail;
-    const std::wstring known = FindOutlookContact(session.outlook, number, lastName, firstName, mail);
+    const std::wstring known = FindOutlookContact(session.outlook, number).entryId;
     if (known.empty()) {
         logNewContact(session, ++created, L" In OutLook ", number, entry);
         CreateOutlookContactFromPavex(session, entry);

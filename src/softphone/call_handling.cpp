@@ -16,6 +16,43 @@ namespace {
 // A marker between these procedures; the softphone knows nothing of it.
 constexpr const wchar_t* forwarded = L"TI_LINESTATECAUSE_FORWARD";
 
+// Whom Outlook finds is the destination from then on.
+void sendCallBackMail(OutlookSession& outlook, const Party& caller, Party& destination)
+{
+    const OutlookPerson known{destination.lastName, destination.firstName, L"", L""};
+    const OutlookPerson found = FindOutlookContact(outlook, destination.number, known);
+    destination.lastName = found.lastName;
+    destination.firstName = found.firstName;
+    if (!found.entryId.empty() && !found.email1Address.empty())
+        SendOutlookMail(outlook, found.email1Address, MakeCallBackText(outlook, caller));
+}
+
+void showCaller(SoftphoneSession& session, const Party& caller)
+{
+    OutlookSession& outlook = session.outlook;
+    if (outlook.bOutlookInit && !ShowOutlookContact(outlook, caller.number) &&
+        session.host.configuration().bgSetNewContact)
+        NewOutlookContact(outlook, caller, true);
+    ShowOrCreateCaller(session.lotus, caller);
+}
+
+void rememberCaller(SoftphoneSession& session, const SoftphoneCall& call)
+{
+    const Party caller = SetLastCallInfo(session, session.gPhoneNumberCalled);
+    session.gLastNameCalled = caller.lastName;
+    session.gFirstNameCalled = caller.firstName;
+    if (!caller.lastName.empty()) return;
+    session.gLastNameCalled = call.lastName();
+    session.gFirstNameCalled = call.firstName();
+}
+
+void rememberDestination(SoftphoneSession& session)
+{
+    const Party destination = SetLastCallInfo(session, session.gDestinationNumber);
+    session.gDestinationLastName = destination.lastName;
+    session.gDestinationFirstName = destination.firstName;
+}
+
 }
 
 void LineObj_OnLineNewCall(SoftphoneSession& session, const SoftphoneCall& call)
@@ -25,21 +62,12 @@ void LineObj_OnLineNewCall(SoftphoneSession& session, const SoftphoneCall& call)
     trapErrors([&] {
         const std::wstring number = call.number();
         session.gPhoneNumberCalled = number;
-        if (!number.empty()) {
-            SetLastCallInfo(session.outlook, session.lotus, session.gPhoneNumberCalled, session.gLastNameCalled,
-                            session.gFirstNameCalled);
-            if (session.gLastNameCalled.empty()) {
-                session.gLastNameCalled = call.lastName();
-                session.gFirstNameCalled = call.firstName();
-            }
-        }
+        if (!number.empty()) rememberCaller(session, call);
         session.gDestinationNumber.clear();
         if (!call.isIncoming() || number.empty()) return;
 
         session.gDestinationNumber = call.destinationNumber();
-        if (!session.gDestinationNumber.empty())
-            SetLastCallInfo(session.outlook, session.lotus, session.gDestinationNumber, session.gDestinationLastName,
-                            session.gDestinationFirstName);
+        if (!session.gDestinationNumber.empty()) rememberDestination(session);
         DoCallAction(session, false, true);
     });
 }
@@ -47,10 +75,10 @@ void LineObj_OnLineNewCall(SoftphoneSession& session, const SoftphoneCall& call)
 void DoCallAction(SoftphoneSession& session, bool force, bool sendCallBackMessage)
 {
     trapErrors([&] {
+        const Party caller{session.gPhoneNumberCalled, session.gLastNameCalled, session.gFirstNameCalled};
         const bool isForwarded = !session.gDestinationNumber.empty() && sendCallBackMessage;
-        ProcessCallAction(session, session.gPhoneNumberCalled, session.gLastNameCalled, session.gFirstNameCalled,
-                          isForwarded ? session.gDestinationNumber : L"", L"", L"", isForwarded ? forwarded : L"",
-                          force);
+        const Party destination{isForwarded ? session.gDestinationNumber : L"", L"", L""};
+        ProcessCallAction(session, caller, destination, isForwarded ? forwarded : L"", force);
     });
 }
 
@@ -59,31 +87,18 @@ void DisplayGroupwareInfo(SoftphoneSession& session)
     ShowGroupCalendars(session.lotus, session.gDestinationNumber);
 }
 
-void ProcessCallAction(SoftphoneSession& session, std::wstring PhoneNumber, std::wstring LastName,
-                       std::wstring FirstName, std::wstring DestNumber, std::wstring DestLastName,
-                       std::wstring DestFirstName, const std::wstring& Cause, bool force)
+void ProcessCallAction(SoftphoneSession& session, const Party& caller, Party destination, const std::wstring& cause,
+                       bool force)
 {
-    OutlookSession& outlook = session.outlook;
-    LotusSession& lotus = session.lotus;
-    const auto sendCallBackMail = [&] {
-        std::wstring mail;
-        const std::wstring entryId = FindOutlookContact(outlook, DestNumber, DestLastName, DestFirstName, mail);
-        if (!entryId.empty() && !mail.empty())
-            SendOutlookMail(outlook, mail, MakeCallBackText(outlook, PhoneNumber, LastName, FirstName));
-    };
     trapErrors([&] {
         const Configuration& configuration = session.host.configuration();
-        if (Cause == forwarded) {
+        if (cause == forwarded) {
             if (configuration.bgWithCallBackMail || force) {
-                if (outlook.bOutlookInit) sendCallBackMail();
-                SendPhoneMessage(lotus, PhoneNumber, FirstName, LastName, DestNumber, DestLastName, DestFirstName);
+                if (session.outlook.bOutlookInit) sendCallBackMail(session.outlook, caller, destination);
+                SendPhoneMessage(session.lotus, caller, destination);
             }
-            if (lotus.bPopUpGrpwAgenda) ShowGroupCalendars(lotus, DestNumber);
+            if (session.lotus.bPopUpGrpwAgenda) ShowGroupCalendars(session.lotus, destination.number);
         }
-        if (configuration.bgWithPopUp || force) {
-            if (outlook.bOutlookInit && !ShowOutlookContact(outlook, PhoneNumber) && configuration.bgSetNewContact)
-                NewOutlookContact(outlook, PhoneNumber, LastName, FirstName, true);
-            ShowOrCreateCaller(lotus, PhoneNumber, LastName, FirstName);
-        }
+        if (configuration.bgWithPopUp || force) showCaller(session, caller);
     });
 }

@@ -1,6 +1,7 @@
 // What a call asks for in the groupware. No error leaves these procedures.
 #pragma once
 
+#include "common/party.h"
 #include "common/softphone_records.h"
 #include "softphone/softphone_session.h"
 
@@ -19,6 +20,5 @@ void DisplayGroupwareInfo(SoftphoneSession& session);
 // Carries out what is switched on (with `force`: everything) for a call: the
 // callback message to the one it was forwarded to and that one's calendars,
 // then the caller's contact.
-void ProcessCallAction(SoftphoneSession& session, std::wstring PhoneNumber, std::wstring LastName,
-                       std::wstring FirstName, std::wstring DestNumber, std::wstring DestLastName,
-                       std::wstring DestFirstName, const std::wstring& Cause, bool force);
+void ProcessCallAction(SoftphoneSession& session, const Party& caller, Party destination, const std::wstring& cause,
+                       bool force);

@@ -4,14 +4,16 @@
 #include "lotus/last_call.h"
 #include "outlook/contact_lookup.h"
 
-void SetLastCallInfo(OutlookSession& outlook, LotusSession& lotus, const std::wstring& Number, std::wstring& LastName,
-                     std::wstring& FirstName)
+Party SetLastCallInfo(SoftphoneSession& session, const std::wstring& number)
 {
+    Party party{number, L"", L""};
     trapErrors([&] {
-        LastName.clear();
-        FirstName.clear();
-        std::wstring mail;
-        if (outlook.bOutlookInit) FindOutlookContact(outlook, Number, LastName, FirstName, mail);
-        publishLastCall(lotus, Number, LastName, FirstName);
+        if (session.outlook.bOutlookInit) {
+            const OutlookPerson contact = FindOutlookContact(session.outlook, number);
+            party.lastName = contact.lastName;
+            party.firstName = contact.firstName;
+        }
+        publishLastCall(session.lotus, party);
     });
+    return party;
 }

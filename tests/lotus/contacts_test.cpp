@@ -9,10 +9,10 @@ class LotusContacts : public LotusDocumentsTest {
 protected:
     std::wstring create(bool show = false)
     {
-        return CreateContactDocument(session, L"01.23 45", L"Durand", L"Marc", show);
+        return CreateContactDocument(session, {L"01.23 45", L"Durand", L"Marc"}, show);
     }
 
-    void showOrCreate() { ShowOrCreateCaller(session, L"01.23 45", L"Durand", L"Marc"); }
+    void showOrCreate() { ShowOrCreateCaller(session, {L"01.23 45", L"Durand", L"Marc"}); }
 
     std::wstring windows() { return notes.ask(L"windows"); }
 
@@ -118,7 +118,7 @@ TEST_F(LotusContacts, NoItemHasAName_TheDocumentHasItsFormAndTypeOnly)
 TEST_F(LotusContacts, NoNames_TheFullNameIsABlank)
 {
     ready();
-    CreateContactDocument(session, L"+33-1 23.x", L"", L"", false);
+    CreateContactDocument(session, {L"+33-1 23.x", L"", L""}, false);
     EXPECT_EQ(contact(), (Fields{marc[0], marc[1], {L"OfficePhoneNumber", L"+33-123x"}, {L"FirstName", L""},
                                  {L"LastName", L""}, {L"FullName", L" "}}));
 }

@@ -195,21 +195,19 @@ TEST_F(NotesCall, BothGroupware_ForwardedCall_LeavesAMailAndAPhoneMessage_Outloo
 TEST_F(NotesCall, NamesOfNotes_ReplaceThoseOfOutlook_WhereADocumentIsFound)
 {
     start(claireInOutlook);
-    std::wstring lastName = L"old", firstName = L"old";
-    SetLastCallInfo(session, lotus, L"4711", lastName, firstName);
-    EXPECT_EQ(lastName + L" " + firstName, L"Petit Claire");
+    Party party = SetLastCallInfo(softphone, L"4711");
+    EXPECT_EQ(party.lastName + L" " + party.firstName, L"Petit Claire");
     outlook.load(desk::parseStore(L"[contact]\nFirstName=Only\nLastName=Outlook\nBusinessTelephoneNumber=555\n"));
-    SetLastCallInfo(session, lotus, L"555", lastName, firstName);
-    EXPECT_EQ(lastName + L" " + firstName, L"Outlook Only");
-    SetLastCallInfo(session, lotus, L"999", lastName, firstName);
-    EXPECT_EQ(lastName + firstName, L"");
+    party = SetLastCallInfo(softphone, L"555");
+    EXPECT_EQ(party.lastName + L" " + party.firstName, L"Outlook Only");
+    party = SetLastCallInfo(softphone, L"999");
+    EXPECT_EQ(party.lastName + party.firstName, L"");
 }
 
 TEST_F(NotesCall, DocumentVariable_IsClearedBeforeTheSearch_AndSetLast)
 {
     startWithNotesOnly();
-    std::wstring lastName, firstName;
-    SetLastCallInfo(session, lotus, L"4711", lastName, firstName);
+    SetLastCallInfo(softphone, L"4711");
     Lines sets;
     for (const std::wstring& line : desk::linesOf(outlookCalls.record()))
         if (line.starts_with(L"NotesSession.") && line.find(L"lookup") == std::wstring::npos) sets.push_back(line);
@@ -224,9 +222,8 @@ TEST_F(NotesCall, NotesGoneWithoutNotice_CallEndsQuietly)
 {
     startWithNotesOnly();
     notes.recorder().faults.add(L"on * fail 0x800706BA"); // its objects are dead, and nobody has looked yet
-    std::wstring lastName = L"old", firstName = L"old";
-    SetLastCallInfo(session, lotus, L"4711", lastName, firstName);
-    EXPECT_EQ(lastName + firstName, L"");
+    const Party party = SetLastCallInfo(softphone, L"4711");
+    EXPECT_EQ(party.lastName + party.firstName, L"");
     ring({.party = {L"4711", L"Petit", L"C"}, .incoming = true, .destinationNumber = L"0123"});
     EXPECT_EQ(openNotes(), Lines{});
 }
@@ -244,11 +241,9 @@ TEST_F(NotesCall, VariableThatCannotBeSet_EndsThePublishing_WithTheNamesThatWere
         notes.load(databases);
         lotus.LotusMustInit = true;
         InitLotus(lotus, true);
-        std::wstring lastName = L"old", firstName = L"old";
         notes.recorder().faults.add(L"on NotesSession.SetEnvironmentVar at " + std::wstring(variable.at) +
                                     L" fail 0x80004005");
-        SetLastCallInfo(session, lotus, L"4711", lastName, firstName);
-        EXPECT_EQ(lastName, variable.lastName) << desk::utf8(variable.at);
+        EXPECT_EQ(SetLastCallInfo(softphone, L"4711").lastName, variable.lastName) << desk::utf8(variable.at);
         EXPECT_EQ(environment(L"CTI_InfoLastCall_Base"), variable.base) << desk::utf8(variable.at);
         EXPECT_NE(environment(L"CTI_InfoLastCall_docid"), L"8FA") << desk::utf8(variable.at);
     }
