@@ -111,7 +111,7 @@ void Object::put(Member member, const Value& value) const
 DISPID Object::lookUp(Member member, const OutgoingCall& scope) const
 {
     DISPID id = DISPID_UNKNOWN;
-    LPOLESTR name = const_cast<LPOLESTR>(member.name());
+    auto name = const_cast<LPOLESTR>(member.name());
     const HRESULT result = scope.retryWhileBusy(
         [&] { return dispatch_->GetIDsOfNames(IID_NULL, &name, 1, LOCALE_USER_DEFAULT, &id); });
     if (FAILED(result)) throw AutomationError(member.text(), result);

@@ -35,7 +35,7 @@ try {
 void tellTrapped(const std::source_location& place) noexcept
 try {
     tellHook(place);
-} catch (...) {
+} catch (...) { // NOLINT(bugprone-empty-catch)
     // A failing hook must not undo what the trap is for.
 }
 
