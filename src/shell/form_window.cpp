@@ -3,6 +3,7 @@
 #include "automation/error.h"
 #include "automation/outgoing_call.h"
 #include "common/error_trap.h"
+#include "common/under_way.h"
 #include "shell/resources.h"
 #include "shell/screen_scale.h"
 
@@ -187,11 +188,10 @@ void FormWindow::runDeferred()
 {
     if (runningDeferred_) return; // the work under way is finished first, then the rest
     if (automation::OutgoingCall::inProgress()) return retryLater();
-    runningDeferred_ = true;
+    const UnderWay running(runningDeferred_);
     while (!deferred_.empty()) {
         const std::function<void()> work = std::move(deferred_.front());
         deferred_.pop_front();
         trapErrors(work);
     }
-    runningDeferred_ = false;
 }

@@ -38,7 +38,7 @@ void Hublink::Form_MouseMove(int, int, double X, double)
     question_ = Question::waits;
     // A question inside a call would hold it up; one that may never end is another matter.
     if (callWatch_.callIsLong()) return askWhetherToStop();
-    window_.outsideCalls([this] { askWhetherToStop(); });
+    trapErrors([this] { window_.outsideCalls([this] { askWhetherToStop(); }); }, [this] { question_ = Question::none; });
 }
 
 void Hublink::askWhetherToStop()

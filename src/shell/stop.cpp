@@ -1,4 +1,5 @@
 #include "common/error_trap.h"
+#include "common/under_way.h"
 #include "outlook/session.h"
 #include "shell/hublink.h"
 #include "softphone/identifier_map.h"
@@ -42,12 +43,11 @@ void Hublink::StopAll()
         // A map server that is missing or dead ends this try; the next one
         // goes on without it: a program must not be impossible to stop.
         if (!std::exchange(mapWasTold_, true)) closeIdentifierMap(softphone_);
-        ending_ = true; // the box lets ticks through
+        const UnderWay ending(ending_); // the box lets ticks through
         desktop_.notifyShell(NIM_DELETE, trayIconData_);
         if (configuration_.Trace) showMessage(L"The End !!!");
         desktop_.endProcess();
     });
-    ending_ = false;
 }
 
 void Hublink::Form_Terminate()

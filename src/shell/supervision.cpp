@@ -1,5 +1,6 @@
 #include "automation/error.h"
 #include "common/error_trap.h"
+#include "common/under_way.h"
 #include "lotus/session.h"
 #include "outlook/session.h"
 #include "shell/file_time.h"
@@ -19,7 +20,7 @@ void Hublink::SupervisionPavex_Timer()
     // A message box of a tick is open: further ticks only watch for a stop,
     // else unattended boxes would pile up.
     if (!bProcessWatchReady || inTick_) return;
-    inTick_ = true;
+    const UnderWay tick(inTick_);
     trapErrors([&] {
         offerTrayIcon();
         superviseSoftphone();
@@ -27,7 +28,6 @@ void Hublink::SupervisionPavex_Timer()
         superviseOutlook();
         superviseIniFile();
     });
-    inTick_ = false;
 }
 
 void Hublink::superviseSoftphone()

@@ -1,6 +1,7 @@
 #include "softphone/pavex_interface.h"
 
 #include "common/error_trap.h"
+#include "common/under_way.h"
 #include "lotus/session.h"
 #include "outlook/session.h"
 #include "softphone/identifier_map.h"
@@ -94,7 +95,7 @@ EventHandlers PavexInterface::addressBookHandlers()
 void PavexInterface::InitConnector(bool first)
 {
     trapErrors([&] {
-        session_.bInitConnector = true;
+        const UnderWay initialisation(session_.bInitConnector);
         openIdentifierMap(session_);
         InitOutlook(session_.outlook);
         InitLotus(session_.lotus, first);
@@ -104,7 +105,6 @@ void PavexInterface::InitConnector(bool first)
         if (session_.host.configuration().bgWithHisto) InitHisto();
         session_.host.WriteLog(session_.host.configuration().gStop ? L"Abort Connector Initialization"
                                                                    : L"Connector Initialization  Ok");
-        session_.bInitConnector = false;
     });
 }
 

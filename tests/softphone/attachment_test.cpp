@@ -57,6 +57,14 @@ TEST_F(Attachment, Initialisation_LogsItsTwoLines_WithTwoBlanksBeforeOk)
     EXPECT_FALSE(softphone.bInitConnector);
 }
 
+TEST_F(Attachment, InitialisationThatAnErrorEnds_IsUnderWayNoLonger)
+{
+    host.onLog = [](const std::wstring&) { throw automation::AutomationError(L"WriteLog", E_FAIL); };
+    start();
+    EXPECT_EQ(host.log, Lines{L"Start Connector Initialization"});
+    EXPECT_FALSE(softphone.bInitConnector);
+}
+
 TEST_F(Attachment, Initialisation_LogsItsStart_ThenPurges_ThenWalks)
 {
     host.settings.bgWithRepertory = true;
