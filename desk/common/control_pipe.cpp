@@ -1,5 +1,6 @@
 #include "desk/common/control_pipe.h"
 
+#include "automation/border.h"
 #include "desk/common/text.h"
 
 #include <stdexcept>
@@ -42,10 +43,12 @@ ControlPipe::~ControlPipe()
     for (const HANDLE handle : {pipe_, ready_, stop_, thread_}) CloseHandle(handle);
 }
 
-DWORD WINAPI ControlPipe::run(void* self)
+DWORD WINAPI ControlPipe::run(void* self) noexcept
 {
-    static_cast<ControlPipe*>(self)->serve();
-    return 0;
+    return automation::atBorder(DWORD{1}, [self] {
+        static_cast<ControlPipe*>(self)->serve();
+        return DWORD{0};
+    });
 }
 
 // Waits for an operation on the pipe that was just started.

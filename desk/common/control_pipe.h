@@ -31,7 +31,7 @@ public:
     ControlPipe& operator=(const ControlPipe&) = delete;
 
 private:
-    static DWORD WINAPI run(void* self);
+    static DWORD WINAPI run(void* self) noexcept;
     void serve();
     enum class Outcome { done, more, failed };
     Outcome finish(bool started, OVERLAPPED& operation, DWORD& count);

@@ -40,7 +40,7 @@ std::vector<std::wstring> commandLine()
 
 // Ends a program that nobody ended: a test that broke off must not leave it
 // behind for ever, since a client's death is not told to it everywhere.
-DWORD WINAPI watch(void* mainThread)
+DWORD WINAPI watch(void* mainThread) noexcept
 {
     Sleep(longestRun);
     PostThreadMessageW(static_cast<DWORD>(reinterpret_cast<DWORD_PTR>(mainThread)), WM_QUIT, 0, 0);

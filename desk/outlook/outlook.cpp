@@ -86,8 +86,7 @@ void Outlook::blockWasRead()
 bool Outlook::isHeld()
 {
     if (!application_) return automation::server::Dispatch::live() > 0;
-    application_->AddRef();
-    return application_->Release() > 1 || automation::server::Dispatch::live() > 1;
+    return application_->references() > 1 || automation::server::Dispatch::live() > 1;
 }
 
 void Outlook::closeWindows()

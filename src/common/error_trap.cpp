@@ -1,8 +1,9 @@
 #include "common/error_trap.h"
 
+#include "automation/border.h"
+
 #include <windows.h>
 
-#include <exception>
 #include <utility>
 
 namespace {
@@ -21,20 +22,11 @@ DiagnosticHook& hook()
     return current;
 }
 
-void tellHook(const std::source_location& place)
-try {
-    throw;
-} catch (const std::exception& error) {
-    hook()(place, error.what());
-} catch (...) {
-    hook()(place, "an exception of an unknown kind");
-}
-
 }
 
 void tellTrapped(const std::source_location& place) noexcept
 try {
-    tellHook(place);
+    hook()(place, automation::textOfException());
 } catch (...) { // NOLINT(bugprone-empty-catch)
     // A failing hook must not undo what the trap is for.
 }

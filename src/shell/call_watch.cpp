@@ -1,5 +1,6 @@
 #include "shell/call_watch.h"
 
+#include "automation/border.h"
 #include "automation/error.h"
 #include "automation/outgoing_call.h"
 
@@ -49,11 +50,12 @@ bool CallWatch::longAgo(const std::atomic<DWORD>& moment) const noexcept
     return when != 0 && GetTickCount() - when >= times_.patience;
 }
 
-DWORD WINAPI CallWatch::run(void* watch)
+DWORD WINAPI CallWatch::run(void* watch) noexcept
 {
-    const auto* const self = static_cast<CallWatch*>(watch);
-    while (WaitForSingleObject(self->finished_, self->times_.interval) == WAIT_TIMEOUT && self->look()) {}
-    return 0;
+    return automation::atBorder(DWORD{1}, [self = static_cast<CallWatch*>(watch)] {
+        while (WaitForSingleObject(self->finished_, self->times_.interval) == WAIT_TIMEOUT && self->look()) {}
+        return DWORD{0};
+    });
 }
 
 // Whether there is anything left to watch.

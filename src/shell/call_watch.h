@@ -32,7 +32,7 @@ public:
     bool callIsLong() const noexcept;
 
 private:
-    static DWORD WINAPI run(void* watch);
+    static DWORD WINAPI run(void* watch) noexcept;
     bool longAgo(const std::atomic<DWORD>& moment) const noexcept;
     bool look() const;
 

@@ -16,7 +16,7 @@ bool belongs(HWND window, DWORD processId)
     return owner == processId;
 }
 
-BOOL CALLBACK look(HWND window, LPARAM parameter)
+BOOL CALLBACK look(HWND window, LPARAM parameter) noexcept
 {
     auto& search = *reinterpret_cast<Search*>(parameter);
     search.found = belongs(window, search.processId) && IsWindowVisible(window);

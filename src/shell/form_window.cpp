@@ -62,7 +62,7 @@ void FormWindow::defer(std::function<void()> work)
     PostMessageW(window_, runDeferredMessage, 0, 0);
 }
 
-LRESULT CALLBACK FormWindow::procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam)
+LRESULT CALLBACK FormWindow::procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) noexcept
 {
     if (message == WM_NCCREATE)
         SetWindowLongPtrW(window, GWLP_USERDATA,

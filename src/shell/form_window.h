@@ -60,7 +60,7 @@ public:
     static constexpr UINT tickInterval = 5000; // milliseconds
 
 private:
-    static LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
+    static LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) noexcept;
     LRESULT handle(UINT message, WPARAM wParam, LPARAM lParam);
     void startTimer(UINT_PTR id);
     void timer(UINT_PTR id);
