@@ -1,6 +1,7 @@
 // pavex.exe: the softphone as a program, with its window, its class
 // "Pavex.Application" and its control commands.
 #include "automation/border.h"
+#include "automation/owners.h"
 #include "desk/common/control_pipe.h"
 #include "desk/common/server_program.h"
 #include "desk/softphone/control.h"
@@ -37,7 +38,7 @@ DWORD WINAPI requestExit(void*) noexcept
 
 void startThread(LPTHREAD_START_ROUTINE run, void* argument)
 {
-    CloseHandle(CreateThread(nullptr, 0, run, argument, 0, nullptr));
+    const automation::Handle thread(CreateThread(nullptr, 0, run, argument, 0, nullptr));
 }
 
 class Pavex final : public desk::Partner {

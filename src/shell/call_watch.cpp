@@ -15,12 +15,8 @@ CallWatch::CallWatch(Times times)
 
 CallWatch::~CallWatch()
 {
-    SetEvent(finished_);
-    if (thread_) {
-        WaitForSingleObject(thread_, INFINITE);
-        CloseHandle(thread_);
-    }
-    CloseHandle(finished_);
+    SetEvent(finished_.get());
+    if (thread_) WaitForSingleObject(thread_.get(), INFINITE);
 }
 
 void CallWatch::start(std::function<void()> onLongCall, std::function<void()> end)
@@ -28,7 +24,7 @@ void CallWatch::start(std::function<void()> onLongCall, std::function<void()> en
     if (thread_) return;
     onLongCall_ = std::move(onLongCall);
     end_ = std::move(end);
-    thread_ = CreateThread(nullptr, 0, run, this, 0, nullptr);
+    thread_.reset(CreateThread(nullptr, 0, run, this, 0, nullptr));
     if (!thread_) throw automation::AutomationError(L"CreateThread", HRESULT_FROM_WIN32(GetLastError()));
 }
 
@@ -53,7 +49,7 @@ bool CallWatch::longAgo(const std::atomic<DWORD>& moment) const noexcept
 DWORD WINAPI CallWatch::run(void* watch) noexcept
 {
     return automation::atBorder(DWORD{1}, [self = static_cast<CallWatch*>(watch)] {
-        while (WaitForSingleObject(self->finished_, self->times_.interval) == WAIT_TIMEOUT && self->look()) {}
+        while (WaitForSingleObject(self->finished_.get(), self->times_.interval) == WAIT_TIMEOUT && self->look()) {}
         return DWORD{0};
     });
 }
