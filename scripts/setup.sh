@@ -1,6 +1,8 @@
 #!/usr/bin/env bash
 # Installs what the build and the desk need on a bare Debian 12. Quick and
 # silent when everything is there already.
+#   scripts/setup.sh          the compiler, Wine and a virtual screen
+#   scripts/setup.sh check    the tools of ./check as well
 set -euo pipefail
 
 packages=(
@@ -8,6 +10,12 @@ packages=(
     wine wine32:i386 fonts-wine fonts-liberation
     xvfb xauth x11-utils xdotool imagemagick procps util-linux
 )
+what="the compiler, Wine and a virtual screen (about a minute, 300 MB)"
+if [ "${1:-}" = check ]; then
+    # Of one version, for another one lays out otherwise.
+    packages+=(clang-format-19 clang-tidy-19 shellcheck)
+    what="what ./check takes (up to two minutes, 400 MB)"
+fi
 
 say()  { printf 'set-up: %s\n' "$*"; }
 fail() { printf 'set-up: %s\n' "$*" >&2; exit 1; }
@@ -26,6 +34,7 @@ install_plainly() {
 
 # The mirror that this machine already uses for its main archive.
 main_archive() {
+    # shellcheck disable=SC2016 # apt-get itself puts the values in
     apt-get indextargets --format '$(REPO_URI) $(CODENAME) $(COMPONENT)' 'Created-By: Packages' |
         awk '$2 == "bookworm" && $3 == "main" && !uri { uri = $1 } END { print uri }'
 }
@@ -63,9 +72,9 @@ all_installed && exit 0
 command -v apt-get > /dev/null || fail "apt-get is missing: this set-up is for Debian 12"
 
 export DEBIAN_FRONTEND=noninteractive
-install_options=(-y -qq --no-install-recommends -o Dpkg::Use-Pty=0)
+install_options=(-y -qq --no-install-recommends -o Dpkg::Use-Pty=0 -o DPkg::Lock::Timeout=120)
 log=$(mktemp)
-say "installing the compiler, Wine and a virtual screen (about a minute, 300 MB)"
+say "installing $what"
 dpkg --add-architecture i386
 if ! install_plainly > "$log" 2>&1; then
     say "the archive's suites are out of step; taking everything from its main suite"

@@ -1,3 +1,4 @@
+# shellcheck shell=bash
 # Sourced: a private Windows session for one runner: a virtual screen, a Wine
 # prefix copied from a template, and a Wine server of its own.
 #
@@ -22,7 +23,8 @@ start_screen() {
     Xvfb -displayfd 3 -screen 0 ${screen}x24 -nolisten tcp 3> "$ready" > /dev/null 2>&1 &
     screen_pid=$!
     for _ in $(seq 100); do [ -s "$ready" ] && break; sleep 0.05; done
-    export DISPLAY=":$(cat "$ready")"
+    DISPLAY=:$(cat "$ready")
+    export DISPLAY
     rm -f "$ready"
     [ "$DISPLAY" != ":" ] || { echo "the virtual screen (Xvfb) does not start" >&2; return 1; }
 }

@@ -1,5 +1,6 @@
 #include "desk/bench/long_run.h"
 
+#include "automation/owners.h"
 #include "desk/bench/host.h"
 
 #include <algorithm>
@@ -33,7 +34,7 @@ DWORD placeOfALentHandle(HANDLE process)
     if (!DuplicateHandle(self, self, process, &lent, SYNCHRONIZE, FALSE, 0) ||
         !DuplicateHandle(process, lent, self, &back, 0, FALSE, DUPLICATE_CLOSE_SOURCE | DUPLICATE_SAME_ACCESS))
         throw std::runtime_error("no handle can be lent to Hublink");
-    CloseHandle(back);
+    const automation::Handle ours(back);
     return static_cast<DWORD>(reinterpret_cast<ULONG_PTR>(lent));
 }
 

@@ -55,7 +55,7 @@ WindowWatch::~WindowWatch()
     UnhookWinEvent(hook_);
 }
 
-void CALLBACK WindowWatch::created(HWINEVENTHOOK, DWORD, HWND window, LONG object, LONG, DWORD, DWORD)
+void CALLBACK WindowWatch::created(HWINEVENTHOOK, DWORD, HWND window, LONG object, LONG, DWORD, DWORD) noexcept
 {
     if (object == OBJID_WINDOW && isItemsWindow(window)) created_ = window;
 }

@@ -26,7 +26,7 @@ public:
     double gone() const;
 
 private:
-    static void CALLBACK created(HWINEVENTHOOK, DWORD, HWND window, LONG object, LONG, DWORD, DWORD);
+    static void CALLBACK created(HWINEVENTHOOK, DWORD, HWND window, LONG object, LONG, DWORD, DWORD) noexcept;
 
     static HWND created_; // null until there is one
     HWND seen_ = nullptr;

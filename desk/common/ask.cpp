@@ -15,13 +15,6 @@ constexpr DWORD pauseBetweenTries = 5; // milliseconds
 class Request {
 public:
     Request(std::wstring_view partner, DWORD timeout) : partner_(partner), timeout_(timeout), start_(GetTickCount()) {}
-    ~Request()
-    {
-        if (pipe_ != INVALID_HANDLE_VALUE) CloseHandle(pipe_);
-        if (ready_) CloseHandle(ready_);
-    }
-    Request(const Request&) = delete;
-    Request& operator=(const Request&) = delete;
 
     void connect();
     void send(const std::string& text);
@@ -45,8 +38,8 @@ private:
     const std::wstring partner_;
     const DWORD timeout_;
     const DWORD start_;
-    HANDLE pipe_ = INVALID_HANDLE_VALUE;
-    HANDLE ready_ = CreateEventW(nullptr, TRUE, FALSE, nullptr);
+    automation::Handle pipe_;
+    const automation::Handle ready_{CreateEventW(nullptr, TRUE, FALSE, nullptr)};
 };
 
 // Returns at the latest after `milliseconds`, or when the handle is signalled.
@@ -70,14 +63,14 @@ void Request::connect()
 {
     const std::wstring name = controlPipeName(partner_);
     for (;;) {
-        pipe_ = CreateFileW(name.c_str(), GENERIC_READ | GENERIC_WRITE, 0, nullptr, OPEN_EXISTING,
-                            FILE_FLAG_OVERLAPPED, nullptr);
-        if (pipe_ != INVALID_HANDLE_VALUE) break;
+        pipe_ = automation::orNone(CreateFileW(name.c_str(), GENERIC_READ | GENERIC_WRITE, 0, nullptr, OPEN_EXISTING,
+                                               FILE_FLAG_OVERLAPPED, nullptr));
+        if (pipe_) break;
         if (left() == 0) fail(GetLastError() == ERROR_PIPE_BUSY ? "is busy with other requests" : "is not running");
         wait(std::min(pauseBetweenTries, left()), 0, nullptr);
     }
     DWORD mode = PIPE_READMODE_MESSAGE;
-    SetNamedPipeHandleState(pipe_, &mode, nullptr, nullptr);
+    SetNamedPipeHandleState(pipe_.get(), &mode, nullptr, nullptr);
 }
 
 // How many bytes were moved by the operation just started, and whether the
@@ -86,15 +79,16 @@ DWORD Request::finish(bool started, OVERLAPPED& operation, bool& more)
 {
     if (!started && GetLastError() != ERROR_IO_PENDING && GetLastError() != ERROR_MORE_DATA)
         fail("ended before it answered");
-    wait(left(), 1, &ready_);
+    const HANDLE ready = ready_.get();
+    wait(left(), 1, &ready);
     DWORD count = 0;
-    if (WaitForSingleObject(ready_, 0) != WAIT_OBJECT_0) {
-        CancelIo(pipe_);
-        GetOverlappedResult(pipe_, &operation, &count, TRUE);
+    if (WaitForSingleObject(ready, 0) != WAIT_OBJECT_0) {
+        CancelIo(pipe_.get());
+        GetOverlappedResult(pipe_.get(), &operation, &count, TRUE);
         fail("did not answer in time");
     }
     more = false;
-    if (!GetOverlappedResult(pipe_, &operation, &count, TRUE)) {
+    if (!GetOverlappedResult(pipe_.get(), &operation, &count, TRUE)) {
         if (GetLastError() != ERROR_MORE_DATA) fail("ended before it answered");
         more = true;
     }
@@ -104,8 +98,8 @@ DWORD Request::finish(bool started, OVERLAPPED& operation, bool& more)
 void Request::send(const std::string& text)
 {
     OVERLAPPED operation{};
-    operation.hEvent = ready_;
-    const bool started = WriteFile(pipe_, text.data(), static_cast<DWORD>(text.size()), nullptr, &operation);
+    operation.hEvent = ready_.get();
+    const bool started = WriteFile(pipe_.get(), text.data(), static_cast<DWORD>(text.size()), nullptr, &operation);
     bool more = false;
     finish(started, operation, more);
 }
@@ -116,8 +110,8 @@ std::string Request::receive()
     std::vector<char> buffer(1024 * 1024);
     for (bool more = true; more;) {
         OVERLAPPED operation{};
-        operation.hEvent = ready_;
-        const bool started = ReadFile(pipe_, buffer.data(), static_cast<DWORD>(buffer.size()), nullptr, &operation);
+        operation.hEvent = ready_.get();
+        const bool started = ReadFile(pipe_.get(), buffer.data(), static_cast<DWORD>(buffer.size()), nullptr, &operation);
         const DWORD count = finish(started, operation, more);
         text.append(buffer.data(), count);
     }

@@ -4,6 +4,8 @@
 // live, also while that thread waits in a call into another process.
 #pragma once
 
+#include "automation/owners.h"
+
 #include <windows.h>
 
 #include <functional>
@@ -31,7 +33,7 @@ public:
     ControlPipe& operator=(const ControlPipe&) = delete;
 
 private:
-    static DWORD WINAPI run(void* self);
+    static DWORD WINAPI run(void* self) noexcept;
     void serve();
     enum class Outcome { done, more, failed };
     Outcome finish(bool started, OVERLAPPED& operation, DWORD& count);
@@ -41,10 +43,10 @@ private:
 
     const Answer answer_;
     const Answered answered_;
-    HANDLE pipe_ = INVALID_HANDLE_VALUE;
-    HANDLE ready_ = nullptr; // an operation on the pipe has ended
-    HANDLE stop_ = nullptr;
-    HANDLE thread_ = nullptr;
+    automation::Handle pipe_;
+    automation::Handle ready_; // an operation on the pipe has ended
+    automation::Handle stop_;
+    automation::Handle thread_;
 };
 
 inline constexpr DWORD usualTimeout = 10'000; // milliseconds

@@ -1,5 +1,6 @@
 #include "desk/common/frame.h"
 
+#include "automation/border.h"
 #include "desk/common/text.h"
 
 #include <stdexcept>
@@ -43,10 +44,11 @@ Frame::~Frame()
     DestroyWindow(window_);
 }
 
-LRESULT CALLBACK Frame::procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam)
+LRESULT CALLBACK Frame::procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) noexcept
 {
     auto* self = reinterpret_cast<Frame*>(GetWindowLongPtrW(window, GWLP_USERDATA));
-    return self ? self->onMessage(message, wParam, lParam) : DefWindowProcW(window, message, wParam, lParam);
+    if (!self) return DefWindowProcW(window, message, wParam, lParam);
+    return automation::atBorder(LRESULT{0}, [&] { return self->onMessage(message, wParam, lParam); });
 }
 
 LRESULT Frame::leaveToWindows(UINT message, WPARAM wParam, LPARAM lParam) const

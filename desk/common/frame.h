@@ -31,7 +31,7 @@ protected:
     HWND makeControl(const wchar_t* kind, const wchar_t* text, DWORD style, RECT place, DWORD extended = 0) const;
 
 private:
-    static LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
+    static LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) noexcept;
 
     HWND window_ = nullptr;
 };

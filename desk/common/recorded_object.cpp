@@ -17,10 +17,8 @@ CallKind kindOf(WORD flags, const MemberSummary* member)
 }
 
 HRESULT RecordedObject::admitLookUp(std::wstring_view name)
-try {
+{
     return recorder_.lookUp(className_, name);
-} catch (const std::bad_alloc&) {
-    return E_OUTOFMEMORY; // nothing above this catches during a look-up
 }
 
 HRESULT RecordedObject::admitCall(const automation::server::IncomingCall& call)

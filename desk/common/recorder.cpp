@@ -1,5 +1,6 @@
 #include "desk/common/recorder.h"
 
+#include "automation/owners.h"
 #include "automation/value.h"
 #include "desk/common/text.h"
 
@@ -14,11 +15,10 @@ constexpr DWORD endPatience = 5'000; // milliseconds
 // Returns when it has ended; one that has gone already is no fault.
 void endProcess(DWORD id)
 {
-    const HANDLE process = OpenProcess(PROCESS_TERMINATE | SYNCHRONIZE, FALSE, id);
+    const automation::Handle process(OpenProcess(PROCESS_TERMINATE | SYNCHRONIZE, FALSE, id));
     if (!process) return;
-    TerminateProcess(process, 9);
-    WaitForSingleObject(process, endPatience);
-    CloseHandle(process);
+    TerminateProcess(process.get(), 9);
+    WaitForSingleObject(process.get(), endPatience);
 }
 
 std::wstring typeName(VARTYPE type)

@@ -1,5 +1,6 @@
 #include "desk/common/running_program.h"
 
+#include "automation/border.h"
 #include "desk/common/text.h"
 
 #include <algorithm>
@@ -86,22 +87,28 @@ void RunningProgram::makeWindow()
     SetWindowLongPtrW(window_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
 }
 
-LRESULT CALLBACK RunningProgram::procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam)
+LRESULT CALLBACK RunningProgram::procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) noexcept
 {
     auto* self = reinterpret_cast<RunningProgram*>(GetWindowLongPtrW(window, GWLP_USERDATA));
-    switch (self ? message : WM_NULL) {
+    if (!self) return DefWindowProcW(window, message, wParam, lParam);
+    return automation::atBorder(LRESULT{0}, [&] { return self->onMessage(message, wParam, lParam); });
+}
+
+LRESULT RunningProgram::onMessage(UINT message, WPARAM wParam, LPARAM lParam)
+{
+    switch (message) {
     case requestMessage:
-        *reinterpret_cast<std::wstring*>(lParam) = self->respond(*reinterpret_cast<const std::wstring*>(wParam));
+        *reinterpret_cast<std::wstring*>(lParam) = respond(*reinterpret_cast<const std::wstring*>(wParam));
         return 1;
     case answeredMessage:
-        self->answered();
+        answered();
         return 0;
     case WM_TIMER:
-        if (wParam == endTimer) self->endIfPossible();
-        else self->saveQuietly();
+        if (wParam == endTimer) endIfPossible();
+        else saveQuietly();
         return 0;
     default:
-        return DefWindowProcW(window, message, wParam, lParam);
+        return DefWindowProcW(window_, message, wParam, lParam);
     }
 }
 

@@ -23,7 +23,8 @@ public:
     void close() override;
 
 private:
-    static LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
+    static LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) noexcept;
+    LRESULT onMessage(UINT message, WPARAM wParam, LPARAM lParam);
     void makeWindow();
     std::wstring respond(const std::wstring& request);
     std::wstring carryOut(const std::wstring& word, std::wstring_view rest);

@@ -1,6 +1,7 @@
 #include "desk/common/server_program.h"
 
 #include "automation/apartment.h"
+#include "automation/owners.h"
 #include "desk/common/running_program.h"
 #include "desk/common/text.h"
 
@@ -29,10 +30,9 @@ int fail(int code, const std::string& text)
 std::vector<std::wstring> commandLine()
 {
     int count = 0;
-    LPWSTR* words = CommandLineToArgvW(GetCommandLineW(), &count);
+    const automation::LocalMemory<wchar_t*> words(CommandLineToArgvW(GetCommandLineW(), &count));
     std::vector<std::wstring> arguments;
-    for (int index = 1; index < count; ++index) arguments.push_back(lowerCase(words[index]));
-    LocalFree(words);
+    for (int index = 1; index < count; ++index) arguments.push_back(lowerCase(words.get()[index]));
     for (std::wstring& argument : arguments)
         if (argument[0] == L'-') argument[0] = L'/';
     return arguments;
@@ -40,7 +40,7 @@ std::vector<std::wstring> commandLine()
 
 // Ends a program that nobody ended: a test that broke off must not leave it
 // behind for ever, since a client's death is not told to it everywhere.
-DWORD WINAPI watch(void* mainThread)
+DWORD WINAPI watch(void* mainThread) noexcept
 {
     Sleep(longestRun);
     PostThreadMessageW(static_cast<DWORD>(reinterpret_cast<DWORD_PTR>(mainThread)), WM_QUIT, 0, 0);
@@ -57,23 +57,18 @@ public:
           owned_(GetLastError() != ERROR_ALREADY_EXISTS)
     {
     }
-    ~OnlyInstance() { CloseHandle(mutex_); }
-    OnlyInstance(const OnlyInstance&) = delete;
-    OnlyInstance& operator=(const OnlyInstance&) = delete;
     bool owned() const { return owned_; }
 
 private:
-    const HANDLE mutex_;
+    const automation::Handle mutex_;
     const bool owned_;
 };
 
 // One that has gone already need not be waited for.
 void waitForEnd(DWORD processId)
 {
-    const HANDLE process = OpenProcess(SYNCHRONIZE, FALSE, processId);
-    if (!process) return;
-    WaitForSingleObject(process, endPatience);
-    CloseHandle(process);
+    const automation::Handle process(OpenProcess(SYNCHRONIZE, FALSE, processId));
+    if (process) WaitForSingleObject(process.get(), endPatience);
 }
 
 void serve(const ProgramDescription& description, const PartnerMaker& makePartner)
@@ -81,8 +76,8 @@ void serve(const ProgramDescription& description, const PartnerMaker& makePartne
     const OnlyInstance instance(description.name);
     if (!instance.owned()) return;
     const automation::Apartment apartment;
-    CloseHandle(CreateThread(nullptr, 0, watch, reinterpret_cast<void*>(static_cast<DWORD_PTR>(GetCurrentThreadId())),
-                             0, nullptr));
+    const automation::Handle watcher(CreateThread(
+        nullptr, 0, watch, reinterpret_cast<void*>(static_cast<DWORD_PTR>(GetCurrentThreadId())), 0, nullptr));
     RunningProgram(description, makePartner).run();
 }
 

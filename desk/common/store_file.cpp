@@ -1,5 +1,6 @@
 #include "desk/common/store_file.h"
 
+#include "automation/owners.h"
 #include "desk/common/text.h"
 
 #include <windows.h>
@@ -10,22 +11,12 @@ namespace desk {
 
 namespace {
 
-class File {
-public:
-    File(const std::wstring& path, DWORD access, DWORD disposition)
-        : handle_(CreateFileW(path.c_str(), access, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
-                              disposition, FILE_ATTRIBUTE_NORMAL, nullptr))
-    {
-    }
-    ~File() { if (*this) CloseHandle(handle_); }
-    File(const File&) = delete;
-    File& operator=(const File&) = delete;
-    explicit operator bool() const { return handle_ != INVALID_HANDLE_VALUE; }
-    HANDLE get() const { return handle_; }
-
-private:
-    HANDLE handle_;
-};
+automation::Handle openFile(const std::wstring& path, DWORD access, DWORD disposition)
+{
+    return automation::orNone(CreateFileW(path.c_str(), access,
+                                          FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr, disposition,
+                                          FILE_ATTRIBUTE_NORMAL, nullptr));
+}
 
 [[noreturn]] void fileError(const std::wstring& path, const char* what)
 {
@@ -97,7 +88,7 @@ std::wstring storeText(const std::vector<StoreRecord>& records)
 
 std::vector<StoreRecord> readStore(const std::wstring& path)
 {
-    const File file(path, GENERIC_READ, OPEN_EXISTING);
+    const automation::Handle file = openFile(path, GENERIC_READ, OPEN_EXISTING);
     if (!file) {
         if (GetLastError() == ERROR_FILE_NOT_FOUND) return {};
         fileError(path, "cannot be opened");
@@ -118,7 +109,7 @@ void writeStore(const std::wstring& path, const std::vector<StoreRecord>& record
     const std::string bytes = utf8(storeText(records));
     const std::wstring temporary = path + L".new";
     {
-        const File file(temporary, GENERIC_WRITE, CREATE_ALWAYS);
+        const automation::Handle file = openFile(temporary, GENERIC_WRITE, CREATE_ALWAYS);
         DWORD written = 0;
         if (!file || !WriteFile(file.get(), bytes.data(), static_cast<DWORD>(bytes.size()), &written, nullptr))
             fileError(temporary, "cannot be written");

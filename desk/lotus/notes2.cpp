@@ -1,6 +1,7 @@
 // notes2.exe: the frame window of the simulated Notes, and nothing else. The
 // windows in it are those of nlnotes.exe, whose process identifier is its
 // argument and with which it ends.
+#include "automation/owners.h"
 #include "desk/lotus/outer_frame.h"
 
 #include <cwchar>
@@ -42,10 +43,9 @@ int WINAPI WinMain(HINSTANCE, HINSTANCE, LPSTR, int)
 {
     const wchar_t* const argument = std::wcsrchr(GetCommandLineW(), L' ');
     const DWORD processId = argument ? std::wcstoul(argument, nullptr, 10) : 0;
-    const HANDLE notes = OpenProcess(SYNCHRONIZE, FALSE, processId);
+    const automation::Handle notes(OpenProcess(SYNCHRONIZE, FALSE, processId));
     if (!notes) return 1;
     showFrame();
-    runUntilTheEndOf(notes);
-    CloseHandle(notes);
+    runUntilTheEndOf(notes.get());
     return 0;
 }

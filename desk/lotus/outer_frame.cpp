@@ -1,5 +1,6 @@
 #include "desk/lotus/outer_frame.h"
 
+#include "automation/owners.h"
 #include "automation/server/registration.h"
 
 #include <stdexcept>
@@ -23,8 +24,8 @@ DWORD startFrame()
     PROCESS_INFORMATION process{};
     if (!CreateProcessW(program.c_str(), line.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &startup, &process))
         throw std::runtime_error("notes2.exe cannot be started");
-    CloseHandle(process.hThread);
-    CloseHandle(process.hProcess);
+    const automation::Handle thread(process.hThread);
+    const automation::Handle frame(process.hProcess);
     return process.dwProcessId;
 }
 

@@ -86,8 +86,8 @@ void Outlook::blockWasRead()
 bool Outlook::isHeld()
 {
     if (!application_) return automation::server::Dispatch::live() > 0;
-    application_->AddRef();
-    return application_->Release() > 1 || automation::server::Dispatch::live() > 1;
+    const auto* const own = static_cast<automation::server::Dispatch*>(application_.get());
+    return own->references() > 1 || automation::server::Dispatch::live() > 1;
 }
 
 void Outlook::closeWindows()

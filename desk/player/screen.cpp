@@ -1,5 +1,6 @@
 #include "desk/player/screen.h"
 
+#include "automation/border.h"
 #include "desk/player/windows_files.h"
 
 #include <cstring>
@@ -17,15 +18,18 @@ std::wstring textOf(HWND window)
 }
 
 // The text of a message box stands in the one static control that has any.
-BOOL CALLBACK keepStaticText(HWND child, LPARAM result)
+BOOL CALLBACK keepStaticText(HWND child, LPARAM result) noexcept
 {
-    wchar_t name[32];
-    GetClassNameW(child, name, 32);
-    wchar_t text[1024] = L"";
-    if (!lstrcmpiW(name, L"Static"))
-        SendMessageTimeoutW(child, WM_GETTEXT, 1024, reinterpret_cast<LPARAM>(text), SMTO_ABORTIFHUNG, 1000, nullptr);
-    if (*text) *reinterpret_cast<std::wstring*>(result) = text;
-    return TRUE;
+    return automation::atBorder(BOOL{FALSE}, [&] {
+        wchar_t name[32];
+        GetClassNameW(child, name, 32);
+        wchar_t text[1024] = L"";
+        if (!lstrcmpiW(name, L"Static"))
+            SendMessageTimeoutW(child, WM_GETTEXT, 1024, reinterpret_cast<LPARAM>(text), SMTO_ABORTIFHUNG, 1000,
+                                nullptr);
+        if (*text) *reinterpret_cast<std::wstring*>(result) = text;
+        return BOOL{TRUE};
+    });
 }
 
 struct TitleSearch {
@@ -33,14 +37,16 @@ struct TitleSearch {
     std::vector<std::wstring> titles;
 };
 
-BOOL CALLBACK keepTitle(HWND window, LPARAM parameter)
+BOOL CALLBACK keepTitle(HWND window, LPARAM parameter) noexcept
 {
-    auto& search = *reinterpret_cast<TitleSearch*>(parameter);
-    DWORD processId = 0;
-    GetWindowThreadProcessId(window, &processId);
-    const std::wstring title = textOf(window);
-    if (processId == search.processId && IsWindowVisible(window) && !title.empty()) search.titles.push_back(title);
-    return TRUE;
+    return automation::atBorder(BOOL{FALSE}, [&] {
+        auto& search = *reinterpret_cast<TitleSearch*>(parameter);
+        DWORD processId = 0;
+        GetWindowThreadProcessId(window, &processId);
+        const std::wstring title = textOf(window);
+        if (processId == search.processId && IsWindowVisible(window) && !title.empty()) search.titles.push_back(title);
+        return BOOL{TRUE};
+    });
 }
 
 void mouse(DWORD flags, LONG x = 0, LONG y = 0)

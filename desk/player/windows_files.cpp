@@ -1,5 +1,6 @@
 #include "desk/player/windows_files.h"
 
+#include "automation/owners.h"
 #include "automation/server/registration.h"
 #include "automation/text.h"
 
@@ -9,6 +10,9 @@
 #include <utility>
 
 namespace desk::player {
+
+using automation::Handle;
+using automation::orNone;
 
 namespace {
 
@@ -43,35 +47,33 @@ void copyFolder(const std::wstring& from, const std::wstring& to)
 {
     makeFolder(to);
     WIN32_FIND_DATAW entry;
-    const HANDLE search = FindFirstFileW((from + L"\\*").c_str(), &entry);
-    if (search == INVALID_HANDLE_VALUE) fail("cannot read the folder", from);
+    const auto search = orNone<automation::FileSearch>(FindFirstFileW((from + L"\\*").c_str(), &entry));
+    if (!search) fail("cannot read the folder", from);
     do {
         if (!(entry.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY))
             copyFile(from + L"\\" + entry.cFileName, to + L"\\" + entry.cFileName);
-    } while (FindNextFileW(search, &entry));
-    FindClose(search);
+    } while (FindNextFileW(search.get(), &entry));
 }
 
 void writeFile(const std::wstring& file, std::string_view bytes)
 {
-    const HANDLE handle = CreateFileW(file.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, 0, nullptr);
-    if (handle == INVALID_HANDLE_VALUE) fail("cannot write", file);
+    const Handle opened = orNone(CreateFileW(file.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, 0, nullptr));
     DWORD written = 0;
-    const BOOL done = WriteFile(handle, bytes.data(), static_cast<DWORD>(bytes.size()), &written, nullptr);
-    CloseHandle(handle);
-    if (!done || written != bytes.size()) fail("cannot write", file);
+    if (!opened || !WriteFile(opened.get(), bytes.data(), static_cast<DWORD>(bytes.size()), &written, nullptr) ||
+        written != bytes.size())
+        fail("cannot write", file);
 }
 
 std::string readFile(const std::wstring& file)
 {
-    const HANDLE handle = CreateFileW(file.c_str(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
-                                      nullptr, OPEN_EXISTING, 0, nullptr);
-    if (handle == INVALID_HANDLE_VALUE) fail("cannot read", file);
-    std::string bytes(GetFileSize(handle, nullptr), '\0');
+    const Handle opened = orNone(CreateFileW(file.c_str(), GENERIC_READ,
+                                             FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
+                                             OPEN_EXISTING, 0, nullptr));
+    if (!opened) fail("cannot read", file);
+    std::string bytes(GetFileSize(opened.get(), nullptr), '\0');
     DWORD read = 0;
-    const BOOL done = ReadFile(handle, bytes.data(), static_cast<DWORD>(bytes.size()), &read, nullptr);
-    CloseHandle(handle);
-    if (!done) fail("cannot read", file);
+    if (!ReadFile(opened.get(), bytes.data(), static_cast<DWORD>(bytes.size()), &read, nullptr))
+        fail("cannot read", file);
     bytes.resize(read);
     return bytes;
 }
@@ -87,15 +89,15 @@ void setRegistryText(HKEY root, const wchar_t* key, const wchar_t* name, const s
     HKEY opened = nullptr;
     if (RegCreateKeyExW(root, key, 0, nullptr, 0, KEY_WRITE, nullptr, &opened, nullptr) != ERROR_SUCCESS)
         fail("cannot open the registry key", key);
-    const LSTATUS result = RegSetValueExW(opened, name, 0, REG_SZ, reinterpret_cast<const BYTE*>(value.c_str()),
+    const automation::RegistryKey owned(opened);
+    const LSTATUS result = RegSetValueExW(owned.get(), name, 0, REG_SZ, reinterpret_cast<const BYTE*>(value.c_str()),
                                           static_cast<DWORD>((value.size() + 1) * sizeof(wchar_t)));
-    RegCloseKey(opened);
     if (result != ERROR_SUCCESS) fail("cannot write the registry key", key);
 }
 
 Process::Process(const std::wstring& program, const std::wstring& arguments) : Process(program, arguments, 0)
 {
-    CloseHandle(std::exchange(thread_, nullptr));
+    thread_.reset();
 }
 
 Process Process::suspended(const std::wstring& program, const std::wstring& arguments)
@@ -105,14 +107,14 @@ Process Process::suspended(const std::wstring& program, const std::wstring& argu
 
 void Process::resume()
 {
-    ResumeThread(thread_);
-    CloseHandle(std::exchange(thread_, nullptr));
+    ResumeThread(thread_.get());
+    thread_.reset();
 }
 
 Process Process::existing(DWORD id)
 {
     Process process;
-    process.handle_ = OpenProcess(PROCESS_TERMINATE | PROCESS_QUERY_INFORMATION | SYNCHRONIZE, FALSE, id);
+    process.handle_.reset(OpenProcess(PROCESS_TERMINATE | PROCESS_QUERY_INFORMATION | SYNCHRONIZE, FALSE, id));
     if (!process.handle_) fail("cannot find", L"process " + std::to_wstring(id));
     process.id_ = id;
     return process;
@@ -128,29 +130,9 @@ Process::Process(const std::wstring& program, const std::wstring& arguments, DWO
     if (!CreateProcessW(program.c_str(), command.data(), nullptr, nullptr, FALSE, flags, nullptr, folder.c_str(), &start,
                         &process))
         fail("cannot start", program);
-    handle_ = process.hProcess;
-    thread_ = process.hThread;
+    handle_.reset(process.hProcess);
+    thread_.reset(process.hThread);
     id_ = process.dwProcessId;
-}
-
-Process::Process(Process&& other) noexcept
-    : handle_(std::exchange(other.handle_, nullptr)), thread_(std::exchange(other.thread_, nullptr)),
-      id_(std::exchange(other.id_, 0))
-{
-}
-
-Process& Process::operator=(Process&& other) noexcept
-{
-    std::swap(handle_, other.handle_);
-    std::swap(thread_, other.thread_);
-    std::swap(id_, other.id_);
-    return *this;
-}
-
-Process::~Process()
-{
-    if (handle_) CloseHandle(handle_);
-    if (thread_) CloseHandle(thread_);
 }
 
 bool Process::running() const
@@ -160,19 +142,19 @@ bool Process::running() const
 
 bool Process::ended(DWORD milliseconds) const
 {
-    return WaitForSingleObject(handle_, milliseconds) == WAIT_OBJECT_0;
+    return WaitForSingleObject(handle_.get(), milliseconds) == WAIT_OBJECT_0;
 }
 
 DWORD Process::exitCode() const
 {
     DWORD code = STILL_ACTIVE;
-    GetExitCodeProcess(handle_, &code);
+    GetExitCodeProcess(handle_.get(), &code);
     return code;
 }
 
 void Process::kill()
 {
-    TerminateProcess(handle_, 9);
+    TerminateProcess(handle_.get(), 9);
     ended(5000);
 }
 

@@ -2,6 +2,8 @@
 // throws std::runtime_error with a line that says what could not be done.
 #pragma once
 
+#include "automation/owners.h"
+
 #include <windows.h>
 
 #include <string>
@@ -40,12 +42,8 @@ public:
     // One that somebody else started.
     static Process existing(DWORD id);
 
-    Process(Process&& other) noexcept;
-    Process& operator=(Process&& other) noexcept;
-    ~Process();
-
-    explicit operator bool() const noexcept { return handle_ != nullptr; }
-    HANDLE handle() const noexcept { return handle_; }
+    explicit operator bool() const noexcept { return static_cast<bool>(handle_); }
+    HANDLE handle() const noexcept { return handle_.get(); }
     DWORD id() const noexcept { return id_; }
 
     bool running() const;
@@ -60,8 +58,8 @@ public:
 private:
     Process(const std::wstring& program, const std::wstring& arguments, DWORD flags);
 
-    HANDLE handle_ = nullptr;
-    HANDLE thread_ = nullptr; // until it is resumed
+    automation::Handle handle_;
+    automation::Handle thread_; // until it is resumed
     DWORD id_ = 0;
 };
 

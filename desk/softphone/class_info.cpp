@@ -1,19 +1,22 @@
 #include "desk/softphone/class_info.h"
 
+#include "automation/border.h"
+
 namespace desk::softphone {
 
-bool ClassInfo::offers(REFIID iid) const noexcept
+IUnknown* ClassInfo::interfaceOf(REFIID iid) noexcept
 {
-    if (iid == IID_IProvideClassInfo2) return phone_.discovery.classInfo2;
-    return iid == IID_IProvideClassInfo && phone_.discovery.classInfo;
+    const bool isOffered = (iid == IID_IProvideClassInfo2 && phone_.discovery.classInfo2) ||
+                           (iid == IID_IProvideClassInfo && phone_.discovery.classInfo);
+    return isOffered ? this : nullptr;
 }
 
-STDMETHODIMP ClassInfo::GetClassInfo(ITypeInfo** type)
+STDMETHODIMP ClassInfo::GetClassInfo(ITypeInfo** type) noexcept
 {
     return giveDescription(phone_, classId_, type);
 }
 
-STDMETHODIMP ClassInfo::GetGUID(DWORD kind, GUID* guid)
+STDMETHODIMP ClassInfo::GetGUID(DWORD kind, GUID* guid) noexcept
 {
     if (kind != GUIDKIND_DEFAULT_SOURCE_DISP_IID) {
         *guid = GUID_NULL;
@@ -26,13 +29,11 @@ STDMETHODIMP ClassInfo::GetGUID(DWORD kind, GUID* guid)
 HRESULT giveDescription(Phone& phone, REFGUID id, ITypeInfo** type) noexcept
 {
     *type = nullptr;
-    try {
+    return automation::atBorder([&] {
         *type = phone.types.describe(id).get();
         (*type)->AddRef();
         return S_OK;
-    } catch (const automation::AutomationError& error) {
-        return error.code();
-    }
+    });
 }
 
 }

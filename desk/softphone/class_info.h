@@ -1,7 +1,8 @@
-// Tells clients of which class an object is and which events it raises. Made
-// to be a part of an object: it shares that object's life and references.
+// Tells clients of which class an object is and which events it raises: a part of
+// that object.
 #pragma once
 
+#include "automation/unknown.h"
 #include "desk/softphone/phone.h"
 
 #include <ocidl.h>
@@ -9,27 +10,22 @@
 
 namespace desk::softphone {
 
-class ClassInfo final : public IProvideClassInfo2 {
+class ClassInfo final : public automation::Part<IProvideClassInfo2> {
 public:
     // `owner` and `phone` outlive this.
     ClassInfo(IUnknown* owner, Phone& phone, REFGUID classId, REFGUID source) noexcept
-        : owner_(owner), phone_(phone), classId_(classId), source_(source)
+        : Part(owner), phone_(phone), classId_(classId), source_(source)
     {
     }
-    ClassInfo(const ClassInfo&) = delete;
-    ClassInfo& operator=(const ClassInfo&) = delete;
 
-    // Whether the phone's settings let the object answer for this interface.
-    bool offers(REFIID iid) const noexcept;
+    // For the owner's answer, as the phone's settings have it; null when the
+    // question is for another interface.
+    IUnknown* interfaceOf(REFIID iid) noexcept;
 
-    STDMETHODIMP QueryInterface(REFIID iid, void** result) override { return owner_->QueryInterface(iid, result); }
-    STDMETHODIMP_(ULONG) AddRef() override { return owner_->AddRef(); }
-    STDMETHODIMP_(ULONG) Release() override { return owner_->Release(); }
-    STDMETHODIMP GetClassInfo(ITypeInfo** type) override;
-    STDMETHODIMP GetGUID(DWORD kind, GUID* guid) override;
+    STDMETHODIMP GetClassInfo(ITypeInfo** type) noexcept override;
+    STDMETHODIMP GetGUID(DWORD kind, GUID* guid) noexcept override;
 
 private:
-    IUnknown* const owner_;
     Phone& phone_;
     const GUID classId_;
     const GUID source_;

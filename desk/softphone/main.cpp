@@ -1,5 +1,7 @@
 // pavex.exe: the softphone as a program, with its window, its class
 // "Pavex.Application" and its control commands.
+#include "automation/border.h"
+#include "automation/owners.h"
 #include "desk/common/control_pipe.h"
 #include "desk/common/server_program.h"
 #include "desk/softphone/control.h"
@@ -16,7 +18,7 @@ constexpr DWORD diePatience = 2'000;   // milliseconds
 
 // A subscriber that does not answer must not keep the program for ever. While
 // the main thread waits for one, it takes no posted messages, but sent ones.
-DWORD WINAPI watchEnd(void* window)
+DWORD WINAPI watchEnd(void* window) noexcept
 {
     Sleep(quitPatience);
     SendMessageTimeoutW(static_cast<HWND>(window), Window::giveUpMessage, 0, 0, SMTO_NORMAL, diePatience, nullptr);
@@ -25,20 +27,18 @@ DWORD WINAPI watchEnd(void* window)
 }
 
 // The answer to the request in progress comes first: the pipe takes one
-// request after the other.
-DWORD WINAPI requestExit(void*)
+// request after the other. Where nobody is answered any more the program ends already.
+DWORD WINAPI requestExit(void*) noexcept
 {
-    try {
+    return automation::atBorder(DWORD{0}, [] {
         desk::ask(pipeName, L"exit");
-    } catch (const std::exception&) {
-        // Nobody is answered any more, so the program ends already.
-    }
-    return 0;
+        return DWORD{0};
+    });
 }
 
 void startThread(LPTHREAD_START_ROUTINE run, void* argument)
 {
-    CloseHandle(CreateThread(nullptr, 0, run, argument, 0, nullptr));
+    const automation::Handle thread(CreateThread(nullptr, 0, run, argument, 0, nullptr));
 }
 
 class Pavex final : public desk::Partner {

@@ -27,19 +27,13 @@ public:
 
     Phone& phone() const noexcept { return phone_; }
 
-    STDMETHODIMP QueryInterface(REFIID iid, void** result) override
-    {
-        const bool own = iid == id_ && id_ != GUID_NULL;
-        return RecordedTable<Class>::QueryInterface(own ? IID_IDispatch : iid, result);
-    }
-
-    STDMETHODIMP GetTypeInfoCount(UINT* count) override
+    STDMETHODIMP GetTypeInfoCount(UINT* count) noexcept override
     {
         *count = describes() ? 1 : 0;
         return S_OK;
     }
 
-    STDMETHODIMP GetTypeInfo(UINT index, LCID, ITypeInfo** type) override
+    STDMETHODIMP GetTypeInfo(UINT index, LCID, ITypeInfo** type) noexcept override
     {
         *type = nullptr;
         if (!describes()) return E_NOTIMPL;
@@ -47,6 +41,12 @@ public:
     }
 
 protected:
+    IUnknown* interfaceOf(REFIID iid) noexcept override
+    {
+        const bool own = iid == id_ && id_ != GUID_NULL;
+        return RecordedTable<Class>::interfaceOf(own ? IID_IDispatch : iid);
+    }
+
     Value answer(const IncomingCall& call) override
     {
         const MemberSummary* member = this->memberOf(call.id);
@@ -76,21 +76,15 @@ public:
     {
     }
 
-    STDMETHODIMP QueryInterface(REFIID iid, void** result) override
-    {
-        if (iid == IID_IConnectionPointContainer)
-            *result = events.container();
-        else if (iid == IID_IConnectionPoint) // one COM object with its point: a proxy asks here for both
-            *result = static_cast<IConnectionPoint*>(&events);
-        else if (classInfo_.offers(iid))
-            *result = static_cast<IProvideClassInfo2*>(&classInfo_);
-        else
-            return PhoneObject<Class>::QueryInterface(iid, result);
-        this->AddRef();
-        return S_OK;
-    }
-
     automation::server::EventPoint events;
+
+protected:
+    IUnknown* interfaceOf(REFIID iid) noexcept override
+    {
+        if (IUnknown* const event = events.interfaceOf(iid)) return event;
+        if (IUnknown* const info = classInfo_.interfaceOf(iid)) return info;
+        return PhoneObject<Class>::interfaceOf(iid);
+    }
 
 private:
     ClassInfo classInfo_;

@@ -1,6 +1,7 @@
 #include "automation/call_permission.h"
 
 #include "automation/error.h"
+#include "automation/owners.h"
 
 #include <objbase.h>
 #include <objidl.h>
@@ -18,14 +19,13 @@ void checkWindows(BOOL succeeded, const wchar_t* function)
 
 std::vector<BYTE> processUser()
 {
-    HANDLE token = nullptr;
-    checkWindows(OpenProcessToken(GetCurrentProcess(), TOKEN_QUERY, &token), L"OpenProcessToken");
+    HANDLE opened = nullptr;
+    checkWindows(OpenProcessToken(GetCurrentProcess(), TOKEN_QUERY, &opened), L"OpenProcessToken");
+    const Handle token(opened);
     DWORD size = 0;
-    GetTokenInformation(token, TokenUser, nullptr, 0, &size);
+    GetTokenInformation(token.get(), TokenUser, nullptr, 0, &size);
     std::vector<BYTE> user(size);
-    const BOOL told = GetTokenInformation(token, TokenUser, user.data(), size, &size);
-    CloseHandle(token);
-    checkWindows(told, L"GetTokenInformation");
+    checkWindows(GetTokenInformation(token.get(), TokenUser, user.data(), size, &size), L"GetTokenInformation");
     return user;
 }
 

@@ -1,6 +1,7 @@
 #include "automation/conversion.h"
 
 #include "automation/error.h"
+#include "automation/owners.h"
 #include "automation/value.h"
 
 #include <oleauto.h>
@@ -28,11 +29,9 @@ std::wstring textFromDate(DATE date)
 
 std::wstring textFromBoolean(bool truth)
 {
-    BSTR text = nullptr;
-    check(VarBstrFromBool(truth ? VARIANT_TRUE : VARIANT_FALSE, LOCALE_USER_DEFAULT, 0, &text), L"Boolean");
-    const std::wstring result(text ? text : L"", SysStringLen(text));
-    SysFreeString(text);
-    return result;
+    Bstr text;
+    check(VarBstrFromBool(truth ? VARIANT_TRUE : VARIANT_FALSE, LOCALE_USER_DEFAULT, 0, text.receive()), L"Boolean");
+    return text.text();
 }
 
 DATE now()

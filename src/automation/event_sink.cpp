@@ -1,5 +1,6 @@
 #include "automation/event_sink.h"
 
+#include "automation/border.h"
 #include "automation/error.h"
 #include "automation/outgoing_call.h"
 #include "automation/text.h"
@@ -38,31 +39,36 @@ public:
 
     void detach() noexcept { handlers_.clear(); }
 
-    STDMETHODIMP GetTypeInfoCount(UINT* count) override
+    STDMETHODIMP GetTypeInfoCount(UINT* count) noexcept override
     {
         *count = 0;
         return S_OK;
     }
 
-    STDMETHODIMP GetTypeInfo(UINT, LCID, ITypeInfo**) override { return E_NOTIMPL; }
-    STDMETHODIMP GetIDsOfNames(REFIID, LPOLESTR*, UINT, LCID, DISPID*) override { return DISP_E_UNKNOWNNAME; }
-
-    STDMETHODIMP Invoke(DISPID id, REFIID, LCID, WORD, DISPPARAMS* parameters, VARIANT*, EXCEPINFO*, UINT*) override
+    STDMETHODIMP GetTypeInfo(UINT, LCID, ITypeInfo**) noexcept override { return E_NOTIMPL; }
+    STDMETHODIMP GetIDsOfNames(REFIID, LPOLESTR*, UINT, LCID, DISPID*) noexcept override
     {
-        const auto found = handlers_.find(id);
-        if (found == handlers_.end()) return S_OK;
-        try {
+        return DISP_E_UNKNOWNNAME;
+    }
+
+    // An event that cannot be kept is lost; its source has done its part.
+    STDMETHODIMP Invoke(DISPID id, REFIID, LCID, WORD, DISPPARAMS* parameters, VARIANT*, EXCEPINFO*,
+                        UINT*) noexcept override
+    {
+        return atBorder(S_OK, [&] {
+            const auto found = handlers_.find(id);
+            if (found == handlers_.end()) return S_OK;
             const auto handler = found->second;
             handler(argumentsOf(*parameters));
-        } catch (const std::exception& error) {
-            // COM's border: the event is lost, and said so where a developer listens.
-            OutputDebugStringA(error.what());
-        }
-        return S_OK;
+            return S_OK;
+        });
     }
 
 private:
-    bool answers(REFIID iid) const override { return iid == IID_IDispatch || iid == interfaceId_; }
+    IUnknown* interfaceOf(REFIID iid) noexcept override
+    {
+        return iid == IID_IDispatch || iid == interfaceId_ ? this : nullptr;
+    }
 
     ~EventSink() { --liveSinks; }
 

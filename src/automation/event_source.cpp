@@ -2,6 +2,7 @@
 
 #include "automation/error.h"
 #include "automation/outgoing_call.h"
+#include "automation/owners.h"
 
 #include <ocidl.h>
 #include <olectl.h>
@@ -15,7 +16,7 @@ namespace automation {
 
 namespace {
 
-// A type description whose TYPEATTR is given back in time.
+// What a type description tells of the type, given back in time.
 class Attributes {
 public:
     explicit Attributes(ITypeInfo* type) : type_(type) { check(type->GetTypeAttr(&attributes_), L"GetTypeAttr"); }
@@ -27,6 +28,24 @@ public:
 private:
     ITypeInfo* type_;
     TYPEATTR* attributes_ = nullptr;
+};
+
+// The same of one of its functions; empty where it cannot be told.
+class Function {
+public:
+    Function(ITypeInfo* type, UINT index) : type_(type)
+    {
+        if (FAILED(type->GetFuncDesc(index, &function_))) function_ = nullptr;
+    }
+    ~Function() { if (function_) type_->ReleaseFuncDesc(function_); }
+    Function(const Function&) = delete;
+    Function& operator=(const Function&) = delete;
+    explicit operator bool() const { return function_ != nullptr; }
+    const FUNCDESC* operator->() const { return function_; }
+
+private:
+    ITypeInfo* type_;
+    FUNCDESC* function_ = nullptr;
 };
 
 IID interfaceIdOf(ITypeInfo* type)
@@ -137,18 +156,18 @@ ComPtr<ITypeLib> latestLibrary(const std::wstring& libraryText)
 {
     ComPtr<ITypeLib> library;
     IID libraryId;
-    HKEY versions = nullptr;
+    HKEY opened = nullptr;
     if (FAILED(CLSIDFromString(const_cast<LPOLESTR>(libraryText.c_str()), &libraryId)) ||
-        RegOpenKeyExW(HKEY_CLASSES_ROOT, (L"TypeLib\\" + libraryText).c_str(), 0, KEY_READ, &versions) != ERROR_SUCCESS)
+        RegOpenKeyExW(HKEY_CLASSES_ROOT, (L"TypeLib\\" + libraryText).c_str(), 0, KEY_READ, &opened) != ERROR_SUCCESS)
         return library;
+    const RegistryKey versions(opened);
     std::pair<unsigned long, unsigned long> latest{0, 0};
     wchar_t name[32];
-    for (DWORD index = 0; RegEnumKeyW(versions, index, name, 32) == ERROR_SUCCESS; ++index) {
+    for (DWORD index = 0; RegEnumKeyW(versions.get(), index, name, 32) == ERROR_SUCCESS; ++index) {
         wchar_t* rest = nullptr;
         const unsigned long major = std::wcstoul(name, &rest, 16);
         latest = std::max(latest, {major, *rest == L'.' ? std::wcstoul(rest + 1, nullptr, 16) : 0});
     }
-    RegCloseKey(versions);
     LoadRegTypeLib(libraryId, static_cast<WORD>(latest.first), static_cast<WORD>(latest.second), LOCALE_NEUTRAL,
                    library.receive());
     return library;
@@ -180,14 +199,12 @@ std::map<DISPID, std::wstring> eventNames(ITypeInfo* source)
     std::map<DISPID, std::wstring> names;
     const Attributes attributes(source);
     for (UINT index = 0; index < attributes->cFuncs; ++index) {
-        FUNCDESC* function = nullptr;
-        if (FAILED(source->GetFuncDesc(index, &function))) continue;
-        BSTR name = nullptr;
+        const Function function(source, index);
+        if (!function) continue;
+        Bstr name;
         UINT count = 0;
-        if (SUCCEEDED(source->GetNames(function->memid, &name, 1, &count)) && count == 1)
-            names.emplace(function->memid, std::wstring(name, SysStringLen(name)));
-        SysFreeString(name);
-        source->ReleaseFuncDesc(function);
+        if (SUCCEEDED(source->GetNames(function->memid, name.receive(), 1, &count)) && count == 1)
+            names.emplace(function->memid, name.text());
     }
     return names;
 }

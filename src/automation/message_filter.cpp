@@ -1,5 +1,6 @@
 #include "automation/message_filter.h"
 
+#include "automation/border.h"
 #include "automation/outgoing_call.h"
 #include "automation/unknown.h"
 
@@ -14,12 +15,12 @@ public:
     explicit RetryFilter(std::function<void()> onMessage) : onMessage_(std::move(onMessage)) {}
 
     // Events are only queued when they arrive, so they are welcome at any time.
-    STDMETHODIMP_(DWORD) HandleInComingCall(DWORD, HTASK, DWORD, LPINTERFACEINFO) override
+    STDMETHODIMP_(DWORD) HandleInComingCall(DWORD, HTASK, DWORD, LPINTERFACEINFO) noexcept override
     {
         return SERVERCALL_ISHANDLED;
     }
 
-    STDMETHODIMP_(DWORD) RetryRejectedCall(HTASK, DWORD waited, DWORD) override
+    STDMETHODIMP_(DWORD) RetryRejectedCall(HTASK, DWORD waited, DWORD) noexcept override
     {
         if (waited >= OutgoingCall::patience) return static_cast<DWORD>(-1);
         // COM retries at once below 100 and waits that many milliseconds from there on.
@@ -29,14 +30,17 @@ public:
 
     // The default would throw some of the mouse's messages away (vendor's help,
     // "IMessageFilter::MessagePending"), and a notification icon's look like those.
-    STDMETHODIMP_(DWORD) MessagePending(HTASK, DWORD, DWORD) override
+    STDMETHODIMP_(DWORD) MessagePending(HTASK, DWORD, DWORD) noexcept override
     {
-        onMessage_();
-        return PENDINGMSG_WAITNOPROCESS;
+        constexpr DWORD goOnWaiting = PENDINGMSG_WAITNOPROCESS;
+        return atBorder(goOnWaiting, [&] {
+            onMessage_();
+            return goOnWaiting;
+        });
     }
 
 private:
-    bool answers(REFIID iid) const override { return iid == IID_IMessageFilter; }
+    IUnknown* interfaceOf(REFIID iid) noexcept override { return iid == IID_IMessageFilter ? this : nullptr; }
 
     const std::function<void()> onMessage_;
 };

@@ -2,6 +2,7 @@
 
 #include "automation/error.h"
 #include "automation/outgoing_call.h"
+#include "automation/owners.h"
 
 #include <algorithm>
 #include <vector>
@@ -10,21 +11,13 @@ namespace automation {
 
 namespace {
 
-std::wstring taken(BSTR& text)
-{
-    std::wstring result(text ? text : L"", SysStringLen(text));
-    SysFreeString(text);
-    text = nullptr;
-    return result;
-}
-
 // Turns what a failed Invoke left behind into the exception, freeing it.
 AutomationError failure(Member member, HRESULT result, EXCEPINFO& info, UINT refused, UINT count)
 {
     if (result == DISP_E_EXCEPTION && info.pfnDeferredFillIn) info.pfnDeferredFillIn(&info);
-    std::wstring source = taken(info.bstrSource);
-    std::wstring description = taken(info.bstrDescription);
-    taken(info.bstrHelpFile);
+    const Bstr source(info.bstrSource);
+    const Bstr description(info.bstrDescription);
+    const Bstr helpFile(info.bstrHelpFile);
 
     HRESULT code = result;
     if (result == DISP_E_EXCEPTION && info.scode != 0) code = info.scode;
@@ -33,7 +26,7 @@ AutomationError failure(Member member, HRESULT result, EXCEPINFO& info, UINT ref
     // Servers count arguments from the right.
     const bool aboutArgument = (result == DISP_E_TYPEMISMATCH || result == DISP_E_PARAMNOTFOUND) && refused < count;
     const unsigned argument = aboutArgument ? count - 1 - refused : AutomationError::noArgument;
-    return AutomationError(member.text(), code, std::move(source), std::move(description), argument);
+    return AutomationError(member.text(), code, source.text(), description.text(), argument);
 }
 
 }
@@ -111,7 +104,7 @@ void Object::put(Member member, const Value& value) const
 DISPID Object::lookUp(Member member, const OutgoingCall& scope) const
 {
     DISPID id = DISPID_UNKNOWN;
-    LPOLESTR name = const_cast<LPOLESTR>(member.name());
+    auto name = const_cast<LPOLESTR>(member.name());
     const HRESULT result = scope.retryWhileBusy(
         [&] { return dispatch_->GetIDsOfNames(IID_NULL, &name, 1, LOCALE_USER_DEFAULT, &id); });
     if (FAILED(result)) throw AutomationError(member.text(), result);

@@ -1,8 +1,10 @@
-// What every COM object of one interface has to have: references, and the
-// answer to the question for that interface.
+// What every COM object has to have: references, and the answer to the question
+// for its interfaces.
 #pragma once
 
 #include <unknwn.h>
+
+#include <atomic>
 
 namespace automation {
 
@@ -10,34 +12,54 @@ namespace automation {
 template <class Interface>
 class Unknown : public Interface {
 public:
-    STDMETHODIMP QueryInterface(REFIID iid, void** result) override
+    STDMETHODIMP QueryInterface(REFIID iid, void** result) noexcept final
     {
-        if (iid != IID_IUnknown && !answers(iid)) {
-            *result = nullptr;
-            return E_NOINTERFACE;
-        }
-        *result = static_cast<Interface*>(this);
-        AddRef();
+        IUnknown* const found = iid == IID_IUnknown ? this : interfaceOf(iid);
+        *result = found; // the address of each interface is that of its IUnknown
+        if (!found) return E_NOINTERFACE;
+        found->AddRef();
         return S_OK;
     }
 
-    STDMETHODIMP_(ULONG) AddRef() override { return ++references_; }
+    STDMETHODIMP_(ULONG) AddRef() noexcept final { return ++references_; }
 
-    STDMETHODIMP_(ULONG) Release() override
+    STDMETHODIMP_(ULONG) Release() noexcept final
     {
         const ULONG left = --references_;
         if (left == 0) delete this;
         return left;
     }
 
+    ULONG references() const noexcept { return references_; }
+
 protected:
     virtual ~Unknown() = default;
 
-    // Whether `iid` names the interface, or one that it can stand for.
-    virtual bool answers(REFIID iid) const = 0;
+    // The interface that `iid` names, or one that can stand for it; null for none.
+    virtual IUnknown* interfaceOf(REFIID iid) noexcept = 0;
 
 private:
-    ULONG references_ = 1;
+    std::atomic<ULONG> references_ = 1;
+};
+
+// A part of such an object, with interfaces of its own: it shares the object's
+// life and references, and leaves all questions to it.
+template <class... Interfaces>
+class Part : public Interfaces... {
+public:
+    Part(const Part&) = delete;
+    Part& operator=(const Part&) = delete;
+
+    STDMETHODIMP QueryInterface(REFIID iid, void** result) noexcept final { return owner_->QueryInterface(iid, result); }
+    STDMETHODIMP_(ULONG) AddRef() noexcept final { return owner_->AddRef(); }
+    STDMETHODIMP_(ULONG) Release() noexcept final { return owner_->Release(); }
+
+protected:
+    explicit Part(IUnknown* owner) noexcept : owner_(owner) {}
+    ~Part() = default;
+
+private:
+    IUnknown* const owner_;
 };
 
 }

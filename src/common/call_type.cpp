@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cstdint>
 
 namespace {
 
@@ -34,30 +35,20 @@ std::wstring withoutAccessKey(std::wstring text)
     return text;
 }
 
-}
-
+// Whether a call of that state (as the softphone numbers it) was not answered.
 bool isUnanswered(std::int32_t state)
 {
     return state == 6 || state == 7 || state == 12 || state == 14;
 }
 
-std::wstring callTypeText(bool incoming, bool unanswered, bool acknowledged)
+}
+
+std::wstring callTypeText(bool incoming, const automation::Value& state,
+                          const std::function<automation::Value()>& acknowledged)
 {
     const std::wstring direction = incoming ? L"Incoming call" : L"Outgoing call";
-    if (unanswered) return direction + L" unanswered";
-    return direction + (acknowledged ? L" acknowledged" : L" answered");
-}
-
-std::wstring callTypeText(bool incoming, const automation::Value& state, const automation::Value& acknowledged)
-{
-    const bool unanswered = isUnanswered(state.int32());
-    return callTypeText(incoming, unanswered, !unanswered && acknowledged.int32() == 1);
-}
-
-std::wstring callTypeText(const automation::Object& historyItem, bool incoming)
-{
-    const bool unanswered = isUnanswered(historyItem.get(L"State").int32());
-    return callTypeText(incoming, unanswered, !unanswered && historyItem.get(L"Acknowledged").int32() == 1);
+    if (isUnanswered(state.int32())) return direction + L" unanswered";
+    return direction + (acknowledged().int32() == 1 ? L" acknowledged" : L" answered");
 }
 
 std::wstring unknownCallerText(const Dictionary& dictionary)

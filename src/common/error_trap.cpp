@@ -1,17 +1,17 @@
 #include "common/error_trap.h"
 
+#include "automation/border.h"
+
 #include <windows.h>
 
-#include <exception>
-#include <string>
 #include <utility>
 
 namespace {
 
-void tellDebugger(const wchar_t* procedure, const char* error)
+// In pieces: the error may be that memory is short.
+void tellDebugger(const std::source_location& place, const char* error)
 {
-    OutputDebugStringW(procedure);
-    OutputDebugStringA((std::string(": ") + error + "\n").c_str());
+    for (const char* part : {place.function_name(), ": ", error, "\n"}) OutputDebugStringA(part);
 }
 
 // Belongs to no object: a trapped error has no other place to go, whichever
@@ -22,27 +22,13 @@ DiagnosticHook& hook()
     return current;
 }
 
-bool succeeds(const wchar_t* procedure, const std::function<void()>& body)
-{
-    try {
-        body();
-        return true;
-    } catch (const std::exception& error) {
-        hook()(procedure, error.what());
-        return false;
-    }
 }
 
-}
-
-void trapErrors(const wchar_t* procedure, const std::function<void()>& body)
-{
-    succeeds(procedure, body);
-}
-
-void trapErrors(const wchar_t* procedure, const std::function<void()>& body, const std::function<void()>& onError)
-{
-    if (!succeeds(procedure, body)) succeeds(procedure, onError);
+void tellTrapped(const std::source_location& place) noexcept
+try {
+    hook()(place, automation::textOfException());
+} catch (...) { // NOLINT(bugprone-empty-catch)
+    // A failing hook must not undo what the trap is for.
 }
 
 DiagnosticHook setDiagnosticHook(DiagnosticHook replacement)

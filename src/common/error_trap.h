@@ -3,15 +3,40 @@
 // result first and does its work inside the trap.
 #pragma once
 
+#include <concepts>
 #include <functional>
+#include <source_location>
+
+// Told of every trapped error: the place of the trap, which names the procedure
+// that the error has ended, and what was thrown. The default writes it to the
+// debugger. What the hook itself throws is dropped. Returns the hook in force before.
+using DiagnosticHook = std::function<void(const std::source_location& place, const char* error)>;
+DiagnosticHook setDiagnosticHook(DiagnosticHook hook);
+
+// Hands the exception that is being handled to the diagnostic hook.
+void tellTrapped(const std::source_location& place) noexcept;
 
 // Runs `body`; an exception ends it and is handed to the diagnostic hook.
-void trapErrors(const wchar_t* procedure, const std::function<void()>& body);
+template <std::invocable Body>
+void trapErrors(Body&& body, const std::source_location& place = std::source_location::current()) noexcept
+{
+    try {
+        body();
+    } catch (...) {
+        tellTrapped(place);
+    }
+}
 
 // The same; after an error in `body`, `onError` runs, under a trap of its own.
-void trapErrors(const wchar_t* procedure, const std::function<void()>& body, const std::function<void()>& onError);
-
-// Told of every trapped error: the procedure and what was thrown. The default
-// writes it to the debugger. Returns the hook in force before.
-using DiagnosticHook = std::function<void(const wchar_t* procedure, const char* error)>;
-DiagnosticHook setDiagnosticHook(DiagnosticHook hook);
+template <std::invocable Body, std::invocable Handler>
+void trapErrors(Body&& body, Handler&& onError,
+                const std::source_location& place = std::source_location::current()) noexcept
+{
+    bool succeeded = false;
+    const auto whole = [&] {
+        body();
+        succeeded = true;
+    };
+    trapErrors(whole, place);
+    if (!succeeded) trapErrors(onError, place);
+}

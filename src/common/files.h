@@ -8,5 +8,5 @@ bool FileExist(const std::wstring& szFile);
 
 // Copies `szFile` from the program's folder into the folder `szpath`, unless
 // it is there already, and makes the copy writable: a copy from read-only
-// media is not. Failures are swallowed.
+// media is not. Makes no folder. Failures are swallowed.
 void CopieFileIfNotExist(const std::wstring& szpath, const std::wstring& szFile, const std::wstring& programFolder);

@@ -1,6 +1,8 @@
 // Tells whether a program runs in this user session, by its file name.
 #pragma once
 
+#include "automation/owners.h"
+
 #include <windows.h>
 
 #include <map>
@@ -9,7 +11,6 @@
 class ProcessLookup {
 public:
     ProcessLookup() = default;
-    ~ProcessLookup();
     ProcessLookup(const ProcessLookup&) = delete;
     ProcessLookup& operator=(const ProcessLookup&) = delete;
 
@@ -30,7 +31,7 @@ public:
 
 private:
     struct Known {
-        HANDLE handle = nullptr;
+        automation::Handle handle;
         DWORD processId = 0;
     };
 

@@ -9,7 +9,7 @@ using automation::ansi;
 
 constexpr DWORD bufferSize = 256;
 
-// A registry key, closed at the end only when it was opened under no root.
+// A registry key. One that was opened under a root is left open, on purpose: see the header.
 class OpenedKey {
 public:
     OpenedKey(HKEY root, const std::wstring& subkey, REGSAM access)

@@ -15,7 +15,8 @@ inline constexpr const wchar_t* registryNoText = L"--Not String--";
 std::wstring RegGetString(HKEY hInKey, const std::wstring& subkey, const std::wstring& valname);
 
 // Writes a text value into an existing key. "True" when key and write were in
-// order, else "False". The length stored leaves out the terminating NUL.
+// order, else "False". The length that is given leaves out the terminating NUL;
+// the system stores one all the same.
 std::wstring RegSetString(HKEY hInKey, const std::wstring& subkey, const std::wstring& valname,
                           const std::wstring& Value);
 

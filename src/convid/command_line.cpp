@@ -1,5 +1,6 @@
 #include "convid/command_line.h"
 
+#include "automation/owners.h"
 #include "automation/text.h"
 
 #include <windows.h>
@@ -22,11 +23,9 @@ Task taskOf(const std::vector<std::wstring>& arguments)
 std::vector<std::wstring> processArguments()
 {
     int count = 0;
-    wchar_t** const words = CommandLineToArgvW(GetCommandLineW(), &count);
+    const automation::LocalMemory<wchar_t*> words(CommandLineToArgvW(GetCommandLineW(), &count));
     if (!words) return {};
-    std::vector<std::wstring> result(words + (count > 0 ? 1 : 0), words + count);
-    LocalFree(words);
-    return result;
+    return std::vector<std::wstring>(words.get() + (count > 0 ? 1 : 0), words.get() + count);
 }
 
 }

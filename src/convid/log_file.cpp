@@ -18,41 +18,24 @@ bool isWriteProtected(const std::wstring& path)
 }
 
 LogFile::LogFile(std::wstring path, DWORD disposition, DWORD patience)
-    : path_(std::move(path)), handle_(INVALID_HANDLE_VALUE)
+    : path_(std::move(path))
 {
     const DWORD result = retryWhile(isInUse, patience, [&]() -> DWORD {
         if (isWriteProtected(path_)) return ERROR_ACCESS_DENIED;
-        handle_ = CreateFileW(path_.c_str(), GENERIC_READ | GENERIC_WRITE, FILE_SHARE_READ, nullptr, disposition,
-                              FILE_ATTRIBUTE_NORMAL, nullptr);
-        return handle_ == INVALID_HANDLE_VALUE ? GetLastError() : ERROR_SUCCESS;
+        handle_ = automation::orNone(CreateFileW(path_.c_str(), GENERIC_READ | GENERIC_WRITE, FILE_SHARE_READ, nullptr,
+                                                 disposition, FILE_ATTRIBUTE_NORMAL, nullptr));
+        return handle_ ? ERROR_SUCCESS : GetLastError();
     });
     if (result == ERROR_SHARING_VIOLATION)
         throw systemError(L"The identifier store " + path_ + L" is in use by another program", result);
-    if (handle_ == INVALID_HANDLE_VALUE)
+    if (!handle_)
         throw systemError(L"The identifier store " + path_ + L" cannot be opened", result);
-}
-
-LogFile::LogFile(LogFile&& other) noexcept
-    : path_(std::move(other.path_)), handle_(std::exchange(other.handle_, INVALID_HANDLE_VALUE))
-{
-}
-
-LogFile& LogFile::operator=(LogFile&& other) noexcept
-{
-    std::swap(path_, other.path_);
-    std::swap(handle_, other.handle_);
-    return *this;
-}
-
-LogFile::~LogFile()
-{
-    if (handle_ != INVALID_HANDLE_VALUE) CloseHandle(handle_);
 }
 
 std::uint64_t LogFile::size() const
 {
     LARGE_INTEGER size;
-    if (!GetFileSizeEx(handle_, &size)) fail(L"examined");
+    if (!GetFileSizeEx(handle_.get(), &size)) fail(L"examined");
     return static_cast<std::uint64_t>(size.QuadPart);
 }
 
@@ -62,7 +45,7 @@ std::size_t LogFile::read(std::uint64_t offset, std::span<std::uint8_t> target) 
     std::size_t filled = 0;
     while (filled < target.size()) {
         DWORD count = 0;
-        if (!ReadFile(handle_, target.data() + filled, static_cast<DWORD>(target.size() - filled), &count, nullptr))
+        if (!ReadFile(handle_.get(), target.data() + filled, static_cast<DWORD>(target.size() - filled), &count, nullptr))
             fail(L"read");
         if (count == 0) break;
         filled += count;
@@ -74,7 +57,7 @@ void LogFile::write(std::uint64_t offset, ByteView bytes)
 {
     seek(offset);
     DWORD count = 0;
-    if (!WriteFile(handle_, bytes.data(), static_cast<DWORD>(bytes.size()), &count, nullptr)) fail(L"written");
+    if (!WriteFile(handle_.get(), bytes.data(), static_cast<DWORD>(bytes.size()), &count, nullptr)) fail(L"written");
     if (count == bytes.size()) return;
     SetLastError(ERROR_DISK_FULL);
     fail(L"written");
@@ -83,19 +66,19 @@ void LogFile::write(std::uint64_t offset, ByteView bytes)
 void LogFile::cut(std::uint64_t size)
 {
     seek(size);
-    if (!SetEndOfFile(handle_)) fail(L"shortened");
+    if (!SetEndOfFile(handle_.get())) fail(L"shortened");
 }
 
 void LogFile::flush()
 {
-    if (!FlushFileBuffers(handle_)) fail(L"flushed");
+    if (!FlushFileBuffers(handle_.get())) fail(L"flushed");
 }
 
 void LogFile::seek(std::uint64_t offset) const
 {
     LARGE_INTEGER position;
     position.QuadPart = static_cast<LONGLONG>(offset);
-    if (!SetFilePointerEx(handle_, position, nullptr, FILE_BEGIN)) fail(L"positioned");
+    if (!SetFilePointerEx(handle_.get(), position, nullptr, FILE_BEGIN)) fail(L"positioned");
 }
 
 void LogFile::fail(const wchar_t* operation) const

@@ -1,6 +1,7 @@
 // The store's file as Windows sees it. Every failure throws StoreError.
 #pragma once
 
+#include "automation/owners.h"
 #include "convid/log_entry.h"
 
 #include <windows.h>
@@ -16,9 +17,6 @@ public:
     // use elsewhere is tried again for `patience` milliseconds: virus scanners
     // and backups hold files for a moment.
     LogFile(std::wstring path, DWORD disposition, DWORD patience);
-    LogFile(LogFile&& other) noexcept;
-    LogFile& operator=(LogFile&& other) noexcept;
-    ~LogFile();
 
     std::uint64_t size() const;
 
@@ -40,7 +38,7 @@ private:
     [[noreturn]] void fail(const wchar_t* operation) const;
 
     std::wstring path_;
-    HANDLE handle_;
+    automation::Handle handle_;
 };
 
 // Another program uses the file.

@@ -38,16 +38,16 @@ std::wstring GroupCalendarQuery()
 
 void ShowGroupCalendars(LotusSession& session, const std::wstring& Number)
 {
-    if (!session.bShowGrpwAgenda || !session.LotusReady) return;
-    trapErrors(L"ShowGroupCalendars", [&] {
-        LotusPerson person;
-        LotusAddressBook book;
-        if (!SearchByNumber(session, Number, person, false, L"FullName", book) || person.FullName.empty()) return;
+    if (!session.bShowGrpwAgenda) return;
+    trapErrors([&] {
+        const LotusSearchResult search = SearchByNumber(session, Number, false, L"FullName");
+        const std::wstring& fullName = search.person.FullName;
+        if (!search.isFound || fullName.empty()) return;
         const Object view = groupCalendars(session);
         const std::int32_t count = view.get(L"FTSearch", {GroupCalendarQuery(), std::int16_t{0}}).int32();
         for (std::int32_t i = 1; i <= count; ++i) {
             const Object calendar = view.get(L"GetNthDocument", {i}).object();
-            if (lists(calendar, person.FullName)) notesWorkspace().call(L"EDITDOCUMENT", {false, calendar});
+            if (lists(calendar, fullName)) notesWorkspace().call(L"EDITDOCUMENT", {false, calendar});
         }
     });
 }

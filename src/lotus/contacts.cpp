@@ -11,19 +11,13 @@ namespace {
 
 using automation::Object;
 
-struct NewContact {
-    std::wstring number;
-    std::wstring lastName;
-    std::wstring firstName;
-};
-
 // Items without a name are not written.
 void appendItem(const Object& document, const std::wstring& name, const std::wstring& value)
 {
     if (!name.empty()) document.call(L"AppendItemValue", {name, value});
 }
 
-void fill(const Object& document, const LotusAddressBook& book, const NewContact& contact)
+void fill(const Object& document, const LotusAddressBook& book, const Party& contact)
 {
     document.put(L"Form", book.Form);
     document.put(L"Type", book.TypeForm);
@@ -39,55 +33,49 @@ void save(const LotusSession& session, const Object& document)
     document.call(L"save", {true, true});
 }
 
-void logNewContact(LotusSession& session, const NewContact& contact)
+void logNewContact(LotusSession& session, const Party& contact)
 {
     WriteLotusLog(session, L"Create contact " + contact.number + L" " + contact.lastName + L" " + contact.firstName);
 }
 
 }
 
-std::wstring CreateContactDocument(LotusSession& session, const std::wstring& Number, const std::wstring& LastName,
-                                   const std::wstring& FirstName, bool Show)
+std::wstring CreateContactDocument(LotusSession& session, const Party& party, bool show)
 {
     std::wstring noteId;
     if (!session.LotusReady || session.nSelectedPersonal == -1) return noteId;
-    trapErrors(L"CreateContactDocument", [&] {
+    trapErrors([&] {
         const LotusAddressBook book = session.LotusAddressBooks.at(session.nSelectedPersonal);
         const Object database = notesDatabase(session, book);
         const Object document = database.get(L"CREATEDOCUMENT").object();
-        fill(document, book, {Number, LastName, FirstName});
-        if (Show) openDocument(book, document, true);
+        fill(document, book, party);
+        if (show) openDocument(book, document, true);
         else save(session, document);
         noteId = document.get(L"NoteId").text();
     });
     return noteId;
 }
 
-void ShowOrCreateCaller(LotusSession& session, const std::wstring& Number, const std::wstring& LastName,
-                        const std::wstring& FirstName)
+void ShowOrCreateCaller(LotusSession& session, const Party& caller)
 {
-    if (!session.LotusReady) return;
-    trapErrors(L"ShowOrCreateCaller", [&] {
+    trapErrors([&] {
         const bool mayCreate = session.host.configuration().bgSetNewContact;
-        if (mayCreate) openBooks(session)->forgetIfUnknown(Number);
-        LotusPerson person;
-        LotusAddressBook book;
-        if (SearchByNumber(session, Number, person, true, L"", book)) return;
+        if (mayCreate) openBooks(session)->forgetIfUnknown(caller.number);
+        if (SearchByNumber(session, caller.number, true).isFound) return;
         if (!session.host.configuration().bgSetNewContact) return;
-        if (!CreateContactDocument(session, Number, LastName, FirstName, true).empty())
-            logNewContact(session, {Number, LastName, FirstName});
+        if (!CreateContactDocument(session, caller, true).empty()) logNewContact(session, caller);
     });
 }
 
-std::wstring CreateContactFromEntry(LotusSession& session, const Object& Entry)
+std::wstring CreateContactFromEntry(LotusSession& session, const SoftphoneEntry& entry)
 {
     std::wstring noteId;
-    trapErrors(L"CreateContactFromEntry", [&] {
-        const std::wstring number = StripPhoneNumber(Entry.get(L"Number").text());
-        const std::wstring lastName = Entry.get(L"LastName").text();
-        const std::wstring firstName = Entry.get(L"FirstName").text();
-        noteId = CreateContactDocument(session, number, lastName, firstName, false);
-        logNewContact(session, {number, lastName, firstName});
+    trapErrors([&] {
+        const std::wstring number = StripPhoneNumber(entry.number());
+        const std::wstring lastName = entry.lastName();
+        const Party party{number, lastName, entry.firstName()};
+        noteId = CreateContactDocument(session, party, false);
+        logNewContact(session, party);
     });
     return noteId;
 }

@@ -2,19 +2,19 @@
 // configured. No error leaves these procedures.
 #pragma once
 
+#include "common/party.h"
+#include "common/softphone_records.h"
 #include "lotus/lotus_session.h"
 
 #include <string>
 
-// A new contact: opened for the user to complete and save (`Show`), or saved
+// A new contact: opened for the user to complete and save (`show`), or saved
 // at once. Its NoteId, "" on failure.
-std::wstring CreateContactDocument(LotusSession& session, const std::wstring& Number, const std::wstring& LastName,
-                                   const std::wstring& FirstName, bool Show);
+std::wstring CreateContactDocument(LotusSession& session, const Party& party, bool show);
 
 // Opens the caller's document or, with "NewContact" on, a new contact.
-void ShowOrCreateCaller(LotusSession& session, const std::wstring& Number, const std::wstring& LastName,
-                        const std::wstring& FirstName);
+void ShowOrCreateCaller(LotusSession& session, const Party& caller);
 
 // A saved contact for an entry of the softphone's address book. Its NoteId, ""
 // on failure; the line in the log is written all the same.
-std::wstring CreateContactFromEntry(LotusSession& session, const automation::Object& Entry);
+std::wstring CreateContactFromEntry(LotusSession& session, const SoftphoneEntry& entry);

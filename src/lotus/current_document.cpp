@@ -4,6 +4,8 @@
 #include "lotus/documents.h"
 #include "lotus/search.h"
 
+#include <utility>
+
 namespace {
 
 using automation::Object;
@@ -40,14 +42,16 @@ std::wstring storedNumber(const Object& mail)
     return item ? firstItemValue(mail, numberItem) : L"";
 }
 
-std::wstring numberOfMail(LotusSession& session, const FrontDocument& mail, std::wstring& LastName,
-                          std::wstring& FirstName)
+// The sender's names go to `offered` as soon as they are known.
+std::wstring numberOfMail(LotusSession& session, const FrontDocument& mail, Party& offered)
 {
     const std::wstring current = storedNumber(mail.stored);
     if (!current.empty() && !session.bAlwaysVerifyPhoneNumber) return current;
-    const std::wstring sender = FirstNonEmptyItemValue(mail.stored, {L"From"});
-    std::wstring found;
-    if (session.bCallInMail && !sender.empty()) SearchByMail(session, sender, found, LastName, FirstName, false);
+    const std::wstring address = FirstNonEmptyItemValue(mail.stored, {L"From"});
+    Party sender;
+    if (session.bCallInMail && !address.empty()) SearchByMail(session, address, sender, false);
+    const std::wstring found = std::exchange(sender.number, L"");
+    offered = sender;
     // What the user has entered is never overwritten by nothing, and a mail
     // that is being written is not touched.
     if (found.empty() || found == current || mail.shown.get(L"EditMode").truth()) return current;
@@ -62,37 +66,36 @@ std::wstring numberOfCall(LotusSession& session, const FrontDocument& call)
     const std::wstring number = firstItemValue(call.stored, items.PhoneNumber);
     if (number.empty()) return number;
     const std::wstring storedLink = firstItemValue(call.stored, items.InfoSupdocNoteId);
-    LotusPerson party;
-    LotusAddressBook book;
-    SearchByNumber(session, number, party, false, L"", book);
-    if (party.NoteId == storedLink) return number;
+    const LotusSearchResult party = SearchByNumber(session, number, false);
+    const std::wstring& link = party.person.NoteId;
+    if (link == storedLink) return number;
     const auto replace = [&](const std::wstring& item, const std::wstring& value) {
         call.stored.call(L"ReplaceItemValue", {item, value});
     };
-    replace(items.InfoSupdocNoteId, party.NoteId);
-    replace(items.InfoSupServer, book.Server);
-    replace(items.InfoSupBase, book.Base);
-    replace(items.InfoSupdocNoteId, party.NoteId);
+    replace(items.InfoSupdocNoteId, link);
+    replace(items.InfoSupServer, party.book.Server);
+    replace(items.InfoSupBase, party.book.Base);
+    replace(items.InfoSupdocNoteId, link);
     saveAndReopen(call);
     return number;
 }
 
 }
 
-std::wstring UpdateCurrentDocumentNumber(LotusSession& session, std::wstring& LastName, std::wstring& FirstName)
+Party UpdateCurrentDocumentNumber(LotusSession& session)
 {
-    std::wstring number;
-    if (!session.LotusReady) return number;
-    trapErrors(L"UpdateCurrentDocumentNumber", [&] {
+    Party offered;
+    if (!session.LotusReady) return offered;
+    trapErrors([&] {
         FrontDocument front{notesWorkspace(), {}, {}};
         const DatabaseNames database(front.workspace.get(L"CurrentDatabase").object().get(L"Database").object());
         // Its answer is not used, so a client that cannot give it loses nothing.
-        trapErrors(L"CurrentView", [&] { front.workspace.get(L"CurrentView"); });
+        trapErrors([&] { front.workspace.get(L"CurrentView"); });
         if (IsSameDatabase(database, session.MailServer, session.MailFile)) {
-            if (takeFrontDocument(front)) number = numberOfMail(session, front, LastName, FirstName);
+            if (takeFrontDocument(front)) offered.number = numberOfMail(session, front, offered);
         } else if (IsSameDatabase(database, session.LotusCallLog.Server, session.LotusCallLog.Base)) {
-            if (takeFrontDocument(front)) number = numberOfCall(session, front);
+            if (takeFrontDocument(front)) offered.number = numberOfCall(session, front);
         }
     });
-    return number;
+    return offered;
 }

@@ -3,10 +3,9 @@
 // up-to-date link to the caller's document.
 #pragma once
 
+#include "common/party.h"
 #include "lotus/lotus_session.h"
-
-#include <string>
 
 // Works on the document in front; the number that it offers now, "" for none.
 // The names are those of a mail's sender, where it was looked up. No error leaves it.
-std::wstring UpdateCurrentDocumentNumber(LotusSession& session, std::wstring& LastName, std::wstring& FirstName);
+Party UpdateCurrentDocumentNumber(LotusSession& session);

@@ -32,7 +32,7 @@ std::wstring firstItemValue(const Object& document, const std::wstring& item)
 std::optional<std::wstring> readFirstNonEmptyItemValue(const Object& document, const std::vector<std::wstring>& items)
 {
     std::optional<std::wstring> first;
-    trapErrors(L"FirstNonEmptyItemValue", [&] {
+    trapErrors([&] {
         for (const std::wstring& name : items) {
             for (const Value& value : itemValues(document, name)) {
                 const std::wstring text = value.text();
@@ -54,7 +54,7 @@ std::wstring FirstNonEmptyItemValue(const Object& Doc, const std::vector<std::ws
 bool IsCurrentDocument(const Object& Doc, Object& UIDoc)
 {
     bool isCurrent = false;
-    trapErrors(L"IsCurrentDocument", [&] {
+    trapErrors([&] {
         UIDoc = notesWorkspace().get(L"CURRENTDOCUMENT").object();
         if (!UIDoc) return;
         const Object current = UIDoc.get(L"DOCUMENT").object();
@@ -73,7 +73,7 @@ const std::wstring& DatabaseNames::asked(std::optional<std::wstring>& answer, co
 bool IsSameDatabase(const DatabaseNames& Db, const std::wstring& Server, const std::wstring& FileName)
 {
     bool isSame = false;
-    trapErrors(L"IsSameDatabase", [&] {
+    trapErrors([&] {
         if (comparableServer(Server) != comparableServer(Db.server())) return;
         const std::wstring sought = lowerCase(FileName);
         isSame = sought == lowerCase(Db.filePath()) || sought == lowerCase(Db.fileName());

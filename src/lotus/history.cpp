@@ -18,35 +18,35 @@ void append(const Object& document, const std::wstring& item, const Value& value
 }
 
 // The other party, and the link to its document in the address books.
-void appendParty(LotusSession& session, const Object& document, const CallLogDescription& items, const Object& call,
-                 const std::wstring& number)
+void appendParty(LotusSession& session, const Object& document, const CallLogDescription& items,
+                 const SoftphoneHistoryItem& call, const std::wstring& number)
 {
-    LotusPerson party;
-    LotusAddressBook book;
-    if (!SearchByNumber(session, number, party, false, L"", book)) {
-        party.LastName = call.get(L"LastName").text();
-        party.FirstName = call.get(L"FirstName").text();
+    LotusSearchResult search = SearchByNumber(session, number, false);
+    LotusPerson& party = search.person;
+    if (!search.isFound) {
+        party.LastName = call.lastName();
+        party.FirstName = call.firstName();
     }
     append(document, items.PhoneNumber, number);
     append(document, items.FirstName, party.FirstName);
     append(document, items.LastName, party.LastName);
     append(document, items.InfoSupdocNoteId, party.NoteId);
-    append(document, items.InfoSupServer, book.Server);
-    append(document, items.InfoSupBase, book.Base);
+    append(document, items.InfoSupServer, search.book.Server);
+    append(document, items.InfoSupBase, search.book.Base);
 }
 
 void appendCall(const LotusSession& session, const Object& document, const CallLogDescription& items,
-                const Object& call)
+                const SoftphoneHistoryItem& call)
 {
-    const Value state = call.get(L"State");
-    const Value incoming = call.get(L"Incoming");
-    const Value acknowledged = call.get(L"Acknowledged");
+    const Value state = call.state();
+    const Value incoming = call.incoming();
+    const Value acknowledged = call.acknowledged();
     append(document, items.State, state);
     append(document, items.Incoming, incoming);
     append(document, items.Acknowledged, acknowledged);
-    append(document, items.BeginDate, call.get(L"BeginDate"));
-    append(document, items.EndDate, call.get(L"EndDate"));
-    const std::wstring type = callTypeText(incoming.truth(), state, acknowledged);
+    append(document, items.BeginDate, call.beginDate());
+    append(document, items.EndDate, call.endDate());
+    const std::wstring type = callTypeText(incoming.truth(), state, [&] { return acknowledged; });
     append(document, items.TypeCall, TranslateCallType(type, session.dictionary));
 }
 
@@ -70,17 +70,17 @@ void refreshView(const LotusSession& session, const Object& history)
 
 }
 
-std::wstring CreateHistoryDocument(LotusSession& session, const Object& Item)
+std::wstring CreateHistoryDocument(LotusSession& session, const SoftphoneHistoryItem& Item)
 {
     std::wstring noteId;
     if (!session.LotusReady) return noteId;
-    trapErrors(L"CreateHistoryDocument", [&] {
+    trapErrors([&] {
         const CallLogDescription items = session.LotusCallLog;
         const Object history = session.HistoryDatabase;
         const Object document = history.get(L"CREATEDOCUMENT").object();
         document.put(L"Form", items.Form);
         document.put(L"Type", items.TypeForm);
-        const std::wstring number = Item.get(L"Number").text();
+        const std::wstring number = Item.number();
         if (!number.empty()) appendParty(session, document, items, Item, StripPhoneNumber(number));
         appendCall(session, document, items, Item);
         document.call(L"save", {true, true});

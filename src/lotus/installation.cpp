@@ -37,7 +37,7 @@ void InstallLotusDatabases(const LotusSession& session)
 
 void AddDatabasesToWorkspace()
 {
-    trapErrors(L"AddDatabasesToWorkspace", [] {
+    trapErrors([] {
         const automation::Object workspace = notesWorkspace();
         workspace.call(L"AddDatabase", {L"", historyDatabase});
         workspace.call(L"AddDatabase", {L"", settingsDatabase});

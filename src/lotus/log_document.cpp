@@ -33,7 +33,7 @@ void append(const Object& document, const PersonalLogDescription& items, const V
 void WriteLotusLog(LotusSession& session, const std::wstring& Message)
 {
     if (session.LotusMustInit) return;
-    trapErrors(L"WriteLotusLog", [&] {
+    trapErrors([&] {
         const bool isNew = !session.LogDocument || session.NewLogDocument;
         if (isNew) {
             const Object database = session.LogDatabase;

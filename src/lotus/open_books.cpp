@@ -64,7 +64,7 @@ bool OpenBook::holds(DATE now)
 bool OpenBook::isUnchanged(DATE now)
 {
     std::optional<DATE> modified;
-    trapErrors(L"OpenBook::isUnchanged", [&] { modified = database_.get(L"LastModified").asDate(); });
+    trapErrors([&] { modified = database_.get(L"LastModified").asDate(); });
     if (!modified || modified != modified_) {
         modified_ = modified;
         modifiedSeenAt_ = now;
@@ -81,7 +81,7 @@ void OpenBook::open(const LotusSession& session)
     forget();
     const DATE now = session.host.now();
     if (!isWithin(longest, databaseOpenedAt_, now)) close();
-    if (database_) trapErrors(L"OpenBook::open", [&] { view_ = viewOf(database_, description_); });
+    if (database_) trapErrors([&] { view_ = viewOf(database_, description_); });
     if (!view_) openDatabase(session, now);
     viewOpenedAt_ = confirmedAt_ = now;
 }

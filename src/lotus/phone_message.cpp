@@ -24,22 +24,20 @@ std::wstring addresseeOf(const LotusPerson& person)
 
 }
 
-bool SendPhoneMessage(LotusSession& session, const std::wstring& CallerNumber, const std::wstring& CallerFirstName,
-                      const std::wstring& CallerLastName, const std::wstring& CalledNumber,
-                      const std::wstring& CalledLastName, const std::wstring& CalledFirstName)
+bool SendPhoneMessage(LotusSession& session, const Party& caller, const Party& called)
 {
     bool composed = false;
-    if (!session.LotusReady) return composed;
-    trapErrors(L"SendPhoneMessage", [&] {
-        LotusPerson called{CalledLastName, CalledFirstName, L"", L"", L""};
-        LotusAddressBook book;
-        if (!SearchByNumber(session, CalledNumber, called, false, L"InternetAddress,FullName", book)) return;
+    trapErrors([&] {
+        const LotusPerson known{called.lastName, called.firstName, L"", L"", L""};
+        const LotusSearchResult search =
+            SearchByNumber(session, called.number, false, L"InternetAddress,FullName", known);
+        if (!search.isFound) return;
         const Object workspace = notesWorkspace();
         const Object message =
             workspace.get(L"COMPOSEDOCUMENT", {session.MailServer, session.MailFile, L"Phone Message"}).object();
-        message.call(L"FieldAppendText", {L"SendTo", addresseeOf(called)});
-        message.call(L"FieldSetText", {L"PhoneCaller", fullName(CallerFirstName, CallerLastName)});
-        message.call(L"FieldSetText", {L"PhoneNumber", CallerNumber});
+        message.call(L"FieldAppendText", {L"SendTo", addresseeOf(search.person)});
+        message.call(L"FieldSetText", {L"PhoneCaller", fullName(caller.firstName, caller.lastName)});
+        message.call(L"FieldSetText", {L"PhoneNumber", caller.number});
         message.call(L"FieldSetText", {L"PhoneReason", L"T"});
         message.call(L"GOTOFIELD", {L"Body"});
         composed = true;

@@ -2,13 +2,10 @@
 // screen, for the user to complete and send.
 #pragma once
 
+#include "common/party.h"
 #include "lotus/lotus_session.h"
-
-#include <string>
 
 // Composes a "Phone Message" to the person with the called number. False when
 // nobody has that number, or has neither mail address nor full name, and on
 // any error. No error leaves it.
-bool SendPhoneMessage(LotusSession& session, const std::wstring& CallerNumber, const std::wstring& CallerFirstName,
-                      const std::wstring& CallerLastName, const std::wstring& CalledNumber,
-                      const std::wstring& CalledLastName, const std::wstring& CalledFirstName);
+bool SendPhoneMessage(LotusSession& session, const Party& caller, const Party& called);

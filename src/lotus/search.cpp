@@ -11,6 +11,7 @@
 
 #include <algorithm>
 #include <functional>
+#include <utility>
 
 namespace {
 
@@ -161,8 +162,8 @@ bool WantedFieldsPresent(const LotusPerson& person, const std::wstring& Wanted)
     return mayMiss >= 0;
 }
 
-bool SearchInPublicAdressBook(LotusSession& session, const LotusAddressBook& Book, const std::wstring& Number,
-                              LotusPerson& person, bool Show)
+bool SearchInPublicAdressBook(LotusSession& session, const LotusAddressBook& book, const std::wstring& number,
+                              LotusPerson& person, bool show)
 {
     if (!session.LotusReady) return false;
     bool found = false;
@@ -170,62 +171,60 @@ bool SearchInPublicAdressBook(LotusSession& session, const LotusAddressBook& Boo
         const LotusPerson before = person;
         Object document;
         bool isKnown = false;
-        const std::shared_ptr<OpenBook> kept = askBook(session, Book, [&](OpenBook& open) {
+        const std::shared_ptr<OpenBook> kept = askBook(session, book, [&](OpenBook& open) {
             person = before;
-            isKnown = findPerson(session, open, Number, person, Show ? &document : nullptr);
+            isKnown = findPerson(session, open, number, person, show ? &document : nullptr);
         });
-        if (isKnown && Show) showOnce(Book, document);
+        if (isKnown && show) showOnce(book, document);
         found = isKnown;
     };
-    trapErrors(L"SearchInPublicAdressBook", search, [&] { logNoAccess(session, Book, L"SearchInPublicAdressBook"); });
+    trapErrors(search, [&] { logNoAccess(session, book, L"SearchInPublicAdressBook"); });
     return found;
 }
 
-bool SearchByNumber(LotusSession& session, const std::wstring& Number, LotusPerson& person, bool Show,
-                    const std::wstring& Wanted, LotusAddressBook& FoundBook)
+LotusSearchResult SearchByNumber(LotusSession& session, const std::wstring& number, bool show,
+                                 const std::wstring& wanted, LotusPerson known)
 {
-    if (!session.LotusReady) return false;
+    LotusSearchResult result{false, std::move(known), {}};
     // A copy: a re-initialisation during a call may replace the list.
     for (const LotusAddressBook& book : std::vector(session.LotusAddressBooks)) {
-        if (!SearchInPublicAdressBook(session, book, Number, person, Show)) continue;
-        if (!Wanted.empty() && !WantedFieldsPresent(person, Wanted)) continue;
-        FoundBook = book;
-        return true;
+        if (!SearchInPublicAdressBook(session, book, number, result.person, show)) continue;
+        if (!wanted.empty() && !WantedFieldsPresent(result.person, wanted)) continue;
+        result.book = book;
+        result.isFound = true;
+        break;
     }
-    return false;
+    return result;
 }
 
-bool SearchInPublicAdressBookByMail(LotusSession& session, const std::wstring& Mail, const LotusAddressBook& Book,
-                                    std::wstring& Phone, std::wstring& LastName, std::wstring& FirstName, bool Show)
+bool SearchInPublicAdressBookByMail(LotusSession& session, const std::wstring& mail, const LotusAddressBook& book,
+                                    Party& person, bool show)
 {
     if (!session.LotusReady) return false;
     bool found = false;
     const auto search = [&] {
-        const Object database = notesDatabase(session, Book);
-        const bool isKeyed = !Book.ViewMail.empty();
-        const std::wstring& name = isKeyed ? Book.ViewMail : Book.MainView;
+        const Object database = notesDatabase(session, book);
+        const bool isKeyed = !book.ViewMail.empty();
+        const std::wstring& name = isKeyed ? book.ViewMail : book.MainView;
         if (name.empty()) return;
         const Object view = database.get(L"GetView", {name}).object();
-        const Object document = findDocument(view, isKeyed, Book.MailAddress, {Mail});
+        const Object document = findDocument(view, isKeyed, book.MailAddress, {mail});
         if (!document) return;
-        LastName = firstItemValue(document, Book.LastName);
-        FirstName = firstItemValue(document, Book.FirstName);
-        Phone = FirstNonEmptyItemValue(document, Book.PhoneNumber);
-        if (!Phone.empty() && Show) openDocument(Book, document, false);
+        person.lastName = firstItemValue(document, book.LastName);
+        person.firstName = firstItemValue(document, book.FirstName);
+        person.number = FirstNonEmptyItemValue(document, book.PhoneNumber);
+        if (!person.number.empty() && show) openDocument(book, document, false);
         found = true;
     };
-    trapErrors(L"SearchInPublicAdressBookByMail", search,
-               [&] { logNoAccess(session, Book, L"SearchInPublicAdressBookByMail"); });
+    trapErrors(search,
+               [&] { logNoAccess(session, book, L"SearchInPublicAdressBookByMail"); });
     return found;
 }
 
-bool SearchByMail(LotusSession& session, const std::wstring& Mail, std::wstring& Phone, std::wstring& LastName,
-                  std::wstring& FirstName, bool Show)
+bool SearchByMail(LotusSession& session, const std::wstring& mail, Party& person, bool show)
 {
-    if (!session.LotusReady) return false;
     for (const LotusAddressBook& book : std::vector(session.LotusAddressBooks))
-        if (SearchInPublicAdressBookByMail(session, Mail, book, Phone, LastName, FirstName, Show) && !Phone.empty())
-            return true;
+        if (SearchInPublicAdressBookByMail(session, mail, book, person, show) && !person.number.empty()) return true;
     return false;
 }
 
@@ -233,7 +232,7 @@ std::wstring FindNoteIdInPersonalBook(const LotusSession& session, const std::ws
 {
     std::wstring noteId;
     if (!session.LotusReady || session.nSelectedPersonal == -1) return noteId;
-    trapErrors(L"FindNoteIdInPersonalBook", [&] {
+    trapErrors([&] {
         const LotusAddressBook book = session.LotusAddressBooks.at(session.nSelectedPersonal);
         askBook(session, book, [&](OpenBook& open) {
             open.forget(); // somebody may have saved the contact just now: it must not be made twice

@@ -2,12 +2,13 @@
 // address. No error leaves these procedures: a failing search has found nobody.
 #pragma once
 
+#include "common/party.h"
 #include "lotus/lotus_session.h"
 
 #include <string>
 #include <vector>
 
-// What a search finds out. It stays as it was until a document is found.
+// What a search finds out.
 struct LotusPerson {
     std::wstring LastName;
     std::wstring FirstName;
@@ -24,20 +25,27 @@ std::wstring BuildFullTextQuery(const std::vector<std::wstring>& ItemNames, cons
 // may be missing, a single one may not.
 bool WantedFieldsPresent(const LotusPerson& person, const std::wstring& Wanted);
 
+struct LotusSearchResult {
+    bool isFound = false;
+    LotusPerson person;    // not found: perhaps one without the wanted fields
+    LotusAddressBook book; // the person's
+};
+
 // Searches the books in their order for a person with the number and the
-// wanted fields ("" for none) and, with `Show`, opens each document found. A
-// person without the wanted fields stays in `person` although the result is False.
-bool SearchByNumber(LotusSession& session, const std::wstring& Number, LotusPerson& person, bool Show,
-                    const std::wstring& Wanted, LotusAddressBook& FoundBook);
-bool SearchInPublicAdressBook(LotusSession& session, const LotusAddressBook& Book, const std::wstring& Number,
-                              LotusPerson& person, bool Show);
+// wanted fields ("" for none) and, with `show`, opens each document found.
+// What is known already of the person stays where no document tells it.
+LotusSearchResult SearchByNumber(LotusSession& session, const std::wstring& number, bool show,
+                                 const std::wstring& wanted = L"", LotusPerson known = {});
+
+// The same in one book. `person` stays as it was where no document is found.
+bool SearchInPublicAdressBook(LotusSession& session, const LotusAddressBook& book, const std::wstring& number,
+                              LotusPerson& person, bool show);
 
 // Searches the books in their order for the telephone number of the person
-// with the mail address.
-bool SearchByMail(LotusSession& session, const std::wstring& Mail, std::wstring& Phone, std::wstring& LastName,
-                  std::wstring& FirstName, bool Show);
-bool SearchInPublicAdressBookByMail(LotusSession& session, const std::wstring& Mail, const LotusAddressBook& Book,
-                                    std::wstring& Phone, std::wstring& LastName, std::wstring& FirstName, bool Show);
+// with the mail address. `person` stays as it was until a document is found.
+bool SearchByMail(LotusSession& session, const std::wstring& mail, Party& person, bool show);
+bool SearchInPublicAdressBookByMail(LotusSession& session, const std::wstring& mail, const LotusAddressBook& book,
+                                    Party& person, bool show);
 
 // The NoteId of the document with exactly this number in the selected personal
 // address book; "" when there is none.

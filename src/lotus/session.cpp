@@ -82,5 +82,23 @@ void InitLotus(LotusSession& session, bool NewLog)
         openHistory(session);
         session.LotusReady = true;
     };
-    trapErrors(L"InitLotus", open, [&] { giveUp(session); });
+    trapErrors(open, [&] { giveUp(session); });
+}
+
+void requireLotusInitialisation(LotusSession& session)
+{
+    session.LotusMustInit = true;
+}
+
+void reopenLotus(LotusSession& session)
+{
+    requireLotusInitialisation(session);
+    InitLotus(session, false);
+}
+
+void notesHasGone(LotusSession& session)
+{
+    if (session.LotusMustInit) return;
+    session.LotusMustInit = true;
+    session.NotesSession = Object();
 }

@@ -1,4 +1,4 @@
-// Opens the Lotus Notes session: session object, the user's mail file, the
+// Opens and ends the Lotus Notes session: session object, the user's mail file, the
 // connector's databases, the log document, the settings.
 #pragma once
 
@@ -8,3 +8,14 @@
 // called at any time; starts Notes when it does not run. `NewLog` asks for a
 // new log document. No error leaves it.
 void InitLotus(LotusSession& session, bool NewLog);
+
+// The next `InitLotus` has something to do, whatever is open.
+void requireLotusInitialisation(LotusSession& session);
+
+// Opens the session anew, with the log document that it has: its settings may have
+// changed. No error leaves it.
+void reopenLotus(LotusSession& session);
+
+// Notes was closed: lets the session object go, unless the session waits for its
+// initialisation anyway. `LotusReady` stays, and brings the session back.
+void notesHasGone(LotusSession& session);

@@ -37,7 +37,7 @@ std::wstring sectionOfBook(std::int16_t index)
 std::wstring serverOfSession(const LotusSession& session)
 {
     std::wstring server;
-    trapErrors(L"ServerName", [&] { server = notesSession(session).get(L"ServerName").text(); });
+    trapErrors([&] { server = notesSession(session).get(L"ServerName").text(); });
     return server.empty() ? session.MailServer : server;
 }
 
@@ -133,7 +133,7 @@ std::wstring dumpOf(const LotusAddressBook& book, std::size_t index, bool select
 
 void ReadLotusBaseDescription(const LotusSession& session, std::int16_t index, LotusAddressBook& book)
 {
-    trapErrors(L"ReadLotusBaseDescription", [&] {
+    trapErrors([&] {
         const IniFile ini = iniFile(session);
         const std::string section = automation::ansi(sectionOfBook(index));
         const auto read = [&](const char* key) { return ini.read(section.c_str(), key, ""); };
@@ -152,7 +152,7 @@ void ReadLotusBaseDescription(const LotusSession& session, std::int16_t index, L
 
 void ReadLotusIni(LotusSession& session)
 {
-    trapErrors(L"ReadLotusIni", [&] {
+    trapErrors([&] {
         const IniFile ini = iniFile(session);
         session.nSelectedPersonal = -1;
         session.nbPublicAddressBook = automation::int16FromText(ini.read(lotusSection, "NbPublicAddressBook", "0"));
@@ -166,7 +166,7 @@ void ReadLotusIni(LotusSession& session)
 
 void ReadLotusPersonalLogIni(LotusSession& session)
 {
-    trapErrors(L"ReadLotusPersonalLogIni", [&] {
+    trapErrors([&] {
         const IniFile ini = iniFile(session);
         PersonalLogDescription& log = session.LotusPersonalLog;
         const auto read = [&](const char* key) { return ini.read("lotus personnel log description", key, ""); };
@@ -183,7 +183,7 @@ void ReadLotusPersonalLogIni(LotusSession& session)
 
 void DumpLotusAddressBooks(LotusSession& session)
 {
-    trapErrors(L"DumpLotusAddressBooks", [&] {
+    trapErrors([&] {
         std::wstring text;
         for (std::size_t k = 0; k < session.LotusAddressBooks.size(); ++k)
             text += dumpOf(session.LotusAddressBooks[k], k,

@@ -3,24 +3,22 @@
 #include "common/error_trap.h"
 #include "common/text.h"
 
-std::wstring FillTemplate(const std::wstring& szTemplate, const std::wstring& phoneNumber,
-                          const std::wstring& lastName, const std::wstring& firstName)
+std::wstring FillTemplate(const std::wstring& text, const Party& caller)
 {
-    std::wstring text = replaceAll(szTemplate, L"<LastName>", lastName);
-    text = replaceAll(std::move(text), L"<PhoneNumber>", phoneNumber);
-    return replaceAll(std::move(text), L"<FirstName>", firstName);
+    std::wstring filled = replaceAll(text, L"<LastName>", caller.lastName);
+    filled = replaceAll(std::move(filled), L"<PhoneNumber>", caller.number);
+    return replaceAll(std::move(filled), L"<FirstName>", caller.firstName);
 }
 
-std::wstring MakeCallBackText(const OutlookSession& session, const std::wstring& phoneNumber,
-                              const std::wstring& lastName, const std::wstring& firstName)
+std::wstring MakeCallBackText(const OutlookSession& session, const Party& caller)
 {
-    return FillTemplate(session.szCallBackMailSyntaxe, phoneNumber, lastName, firstName);
+    return FillTemplate(session.szCallBackMailSyntaxe, caller);
 }
 
 bool SendOutlookMail(OutlookSession& session, const std::wstring& to, const std::wstring& subject)
 {
     bool displayed = false;
-    trapErrors(L"SendOutlookMail", [&] {
+    trapErrors([&] {
         const automation::Object mail = newOutlookItem(session, OutlookItemType::mail);
         mail.put(L"Subject", subject);
         mail.put(L"Body", L"");

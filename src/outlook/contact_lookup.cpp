@@ -7,6 +7,7 @@
 #include "outlook/telephone_fields.h"
 
 #include <optional>
+#include <utility>
 
 namespace {
 
@@ -57,7 +58,7 @@ std::optional<Match> walkedMatch(const OutlookSession& session, const std::wstri
 std::optional<Match> namedMatch(const OutlookSession& session, const std::wstring& entryId, const std::wstring& sought)
 {
     std::optional<Match> match;
-    trapErrors(L"namedMatch", [&] {
+    trapErrors([&] {
         const Object nameSpace = session.OutlookNameSpace;
         match = matchOf(session, asContact(session, nameSpace.get(L"GetItemFromID", {entryId})), sought);
     });
@@ -76,23 +77,15 @@ std::optional<Match> firstMatch(OutlookSession& session, const std::wstring& sou
     return isAsTold && stillHolds(answer) ? match : walkedMatch(session, sought);
 }
 
-// What FindOutlookContact tells of a contact. Outlook guards the address and may
-// refuse it: the identifier is read first, so that the contact is recognised all
-// the same, and the address last.
-struct FoundContact {
-    std::wstring& entryId;
-    std::wstring& lastName;
-    std::wstring& firstName;
-    std::wstring& email1Address;
-
-    void readFrom(const Object& contact) const
-    {
-        entryId = contact.get(L"EntryID").text();
-        lastName = contact.get(L"LastName").text();
-        firstName = contact.get(L"FirstName").text();
-        email1Address = contact.get(L"Email1Address").text();
-    }
-};
+// Outlook guards the address and may refuse it: the identifier is read first, so
+// that the contact is recognised all the same, and the address last.
+void read(const Object& contact, OutlookPerson& person)
+{
+    person.entryId = contact.get(L"EntryID").text();
+    person.lastName = contact.get(L"LastName").text();
+    person.firstName = contact.get(L"FirstName").text();
+    person.email1Address = contact.get(L"Email1Address").text();
+}
 
 }
 
@@ -115,11 +108,10 @@ bool PhoneNumberMatches(const OutlookSession& session, const std::wstring& sough
     return true;
 }
 
-bool WalkOutlookContacts(OutlookSession& session, const std::wstring& number, const std::wstring&,
-                         const std::wstring&, const std::wstring&, Object& contact)
+Object WalkOutlookContacts(OutlookSession& session, const std::wstring& number)
 {
-    bool found = false;
-    trapErrors(L"WalkOutlookContacts", [&] {
+    Object contact;
+    trapErrors([&] {
         const std::wstring sought = StripPhoneNumber(number);
         const std::optional<Match> match = firstMatch(session, sought);
         if (!match) return;
@@ -128,31 +120,31 @@ bool WalkOutlookContacts(OutlookSession& session, const std::wstring& number, co
             match->contact.call(L"Close", {std::int16_t{0}});
         }
         contact = match->contact;
-        found = true;
     });
-    return found;
+    return contact;
 }
 
-std::wstring FindOutlookContact(OutlookSession& session, const std::wstring& number, std::wstring& lastName,
-                                std::wstring& firstName, std::wstring& email1Address)
+OutlookPerson FindOutlookContact(OutlookSession& session, const std::wstring& number, OutlookPerson known)
 {
-    std::wstring entryId;
-    trapErrors(L"FindOutlookContact", [&] {
-        const FoundContact found{entryId, lastName, firstName, email1Address};
+    OutlookPerson person = std::move(known);
+    person.entryId.clear();
+    trapErrors([&] {
         Object contact = filteredContact(session, number);
-        if (contact) found.readFrom(contact);
-        if (entryId.empty() && WalkOutlookContacts(session, number, lastName, firstName, email1Address, contact))
-            found.readFrom(contact);
+        if (contact) read(contact, person);
+        if (!person.entryId.empty()) return;
+        contact = WalkOutlookContacts(session, number);
+        if (contact) read(contact, person);
     });
-    return entryId;
+    return person;
 }
 
 bool ShowOutlookContact(OutlookSession& session, const std::wstring& number)
 {
     bool shown = false;
-    trapErrors(L"ShowOutlookContact", [&] {
+    trapErrors([&] {
         Object contact = filteredContact(session, number);
-        if (!contact && !WalkOutlookContacts(session, number, L"", L"", L"", contact)) return;
+        if (!contact) contact = WalkOutlookContacts(session, number);
+        if (!contact) return;
         contact.call(L"Display");
         shown = true;
     });

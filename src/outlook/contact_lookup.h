@@ -18,16 +18,21 @@ std::wstring BuildPhoneFilter(const std::wstring& number);
 bool PhoneNumberMatches(const OutlookSession& session, const std::wstring& sought, const std::wstring& field,
                         bool& needsRewrite);
 
-// The first contact in the folder's order with the number; a number written
-// otherwise is rewritten and saved. The three texts are accepted and not read.
-bool WalkOutlookContacts(OutlookSession& session, const std::wstring& number, const std::wstring& lastName,
-                         const std::wstring& firstName, const std::wstring& email, automation::Object& contact);
+// What Outlook tells of a contact.
+struct OutlookPerson {
+    std::wstring lastName;
+    std::wstring firstName;
+    std::wstring email1Address;
+    std::wstring entryId; // "" of nobody
+};
 
-// The EntryID of the contact with the number, its names and mail address in
-// the three texts. "" when there is none: the texts then stay as they were. So
-// does the text that Outlook refuses to tell, and those after it.
-std::wstring FindOutlookContact(OutlookSession& session, const std::wstring& number, std::wstring& lastName,
-                                std::wstring& firstName, std::wstring& email1Address);
+// The first contact in the folder's order with the number, empty when there is
+// none; a number written otherwise is rewritten and saved.
+automation::Object WalkOutlookContacts(OutlookSession& session, const std::wstring& number);
+
+// The contact with the number. When there is none the three texts are those that
+// are known already. So is the text that Outlook refuses to tell, and those after it.
+OutlookPerson FindOutlookContact(OutlookSession& session, const std::wstring& number, OutlookPerson known = {});
 
 // Opens the contact with the number on the screen; whether one was shown.
 bool ShowOutlookContact(OutlookSession& session, const std::wstring& number);

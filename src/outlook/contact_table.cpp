@@ -131,7 +131,7 @@ Object openTable(OutlookSession& session)
 TableAnswer askTable(OutlookSession& session, const std::wstring& sought)
 {
     TableAnswer answer;
-    trapErrors(L"askTable", [&] {
+    trapErrors([&] {
         if (session.tablesAreGuarded) return;
         answer.table = openTable(session);
         if (!answer.table) return;
@@ -167,7 +167,7 @@ TableAnswer whoMayHave(OutlookSession& session, const std::wstring& sought)
 bool stillHolds(const TableAnswer& answer)
 {
     bool holds = false;
-    trapErrors(L"stillHolds", [&] { holds = answer.table.get(L"GetRowCount").int32() == answer.rows; });
+    trapErrors([&] { holds = answer.table.get(L"GetRowCount").int32() == answer.rows; });
     return holds;
 }
 

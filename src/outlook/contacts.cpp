@@ -8,19 +8,14 @@ namespace {
 
 using automation::Object;
 
-struct NewContact {
-    std::wstring number; // stripped
-    std::wstring lastName;
-    std::wstring firstName;
-};
-
 Object addContact(OutlookSession& session)
 {
     session.keptAnswers.entries.clear(); // somebody may have the number now
     return contactItems(session).get(L"Add").object().sharing(session.names.contact);
 }
 
-void fillAndSave(const Object& item, const NewContact& contact)
+// The number is stripped here and below.
+void fillAndSave(const Object& item, const Party& contact)
 {
     item.put(L"FirstName", contact.firstName);
     item.put(L"LastName", contact.lastName);
@@ -28,7 +23,7 @@ void fillAndSave(const Object& item, const NewContact& contact)
     item.call(L"Close", {std::int16_t{0}});
 }
 
-void logNewContact(OutlookSession& session, const NewContact& contact)
+void logNewContact(OutlookSession& session, const Party& contact)
 {
     session.szLastLogText = L"New contact " + contact.number + L" " + contact.lastName + L" " + contact.firstName;
     LogToOutlookJournal(session, session.szLastLogText);
@@ -36,14 +31,14 @@ void logNewContact(OutlookSession& session, const NewContact& contact)
 
 }
 
-std::wstring CreateOutlookContact(OutlookSession& session, const Object& entry)
+std::wstring CreateOutlookContact(OutlookSession& session, const SoftphoneEntry& entry)
 {
     std::wstring entryId;
-    trapErrors(L"CreateOutlookContact", [&] {
+    trapErrors([&] {
         const Object item = addContact(session);
-        const std::wstring number = entry.get(L"Number").text();
-        const std::wstring firstName = entry.get(L"FirstName").text();
-        const NewContact contact{StripPhoneNumber(number), entry.get(L"LastName").text(), firstName};
+        const std::wstring number = entry.number();
+        const std::wstring firstName = entry.firstName();
+        const Party contact{StripPhoneNumber(number), entry.lastName(), firstName};
         fillAndSave(item, contact);
         entryId = item.get(L"EntryID").text();
         logNewContact(session, contact);
@@ -51,12 +46,11 @@ std::wstring CreateOutlookContact(OutlookSession& session, const Object& entry)
     return entryId;
 }
 
-std::wstring NewOutlookContact(OutlookSession& session, const std::wstring& phoneNumber, const std::wstring& lastName,
-                               const std::wstring& firstName, bool display)
+std::wstring NewOutlookContact(OutlookSession& session, const Party& party, bool display)
 {
     std::wstring entryId;
-    trapErrors(L"NewOutlookContact", [&] {
-        const NewContact contact{StripPhoneNumber(phoneNumber), lastName, firstName};
+    trapErrors([&] {
+        const Party contact{StripPhoneNumber(party.number), party.lastName, party.firstName};
         const Object item = addContact(session);
         fillAndSave(item, contact);
         if (display) item.call(L"Display");

@@ -2,14 +2,15 @@
 // Callers test `bOutlookInit` first; no error leaves these procedures.
 #pragma once
 
+#include "common/party.h"
+#include "common/softphone_records.h"
 #include "outlook/outlook_session.h"
 
 #include <string>
 
 // A contact for an entry of the softphone's address book. Its EntryID, "" on failure.
-std::wstring CreateOutlookContact(OutlookSession& session, const automation::Object& entry);
+std::wstring CreateOutlookContact(OutlookSession& session, const SoftphoneEntry& entry);
 
 // A contact from plain texts, opened on the screen when `display` is set. Its
 // EntryID, "" on failure.
-std::wstring NewOutlookContact(OutlookSession& session, const std::wstring& phoneNumber, const std::wstring& lastName,
-                               const std::wstring& firstName, bool display);
+std::wstring NewOutlookContact(OutlookSession& session, const Party& party, bool display);

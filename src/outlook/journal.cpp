@@ -10,23 +10,19 @@ namespace {
 using automation::Object;
 
 // The other party of a call.
-struct Party {
-    std::wstring number;
-    std::wstring lastName;
-    std::wstring firstName;
+struct OtherParty : Party {
     bool contactKnown = false;
 };
 
-Party partyOf(OutlookSession& session, const Object& historyItem, const std::wstring& number, bool createContact)
+OtherParty partyOf(OutlookSession& session, const SoftphoneHistoryItem& historyItem, const std::wstring& number,
+                   bool createContact)
 {
-    Party party{number, L"", L""};
-    std::wstring email;
-    party.contactKnown = !FindOutlookContact(session, number, party.lastName, party.firstName, email).empty();
+    const OutlookPerson known = FindOutlookContact(session, number);
+    OtherParty party{{number, known.lastName, known.firstName}, !known.entryId.empty()};
     if (party.contactKnown) return party;
-    party.lastName = historyItem.get(L"LastName").text();
-    party.firstName = historyItem.get(L"FirstName").text();
-    if (createContact)
-        party.contactKnown = !NewOutlookContact(session, number, party.lastName, party.firstName, false).empty();
+    party.lastName = historyItem.lastName();
+    party.firstName = historyItem.firstName();
+    if (createContact) party.contactKnown = !NewOutlookContact(session, party, false).empty();
     return party;
 }
 
@@ -42,7 +38,7 @@ bool AddRecipient(OutlookSession& session, const Object& item, const std::wstrin
                   const std::wstring& firstName)
 {
     bool added = false;
-    trapErrors(L"AddRecipient", [&] {
+    trapErrors([&] {
         const Object recipients = item.get(L"Recipients").object().sharing(session.names.recipients);
         recipients.call(L"Add", {firstName + L" " + lastName});
         added = true;
@@ -50,23 +46,26 @@ bool AddRecipient(OutlookSession& session, const Object& item, const std::wstrin
     return added;
 }
 
-std::wstring CreateOutlookHistoItem(OutlookSession& session, const Object& historyItem, bool createContact)
+std::wstring CreateOutlookHistoItem(OutlookSession& session, const SoftphoneHistoryItem& historyItem,
+                                    bool createContact)
 {
     std::wstring entryId;
-    trapErrors(L"CreateOutlookHistoItem", [&] {
+    trapErrors([&] {
         const Object item = newOutlookItem(session, OutlookItemType::journal);
-        const bool incoming = historyItem.get(L"Incoming").truth();
-        const std::wstring number = historyItem.get(L"Number").text();
-        const Party party = number.empty() ? Party{} : partyOf(session, historyItem, number, createContact);
+        const bool incoming = historyItem.incoming().truth();
+        const std::wstring number = historyItem.number();
+        const OtherParty party = number.empty() ? OtherParty{} : partyOf(session, historyItem, number, createContact);
         item.put(L"Subject", (incoming ? L"* " : L"") + subjectFor(session, party));
-        item.put(L"Start", historyItem.get(L"BeginDate"));
-        item.put(L"End", historyItem.get(L"EndDate"));
+        item.put(L"Start", historyItem.beginDate());
+        item.put(L"End", historyItem.endDate());
         item.put(L"Type", L"Phone Call");
         if (!number.empty()) {
             if (party.contactKnown) AddRecipient(session, item, party.lastName, party.firstName);
             else AddRecipient(session, item, number, L"");
         }
-        item.put(L"Body", TranslateCallType(callTypeText(historyItem, incoming), session.dictionary));
+        const std::wstring type =
+            callTypeText(incoming, historyItem.state(), [&] { return historyItem.acknowledged(); });
+        item.put(L"Body", TranslateCallType(type, session.dictionary));
         item.call(L"Close", {std::int16_t{0}});
         entryId = item.get(L"EntryID").text();
     });

@@ -1,6 +1,7 @@
 // A call of the softphone's history as an Outlook journal item.
 #pragma once
 
+#include "common/softphone_records.h"
 #include "outlook/outlook_session.h"
 
 #include <string>
@@ -13,5 +14,5 @@ bool AddRecipient(OutlookSession& session, const automation::Object& item, const
 // Makes the journal item of one call, and with `createContact` a contact for a
 // party that Outlook does not know. The journal item's EntryID, "" on failure.
 // No error leaves it.
-std::wstring CreateOutlookHistoItem(OutlookSession& session, const automation::Object& historyItem,
+std::wstring CreateOutlookHistoItem(OutlookSession& session, const SoftphoneHistoryItem& historyItem,
                                     bool createContact);

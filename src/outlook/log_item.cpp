@@ -5,7 +5,7 @@
 
 void LogToOutlookJournal(OutlookSession& session, const std::wstring& text)
 {
-    trapErrors(L"LogToOutlookJournal", [&] {
+    trapErrors([&] {
         const automation::Value now = automation::Value::date(session.host.now());
         const std::wstring line = now.text() + L" " + text;
         const bool isFirst = !session.OutlookLogItem;

@@ -3,6 +3,8 @@
 #include "common/error_trap.h"
 #include "outlook/settings.h"
 
+#include <utility>
+
 namespace {
 
 using automation::Object;
@@ -62,5 +64,25 @@ void InitOutlook(OutlookSession& session)
         loadDictionary(session);
         session.bOutlookInit = true;
     };
-    trapErrors(L"InitOutlook", open, [&] { giveUp(session); });
+    trapErrors(open, [&] { giveUp(session); });
+}
+
+void reopenOutlook(OutlookSession& session)
+{
+    session.bOutlookInit = false;
+    InitOutlook(session);
+}
+
+void outlookHasGone(OutlookSession& session)
+{
+    if (!session.bOutlookInit) return;
+    session.bOutlookInit = false;
+    session.OutlookApp = Object();
+}
+
+void quitOutlook(OutlookSession& session)
+{
+    if (!std::exchange(session.bOutlookInit, false) || !session.bQuitOutlook) return;
+    const Object outlook = session.OutlookApp;
+    outlook.call(L"quit");
 }

@@ -1,4 +1,4 @@
-// Opens the Outlook session: application, MAPI namespace, default folders.
+// Opens and ends the Outlook session: application, MAPI namespace, default folders.
 #pragma once
 
 #include "outlook/outlook_session.h"
@@ -6,3 +6,13 @@
 // Does nothing while the session is open; success shows in `bOutlookInit`. May
 // be called at any time; starts Outlook when it does not run. No error leaves it.
 void InitOutlook(OutlookSession& session);
+
+// The same, also while the session is open: its settings may have changed.
+void reopenOutlook(OutlookSession& session);
+
+// Outlook was closed: lets go what is held of it, unless the session is not open.
+void outlookHasGone(OutlookSession& session);
+
+// Ends an open session because the program stops, and Outlook with it where the
+// settings say so. Throws AutomationError when Outlook does not take that.
+void quitOutlook(OutlookSession& session);

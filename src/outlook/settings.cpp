@@ -44,7 +44,7 @@ auto watchedSettings(const OutlookSession& session)
 bool ReadOutlookIni(OutlookSession& session)
 {
     bool unchanged = false;
-    trapErrors(L"ReadOutlookIni", [&] {
+    trapErrors([&] {
         const auto before = watchedSettings(session);
         const IniFile ini(session.host.configuration().szFileConnectorIni);
         session.szCallBackMailSyntaxe = ini.read(section, "CallBackMailSyntaxe", "");

@@ -1,5 +1,6 @@
 #include "shell/call_watch.h"
 
+#include "automation/border.h"
 #include "automation/error.h"
 #include "automation/outgoing_call.h"
 
@@ -14,12 +15,8 @@ CallWatch::CallWatch(Times times)
 
 CallWatch::~CallWatch()
 {
-    SetEvent(finished_);
-    if (thread_) {
-        WaitForSingleObject(thread_, INFINITE);
-        CloseHandle(thread_);
-    }
-    CloseHandle(finished_);
+    SetEvent(finished_.get());
+    if (thread_) WaitForSingleObject(thread_.get(), INFINITE);
 }
 
 void CallWatch::start(std::function<void()> onLongCall, std::function<void()> end)
@@ -27,7 +24,7 @@ void CallWatch::start(std::function<void()> onLongCall, std::function<void()> en
     if (thread_) return;
     onLongCall_ = std::move(onLongCall);
     end_ = std::move(end);
-    thread_ = CreateThread(nullptr, 0, run, this, 0, nullptr);
+    thread_.reset(CreateThread(nullptr, 0, run, this, 0, nullptr));
     if (!thread_) throw automation::AutomationError(L"CreateThread", HRESULT_FROM_WIN32(GetLastError()));
 }
 
@@ -49,11 +46,12 @@ bool CallWatch::longAgo(const std::atomic<DWORD>& moment) const noexcept
     return when != 0 && GetTickCount() - when >= times_.patience;
 }
 
-DWORD WINAPI CallWatch::run(void* watch)
+DWORD WINAPI CallWatch::run(void* watch) noexcept
 {
-    const auto* const self = static_cast<CallWatch*>(watch);
-    while (WaitForSingleObject(self->finished_, self->times_.interval) == WAIT_TIMEOUT && self->look()) {}
-    return 0;
+    return automation::atBorder(DWORD{1}, [self = static_cast<CallWatch*>(watch)] {
+        while (WaitForSingleObject(self->finished_.get(), self->times_.interval) == WAIT_TIMEOUT && self->look()) {}
+        return DWORD{0};
+    });
 }
 
 // Whether there is anything left to watch.

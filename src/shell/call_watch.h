@@ -3,6 +3,8 @@
 // program stoppable. It makes no call of its own and knows nothing of the form.
 #pragma once
 
+#include "automation/owners.h"
+
 #include <windows.h>
 
 #include <atomic>
@@ -32,7 +34,7 @@ public:
     bool callIsLong() const noexcept;
 
 private:
-    static DWORD WINAPI run(void* watch);
+    static DWORD WINAPI run(void* watch) noexcept;
     bool longAgo(const std::atomic<DWORD>& moment) const noexcept;
     bool look() const;
 
@@ -41,6 +43,6 @@ private:
     std::atomic<DWORD> stopAsked_{0}; // as GetTickCount tells it; 0 when not asked
     std::function<void()> onLongCall_;
     std::function<void()> end_;
-    HANDLE finished_;
-    HANDLE thread_ = nullptr;
+    automation::Handle finished_;
+    automation::Handle thread_;
 };

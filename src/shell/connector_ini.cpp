@@ -39,7 +39,7 @@ void chooseGroupwares(Configuration& configuration, const std::wstring& list)
 bool Hublink::ReadConnectorIni()
 {
     bool unchanged = false;
-    trapErrors(L"ReadConnectorIni", [&] {
+    trapErrors([&] {
         const auto before = comparedSwitches(configuration_);
         const IniFile ini(configuration_.szFileConnectorIni);
         if (killIfAsked(ini)) return;

@@ -16,7 +16,7 @@ bool belongs(HWND window, DWORD processId)
     return owner == processId;
 }
 
-BOOL CALLBACK look(HWND window, LPARAM parameter)
+BOOL CALLBACK look(HWND window, LPARAM parameter) noexcept
 {
     auto& search = *reinterpret_cast<Search*>(parameter);
     search.found = belongs(window, search.processId) && IsWindowVisible(window);
@@ -39,14 +39,13 @@ bool shows(HWND window, DWORD processId)
 
 void Hublink::TimerCallInlotus_Timer()
 {
-    trapErrors(L"TimerCallInlotus", [&] {
+    trapErrors([&] {
         const HWND front = GetForegroundWindow();
         if (!lotus_.LotusReady) return;
         HANDLE process = nullptr;
         // A look-up of its own: the supervision's tells but once that Notes was restarted.
         if (notesProcessId_ == 0) ProcessLookup().GetProcessHandle(L"nlnotes.exe", process, notesProcessId_);
         if (!shows(front, notesProcessId_)) return;
-        std::wstring lastName, firstName;
-        UpdateCurrentDocumentNumber(lotus_, lastName, firstName);
+        UpdateCurrentDocumentNumber(lotus_);
     });
 }

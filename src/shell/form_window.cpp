@@ -3,6 +3,7 @@
 #include "automation/error.h"
 #include "automation/outgoing_call.h"
 #include "common/error_trap.h"
+#include "common/under_way.h"
 #include "shell/resources.h"
 #include "shell/screen_scale.h"
 
@@ -61,7 +62,7 @@ void FormWindow::defer(std::function<void()> work)
     PostMessageW(window_, runDeferredMessage, 0, 0);
 }
 
-LRESULT CALLBACK FormWindow::procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam)
+LRESULT CALLBACK FormWindow::procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) noexcept
 {
     if (message == WM_NCCREATE)
         SetWindowLongPtrW(window, GWLP_USERDATA,
@@ -70,7 +71,7 @@ LRESULT CALLBACK FormWindow::procedure(HWND window, UINT message, WPARAM wParam,
     if (!form || !form->window_) return DefWindowProcW(window, message, wParam, lParam);
 
     LRESULT result = 0;
-    trapErrors(L"window message", [&] { result = form->handle(message, wParam, lParam); });
+    trapErrors([&] { result = form->handle(message, wParam, lParam); });
     return result;
 }
 
@@ -142,7 +143,7 @@ void FormWindow::runHeldBack()
     while (!heldBack_.empty()) {
         const std::function<void()> work = std::move(heldBack_.front());
         heldBack_.pop_front();
-        trapErrors(L"held back", work);
+        trapErrors(work);
     }
 }
 
@@ -187,11 +188,10 @@ void FormWindow::runDeferred()
 {
     if (runningDeferred_) return; // the work under way is finished first, then the rest
     if (automation::OutgoingCall::inProgress()) return retryLater();
-    runningDeferred_ = true;
+    const UnderWay running(runningDeferred_);
     while (!deferred_.empty()) {
         const std::function<void()> work = std::move(deferred_.front());
         deferred_.pop_front();
-        trapErrors(L"event", work);
+        trapErrors(work);
     }
-    runningDeferred_ = false;
 }

@@ -38,8 +38,9 @@ public:
     // a call to another program.
     void defer(std::function<void()> work);
 
-    // Runs `work` at once or, where no call may go out, soon afterwards: inside a
-    // call to another program, and inside a message that somebody sent and waits for.
+    // Runs `work` at once or, where no call may go out, from the next message loop or
+    // takeStopMessages(): inside a call to another program, and inside a message that
+    // somebody sent and waits for.
     void outsideCalls(std::function<void()> work);
 
     // Handles those waiting messages by which a user asks for a stop, and what
@@ -59,7 +60,7 @@ public:
     static constexpr UINT tickInterval = 5000; // milliseconds
 
 private:
-    static LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
+    static LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) noexcept;
     LRESULT handle(UINT message, WPARAM wParam, LPARAM lParam);
     void startTimer(UINT_PTR id);
     void timer(UINT_PTR id);

@@ -15,7 +15,7 @@ int pixels(const automation::Object& control, const wchar_t* member)
 void GetRelPt(HWND form, const automation::Object& control, float& x, float& y, std::int32_t& width,
               std::int32_t& height)
 {
-    trapErrors(L"GetRelPt", [&] {
+    trapErrors([&] {
         POINT corner{pixels(control, L"Left"), pixels(control, L"Top")};
         const int controlWidth = pixels(control, L"Width");
         const int controlHeight = pixels(control, L"Height");

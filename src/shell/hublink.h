@@ -18,6 +18,7 @@
 #include "shell/form_window.h"
 #include "shell/tray_icon_data.h"
 #include "softphone/pavex_interface.h"
+#include "softphone/softphone_session.h"
 
 #include <windows.h>
 
@@ -79,6 +80,7 @@ public:
     HWND hWnd() const { return window_.handle(); }
     OutlookSession& outlook() { return outlook_; }
     LotusSession& lotus() { return lotus_; }
+    SoftphoneSession& softphone() { return softphone_; }
     PavexInterface& link() { return gPavexInterface; }
 
 private:
@@ -110,6 +112,7 @@ private:
     FormWindow window_; // before what defers work to it, so that it outlives that
     OutlookSession outlook_;
     LotusSession lotus_;
+    SoftphoneSession softphone_;
     PavexInterface gPavexInterface;
     std::optional<FILETIME> gIniFileDate; // modification time when last read
     std::optional<FILETIME> staleKill_;   // the file's time when its "kill" could not be set back

@@ -6,7 +6,7 @@
 
 void Hublink::WriteLog(const std::wstring& szMessage)
 {
-    trapErrors(L"WriteLog", [&] {
+    trapErrors([&] {
         if (lotus_.LotusReady) WriteLotusLog(lotus_, szMessage);
         if (outlook_.bOutlookInit) LogToOutlookJournal(outlook_, szMessage);
         if (configuration_.Trace) showMessage(szMessage);

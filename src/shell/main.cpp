@@ -1,5 +1,6 @@
 // Wires the program together and runs its message loop.
 #include "automation/apartment.h"
+#include "automation/border.h"
 #include "automation/call_permission.h"
 #include "automation/message_filter.h"
 #include "automation/process_protection.h"
@@ -45,10 +46,9 @@ int run()
 }
 
 int WINAPI WinMain(HINSTANCE, HINSTANCE, LPSTR, int)
-try {
-    automation::protectProcess();
-    return run();
-} catch (const std::exception& error) {
-    OutputDebugStringA(error.what());
-    return 1;
+{
+    return automation::atBorder(1, [] {
+        automation::protectProcess();
+        return run();
+    });
 }

@@ -38,7 +38,7 @@ void Hublink::Form_MouseMove(int, int, double X, double)
     question_ = Question::waits;
     // A question inside a call would hold it up; one that may never end is another matter.
     if (callWatch_.callIsLong()) return askWhetherToStop();
-    window_.outsideCalls([this] { askWhetherToStop(); });
+    trapErrors([this] { window_.outsideCalls([this] { askWhetherToStop(); }); }, [this] { question_ = Question::none; });
 }
 
 void Hublink::askWhetherToStop()
@@ -46,7 +46,7 @@ void Hublink::askWhetherToStop()
     if (question_ != Question::waits) return;
     bool stop = false;
     question_ = Question::open;
-    trapErrors(L"Form_MouseMove", [&] {
+    trapErrors([&] {
         SetForegroundWindow(hWnd()); // else the question would not get the focus
         stop = messageBox(L"Do you want to really stop Hublink ?",
                           MB_YESNO | MB_ICONQUESTION | MB_DEFBUTTON2) == IDYES;

@@ -6,8 +6,3 @@ SingleInstance::SingleInstance()
       first_(mutex_ && GetLastError() != ERROR_ALREADY_EXISTS)
 {
 }
-
-SingleInstance::~SingleInstance()
-{
-    if (mutex_) CloseHandle(mutex_);
-}

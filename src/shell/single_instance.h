@@ -1,12 +1,11 @@
 // One Hublink a user session.
 #pragma once
 
-#include <windows.h>
+#include "automation/owners.h"
 
 class SingleInstance {
 public:
     SingleInstance();
-    ~SingleInstance();
     SingleInstance(const SingleInstance&) = delete;
     SingleInstance& operator=(const SingleInstance&) = delete;
 
@@ -14,6 +13,6 @@ public:
     bool isFirst() const noexcept { return first_; }
 
 private:
-    HANDLE mutex_;
+    automation::Handle mutex_;
     bool first_;
 };

@@ -2,6 +2,7 @@
 #include "common/error_trap.h"
 #include "common/files.h"
 #include "common/registry.h"
+#include "lotus/session.h"
 #include "shell/file_time.h"
 #include "shell/hublink.h"
 
@@ -21,7 +22,8 @@ constexpr const wchar_t* iniFileName = L"pavexconnector.ini";
 Hublink::Hublink(Desktop desktop, CallWatch::Times callTimes)
     : desktop_(std::move(desktop)), dictionary_(desktop_.programFolder), window_(*this),
       outlook_(*this, groupware_, dictionary_), lotus_(*this, groupware_, dictionary_),
-      gPavexInterface(*this, groupware_, outlook_, lotus_), trayIconData_(), callWatch_(callTimes)
+      softphone_(*this, groupware_, outlook_, lotus_),
+      gPavexInterface(softphone_), trayIconData_(), callWatch_(callTimes)
 {
 }
 
@@ -38,12 +40,12 @@ void Hublink::initProcessHandle()
 
 void Hublink::Form_Load()
 {
-    trapErrors(L"Form_Load", [&] {
+    trapErrors([&] {
         hPavexProcess = nullptr;
         hOutlookProcess = nullptr;
         hNotesProcess = nullptr;
         groupware_.nbInitFailure = 0;
-        lotus_.LotusMustInit = true;
+        requireLotusInitialisation(lotus_);
         initProcessHandle();
         configuration_.szPathPavex = RegGetString(HKEY_LOCAL_MACHINE, appPathsKey, L"Path");
         configuration_.szServer = RegGetString(HKEY_CURRENT_USER, userKey, L"HostZRB");

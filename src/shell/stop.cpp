@@ -1,5 +1,8 @@
 #include "common/error_trap.h"
+#include "common/under_way.h"
+#include "outlook/session.h"
 #include "shell/hublink.h"
+#include "softphone/identifier_map.h"
 
 #include <shellapi.h>
 
@@ -7,7 +10,7 @@
 
 void Hublink::watchCalls()
 {
-    trapErrors(L"watchCalls", [&] {
+    trapErrors([&] {
         const auto end = [this, icon = trayIconData_]() mutable {
             desktop_.notifyShell(NIM_DELETE, icon);
             desktop_.endProcess();
@@ -27,11 +30,8 @@ void Hublink::StopConnector()
 
 void Hublink::letGroupwareGo()
 {
-    trapErrors(L"StopConnector", [&] {
-        if (std::exchange(outlook_.bOutlookInit, false) && outlook_.bQuitOutlook) {
-            const automation::Object outlook = outlook_.OutlookApp;
-            outlook.call(L"quit");
-        }
+    trapErrors([&] {
+        quitOutlook(outlook_);
         WriteLog(L"Stop Connector");
     });
 }
@@ -39,19 +39,15 @@ void Hublink::letGroupwareGo()
 void Hublink::StopAll()
 {
     if (ending_) return;
-    trapErrors(L"StopAll", [&] {
+    trapErrors([&] {
         // A map server that is missing or dead ends this try; the next one
         // goes on without it: a program must not be impossible to stop.
-        if (!std::exchange(mapWasTold_, true)) {
-            const automation::Object map = gPavexInterface.hashID;
-            map.call(L"StopOrvelConvertId");
-        }
-        ending_ = true; // the box lets ticks through
+        if (!std::exchange(mapWasTold_, true)) closeIdentifierMap(softphone_);
+        const UnderWay ending(ending_); // the box lets ticks through
         desktop_.notifyShell(NIM_DELETE, trayIconData_);
         if (configuration_.Trace) showMessage(L"The End !!!");
         desktop_.endProcess();
     });
-    ending_ = false;
 }
 
 void Hublink::Form_Terminate()
@@ -67,7 +63,7 @@ void Hublink::sessionEnds()
 
 void Hublink::letUserStop()
 {
-    trapErrors(L"letUserStop", [&] {
+    trapErrors([&] {
         window_.takeStopMessages();
         if (!configuration_.gStop) obeyKill();
     });

@@ -1,5 +1,6 @@
 #include "automation/error.h"
 #include "common/error_trap.h"
+#include "common/under_way.h"
 #include "lotus/session.h"
 #include "outlook/session.h"
 #include "shell/file_time.h"
@@ -19,15 +20,14 @@ void Hublink::SupervisionPavex_Timer()
     // A message box of a tick is open: further ticks only watch for a stop,
     // else unattended boxes would pile up.
     if (!bProcessWatchReady || inTick_) return;
-    inTick_ = true;
-    trapErrors(L"SupervisionPavex", [&] {
+    const UnderWay tick(inTick_);
+    trapErrors([&] {
         offerTrayIcon();
         superviseSoftphone();
         superviseNotes();
         superviseOutlook();
         superviseIniFile();
     });
-    inTick_ = false;
 }
 
 void Hublink::superviseSoftphone()
@@ -37,27 +37,18 @@ void Hublink::superviseSoftphone()
     gPavexInterface.Kill();
 }
 
-// `LotusReady` stays on while Notes is away, and brings the session back.
 void Hublink::superviseNotes()
 {
     if (!lotus_.LotusReady) return;
-    const bool running = isRunning(L"nlnotes.exe", hNotesProcess);
-    if (!lotus_.LotusMustInit && !running) {
-        lotus_.LotusMustInit = true;
-        lotus_.NotesSession = automation::Object();
-    }
-    if (lotus_.LotusMustInit && running) gPavexInterface.InitConnector(true);
+    if (!isRunning(L"nlnotes.exe", hNotesProcess)) return notesHasGone(lotus_);
+    if (lotus_.LotusMustInit) gPavexInterface.InitConnector(true);
 }
 
 void Hublink::superviseOutlook()
 {
     if (!configuration_.bgWithOutlook) return;
-    const bool running = isRunning(L"OUTLOOK.exe", hOutlookProcess);
-    if (outlook_.bOutlookInit && !running) {
-        outlook_.bOutlookInit = false;
-        outlook_.OutlookApp = automation::Object();
-    }
-    if (!outlook_.bOutlookInit && running) gPavexInterface.InitConnector(true);
+    if (!isRunning(L"OUTLOOK.exe", hOutlookProcess)) return outlookHasGone(outlook_);
+    if (!outlook_.bOutlookInit) gPavexInterface.InitConnector(true);
 }
 
 void Hublink::superviseIniFile()
@@ -68,8 +59,6 @@ void Hublink::superviseIniFile()
     WriteLog(L"Reload Ini data");
     gIniFileDate = changed;
     ReadConnectorIni();
-    lotus_.LotusMustInit = true;
-    InitLotus(lotus_, false);
-    outlook_.bOutlookInit = false;
-    InitOutlook(outlook_);
+    reopenLotus(lotus_);
+    reopenOutlook(outlook_);
 }

@@ -1,3 +1,5 @@
+#include "softphone/address_book.h"
+
 #include "common/error_trap.h"
 #include "common/phone_number.h"
 #include "lotus/contacts.h"
@@ -5,103 +7,108 @@
 #include "lotus/search.h"
 #include "outlook/contact_lookup.h"
 #include "outlook/contacts.h"
-#include "softphone/pavex_interface.h"
+#include "softphone/identifier_map.h"
 #include "softphone/softphone_members.h"
+
+namespace {
 
 using automation::Object;
 
-void PavexInterface::CreateOutlookContactFromPavex(const Object& Obj)
+void logNewContact(SoftphoneSession& session, int created, const wchar_t* where, const std::wstring& number,
+                   const SoftphoneEntry& entry)
 {
-    trapErrors(L"CreateOutlookContactFromPavex", [&] {
-        const std::wstring entryId = CreateOutlookContact(outlook_, Obj);
-        if (entryId.empty()) return;
-        insertId(hashID, entryId, softphoneIdOf(Obj), MapApplication::outlook, MapCollection::contacts);
-    });
+    const std::wstring lastName = entry.lastName();
+    session.host.WriteLog(std::to_wstring(created) + where + number + L" " + lastName + L" " + entry.firstName());
 }
 
-void PavexInterface::CreateLotusContactFromPavex(const Object& Obj)
+void mirrorInLotus(SoftphoneSession& session, const SoftphoneEntry& entry, const std::wstring& id,
+                   const std::wstring& number, int& created)
 {
-    trapErrors(L"CreateLotusContactFromPavex", [&] {
-        const std::wstring noteId = CreateContactFromEntry(lotus_, Obj);
-        if (noteId.empty()) return;
-        insertId(hashID, noteId, softphoneIdOf(Obj), MapApplication::lotus, MapCollection::contacts);
-    });
+    if (!mappedId(session.hashID, id, MapApplication::lotus).empty()) return;
+    const std::wstring known = FindNoteIdInPersonalBook(session.lotus, number);
+    if (known.empty()) {
+        logNewContact(session, ++created, L" In lotus ", number, entry);
+        CreateLotusContactFromPavex(session, entry);
+    } else {
+        insertId(session.hashID, known, id, MapApplication::lotus, MapCollection::contacts);
+    }
+    session.host.pause(session.host.configuration().tempo);
 }
 
-void PavexInterface::adressbookPavex_OnRepertoryNewEntry(const Object& eltEntry)
+void mirrorInOutlook(SoftphoneSession& session, const SoftphoneEntry& entry, const std::wstring& id,
+                     const std::wstring& number, int& created)
 {
-    if (!host_.configuration().bgWithRepertory) return;
-    if (outlook_.bOutlookInit) CreateOutlookContactFromPavex(eltEntry);
-    if (lotus_.LotusReady) CreateLotusContactFromPavex(eltEntry);
+    if (!mappedId(session.hashID, id, MapApplication::outlook).empty()) return;
+    const std::wstring known = FindOutlookContact(session.outlook, number).entryId;
+    if (known.empty()) {
+        logNewContact(session, ++created, L" In OutLook ", number, entry);
+        CreateOutlookContactFromPavex(session, entry);
+    } else {
+        insertId(session.hashID, known, id, MapApplication::outlook, MapCollection::contacts);
+    }
+    session.host.pause(session.host.configuration().tempo);
 }
 
-void PavexInterface::InsertRepertory()
+void mirror(SoftphoneSession& session, const SoftphoneEntry& entry, int& created)
 {
-    if (!lotus_.LotusReady && !outlook_.bOutlookInit) return;
-    const BooksKeptOpen books(lotus_);
-    host_.WriteLog(L"Start repertory Synchronisation ");
-    trapErrors(L"InsertRepertory", [&] { host_.WriteLog(walkRepertory()); },
-               [&] { host_.WriteLog(L"Pb In Repertory Synchronisation"); });
+    const std::wstring number = StripPhoneNumber(entry.number());
+    const std::wstring id = textFromSoftphoneId(entry.id());
+    if (session.lotus.LotusReady) mirrorInLotus(session, entry, id, number, created);
+    if (session.outlook.bOutlookInit) mirrorInOutlook(session, entry, id, number, created);
 }
 
 // Walks the entries from the last index down; the result is the final log line.
-std::wstring PavexInterface::walkRepertory()
+std::wstring walk(SoftphoneSession& session)
 {
-    const Object book = adressbookPavex;
+    const Object book = session.adressbookPavex;
     std::int16_t remaining = book.get(softphone::records::count).int16();
-    ++repertoryWalks_;
+    ++session.repertoryWalks;
     int created = 0;
     while (remaining >= 1) {
-        host_.letUserStop();
-        if (host_.configuration().gStop) return L"Abort Repertory Synchronisation";
+        session.host.letUserStop();
+        if (session.host.configuration().gStop) return L"Abort Repertory Synchronisation";
         --remaining;
         const Object entry = book.get(softphone::records::atIndex, {std::int32_t{remaining}}).object();
-        mirrorEntry(entry.sharing(entryNames_), created);
-        host_.pause(host_.configuration().tempo1);
+        mirror(session, SoftphoneEntry(entry.sharing(session.names.entry)), created);
+        session.host.pause(session.host.configuration().tempo1);
     }
     return L"Repertory Synchronisation Ok";
 }
 
-void PavexInterface::mirrorEntry(const Object& entry, int& created)
-{
-    const std::wstring number = StripPhoneNumber(entry.get(L"Number").text());
-    const std::wstring id = softphoneIdOf(entry);
-    if (lotus_.LotusReady) mirrorEntryInLotus(entry, id, number, created);
-    if (outlook_.bOutlookInit) mirrorEntryInOutlook(entry, id, number, created);
 }
 
-void PavexInterface::mirrorEntryInLotus(const Object& entry, const std::wstring& id, const std::wstring& number,
-                                        int& created)
+void InsertRepertory(SoftphoneSession& session)
 {
-    if (!mappedId(hashID, id, MapApplication::lotus).empty()) return;
-    const std::wstring known = FindNoteIdInPersonalBook(lotus_, number);
-    if (known.empty()) {
-        logNewContact(++created, L" In lotus ", number, entry);
-        CreateLotusContactFromPavex(entry);
-    } else {
-        insertId(hashID, known, id, MapApplication::lotus, MapCollection::contacts);
-    }
-    host_.pause(host_.configuration().tempo);
+    if (!session.lotus.LotusReady && !session.outlook.bOutlookInit) return;
+    const BooksKeptOpen books(session.lotus);
+    session.host.WriteLog(L"Start repertory Synchronisation ");
+    trapErrors([&] { session.host.WriteLog(walk(session)); },
+               [&] { session.host.WriteLog(L"Pb In Repertory Synchronisation"); });
 }
 
-void PavexInterface::mirrorEntryInOutlook(const Object& entry, const std::wstring& id, const std::wstring& number,
-                                          int& created)
+void adressbookPavex_OnRepertoryNewEntry(SoftphoneSession& session, const SoftphoneEntry& entry)
 {
-    if (!mappedId(hashID, id, MapApplication::outlook).empty()) return;
-    std::wstring lastName, firstName, mail;
-    const std::wstring known = FindOutlookContact(outlook_, number, lastName, firstName, mail);
-    if (known.empty()) {
-        logNewContact(++created, L" In OutLook ", number, entry);
-        CreateOutlookContactFromPavex(entry);
-    } else {
-        insertId(hashID, known, id, MapApplication::outlook, MapCollection::contacts);
-    }
-    host_.pause(host_.configuration().tempo);
+    if (!session.host.configuration().bgWithRepertory) return;
+    if (session.outlook.bOutlookInit) CreateOutlookContactFromPavex(session, entry);
+    if (session.lotus.LotusReady) CreateLotusContactFromPavex(session, entry);
 }
 
-void PavexInterface::logNewContact(int created, const wchar_t* where, const std::wstring& number, const Object& entry)
+void CreateOutlookContactFromPavex(SoftphoneSession& session, const SoftphoneEntry& entry)
 {
-    const std::wstring lastName = entry.get(L"LastName").text();
-    host_.WriteLog(std::to_wstring(created) + where + number + L" " + lastName + L" " +
-                   entry.get(L"FirstName").text());
+    trapErrors([&] {
+        const std::wstring entryId = CreateOutlookContact(session.outlook, entry);
+        if (entryId.empty()) return;
+        insertId(session.hashID, entryId, textFromSoftphoneId(entry.id()), MapApplication::outlook,
+                 MapCollection::contacts);
+    });
+}
+
+void CreateLotusContactFromPavex(SoftphoneSession& session, const SoftphoneEntry& entry)
+{
+    trapErrors([&] {
+        const std::wstring noteId = CreateContactFromEntry(session.lotus, entry);
+        if (noteId.empty()) return;
+        insertId(session.hashID, noteId, textFromSoftphoneId(entry.id()), MapApplication::lotus,
+                 MapCollection::contacts);
+    });
 }

@@ -1,3 +1,5 @@
+#include "softphone/call_handling.h"
+
 #include "common/error_trap.h"
 #include "lotus/calendars.h"
 #include "lotus/contacts.h"
@@ -8,77 +10,95 @@
 #include "outlook/contact_table.h"
 #include "outlook/contacts.h"
 #include "softphone/last_call.h"
-#include "softphone/pavex_interface.h"
 
 namespace {
 
 // A marker between these procedures; the softphone knows nothing of it.
 constexpr const wchar_t* forwarded = L"TI_LINESTATECAUSE_FORWARD";
 
+// Whom Outlook finds is the destination from then on.
+void sendCallBackMail(OutlookSession& outlook, const Party& caller, Party& destination)
+{
+    const OutlookPerson known{destination.lastName, destination.firstName, L"", L""};
+    const OutlookPerson found = FindOutlookContact(outlook, destination.number, known);
+    destination.lastName = found.lastName;
+    destination.firstName = found.firstName;
+    if (!found.entryId.empty() && !found.email1Address.empty())
+        SendOutlookMail(outlook, found.email1Address, MakeCallBackText(outlook, caller));
 }
 
-void PavexInterface::LineObj_OnLineNewCall(const automation::Object& ccall)
+void showCaller(SoftphoneSession& session, const Party& caller)
 {
-    const AnswersOfOneEvent answers(outlook_);
-    const BooksKeptOpen books(lotus_);
-    trapErrors(L"LineObj_OnLineNewCall", [&] {
-        const std::wstring number = ccall.get(L"Number").text();
-        gPhoneNumberCalled = number;
-        if (!number.empty()) {
-            SetLastCallInfo(outlook_, lotus_, gPhoneNumberCalled, gLastNameCalled, gFirstNameCalled);
-            if (gLastNameCalled.empty()) {
-                gLastNameCalled = ccall.get(L"LastName").text();
-                gFirstNameCalled = ccall.get(L"FirstName").text();
-            }
-        }
-        gDestinationNumber.clear();
-        if (!ccall.get(L"Incoming").truth() || number.empty()) return;
+    OutlookSession& outlook = session.outlook;
+    if (outlook.bOutlookInit && !ShowOutlookContact(outlook, caller.number) &&
+        session.host.configuration().bgSetNewContact)
+        NewOutlookContact(outlook, caller, true);
+    ShowOrCreateCaller(session.lotus, caller);
+}
 
-        gDestinationNumber = ccall.get(L"DestinationNumber").text();
-        if (!gDestinationNumber.empty())
-            SetLastCallInfo(outlook_, lotus_, gDestinationNumber, gDestinationLastName, gDestinationFirstName);
-        DoCallAction(false, true);
+void rememberCaller(SoftphoneSession& session, const SoftphoneCall& call)
+{
+    const Party caller = SetLastCallInfo(session, session.gPhoneNumberCalled);
+    session.gLastNameCalled = caller.lastName;
+    session.gFirstNameCalled = caller.firstName;
+    if (!caller.lastName.empty()) return;
+    session.gLastNameCalled = call.lastName();
+    session.gFirstNameCalled = call.firstName();
+}
+
+void rememberDestination(SoftphoneSession& session)
+{
+    const Party destination = SetLastCallInfo(session, session.gDestinationNumber);
+    session.gDestinationLastName = destination.lastName;
+    session.gDestinationFirstName = destination.firstName;
+}
+
+}
+
+void LineObj_OnLineNewCall(SoftphoneSession& session, const SoftphoneCall& call)
+{
+    const AnswersOfOneEvent answers(session.outlook);
+    const BooksKeptOpen books(session.lotus);
+    trapErrors([&] {
+        const std::wstring number = call.number();
+        session.gPhoneNumberCalled = number;
+        if (!number.empty()) rememberCaller(session, call);
+        session.gDestinationNumber.clear();
+        if (!call.isIncoming() || number.empty()) return;
+
+        session.gDestinationNumber = call.destinationNumber();
+        if (!session.gDestinationNumber.empty()) rememberDestination(session);
+        DoCallAction(session, false, true);
     });
 }
 
-void PavexInterface::DoCallAction(bool force, bool sendcallbakmsg)
+void DoCallAction(SoftphoneSession& session, bool force, bool sendCallBackMessage)
 {
-    trapErrors(L"DoCallAction", [&] {
-        const bool isForwarded = !gDestinationNumber.empty() && sendcallbakmsg;
-        ProcessCallAction(host_, outlook_, lotus_, gPhoneNumberCalled, gLastNameCalled, gFirstNameCalled,
-                          isForwarded ? gDestinationNumber : L"", L"", L"", isForwarded ? forwarded : L"", force);
+    trapErrors([&] {
+        const Party caller{session.gPhoneNumberCalled, session.gLastNameCalled, session.gFirstNameCalled};
+        const bool isForwarded = !session.gDestinationNumber.empty() && sendCallBackMessage;
+        const Party destination{isForwarded ? session.gDestinationNumber : L"", L"", L""};
+        ProcessCallAction(session, caller, destination, isForwarded ? forwarded : L"", force);
     });
 }
 
-void PavexInterface::DisplayGroupwareInfo()
+void DisplayGroupwareInfo(SoftphoneSession& session)
 {
-    if (lotus_.LotusReady) ShowGroupCalendars(lotus_, gDestinationNumber);
+    ShowGroupCalendars(session.lotus, session.gDestinationNumber);
 }
 
-void ProcessCallAction(Host& host, OutlookSession& outlook, LotusSession& lotus, std::wstring PhoneNumber,
-                       std::wstring LastName, std::wstring FirstName, std::wstring DestNumber,
-                       std::wstring DestLastName, std::wstring DestFirstName, const std::wstring& Cause, bool force)
+void ProcessCallAction(SoftphoneSession& session, const Party& caller, Party destination, const std::wstring& cause,
+                       bool force)
 {
-    const auto sendCallBackMail = [&] {
-        std::wstring mail;
-        const std::wstring entryId = FindOutlookContact(outlook, DestNumber, DestLastName, DestFirstName, mail);
-        if (!entryId.empty() && !mail.empty())
-            SendOutlookMail(outlook, mail, MakeCallBackText(outlook, PhoneNumber, LastName, FirstName));
-    };
-    trapErrors(L"ProcessCallAction", [&] {
-        const Configuration& configuration = host.configuration();
-        if (Cause == forwarded) {
+    trapErrors([&] {
+        const Configuration& configuration = session.host.configuration();
+        if (cause == forwarded) {
             if (configuration.bgWithCallBackMail || force) {
-                if (outlook.bOutlookInit) sendCallBackMail();
-                if (lotus.LotusReady)
-                    SendPhoneMessage(lotus, PhoneNumber, FirstName, LastName, DestNumber, DestLastName, DestFirstName);
+                if (session.outlook.bOutlookInit) sendCallBackMail(session.outlook, caller, destination);
+                SendPhoneMessage(session.lotus, caller, destination);
             }
-            if (lotus.bPopUpGrpwAgenda && lotus.LotusReady) ShowGroupCalendars(lotus, DestNumber);
+            if (session.lotus.bPopUpGrpwAgenda) ShowGroupCalendars(session.lotus, destination.number);
         }
-        if (configuration.bgWithPopUp || force) {
-            if (outlook.bOutlookInit && !ShowOutlookContact(outlook, PhoneNumber) && configuration.bgSetNewContact)
-                NewOutlookContact(outlook, PhoneNumber, LastName, FirstName, true);
-            if (lotus.LotusReady) ShowOrCreateCaller(lotus, PhoneNumber, LastName, FirstName);
-        }
+        if (configuration.bgWithPopUp || force) showCaller(session, caller);
     });
 }

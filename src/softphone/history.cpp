@@ -1,75 +1,82 @@
+#include "softphone/history.h"
+
 #include "common/error_trap.h"
 #include "lotus/history.h"
 #include "lotus/open_books.h"
 #include "outlook/journal.h"
-#include "softphone/pavex_interface.h"
+#include "softphone/identifier_map.h"
 #include "softphone/softphone_members.h"
+
+namespace {
 
 using automation::Object;
 
-void PavexInterface::SetHistoItemOutlook(const Object& histoObj, bool bnewContact, const std::wstring& id)
+void mirror(SoftphoneSession& session, const SoftphoneHistoryItem& item)
 {
-    trapErrors(L"SetHistoItemOutlook", [&] {
-        const std::wstring entryId = CreateOutlookHistoItem(outlook_, histoObj, bnewContact);
-        if (entryId.empty()) return;
-        insertId(hashID, entryId, id.empty() ? historyIdOf(histoObj) : id, MapApplication::outlook,
-                 MapCollection::history);
-    });
-}
-
-void PavexInterface::SetHistoItemLotus(const Object& histoObj, const std::wstring& id)
-{
-    trapErrors(L"SetHistoItemLotus", [&] {
-        const std::wstring noteId = CreateHistoryDocument(lotus_, histoObj);
-        if (noteId.empty()) return;
-        insertId(hashID, noteId, id.empty() ? historyIdOf(histoObj) : id, MapApplication::lotus,
-                 MapCollection::history);
-    });
-}
-
-void PavexInterface::histo_OnHistoricNewItem(const Object& item)
-{
-    trapErrors(L"histo_OnHistoricNewItem", [&] {
-        if (!host_.configuration().bgWithHisto) return;
-        if (outlook_.bOutlookInit) SetHistoItemOutlook(item, false);
-        if (lotus_.LotusReady) SetHistoItemLotus(item);
-    });
-}
-
-void PavexInterface::InitHisto()
-{
-    if (!lotus_.LotusReady && !outlook_.bOutlookInit) return;
-    const BooksKeptOpen books(lotus_);
-    host_.WriteLog(L"start History Synchronisation ");
-    trapErrors(L"InitHisto", [&] { host_.WriteLog(walkHistory()); },
-               [&] { host_.WriteLog(L"Pb in History Synchronisation"); });
+    const std::wstring id = textFromSoftphoneId(item.id());
+    if (session.lotus.LotusReady && mappedId(session.hashID, id, MapApplication::lotus).empty()) {
+        SetHistoItemLotus(session, item, id);
+        session.host.pause(session.host.configuration().tempo);
+    }
+    if (session.outlook.bOutlookInit && mappedId(session.hashID, id, MapApplication::outlook).empty()) {
+        SetHistoItemOutlook(session, item, session.host.configuration().bgSetNewContact, id);
+        session.host.pause(session.host.configuration().tempo);
+    }
 }
 
 // Walks the items from index 0 upward; the result is the final log line.
-std::wstring PavexInterface::walkHistory()
+std::wstring walk(SoftphoneSession& session)
 {
-    const Object history = histo;
+    const Object history = session.histo;
     const std::int32_t count = history.get(softphone::records::count).int32();
-    ++historyWalks_;
+    ++session.historyWalks;
     for (std::int32_t index = 0; index < count; ++index) {
-        host_.letUserStop();
-        if (host_.configuration().gStop) return L"Abort History Synchronisation";
+        session.host.letUserStop();
+        if (session.host.configuration().gStop) return L"Abort History Synchronisation";
         const Object item = history.get(softphone::records::atIndex, {index}).object();
-        mirrorHistoryItem(item.sharing(historyItemNames_));
-        host_.pause(host_.configuration().tempo1);
+        mirror(session, SoftphoneHistoryItem(item.sharing(session.names.historyItem)));
+        session.host.pause(session.host.configuration().tempo1);
     }
     return L"History Synchronisation Ok";
 }
 
-void PavexInterface::mirrorHistoryItem(const Object& item)
+}
+
+void InitHisto(SoftphoneSession& session)
 {
-    const std::wstring id = historyIdOf(item);
-    if (lotus_.LotusReady && mappedId(hashID, id, MapApplication::lotus).empty()) {
-        SetHistoItemLotus(item, id);
-        host_.pause(host_.configuration().tempo);
-    }
-    if (outlook_.bOutlookInit && mappedId(hashID, id, MapApplication::outlook).empty()) {
-        SetHistoItemOutlook(item, host_.configuration().bgSetNewContact, id);
-        host_.pause(host_.configuration().tempo);
-    }
+    if (!session.lotus.LotusReady && !session.outlook.bOutlookInit) return;
+    const BooksKeptOpen books(session.lotus);
+    session.host.WriteLog(L"start History Synchronisation ");
+    trapErrors([&] { session.host.WriteLog(walk(session)); },
+               [&] { session.host.WriteLog(L"Pb in History Synchronisation"); });
+}
+
+void histo_OnHistoricNewItem(SoftphoneSession& session, const SoftphoneHistoryItem& item)
+{
+    trapErrors([&] {
+        if (!session.host.configuration().bgWithHisto) return;
+        if (session.outlook.bOutlookInit) SetHistoItemOutlook(session, item, false);
+        SetHistoItemLotus(session, item);
+    });
+}
+
+void SetHistoItemOutlook(SoftphoneSession& session, const SoftphoneHistoryItem& item, bool newContact,
+                         const std::wstring& id)
+{
+    trapErrors([&] {
+        const std::wstring entryId = CreateOutlookHistoItem(session.outlook, item, newContact);
+        if (entryId.empty()) return;
+        insertId(session.hashID, entryId, id.empty() ? textFromSoftphoneId(item.id()) : id, MapApplication::outlook,
+                 MapCollection::history);
+    });
+}
+
+void SetHistoItemLotus(SoftphoneSession& session, const SoftphoneHistoryItem& item, const std::wstring& id)
+{
+    trapErrors([&] {
+        const std::wstring noteId = CreateHistoryDocument(session.lotus, item);
+        if (noteId.empty()) return;
+        insertId(session.hashID, noteId, id.empty() ? textFromSoftphoneId(item.id()) : id, MapApplication::lotus,
+                 MapCollection::history);
+    });
 }

@@ -1,39 +1,27 @@
 #include "softphone/identifier_map.h"
 
-#include "automation/enumeration.h"
 #include "common/error_trap.h"
 #include "softphone/map_server.h"
-#include "softphone/pavex_interface.h"
-#include "softphone/softphone_members.h"
 
 #include <algorithm>
 
 using automation::Object;
 using automation::Value;
 
-namespace {
-
-// What a look-up in the softphone told of a record. A failure tells nothing.
-enum class Presence { unknown, there, gone };
-
-Presence presenceOf(const wchar_t* procedure, const Object& records, const std::wstring& id)
+// Without a map the program goes on, its synchronisations end at their first
+// record. The old object is let go only when the new one is there: the server
+// would end between the two and read its whole store again.
+void openIdentifierMap(SoftphoneSession& session)
 {
-    Presence presence = Presence::unknown;
-    trapErrors(procedure, [&] {
-        const SoftphoneId wanted = softphoneIdFromText(id);
-        const Value found = records.get(softphone::records::byId, {wanted.IdHigh, wanted.IdLow});
-        presence = found.object() ? Presence::there : Presence::gone;
-    });
-    return presence;
+    Object fresh;
+    trapErrors([&] { fresh = createIdentifierMap(session.host); });
+    session.hashID = fresh;
 }
 
-// A softphone that is not reached, is left or is being upgraded has not lost its
-// records. Throws AutomationError when the list does not answer.
-void requireAnswer(const Object& records)
+void closeIdentifierMap(const SoftphoneSession& session)
 {
-    records.get(softphone::records::count);
-}
-
+    const Object map = session.hashID;
+    map.call(L"StopOrvelConvertId");
 }
 
 void insertId(const Object& map, const std::wstring& idAppli, const std::wstring& idOrvel, MapApplication application,
@@ -54,66 +42,3 @@ std::wstring mappedId(const Object& map, const std::wstring& idOrvel, MapApplica
     if (result.int32() == 0) return L"";
     return idAppli.text().substr(0, static_cast<std::size_t>(std::max(length.int32(), std::int32_t{0})));
 }
-
-std::wstring softphoneIdOf(const Object& entry)
-{
-    const std::int32_t high = entry.get(L"IdHigh").int32();
-    return textFromSoftphoneId({high, entry.get(L"IdLow").int32()});
-}
-
-std::wstring historyIdOf(const Object& item)
-{
-    const std::int32_t high = item.get(softphone::historyItem::idHigh).int32();
-    return textFromSoftphoneId({high, item.get(softphone::historyItem::idLow).int32()});
-}
-
-bool PavexInterface::InPavexRepertory(const std::wstring& Id)
-{
-    return presenceOf(L"InPavexRepertory", adressbookPavex, Id) == Presence::there;
-}
-
-bool PavexInterface::InPavexHistorique(const std::wstring& Id)
-{
-    return presenceOf(L"InPavexHistorique", histo, Id) == Presence::there;
-}
-
-void PavexInterface::PurgeId()
-{
-    PurgeIdHistorique();
-    PurgeIdRepertory();
-}
-
-void PavexInterface::PurgeIdRepertory()
-{
-    trapErrors(L"PurgeIdRepertory", [&] { purge(MapCollection::contacts, adressbookPavex, L"InPavexRepertory"); });
-}
-
-void PavexInterface::PurgeIdHistorique()
-{
-    trapErrors(L"PurgeIdHistorique", [&] { purge(MapCollection::history, histo, L"InPavexHistorique"); });
-}
-
-// Ends at the first sign that the softphone's list answers no more: what it has
-// not reached stays mapped, a look-up that fails on its own counts as "gone".
-void PavexInterface::purge(MapCollection collection, Object softphoneRecords, const wchar_t* lookUp)
-{
-    requireAnswer(softphoneRecords);
-    const Object server = createIdentifierMap(host_);
-    const automation::SharedNames names = automation::sharedNames();
-    automation::Enumeration records(server.get(L"idCollection", {static_cast<std::int32_t>(collection)}).object());
-    Value element;
-    while (records.next(element)) {
-        host_.letUserStop();
-        if (host_.configuration().gStop) return;
-        const Object record = element.object().sharing(names);
-        const std::wstring id = record.get(L"idOrvel").text();
-        const Presence presence = presenceOf(lookUp, softphoneRecords, id);
-        if (presence == Presence::there) continue;
-        if (presence == Presence::unknown) requireAnswer(softphoneRecords);
-        server.call(L"RemoveIdOrvel", {id, record.get(L"typApplication").int32()});
-    }
-}
-
-void PavexInterface::adressbookPavex_OnRepertoryDeleteEntry(std::int32_t, std::int32_t) {}
-
-void PavexInterface::histo_OnHistoricDeleteItem(std::int32_t, std::int32_t) {}

@@ -2,12 +2,21 @@
 #pragma once
 
 #include "automation/object.h"
+#include "softphone/softphone_session.h"
 
 #include <cstdint>
 #include <string>
 
 enum class MapApplication : std::int32_t { outlook = 0, lotus = 1 };
 enum class MapCollection : std::int32_t { history = 0, contacts = 1 };
+
+// Opens the map anew as the session's. Without one every use of it fails. No error
+// leaves it.
+void openIdentifierMap(SoftphoneSession& session);
+
+// Tells the map's server that the program ends, so that it closes its store. Throws
+// AutomationError.
+void closeIdentifierMap(const SoftphoneSession& session);
 
 // Remembers which groupware record mirrors a softphone record. Throws AutomationError.
 void insertId(const automation::Object& map, const std::wstring& idAppli, const std::wstring& idOrvel,
@@ -16,7 +25,3 @@ void insertId(const automation::Object& map, const std::wstring& idAppli, const 
 // The groupware identifier mapped to a softphone record, "" when it is not
 // mapped. Throws AutomationError.
 std::wstring mappedId(const automation::Object& map, const std::wstring& idOrvel, MapApplication application);
-
-// The softphone identifier text of an address-book entry, and of a history item.
-std::wstring softphoneIdOf(const automation::Object& entry);
-std::wstring historyIdOf(const automation::Object& item);

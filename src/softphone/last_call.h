@@ -1,14 +1,12 @@
 // What is known about the party of the last call.
 #pragma once
 
-#include "lotus/lotus_session.h"
-#include "outlook/outlook_session.h"
+#include "common/party.h"
+#include "softphone/softphone_session.h"
 
 #include <string>
 
-// Clears the two names, then fills them from the Outlook contact and from the
-// Notes document that own the number; what Notes has replaces what Outlook
-// has. A found document is published in the Notes environment, where agents
-// read it. No error leaves it.
-void SetLastCallInfo(OutlookSession& outlook, LotusSession& lotus, const std::wstring& Number, std::wstring& LastName,
-                     std::wstring& FirstName);
+// The names of whoever has the number: of the Outlook contact, or of the Notes
+// document where one is found, which is published in the Notes environment, where
+// agents read it. No error leaves it.
+Party SetLastCallInfo(SoftphoneSession& session, const std::wstring& number);

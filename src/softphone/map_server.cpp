@@ -1,6 +1,7 @@
 #include "softphone/map_server.h"
 
 #include "automation/error.h"
+#include "automation/owners.h"
 
 using automation::AutomationError;
 using automation::Object;
@@ -27,11 +28,11 @@ bool registerServer(const std::wstring& programFolder)
     if (!CreateProcessW(program.c_str(), command.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &start,
                         &process))
         return false;
+    const automation::Handle thread(process.hThread);
+    const automation::Handle server(process.hProcess);
     DWORD result = ERROR_TIMEOUT;
-    if (WaitForSingleObject(process.hProcess, registrationPatience) == WAIT_OBJECT_0)
-        GetExitCodeProcess(process.hProcess, &result);
-    CloseHandle(process.hThread);
-    CloseHandle(process.hProcess);
+    if (WaitForSingleObject(server.get(), registrationPatience) == WAIT_OBJECT_0)
+        GetExitCodeProcess(server.get(), &result);
     return result == 0;
 }
 

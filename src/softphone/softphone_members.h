@@ -1,5 +1,6 @@
-// The softphone's members that are bound by dispatch identifier: its type
-// library publishes interfaces, not names that a late-bound client could ask for.
+// The members of the softphone's own objects, which are bound by dispatch identifier:
+// its type library publishes interfaces, not names that a late-bound client could ask
+// for. Those of its records are in common/softphone_records.cpp.
 #pragma once
 
 #include <windows.h>
@@ -27,11 +28,6 @@ namespace records {
 inline constexpr DISPID count = 1;
 inline constexpr DISPID atIndex = 3; // 0-based
 inline constexpr DISPID byId = 4;    // (IdHigh, IdLow): the record, or Nothing
-}
-
-namespace historyItem {
-inline constexpr DISPID idHigh = 1;
-inline constexpr DISPID idLow = 2;
 }
 
 }

@@ -104,14 +104,7 @@ public:
 
     KeepingPoint point;
 
-    STDMETHODIMP QueryInterface(REFIID iid, void** result) override
-    {
-        if (iid != IID_IConnectionPointContainer) return Dispatch::QueryInterface(iid, result);
-        *result = static_cast<IConnectionPointContainer*>(&point);
-        AddRef();
-        return S_OK;
-    }
-    STDMETHODIMP GetTypeInfo(UINT, LCID, ITypeInfo** type) override
+    STDMETHODIMP GetTypeInfo(UINT, LCID, ITypeInfo** type) noexcept override
     {
         *type = ownType_.get();
         (*type)->AddRef();
@@ -119,6 +112,11 @@ public:
     }
 
 protected:
+    IUnknown* interfaceOf(REFIID iid) noexcept override
+    {
+        if (iid == IID_IConnectionPointContainer) return static_cast<IConnectionPointContainer*>(&point);
+        return Dispatch::interfaceOf(iid);
+    }
     DISPID idOf(std::wstring_view) override { return DISPID_UNKNOWN; }
     Value answer(const server::IncomingCall&) override { return {}; }
 
@@ -271,6 +269,19 @@ TEST_F(Events, HandlerThatThrows_HarmsNeitherTheSourceNorTheNextEvent)
     const Subscription subscription(Object(thing.get()), L"", {{L"OnThing", [&](EventArguments arguments) {
                                                                     ++calls;
                                                                     arguments.at(5).text();
+                                                                }}});
+    EXPECT_EQ(thing->events.raise(7, {}), 1);
+    EXPECT_EQ(thing->events.raise(7, {}), 1);
+    EXPECT_EQ(calls, 2);
+}
+
+TEST_F(Events, HandlerThatThrowsWhatIsNoStandardException_HarmsNobodyEither)
+{
+    const auto thing = makeThing();
+    int calls = 0;
+    const Subscription subscription(Object(thing.get()), L"", {{L"OnThing", [&](EventArguments) {
+                                                                    ++calls;
+                                                                    throw server::Failure{E_PENDING};
                                                                 }}});
     EXPECT_EQ(thing->events.raise(7, {}), 1);
     EXPECT_EQ(thing->events.raise(7, {}), 1);

@@ -5,6 +5,8 @@
 
 #include <gtest/gtest.h>
 
+#include <new>
+
 using automation::BusyMessageFilter;
 using automation::ComPtr;
 
@@ -65,6 +67,14 @@ TEST(BusyMessageFilter, IncomingCalls_AreServedAtAnyTime)
     for (const DWORD kind : {CALLTYPE_TOPLEVEL, CALLTYPE_NESTED, CALLTYPE_ASYNC, CALLTYPE_TOPLEVEL_CALLPENDING,
                              CALLTYPE_ASYNC_CALLPENDING})
         EXPECT_EQ(registered->HandleInComingCall(kind, nullptr, 0, nullptr), DWORD{SERVERCALL_ISHANDLED});
+}
+
+TEST(BusyMessageFilter, ProgramThatFailsWithAMessageDuringACall_IsGivenNoOtherAnswer)
+{
+    const BusyMessageFilter filter([] { throw std::bad_alloc(); });
+    const auto registered = current();
+    ASSERT_TRUE(registered);
+    EXPECT_EQ(registered->MessagePending(nullptr, 10'000, PENDINGTYPE_TOPLEVEL), DWORD{PENDINGMSG_WAITNOPROCESS});
 }
 
 TEST(BusyMessageFilter, MessageDuringACall_IsOfferedToTheProgram_AndOtherwiseLeftInTheQueue)

@@ -6,6 +6,8 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
+#include <new>
 #include <stdexcept>
 
 using automation::AutomationError;
@@ -44,6 +46,16 @@ public:
 
 protected:
     HRESULT admitCall(const server::IncomingCall&) override { return admission; }
+};
+
+// An object that fails when it is asked for a name.
+class Nameless final : public server::Dispatch {
+public:
+    std::function<DISPID()> onLookUp;
+
+protected:
+    DISPID idOf(std::wstring_view) override { return onLookUp(); }
+    Value answer(const server::IncomingCall&) override { return {}; }
 };
 
 const std::vector<server::MemberRow<Clumsy>>& Clumsy::members()
@@ -257,6 +269,18 @@ TEST(Dispatch, LiveObjects_AreCounted)
         EXPECT_EQ(server::Dispatch::live(), 2);
     }
     EXPECT_EQ(server::Dispatch::live(), 0);
+}
+
+TEST(Dispatch, LookUpThatThrows_IsAnsweredWithItsCode)
+{
+    const auto nameless = server::make<Nameless>();
+    wchar_t text[] = L"Name";
+    LPOLESTR name = text;
+    DISPID id = 0;
+    nameless->onLookUp = []() -> DISPID { throw std::bad_alloc(); };
+    EXPECT_EQ(nameless->GetIDsOfNames(IID_NULL, &name, 1, LOCALE_USER_DEFAULT, &id), E_OUTOFMEMORY);
+    nameless->onLookUp = []() -> DISPID { throw server::Failure{E_PENDING}; };
+    EXPECT_EQ(nameless->GetIDsOfNames(IID_NULL, &name, 1, LOCALE_USER_DEFAULT, &id), E_PENDING);
 }
 
 TEST(Dispatch, OtherInterfaces_AreNotOffered)

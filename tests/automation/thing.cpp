@@ -92,18 +92,15 @@ ComPtr<ITypeInfo> ThingLibrary::type(const GUID& guid) const
     return type;
 }
 
-STDMETHODIMP Thing::QueryInterface(REFIID iid, void** result)
+IUnknown* Thing::interfaceOf(REFIID iid) noexcept
 {
-    *result = nullptr;
-    if (iid == IID_IProvideClassInfo && manners_.classInfo) *result = static_cast<IProvideClassInfo*>(&classInfo_);
-    else if (iid == IID_IProvideClassInfo2 && manners_.defaultSource) *result = static_cast<IProvideClassInfo2*>(&classInfo_);
-    else if (iid == IID_IConnectionPointContainer) *result = events.container();
-    else return Dispatch::QueryInterface(iid, result);
-    AddRef();
-    return S_OK;
+    if (iid == IID_IProvideClassInfo && manners_.classInfo) return &classInfo_;
+    if (iid == IID_IProvideClassInfo2 && manners_.defaultSource) return &classInfo_;
+    if (IUnknown* const event = events.interfaceOf(iid)) return event;
+    return Dispatch::interfaceOf(iid);
 }
 
-STDMETHODIMP Thing::GetTypeInfo(UINT, LCID, ITypeInfo** type)
+STDMETHODIMP Thing::GetTypeInfo(UINT, LCID, ITypeInfo** type) noexcept
 {
     *type = manners_.ownType.get();
     if (!*type) return E_NOTIMPL;

@@ -42,18 +42,14 @@ struct ThingManners {
 };
 
 // The part of the object that tells its class: it shares the object's life.
-class ThingClassInfo final : public IProvideClassInfo2 {
+class ThingClassInfo final : public automation::Part<IProvideClassInfo2> {
 public:
-    ThingClassInfo(IDispatch* owner, const ThingManners& manners) : owner_(owner), manners_(manners) {}
+    ThingClassInfo(IDispatch* owner, const ThingManners& manners) : Part(owner), manners_(manners) {}
 
-    STDMETHODIMP QueryInterface(REFIID iid, void** result) override { return owner_->QueryInterface(iid, result); }
-    STDMETHODIMP_(ULONG) AddRef() override { return owner_->AddRef(); }
-    STDMETHODIMP_(ULONG) Release() override { return owner_->Release(); }
     STDMETHODIMP GetClassInfo(ITypeInfo** type) override;
     STDMETHODIMP GetGUID(DWORD kind, GUID* guid) override;
 
 private:
-    IDispatch* const owner_;
     const ThingManners& manners_;
 };
 
@@ -66,10 +62,10 @@ public:
 
     automation::server::EventPoint events;
 
-    STDMETHODIMP QueryInterface(REFIID iid, void** result) override;
-    STDMETHODIMP GetTypeInfo(UINT, LCID, ITypeInfo** type) override;
+    STDMETHODIMP GetTypeInfo(UINT, LCID, ITypeInfo** type) noexcept override;
 
 protected:
+    IUnknown* interfaceOf(REFIID iid) noexcept override;
     DISPID idOf(std::wstring_view) override { return DISPID_UNKNOWN; }
     automation::Value answer(const automation::server::IncomingCall&) override { return {}; }
 

@@ -1,6 +1,7 @@
 #include "common/call_type.h"
 
 #include "automation/error.h"
+#include "common/softphone_records.h"
 #include "support/raw_partner.h"
 #include "support/scratch_folder.h"
 
@@ -25,10 +26,16 @@ public:
     }
 };
 
+std::wstring textOf(RawPartner& partner, bool incoming)
+{
+    const SoftphoneHistoryItem item{Object(&partner)};
+    return callTypeText(incoming, item.state(), [&] { return item.acknowledged(); });
+}
+
 std::wstring textOf(std::int32_t state, std::int32_t acknowledged, bool incoming)
 {
     HistoryItem item(state, acknowledged);
-    return callTypeText(Object(&item), incoming);
+    return textOf(item, incoming);
 }
 
 class CallTypeDictionary : public testing::Test {
@@ -84,17 +91,17 @@ TEST(CallTypeText, AcknowledgedOtherThanOne_IsAnswered)
 TEST(CallTypeText, NumbersOfAnyType_AreUnderstood)
 {
     HistoryItem item(std::int16_t{12}, std::int16_t{1});
-    EXPECT_EQ(callTypeText(Object(&item), true), L"Incoming call unanswered");
+    EXPECT_EQ(textOf(item, true), L"Incoming call unanswered");
     HistoryItem texts(L"0", L"1");
-    EXPECT_EQ(callTypeText(Object(&texts), true), L"Incoming call acknowledged");
+    EXPECT_EQ(textOf(texts, true), L"Incoming call acknowledged");
 }
 
 TEST(CallTypeText, ItemWithoutItsMembers_IsAnError)
 {
     RawPartner empty;
-    EXPECT_THROW(callTypeText(Object(&empty), true), automation::AutomationError);
+    EXPECT_THROW(textOf(empty, true), automation::AutomationError);
     HistoryItem wrong(L"ringing", std::int32_t{0});
-    EXPECT_THROW(callTypeText(Object(&wrong), true), automation::AutomationError);
+    EXPECT_THROW(textOf(wrong, true), automation::AutomationError);
 }
 
 TEST_F(CallTypeDictionary, EachOfTheSixTexts_HasItsKey)

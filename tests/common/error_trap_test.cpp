@@ -5,13 +5,48 @@
 
 #include <gtest/gtest.h>
 
+#include <new>
 #include <stdexcept>
 
 namespace {
 
+using Names = std::vector<std::wstring>;
+
 void fail()
 {
     throw automation::AutomationError(L"Find", E_FAIL, L"Outlook", L"It is broken.");
+}
+
+void FindOutlookContact()
+{
+    trapErrors(fail);
+}
+
+struct Connector {
+    static bool ReadConnectorIni(const std::string& section)
+    {
+        trapErrors([&] { throw std::runtime_error(section); });
+        return false;
+    }
+};
+
+void trapInLambda()
+{
+    const auto look = [] { trapErrors(fail); };
+    look();
+}
+
+void handle()
+{
+    trapErrors(fail, fail);
+}
+
+void endOnAnything()
+{
+    trapErrors([] { throw std::runtime_error("first"); });
+    trapErrors([] { std::wstring().at(1); });
+    trapErrors([] { throw std::bad_alloc(); });
+    trapErrors([] { throw 4; });
 }
 
 }
@@ -20,7 +55,7 @@ TEST(ErrorTrap, ProcedureWithoutError_RunsToItsEnd_AndTellsNobody)
 {
     const support::TrappedErrors trapped;
     int done = 0;
-    trapErrors(L"Procedure", [&] { ++done; }, [&] { done += 10; });
+    trapErrors([&] { ++done; }, [&] { done += 10; });
     EXPECT_EQ(done, 1);
     EXPECT_TRUE(trapped.procedures.empty());
 }
@@ -29,7 +64,7 @@ TEST(ErrorTrap, ResultSetBeforeTheError_IsWhatRemains)
 {
     const support::TrappedErrors trapped;
     std::wstring result;
-    trapErrors(L"Procedure", [&] {
+    trapErrors([&] {
         result = L"before";
         fail();
         result = L"after";
@@ -40,27 +75,33 @@ TEST(ErrorTrap, ResultSetBeforeTheError_IsWhatRemains)
 TEST(ErrorTrap, Hook_IsToldProcedureAndError)
 {
     const support::TrappedErrors trapped;
-    trapErrors(L"FindOutlookContact", fail);
-    ASSERT_EQ(trapped.procedures, (std::vector<std::wstring>{L"FindOutlookContact"}));
+    FindOutlookContact();
+    ASSERT_EQ(trapped.procedures, Names{L"FindOutlookContact"});
     for (const char* part : {"Find", "0x80004005", "Outlook", "It is broken."})
         EXPECT_NE(trapped.errors[0].find(part), std::string::npos) << part;
+}
+
+TEST(ErrorTrap, TrapInAClassOrInALambda_NamesTheProcedureAroundIt)
+{
+    const support::TrappedErrors trapped;
+    Connector::ReadConnectorIni("Application");
+    trapInLambda();
+    EXPECT_EQ(trapped.procedures, (Names{L"ReadConnectorIni", L"trapInLambda"}));
 }
 
 TEST(ErrorTrap, EveryKindOfException_IsTrapped)
 {
     const support::TrappedErrors trapped;
-    trapErrors(L"First", [] { throw std::runtime_error("first"); });
-    trapErrors(L"Second", [] { std::wstring().at(1); });
-    trapErrors(L"Third", [] { throw std::bad_alloc(); });
-    EXPECT_EQ(trapped.procedures, (std::vector<std::wstring>{L"First", L"Second", L"Third"}));
-    EXPECT_EQ(trapped.errors[0], "first");
+    endOnAnything();
+    EXPECT_EQ(trapped.procedures, Names(4, L"endOnAnything"));
+    EXPECT_EQ(trapped.errors.at(0), "first");
 }
 
 TEST(ErrorTrap, Handler_RunsAfterAnErrorOnly)
 {
     const support::TrappedErrors trapped;
     std::string order;
-    trapErrors(L"Procedure", [&] { order += "body "; fail(); }, [&] { order += "handler"; });
+    trapErrors([&] { order += "body "; fail(); }, [&] { order += "handler"; });
     EXPECT_EQ(order, "body handler");
     EXPECT_EQ(trapped.procedures.size(), 1u);
 }
@@ -69,36 +110,56 @@ TEST(ErrorTrap, ErrorInTheHandler_EndsTheHandlerOnly_AndIsTold)
 {
     const support::TrappedErrors trapped;
     int reached = 0;
-    trapErrors(L"Procedure", fail, [&] {
+    trapErrors(fail, [&] {
         ++reached;
         fail();
         ++reached;
     });
     EXPECT_EQ(reached, 1);
-    EXPECT_EQ(trapped.procedures, (std::vector<std::wstring>{L"Procedure", L"Procedure"}));
+    handle();
+    ASSERT_EQ(trapped.procedures.size(), 4u);
+    EXPECT_EQ(trapped.procedures.at(2), L"handle");
+    EXPECT_EQ(trapped.procedures.at(3), L"handle");
 }
 
 TEST(ErrorTrap, InnerTrap_KeepsTheErrorFromTheOuterProcedure)
 {
     const support::TrappedErrors trapped;
     bool wentOn = false;
-    trapErrors(L"Outer", [&] {
-        trapErrors(L"Inner", fail);
+    trapErrors([&] {
+        FindOutlookContact();
         wentOn = true;
     });
     EXPECT_TRUE(wentOn);
-    EXPECT_EQ(trapped.procedures, (std::vector<std::wstring>{L"Inner"}));
+    EXPECT_EQ(trapped.procedures, Names{L"FindOutlookContact"});
 }
 
 TEST(ErrorTrap, NewHook_ReplacesAndHandsBackTheOldOne)
 {
     int first = 0;
     int second = 0;
-    const DiagnosticHook original = setDiagnosticHook([&](const wchar_t*, const char*) { ++first; });
-    const DiagnosticHook previous = setDiagnosticHook([&](const wchar_t*, const char*) { ++second; });
-    trapErrors(L"Procedure", fail);
-    previous(L"Procedure", "told by hand");
+    const DiagnosticHook original = setDiagnosticHook([&](const std::source_location&, const char*) { ++first; });
+    const DiagnosticHook previous = setDiagnosticHook([&](const std::source_location&, const char*) { ++second; });
+    trapErrors(fail);
+    previous(std::source_location::current(), "told by hand");
     setDiagnosticHook(original);
     EXPECT_EQ(first, 1);
     EXPECT_EQ(second, 1);
+}
+
+TEST(ErrorTrap, HookThatThrows_ChangesNothing)
+{
+    int told = 0;
+    const DiagnosticHook original = setDiagnosticHook([&](const std::source_location&, const char*) {
+        ++told;
+        throw std::bad_alloc();
+    });
+    bool handled = false;
+    trapErrors(fail, [&] {
+        handled = true;
+        fail();
+    });
+    setDiagnosticHook(original);
+    EXPECT_TRUE(handled);
+    EXPECT_EQ(told, 2);
 }

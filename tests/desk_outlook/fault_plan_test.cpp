@@ -137,9 +137,15 @@ TEST(FaultPlan, Answer_OfEachKind)
         const Fault fault = plan.next(L"ContactItem", L"Save", CallKind::method);
         EXPECT_EQ(fault.action, Action::answer);
         EXPECT_EQ(fault.result.type(), type) << type;
-        if (type == VT_I4) EXPECT_EQ(fault.result.int32(), 12);
-        if (type == VT_ERROR) EXPECT_EQ(V_ERROR(&fault.result.variant()), static_cast<SCODE>(0x8004010F));
-        if (type == VT_DISPATCH) EXPECT_EQ(V_DISPATCH(&fault.result.variant()), nullptr);
+        if (type == VT_I4) {
+            EXPECT_EQ(fault.result.int32(), 12);
+        }
+        if (type == VT_ERROR) {
+            EXPECT_EQ(V_ERROR(&fault.result.variant()), static_cast<SCODE>(0x8004010F));
+        }
+        if (type == VT_DISPATCH) {
+            EXPECT_EQ(V_DISPATCH(&fault.result.variant()), nullptr);
+        }
     }
     FaultPlan plan;
     plan.add(L"on Save answer BSTR two\\n lines");

@@ -150,7 +150,7 @@ TEST_F(BadInput, StrangeNumbers_ShowNobody_AndWriteNoLine)
     for (const bool byFullTextOnly : {false, true}) {
         if (byFullTextOnly) session.LotusAddressBooks[0].ViewTel.clear();
         for (const wchar_t* number : numbers()) {
-            ShowOrCreateCaller(session, number, L"Last", L"First");
+            ShowOrCreateCaller(session, {number, L"Last", L"First"});
             EXPECT_EQ(notes.ask(L"windows"), L"") << desk::utf8(number);
             EXPECT_EQ(FindNoteIdInPersonalBook(session, number), L"") << desk::utf8(number);
             notes.ask(L"close-windows");
@@ -158,7 +158,7 @@ TEST_F(BadInput, StrangeNumbers_ShowNobody_AndWriteNoLine)
     }
     EXPECT_EQ(logLines(), before);
     EXPECT_EQ(trapped.errors, std::vector<std::string>{});
-    ShowOrCreateCaller(session, L"02.99", L"", L"");
+    ShowOrCreateCaller(session, {L"02.99", L"", L""});
     EXPECT_NE(notes.ask(L"windows"), L"") << "one that names somebody still does";
 }
 
@@ -166,7 +166,7 @@ TEST_F(BadInput, NewContactOfAStrangeNumber_HoldsIt_AndNothingElseIsChanged)
 {
     host.settings.bgSetNewContact = true;
     for (const wchar_t* number : {L"\" OR [Name] CONTAINS \"Zola", L"*", L"02??", L"'"}) {
-        ShowOrCreateCaller(session, number, L"Last", L"First");
+        ShowOrCreateCaller(session, {number, L"Last", L"First"});
         const auto all = documents(ownBook);
         EXPECT_EQ(field(all.back(), L"OfficePhoneNumber"), replaceAll(number, L" ", L"")) << desk::utf8(number);
         EXPECT_EQ(field(all.back(), L"@Unsaved"), L"True") << desk::utf8(number);

@@ -9,10 +9,10 @@ class LotusContacts : public LotusDocumentsTest {
 protected:
     std::wstring create(bool show = false)
     {
-        return CreateContactDocument(session, L"01.23 45", L"Durand", L"Marc", show);
+        return CreateContactDocument(session, {L"01.23 45", L"Durand", L"Marc"}, show);
     }
 
-    void showOrCreate() { ShowOrCreateCaller(session, L"01.23 45", L"Durand", L"Marc"); }
+    void showOrCreate() { ShowOrCreateCaller(session, {L"01.23 45", L"Durand", L"Marc"}); }
 
     std::wstring windows() { return notes.ask(L"windows"); }
 
@@ -118,7 +118,7 @@ TEST_F(LotusContacts, NoItemHasAName_TheDocumentHasItsFormAndTypeOnly)
 TEST_F(LotusContacts, NoNames_TheFullNameIsABlank)
 {
     ready();
-    CreateContactDocument(session, L"+33-1 23.x", L"", L"", false);
+    CreateContactDocument(session, {L"+33-1 23.x", L"", L""}, false);
     EXPECT_EQ(contact(), (Fields{marc[0], marc[1], {L"OfficePhoneNumber", L"+33-123x"}, {L"FirstName", L""},
                                  {L"LastName", L""}, {L"FullName", L" "}}));
 }
@@ -319,8 +319,9 @@ TEST_F(LotusContacts, FromAnEntry_BeforeAnyInitialisation_NothingHappens)
 TEST_F(LotusContacts, FromAnEntryThatLacksAMember_FailsQuietly_WithoutALine)
 {
     ready();
-    EXPECT_EQ(CreateContactFromEntry(session, automation::Object()), L"");
-    EXPECT_EQ(CreateContactFromEntry(session, support::record({{L"Number", L"1"}, {L"LastName", L"Durand"}})), L"");
+    EXPECT_EQ(CreateContactFromEntry(session, SoftphoneEntry(automation::Object())), L"");
+    const SoftphoneEntry withoutFirstName(support::record({{L"Number", L"1"}, {L"LastName", L"Durand"}}));
+    EXPECT_EQ(CreateContactFromEntry(session, withoutFirstName), L"");
     EXPECT_EQ(contact(), Fields{});
     EXPECT_EQ(record(), Lines{});
 }
@@ -328,8 +329,8 @@ TEST_F(LotusContacts, FromAnEntryThatLacksAMember_FailsQuietly_WithoutALine)
 TEST_F(LotusContacts, FromAnEntry_NumberThatIsNoText_IsTakenAsOne)
 {
     ready();
-    const auto entry = support::record(
-        {{L"Number", std::int32_t{12345}}, {L"LastName", automation::Value()}, {L"FirstName", L"Marc"}});
+    const SoftphoneEntry entry(support::record(
+        {{L"Number", std::int32_t{12345}}, {L"LastName", automation::Value()}, {L"FirstName", L"Marc"}}));
     EXPECT_FALSE(CreateContactFromEntry(session, entry).empty());
     EXPECT_EQ(field(documents(ownBook).at(0), L"OfficePhoneNumber"), L"12345");
     EXPECT_EQ(logLine(), L"3/15/2023 12:00:00 PM Create contact 12345  Marc");

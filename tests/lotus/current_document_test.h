@@ -7,7 +7,13 @@
 
 class CurrentDocument : public LotusDocumentsTest {
 protected:
-    std::wstring update() { return UpdateCurrentDocumentNumber(session, lastName, firstName); }
+    std::wstring update()
+    {
+        const Party offered = UpdateCurrentDocumentNumber(session);
+        lastName = offered.lastName;
+        firstName = offered.firstName;
+        return offered.number;
+    }
 
     // A ready session that looks senders up and knows Claire Petit.
     void open()

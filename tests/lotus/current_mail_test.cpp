@@ -181,7 +181,7 @@ TEST_F(CurrentMail, MissingSenderThatIsNoArray_EndsQuietly)
     EXPECT_EQ(update(), L"0300") << "a sender that cannot be read is none";
     EXPECT_EQ(calls(L"NotesSession.GetDatabase method"), 0u);
     EXPECT_TRUE(nothingWasSaved());
-    EXPECT_EQ(trapped.procedures, (Lines{L"FirstNonEmptyItemValue", L"FirstNonEmptyItemValue"}));
+    EXPECT_EQ(trapped.procedures, (Lines{L"readFirstNonEmptyItemValue", L"readFirstNonEmptyItemValue"}));
 }
 
 TEST_F(CurrentMail, MissingNumberThatIsNoArray_IsNoneAllTheSame)

@@ -32,7 +32,10 @@ protected:
         return members;
     }
 
-    std::wstring create(const Members& members) { return CreateHistoryDocument(session, support::record(members)); }
+    std::wstring create(const Members& members)
+    {
+        return CreateHistoryDocument(session, SoftphoneHistoryItem(support::record(members)));
+    }
 
     // The items of the last document; nothing when none was saved.
     Fields saved()
@@ -398,7 +401,7 @@ TEST_F(LotusHistory, ItemThatLacksAMember_FailsQuietly_AndNothingIsSaved)
         members.erase(missing);
         EXPECT_EQ(create(members), L"") << desk::utf8(missing);
     }
-    EXPECT_EQ(CreateHistoryDocument(session, automation::Object()), L"");
+    EXPECT_EQ(CreateHistoryDocument(session, SoftphoneHistoryItem(automation::Object())), L"");
     EXPECT_EQ(saved(), Fields{});
     EXPECT_EQ(trapped.procedures.size(), 9u);
 }

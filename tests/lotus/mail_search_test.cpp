@@ -15,7 +15,7 @@ protected:
 
     bool search(const std::wstring& mail, bool show = false)
     {
-        return SearchByMail(session, mail, phone, lastName, firstName, show);
+        return SearchByMail(session, mail, person, show);
     }
 
     Lines callsOf(const std::wstring& member)
@@ -32,9 +32,10 @@ protected:
         return body.substr(body.rfind(L'\n'));
     }
 
-    std::wstring phone;
-    std::wstring lastName;
-    std::wstring firstName;
+    Party person;
+    std::wstring& phone = person.number;
+    std::wstring& lastName = person.lastName;
+    std::wstring& firstName = person.firstName;
 };
 
 }
@@ -93,7 +94,7 @@ TEST_F(LotusMailSearch, NobodyHasANumber_FalseWithTheLastNames)
     EXPECT_EQ(lastName, L"Abel");
     EXPECT_EQ(phone, L"");
     LotusAddressBook book = session.LotusAddressBooks[0];
-    EXPECT_TRUE(SearchInPublicAdressBookByMail(session, L"a@acme.fr", book, phone, lastName, firstName, false))
+    EXPECT_TRUE(SearchInPublicAdressBookByMail(session, L"a@acme.fr", book, person, false))
         << "this book has the document";
 }
 
@@ -149,7 +150,7 @@ TEST_F(LotusMailSearch, NumberThatCannotBeRead_IsNone_AndTheOtherBookSearched_Wi
     EXPECT_TRUE(search(L"a@acme.fr"));
     EXPECT_EQ(lastName + L" " + phone, L"Zola 0612");
     EXPECT_EQ(lastLogLine(), before);
-    EXPECT_EQ(trapped.procedures, Lines{L"FirstNonEmptyItemValue"});
+    EXPECT_EQ(trapped.procedures, Lines{L"readFirstNonEmptyItemValue"});
 }
 
 TEST_F(LotusMailSearch, SenderThatNoQueryCanSay_IsAskedForByKeyOnly_AndNothingIsLogged)
@@ -179,6 +180,6 @@ TEST_F(LotusMailSearch, NotReady_TouchesNothing)
     session.LotusReady = false;
     const LotusAddressBook book = session.LotusAddressBooks[0];
     EXPECT_FALSE(search(L"a@acme.fr", true));
-    EXPECT_FALSE(SearchInPublicAdressBookByMail(session, L"a@acme.fr", book, phone, lastName, firstName, true));
+    EXPECT_FALSE(SearchInPublicAdressBookByMail(session, L"a@acme.fr", book, person, true));
     EXPECT_EQ(notes.recorder().calls().size(), 0u);
 }

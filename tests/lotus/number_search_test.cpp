@@ -15,10 +15,15 @@ class LotusNumberSearch : public LotusTest {
 protected:
     LotusNumberSearch() { ready(); }
 
-    bool search(const std::wstring& number, const std::wstring& wanted = L"")
+    bool search(const std::wstring& number, const std::wstring& wanted = L"", bool show = false)
     {
-        return SearchByNumber(session, number, person, false, wanted, book);
+        const LotusSearchResult result = SearchByNumber(session, number, show, wanted, person);
+        person = result.person;
+        book = result.book;
+        return result.isFound;
     }
+
+    bool searchAndShow(const std::wstring& number) { return search(number, L"", true); }
 
     // The calls of one member only.
     Lines callsOf(const std::wstring& member)
@@ -206,14 +211,14 @@ TEST_F(LotusNumberSearch, MailAddressThatCannotBeRead_IsNone_AndThePersonIsFound
         notes.ask(L"close-windows");
         forgetCalls();
         fault(L"on NotesDocument.GetItemValue at " + std::wstring(*item == L'M' ? L"4" : L"5") + L" fail 0x80004005");
-        EXPECT_TRUE(SearchByNumber(session, L"014567", person, true, L"", book)) << desk::utf8(item);
+        EXPECT_TRUE(searchAndShow(L"014567")) << desk::utf8(item);
         EXPECT_EQ(record().at(*item == L'M' ? 6 : 7),
                   L"NotesDocument.GetItemValue method (BSTR \"" + std::wstring(item) + L"\")") << "the one that failed";
         EXPECT_EQ(person.FullName + L"|" + person.Mail + L"|" + person.NoteId, L"Marc Durand||8F6") << desk::utf8(item);
         EXPECT_TRUE(notes.ask(L"windows").ends_with(L"\tread\tfront")) << desk::utf8(item);
     }
     EXPECT_EQ(lastLogLine(), before);
-    EXPECT_EQ(trapped.procedures, (Lines{L"FirstNonEmptyItemValue", L"FirstNonEmptyItemValue"}));
+    EXPECT_EQ(trapped.procedures, (Lines{L"readFirstNonEmptyItemValue", L"readFirstNonEmptyItemValue"}));
 }
 
 TEST_F(LotusNumberSearch, BusyOnceAtEveryCall_FindsThePersonAllTheSame)
@@ -329,7 +334,7 @@ TEST_F(LotusNumberSearch, NotReady_TouchesNothing)
 TEST_F(LotusNumberSearch, Shown_TheDocumentOpensForReading_InItsDatabase)
 {
     add(L"names.nsf", durand);
-    EXPECT_TRUE(SearchByNumber(session, L"014567", person, true, L"", book));
+    EXPECT_TRUE(searchAndShow(L"014567"));
     EXPECT_EQ(callsOf(L"NotesUI"), (Lines{L"NotesUIWorkspace.CurrentDocument get ()",
                                           L"NotesUIWorkspace.OpenDatabase method (BSTR \"\", BSTR \"names.nsf\")",
                                           L"NotesUIWorkspace.EditDocument method (BOOL False, DISPATCH)"}));
@@ -346,7 +351,7 @@ TEST_F(LotusNumberSearch, NotShown_TheScreenIsNotTouched)
 TEST_F(LotusNumberSearch, ShownDocumentThatIsOpenAlready_TheOldCopyIsClosedAfterTheNewOneOpened)
 {
     notes.ask(L"open " + add(L"names.nsf", durand) + L" edit");
-    EXPECT_TRUE(SearchByNumber(session, L"014567", person, true, L"", book));
+    EXPECT_TRUE(searchAndShow(L"014567"));
     EXPECT_EQ(callsOf(L"NotesUI"), (Lines{L"NotesUIWorkspace.CurrentDocument get ()",
                                           L"NotesUIDocument.Document get ()",
                                           L"NotesUIWorkspace.OpenDatabase method (BSTR \"\", BSTR \"names.nsf\")",
@@ -361,7 +366,7 @@ TEST_F(LotusNumberSearch, AnotherDocumentThatIsOpen_StaysOpen)
 {
     notes.ask(L"open " + add(L"names.nsf", L"Form=Person\nLastName=Abel\n"));
     add(L"names.nsf", durand);
-    EXPECT_TRUE(SearchByNumber(session, L"014567", person, true, L"", book));
+    EXPECT_TRUE(searchAndShow(L"014567"));
     EXPECT_EQ(calls(L"NotesUIDocument.Close method"), 0u);
     EXPECT_EQ(split(notes.ask(L"windows"), L'\n').size(), 2u);
 }
@@ -370,7 +375,7 @@ TEST_F(LotusNumberSearch, DocumentThatCannotBeShown_IsAFailureOfThisBook)
 {
     add(L"names.nsf", durand);
     fault(L"on NotesUIWorkspace.OpenDatabase fail 0x80004005");
-    EXPECT_FALSE(SearchByNumber(session, L"014567", person, true, L"", book));
+    EXPECT_FALSE(searchAndShow(L"014567"));
     EXPECT_EQ(person.LastName, L"Durand");
     EXPECT_EQ(lastLogLine(), noAccess(L" names.nsf"));
 }
@@ -424,7 +429,7 @@ TEST_F(LotusNumberSearch, OldCopyThatCannotBeClosed_IsAFailureOfThisBook_WithBot
 {
     notes.ask(L"open " + add(L"names.nsf", durand));
     fault(L"on NotesUIDocument.Close fail 0x80004005");
-    EXPECT_FALSE(SearchByNumber(session, L"014567", person, true, L"", book));
+    EXPECT_FALSE(searchAndShow(L"014567"));
     EXPECT_EQ(person.NoteId, L"8F6");
     EXPECT_EQ(split(notes.ask(L"windows"), L'\n').size(), 2u);
     EXPECT_EQ(lastLogLine(), noAccess(L" names.nsf"));

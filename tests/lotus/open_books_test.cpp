@@ -44,9 +44,8 @@ protected:
     // The last name of whoever has the number, "" for nobody.
     std::wstring search(const std::wstring& number, bool show = false)
     {
-        LotusPerson person;
-        LotusAddressBook book;
-        return SearchByNumber(session, number, person, show, L"", book) ? person.LastName : L"";
+        const LotusSearchResult result = SearchByNumber(session, number, show);
+        return result.isFound ? result.person.LastName : L"";
     }
 
     // Two searches so long apart that the view was opened after the second in which
@@ -234,7 +233,7 @@ TEST_F(LotusOpenBooks, ContactThatTheProgramSaves_IsFoundAtOnce)
     const BooksKeptOpen kept(session);
     EXPECT_EQ(FindNoteIdInPersonalBook(session, L"0612"), L"");
     EXPECT_EQ(search(L"0612"), L"");
-    const std::wstring noteId = CreateContactDocument(session, L"0612", L"Nguyen", L"Linh", false);
+    const std::wstring noteId = CreateContactDocument(session, {L"0612", L"Nguyen", L"Linh"}, false);
     EXPECT_EQ(search(L"0612"), L"Nguyen");
     EXPECT_EQ(FindNoteIdInPersonalBook(session, L"0612"), noteId);
 }
@@ -246,7 +245,7 @@ TEST_F(LotusOpenBooks, ContactThatTheProgramSaves_IsFoundAtOnce_UnderAnotherName
     const BooksKeptOpen kept(session);
     session.LotusAddressBooks.push_back(other);
     EXPECT_EQ(search(L"0612"), L"");
-    CreateContactDocument(session, L"0612", L"Nguyen", L"Linh", false);
+    CreateContactDocument(session, {L"0612", L"Nguyen", L"Linh"}, false);
     session.LotusAddressBooks = {other};
     EXPECT_EQ(search(L"0612"), L"Nguyen");
 }
@@ -278,10 +277,9 @@ TEST_F(LotusOpenBooks, SettingsThatAreReadAgain_LetNothingServe)
 TEST_F(LotusOpenBooks, MailAddressThatCouldNotBeRead_IsReadByTheNextSearch)
 {
     const auto mail = [&] {
-        LotusPerson person;
-        LotusAddressBook book;
-        EXPECT_TRUE(SearchByNumber(session, L"014567", person, false, L"", book));
-        return person.Mail;
+        const LotusSearchResult result = SearchByNumber(session, L"014567", false);
+        EXPECT_TRUE(result.isFound);
+        return result.person.Mail;
     };
     const BooksKeptOpen kept(session);
     fault(L"on NotesDocument.GetItemValue at 4 fail 0x80004005");
@@ -302,10 +300,9 @@ TEST_F(LotusOpenBooks, FailureOfWhatIsOpen_LeavesNothingOfWhatItRead)
     forgetCalls();
     fault(L"on NotesDocument.GetItemValue at 2 fail 0x80004005");
     fault(L"on NotesView.FTSearch at 2 answer I4 0");
-    LotusPerson person{L"before", L"", L"", L"", L""};
-    LotusAddressBook book;
-    EXPECT_FALSE(SearchByNumber(session, L"0612", person, true, L"", book));
-    EXPECT_EQ(person.LastName, L"before");
+    const LotusSearchResult result = SearchByNumber(session, L"0612", true, L"", {L"before", L"", L"", L"", L""});
+    EXPECT_FALSE(result.isFound);
+    EXPECT_EQ(result.person.LastName, L"before");
     EXPECT_EQ(calls(L"NotesView.FTSearch method"), 2u);
 }
 
@@ -413,7 +410,7 @@ TEST_F(LotusOpenBooks, StrangerWhoWasSavedMeanwhile_IsShown_AndNotMadeASecondTim
     EXPECT_EQ(search(L"0612"), L"");
     add(ownBook, L"Form=Person\nLastName=Late\nFirstName=Lea\nOfficePhoneNumber=0612\n");
     forgetCalls();
-    ShowOrCreateCaller(session, L"0612", L"Stranger", L"");
+    ShowOrCreateCaller(session, {L"0612", L"Stranger", L""});
     EXPECT_EQ(calls(L"NotesDatabase.CreateDocument method"), 0u);
     EXPECT_EQ(calls(L"NotesUIWorkspace.EditDocument method"), 1u);
 }

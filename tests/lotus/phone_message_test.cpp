@@ -11,8 +11,8 @@ protected:
     // Anna Keller's call to Claire Petit went elsewhere; 01.23 called.
     bool send(const wchar_t* callerFirstName = L"Marc", const wchar_t* callerLastName = L"Durand")
     {
-        return SendPhoneMessage(session, L"01.23", callerFirstName, callerLastName, L"02.99", L"Called-Last",
-                                L"Called-First");
+        return SendPhoneMessage(session, {L"01.23", callerLastName, callerFirstName},
+                                {L"02.99", L"Called-Last", L"Called-First"});
     }
 
     void claireWith(const std::wstring& items)

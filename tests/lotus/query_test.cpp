@@ -127,7 +127,7 @@ TEST_F(LotusItems, FirstNonEmptyValue_IsNoneWhenAnItemCannotBeRead_AndNoErrorLea
         trapped.procedures.clear();
         fault(L"on NotesDocument.GetItemValue at 1 " + std::wstring(answer));
         EXPECT_EQ(FirstNonEmptyItemValue(found, {L"B", L"A"}), L"") << desk::utf8(answer);
-        EXPECT_EQ(trapped.procedures, Names{L"FirstNonEmptyItemValue"}) << desk::utf8(answer);
+        EXPECT_EQ(trapped.procedures, Names{L"readFirstNonEmptyItemValue"}) << desk::utf8(answer);
     }
     EXPECT_EQ(FirstNonEmptyItemValue(automation::Object(), {L"A"}), L"");
 }

@@ -10,24 +10,24 @@ class CallbackMail : public OutlookTest {};
 
 TEST(FillTemplate, AllPlaceholders_AreReplaced)
 {
-    EXPECT_EQ(FillTemplate(L"Call <FirstName> <LastName> back at <PhoneNumber>", L"0123", L"Durand", L"Marc"),
+    EXPECT_EQ(FillTemplate(L"Call <FirstName> <LastName> back at <PhoneNumber>", {L"0123", L"Durand", L"Marc"}),
               L"Call Marc Durand back at 0123");
 }
 
 TEST(FillTemplate, EveryOccurrence_CaseSensitive)
 {
-    EXPECT_EQ(FillTemplate(L"<LastName><LastName> <lastname> <PhoneNumber>", L"1", L"D", L"M"), L"DD <lastname> 1");
+    EXPECT_EQ(FillTemplate(L"<LastName><LastName> <lastname> <PhoneNumber>", {L"1", L"D", L"M"}), L"DD <lastname> 1");
 }
 
 TEST(FillTemplate, PlaceholderInTheLastName_IsExpandedByTheLaterStep)
 {
-    EXPECT_EQ(FillTemplate(L"<LastName>|<FirstName>", L"0123", L"<PhoneNumber>", L"<LastName>"), L"0123|<LastName>");
+    EXPECT_EQ(FillTemplate(L"<LastName>|<FirstName>", {L"0123", L"<PhoneNumber>", L"<LastName>"}), L"0123|<LastName>");
 }
 
 TEST_F(CallbackMail, EmptyTemplate_GivesAnEmptySubjectAndBody_AddressedToTheContact)
 {
     open();
-    EXPECT_TRUE(SendOutlookMail(session, L"claire@example.com", MakeCallBackText(session, L"1", L"D", L"M")));
+    EXPECT_TRUE(SendOutlookMail(session, L"claire@example.com", MakeCallBackText(session, {L"1", L"D", L"M"})));
     EXPECT_EQ(carriedOut(), (std::vector<std::wstring>{
                                 L"Application.CreateItem method (I2 0)", L"MailItem.Subject put (BSTR \"\")",
                                 L"MailItem.Body put (BSTR \"\")", L"MailItem.To put (BSTR \"claire@example.com\")",
@@ -38,7 +38,7 @@ TEST_F(CallbackMail, FilledTemplate_IsTheSubject_AndNothingIsSentOrSaved)
 {
     open();
     session.szCallBackMailSyntaxe = L"Call <FirstName> <LastName> back at <PhoneNumber>";
-    EXPECT_TRUE(SendOutlookMail(session, L"c@example.com", MakeCallBackText(session, L"0123", L"Durand", L"Marc")));
+    EXPECT_TRUE(SendOutlookMail(session, L"c@example.com", MakeCallBackText(session, {L"0123", L"Durand", L"Marc"})));
     ASSERT_EQ(outlook.inspectors().size(), 1u);
     EXPECT_EQ(*outlook.command(L"windows", L""), L"Call Marc Durand back at 0123 - Message\tmail\tunsaved");
     EXPECT_EQ(calls(L"MailItem.Send method"), 0u);

@@ -24,15 +24,10 @@ protected:
     unsigned long questions() { return outlook.guard().questions(); }
 
     // Whether a walk finds the number; the last name of whom it finds.
-    bool walkFinds(const std::wstring& number)
-    {
-        automation::Object contact;
-        return WalkOutlookContacts(session, number, L"", L"", L"", contact);
-    }
+    bool walkFinds(const std::wstring& number) { return static_cast<bool>(WalkOutlookContacts(session, number)); }
     std::wstring walkFindsWhom(const std::wstring& number)
     {
-        automation::Object contact;
-        WalkOutlookContacts(session, number, L"", L"", L"", contact);
+        const automation::Object contact = WalkOutlookContacts(session, number);
         return contact ? contact.get(L"LastName").text() : L"nobody";
     }
 
@@ -61,8 +56,7 @@ TEST_F(ContactTable, NobodyHasTheNumber_NoContactIsTouched)
 {
     openAs(Version::v2016, people(1200));
     EXPECT_TRUE(isProvedAbsent(L"999"));
-    automation::Object contact;
-    EXPECT_FALSE(WalkOutlookContacts(session, L"999", L"", L"", L"", contact));
+    EXPECT_FALSE(WalkOutlookContacts(session, L"999"));
     EXPECT_EQ(calls(L"Items.GetFirst method"), 0u);
     EXPECT_EQ(calls(L"Table.GetArray method"), 6u) << "three blocks each time";
 }
@@ -380,7 +374,7 @@ TEST_F(ContactTable, ContactThatIsMadeWithinAnEvent_IsFoundBySecondQuestion)
     openAs(Version::v2016, people(3));
     const AnswersOfOneEvent answers(session);
     EXPECT_FALSE(walkFinds(L"99"));
-    NewOutlookContact(session, L"9.9", L"Made", L"", false);
+    NewOutlookContact(session, {L"9.9", L"Made", L""}, false);
     EXPECT_EQ(walkFindsWhom(L"99"), L"Made");
     EXPECT_EQ(calls(L"Folder.GetTable method"), 2u) << "what was told before is forgotten";
 }

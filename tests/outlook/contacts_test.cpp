@@ -53,7 +53,7 @@ TEST_F(Contacts, FromAnEntry_IsSavedWithCloseZero_AndNotDisplayed)
 TEST_F(Contacts, FromAnEntryWithoutAName_FailsQuietly_WithoutALogLine)
 {
     open();
-    EXPECT_EQ(CreateOutlookContact(session, automation::Object()), L"");
+    EXPECT_EQ(CreateOutlookContact(session, SoftphoneEntry(automation::Object())), L"");
     EXPECT_EQ(count(L"contact"), 0u);
     EXPECT_EQ(count(L"journal"), 0u);
     EXPECT_EQ(session.szLastLogText, L"");
@@ -63,7 +63,7 @@ TEST_F(Contacts, SavingFails_EmptyIdentifier_AndNoLogLine)
 {
     open();
     recorder.faults.add(L"on ContactItem.Close fail 0x80004005");
-    EXPECT_EQ(NewOutlookContact(session, L"0123", L"Durand", L"Marc", true), L"");
+    EXPECT_EQ(NewOutlookContact(session, {L"0123", L"Durand", L"Marc"}, true), L"");
     EXPECT_EQ(calls(L"ContactItem.Display method"), 0u);
     EXPECT_EQ(count(L"journal"), 0u);
 }
@@ -71,7 +71,7 @@ TEST_F(Contacts, SavingFails_EmptyIdentifier_AndNoLogLine)
 TEST_F(Contacts, FromTexts_Displayed_OpensAfterSaving_ThenTheLine)
 {
     open();
-    const std::wstring id = NewOutlookContact(session, L"01.23 45", L"Durand", L"Marc", true);
+    const std::wstring id = NewOutlookContact(session, {L"01.23 45", L"Durand", L"Marc"}, true);
     EXPECT_FALSE(id.empty());
     EXPECT_EQ(id, field(L"contact", 0, L"EntryID"));
     EXPECT_EQ(field(L"contact", 0, L"BusinessTelephoneNumber"), L"012345");
@@ -85,7 +85,7 @@ TEST_F(Contacts, FromTexts_Displayed_OpensAfterSaving_ThenTheLine)
 TEST_F(Contacts, FromTexts_NotDisplayed_OpensNothing)
 {
     open();
-    EXPECT_FALSE(NewOutlookContact(session, L"0123", L"", L"", false).empty());
+    EXPECT_FALSE(NewOutlookContact(session, {L"0123", L"", L""}, false).empty());
     EXPECT_EQ(calls(L"ContactItem.Display method"), 0u);
     EXPECT_EQ(logBody(), L"3/15/2023 12:00:00 PM New contact 0123  ");
 }
@@ -93,8 +93,8 @@ TEST_F(Contacts, FromTexts_NotDisplayed_OpensNothing)
 TEST_F(Contacts, LastLogText_HoldsTheMostRecentLineOnly)
 {
     open();
-    NewOutlookContact(session, L"1", L"A", L"B", false);
-    NewOutlookContact(session, L"2", L"C", L"D", false);
+    NewOutlookContact(session, {L"1", L"A", L"B"}, false);
+    NewOutlookContact(session, {L"2", L"C", L"D"}, false);
     EXPECT_EQ(session.szLastLogText, L"New contact 2 C D");
 }
 
@@ -103,7 +103,7 @@ TEST_F(Contacts, IdentifierUnreadableAfterSaving_NothingIsReturned_TheContactSta
     open();
     recorder.faults.add(L"on ContactItem.EntryID get fail 0x80004005");
     EXPECT_EQ(CreateOutlookContact(session, softphoneEntry(L"0123", L"Durand", L"Marc")), L"");
-    EXPECT_EQ(NewOutlookContact(session, L"0456", L"Petit", L"Claire", true), L"");
+    EXPECT_EQ(NewOutlookContact(session, {L"0456", L"Petit", L"Claire"}, true), L"");
     EXPECT_EQ(count(L"contact"), 2u) << "saved before: the next initialisation finds them by number";
     EXPECT_EQ(count(L"journal"), 0u);
     EXPECT_EQ(session.szLastLogText, L"");
@@ -114,7 +114,7 @@ TEST_F(Contacts, DisplayFails_NothingIsReturned_TheContactStays_WithoutALogLine)
 {
     open();
     recorder.faults.add(L"on ContactItem.Display fail 0x80004005");
-    EXPECT_EQ(NewOutlookContact(session, L"0123", L"Durand", L"Marc", true), L"");
+    EXPECT_EQ(NewOutlookContact(session, {L"0123", L"Durand", L"Marc"}, true), L"");
     EXPECT_EQ(count(L"contact"), 1u);
     EXPECT_EQ(calls(L"ContactItem.EntryID get"), 0u);
     EXPECT_EQ(count(L"journal"), 0u);
@@ -124,6 +124,6 @@ TEST_F(Contacts, GuardThatRefuses_DoesNotKeepAContactFromBeingMade)
 {
     open();
     outlook.command(L"guard", L"deny");
-    EXPECT_FALSE(NewOutlookContact(session, L"0123", L"Durand", L"Marc", false).empty());
+    EXPECT_FALSE(NewOutlookContact(session, {L"0123", L"Durand", L"Marc"}, false).empty());
     EXPECT_EQ(outlook.guard().questions(), 0u);
 }

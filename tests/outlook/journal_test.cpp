@@ -24,16 +24,15 @@ protected:
 
     std::wstring create(const Call& call, bool createContact = false)
     {
-        return CreateOutlookHistoItem(session,
-                                      support::record({{L"Incoming", call.incoming},
-                                                       {L"Number", call.number},
-                                                       {L"LastName", call.lastName},
-                                                       {L"FirstName", call.firstName},
-                                                       {L"BeginDate", Value::date(45000.25)},
-                                                       {L"EndDate", Value::date(45000.5)},
-                                                       {L"State", call.state},
-                                                       {L"Acknowledged", call.acknowledged}}),
-                                      createContact);
+        const SoftphoneHistoryItem item(support::record({{L"Incoming", call.incoming},
+                                                         {L"Number", call.number},
+                                                         {L"LastName", call.lastName},
+                                                         {L"FirstName", call.firstName},
+                                                         {L"BeginDate", Value::date(45000.25)},
+                                                         {L"EndDate", Value::date(45000.5)},
+                                                         {L"State", call.state},
+                                                         {L"Acknowledged", call.acknowledged}}));
+        return CreateOutlookHistoItem(session, item, createContact);
     }
 
     std::wstring journal(const wchar_t* name) { return field(L"journal", 0, name); }
@@ -283,7 +282,8 @@ TEST_F(Journal, WithALanguageInTheIniFile_InitOutlookLoadsItsDictionary)
 TEST_F(Journal, ItemWithoutAState_FailsQuietly_AndNothingIsKept)
 {
     open();
-    const auto item = support::record({{L"Incoming", true}, {L"Number", L""}, {L"BeginDate", Value::date(1)}, {L"EndDate", Value::date(1)}});
+    const SoftphoneHistoryItem item(support::record(
+        {{L"Incoming", true}, {L"Number", L""}, {L"BeginDate", Value::date(1)}, {L"EndDate", Value::date(1)}}));
     EXPECT_EQ(CreateOutlookHistoItem(session, item, true), L"");
     EXPECT_EQ(count(L"journal"), 0u) << "an unsaved item is discarded";
 }

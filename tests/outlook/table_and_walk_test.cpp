@@ -91,10 +91,9 @@ protected:
     // Whom the program finds in the folder, and everything that is saved then.
     std::wstring lookUp(const std::wstring& number)
     {
-        automation::Object contact;
-        const bool isFound = WalkOutlookContacts(session, number, L"", L"", L"", contact);
+        const automation::Object contact = WalkOutlookContacts(session, number);
         recorder.faults.clear();
-        const std::wstring found = isFound ? L"found " + contact.get(L"EntryID").text() : L"not found";
+        const std::wstring found = contact ? L"found " + contact.get(L"EntryID").text() : L"not found";
         return found + L"\n" + *outlook.command(L"contacts", L"");
     }
 

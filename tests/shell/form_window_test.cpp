@@ -106,7 +106,7 @@ TEST_F(Window, EndOfTheUsersSession_AsksForAStop)
 
 TEST_F(Window, EndOfTheSession_ShowsNoBox_NeitherThenNorLater)
 {
-    form().link().hashID = automation::Object(&map);
+    form().softphone().hashID = automation::Object(&map);
     SendMessageW(form().hWnd(), WM_ENDSESSION, TRUE, 0);
     SendMessageW(form().hWnd(), WM_MOUSEMOVE, 1, WM_RBUTTONDOWN);
     form().WriteLog(L"a line");
@@ -129,7 +129,7 @@ TEST_F(Window, EndOfTheSessionInsideAnOutgoingCall_DoesNotWaitForIt)
 
 TEST_F(Window, CloseInsideACall_IsCarriedOutWhole_BeforeTheTickThatEndsTheProgram)
 {
-    form().link().hashID = automation::Object(&map);
+    form().softphone().hashID = automation::Object(&map);
     {
         const automation::OutgoingCall call;
         SendMessageW(form().hWnd(), WM_CLOSE, 0, 0);
@@ -141,7 +141,7 @@ TEST_F(Window, CloseInsideACall_IsCarriedOutWhole_BeforeTheTickThatEndsTheProgra
 
 TEST_F(Window, PressAndCloseInsideACall_ATickDuringTheQuestion_CarriesTheCloseOut)
 {
-    form().link().hashID = automation::Object(&map);
+    form().softphone().hashID = automation::Object(&map);
     onBox = [&](const std::wstring& text) {
         if (text == question) tick();
         return IDNO;

@@ -150,7 +150,7 @@ TEST_F(LongCall, ThatGoesOnAfterTheStopWasAsked_IsEndedWithTheIconTakenAway)
 
 TEST_F(LongCall, OfAMapServerThatDoesNotStop_IsEndedToo)
 {
-    form().link().hashID = automation::Object(&map);
+    form().softphone().hashID = automation::Object(&map);
     int endedInside = 0;
     map.onCall = [&](const support::RawPartner::Call&) {
         callUntil([&] { return ended > 0; });

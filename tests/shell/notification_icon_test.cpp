@@ -178,7 +178,7 @@ TEST_F(Icon, QuestionClosedWithoutAnAnswer_LeavesEverythingRunning)
 
 TEST_F(Icon, AnswerYes_StopsTheProgramAtTheNextTick)
 {
-    form().link().hashID = automation::Object(&map);
+    form().softphone().hashID = automation::Object(&map);
     answer(IDYES);
     press();
     EXPECT_TRUE(configuration().gStop);
@@ -232,7 +232,7 @@ TEST_F(Icon, TickWhileTheQuestionIsOpen_RunsInFull)
 
 TEST_F(Icon, ProgramThatStopsWhileTheQuestionIsOpen_Ends)
 {
-    form().link().hashID = automation::Object(&map);
+    form().softphone().hashID = automation::Object(&map);
     onBox = [&](const std::wstring& text) {
         if (text != question) return IDOK;
         tick();

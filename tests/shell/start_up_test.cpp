@@ -251,8 +251,8 @@ TEST_F(StartUp, NothingInReach_GoesOnQuietly)
     EXPECT_TRUE(boxes.empty());
     EXPECT_FALSE(configuration().gStop);
     EXPECT_FALSE(form().outlook().bOutlookInit);
-    EXPECT_FALSE(form().link().hashID);
-    EXPECT_FALSE(form().link().PavexObj);
+    EXPECT_FALSE(form().softphone().hashID);
+    EXPECT_FALSE(form().softphone().PavexObj);
 }
 
 TEST_F(StartUp, Form_IsAHiddenTopLevelWindow)

@@ -11,7 +11,7 @@ protected:
     {
         writeIni(iniText(trace ? "trace=true\r\n" : ""));
         load();
-        form().link().hashID = automation::Object(&map);
+        form().softphone().hashID = automation::Object(&map);
         boxes.clear();
     }
 
@@ -155,7 +155,7 @@ TEST_F(Stop, End_WithTraceOff_ShowsNothing)
 TEST_F(Stop, EndWithoutAMap_GivesUpQuietlyOnce_ThenGoesOn)
 {
     start();
-    form().link().hashID = automation::Object();
+    form().softphone().hashID = automation::Object();
     form().StopConnector();
     boxes.clear();
     tick();

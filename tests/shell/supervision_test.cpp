@@ -58,7 +58,7 @@ TEST_F(Supervision, SoftphoneGone_IsLogged_AndEndsTheProgramAtTheNextTick)
 {
     startSoftphone();
     start();
-    form().link().hashID = automation::Object(&map);
+    form().softphone().hashID = automation::Object(&map);
     softphone->end();
     tick();
     EXPECT_EQ(boxTexts(), (std::vector<std::wstring>{L"Stop Connector Pavex HS", L"Stop Connector"}));
@@ -88,7 +88,7 @@ TEST_F(Supervision, BeforeTheProcessWatchIsReady_ATickOnlyStops)
 
 TEST_F(Supervision, BeforeTheProcessWatchIsReady_AStopIsCarriedOut)
 {
-    form().link().hashID = automation::Object(&map);
+    form().softphone().hashID = automation::Object(&map);
     form().StopConnector();
     form().SupervisionPavex_Timer();
     EXPECT_EQ(ended, 1);
@@ -228,7 +228,7 @@ TEST_F(Supervision, KillInTheReloadedFile_StopsTheProgram)
 {
     startSoftphone();
     start();
-    form().link().hashID = automation::Object(&map);
+    form().softphone().hashID = automation::Object(&map);
     writeIni(iniText("trace=true\r\nkill=true\r\n"));
     touchIni();
     tick();
@@ -300,7 +300,7 @@ TEST_F(Supervision, TickInsideATicksMessageBox_CarriesOutAStop)
 {
     startSoftphone();
     start();
-    form().link().hashID = automation::Object(&map);
+    form().softphone().hashID = automation::Object(&map);
     touchIni();
     bool stopped = false;
     onBox = [&](const std::wstring& text) {
@@ -352,7 +352,7 @@ TEST_F(Supervision, FailingTick_EndsQuietly_AndDoesNotHinderTheNext)
     {
         const support::TrappedErrors errors;
         tick();
-        EXPECT_EQ(errors.procedures, std::vector<std::wstring>{L"SupervisionPavex"});
+        EXPECT_EQ(errors.procedures, std::vector<std::wstring>{L"SupervisionPavex_Timer"});
     }
     writeIni(content);
     touchIni();

@@ -11,7 +11,8 @@ using Lines = std::vector<std::wstring>;
 TEST_F(Attachment, Start_AttachesToEverything_AndSubscribes)
 {
     start();
-    EXPECT_TRUE(link.PavexObj && link.LineObj && link.UserObj && link.histo && link.adressbookPavex && link.hashID);
+    EXPECT_TRUE(softphone.PavexObj && softphone.LineObj && softphone.UserObj && softphone.histo &&
+                softphone.adressbookPavex && softphone.hashID);
     EXPECT_TRUE(pavex.phone().attached);
     EXPECT_EQ(groupware.PavexUserName, L"Anna Keller");
     for (const auto& [object, subscribers] : pavex.subscribers()) EXPECT_EQ(subscribers, 1u) << desk::utf8(object);
@@ -49,11 +50,19 @@ TEST_F(Attachment, SubscribesToTheApplication_BeforeItTellsItThatItIsAttached)
 TEST_F(Attachment, Initialisation_LogsItsTwoLines_WithTwoBlanksBeforeOk)
 {
     std::vector<bool> underWay;
-    host.onLog = [&](const std::wstring&) { underWay.push_back(link.bInitConnector); };
+    host.onLog = [&](const std::wstring&) { underWay.push_back(softphone.bInitConnector); };
     start();
     EXPECT_EQ(host.log, (Lines{L"Start Connector Initialization", L"Connector Initialization  Ok"}));
     EXPECT_EQ(underWay, (std::vector<bool>{true, true}));
-    EXPECT_FALSE(link.bInitConnector);
+    EXPECT_FALSE(softphone.bInitConnector);
+}
+
+TEST_F(Attachment, InitialisationThatAnErrorEnds_IsUnderWayNoLonger)
+{
+    host.onLog = [](const std::wstring&) { throw automation::AutomationError(L"WriteLog", E_FAIL); };
+    start();
+    EXPECT_EQ(host.log, Lines{L"Start Connector Initialization"});
+    EXPECT_FALSE(softphone.bInitConnector);
 }
 
 TEST_F(Attachment, Initialisation_LogsItsStart_ThenPurges_ThenWalks)
@@ -103,7 +112,7 @@ TEST_F(Attachment, WithoutASoftphone_TheReferencesStayEmpty_AndTheInitialisation
     pavexFactory.reset();
     automation::server::unregisterClass(pavexClass);
     start();
-    EXPECT_FALSE(link.PavexObj || link.LineObj || link.histo || link.adressbookPavex);
+    EXPECT_FALSE(softphone.PavexObj || softphone.LineObj || softphone.histo || softphone.adressbookPavex);
     EXPECT_EQ(host.log, (Lines{L"Start Connector Initialization", L"Connector Initialization  Ok"}));
     EXPECT_TRUE(host.supervised);
 }
@@ -112,8 +121,8 @@ TEST_F(Attachment, SoftphoneWithoutAHistory_IsAttachedAsFarAsItGoes)
 {
     softphoneCalls.faults.add(L"on Application.History fail 0x80004005");
     start();
-    EXPECT_TRUE(link.LineObj && link.UserObj);
-    EXPECT_FALSE(link.histo || link.adressbookPavex);
+    EXPECT_TRUE(softphone.LineObj && softphone.UserObj);
+    EXPECT_FALSE(softphone.histo || softphone.adressbookPavex);
     EXPECT_TRUE(host.supervised);
 }
 
@@ -122,8 +131,8 @@ TEST_F(Attachment, UsersSecondNameFails_TheUserHasNoName_AndNeitherListIsReached
     softphoneCalls.faults.add(L"on User.SecondText fail 0x80004005");
     start();
     EXPECT_EQ(groupware.PavexUserName, L"");
-    EXPECT_TRUE(link.LineObj && link.UserObj);
-    EXPECT_FALSE(link.histo || link.adressbookPavex);
+    EXPECT_TRUE(softphone.LineObj && softphone.UserObj);
+    EXPECT_FALSE(softphone.histo || softphone.adressbookPavex);
     EXPECT_EQ(host.log.back(), L"Connector Initialization  Ok");
 }
 
@@ -136,7 +145,7 @@ TEST_F(Attachment, WithoutAMapServer_BothSynchronisationsEndAtTheirFirstRecord_A
     mapFactory.reset();
     automation::server::unregisterClass(convid::classRegistration);
     start();
-    EXPECT_FALSE(link.hashID);
+    EXPECT_FALSE(softphone.hashID);
     EXPECT_TRUE(session.bOutlookInit);
     EXPECT_EQ(host.log, (Lines{L"Start Connector Initialization", L"Start repertory Synchronisation ",
                                L"Pb In Repertory Synchronisation", L"start History Synchronisation ",
@@ -147,7 +156,7 @@ TEST_F(Attachment, WithoutAMapServer_BothSynchronisationsEndAtTheirFirstRecord_A
 TEST_F(Attachment, EveryInitialisation_TakesAFreshMapServerObject)
 {
     start();
-    const automation::Object first = link.hashID;
+    const automation::Object first = softphone.hashID;
     link.InitConnector(true);
-    EXPECT_NE(link.hashID.dispatch(), first.dispatch());
+    EXPECT_NE(softphone.hashID.dispatch(), first.dispatch());
 }

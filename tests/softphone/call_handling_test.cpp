@@ -36,10 +36,10 @@ TEST_F(CallHandling, KnownCaller_IsShown_AndTheNamesAreTheContacts)
     begin();
     ring(incoming(L"0123"));
     EXPECT_EQ(windows(), L"Marc Durand - Contact");
-    EXPECT_EQ(link.gPhoneNumberCalled, L"0123");
-    EXPECT_EQ(link.gLastNameCalled, L"Durand");
-    EXPECT_EQ(link.gFirstNameCalled, L"Marc");
-    EXPECT_EQ(link.gDestinationNumber, L"");
+    EXPECT_EQ(softphone.gPhoneNumberCalled, L"0123");
+    EXPECT_EQ(softphone.gLastNameCalled, L"Durand");
+    EXPECT_EQ(softphone.gFirstNameCalled, L"Marc");
+    EXPECT_EQ(softphone.gDestinationNumber, L"");
 }
 
 TEST_F(CallHandling, NotForwarded_OnlyThePopUpActionsRun)
@@ -55,8 +55,8 @@ TEST_F(CallHandling, Forwarded_AMailToTheDestinationNamesTheCaller_ThenTheCaller
     begin();
     ring(incoming(L"0123", L"4711"));
     EXPECT_EQ(windows(), L"Marc Durand 0123 - Message\nMarc Durand - Contact");
-    EXPECT_EQ(link.gDestinationLastName, L"Petit");
-    EXPECT_EQ(link.gDestinationFirstName, L"Claire");
+    EXPECT_EQ(softphone.gDestinationLastName, L"Petit");
+    EXPECT_EQ(softphone.gDestinationFirstName, L"Claire");
     EXPECT_NE(outlookCalls.record().find(L"MailItem.To put (BSTR \"claire@example.com\")"), std::wstring::npos);
 }
 
@@ -82,7 +82,7 @@ TEST_F(CallHandling, UnknownDestination_NoMail_AndItsNamesAreCleared)
     outlook.command(L"close-windows", L"");
     ring(incoming(L"0123", L"99"));
     EXPECT_EQ(windows(), L"Marc Durand - Contact");
-    EXPECT_EQ(link.gDestinationLastName, L"");
+    EXPECT_EQ(softphone.gDestinationLastName, L"");
 }
 
 TEST_F(CallHandling, UnknownCallerWithNewContactOff_NothingIsShown)
@@ -91,8 +91,8 @@ TEST_F(CallHandling, UnknownCallerWithNewContactOff_NothingIsShown)
     ring({{L"555", L"Nguyen", L"Linh"}, true, L""});
     EXPECT_EQ(windows(), L"");
     EXPECT_EQ(count(L"contact"), 3u);
-    EXPECT_EQ(link.gLastNameCalled, L"Nguyen") << "the softphone's own names serve where no contact is known";
-    EXPECT_EQ(link.gFirstNameCalled, L"Linh");
+    EXPECT_EQ(softphone.gLastNameCalled, L"Nguyen") << "the softphone's own names serve where no contact is known";
+    EXPECT_EQ(softphone.gFirstNameCalled, L"Linh");
 }
 
 TEST_F(CallHandling, UnknownCallerWithNewContactOn_IsCreatedAndShown)
@@ -119,7 +119,7 @@ TEST_F(CallHandling, OutgoingCall_RefreshesTheNames_AndRunsNoAction)
 {
     begin();
     ring({{L"4711", L"", L""}, false, L""});
-    EXPECT_EQ(link.gLastNameCalled, L"Petit");
+    EXPECT_EQ(softphone.gLastNameCalled, L"Petit");
     EXPECT_EQ(windows(), L"");
     EXPECT_EQ(softphoneCalls.count(L"Call.DestinationNumber get"), 0u);
 }
@@ -129,8 +129,8 @@ TEST_F(CallHandling, OutgoingCallAfterAForwardedOne_ClearsTheDestinationNumberOn
     begin();
     ring(incoming(L"0123", L"4711"));
     ring({{L"4712", L"", L""}, false, L""});
-    EXPECT_EQ(link.gDestinationNumber, L"");
-    EXPECT_EQ(link.gDestinationLastName, L"Petit");
+    EXPECT_EQ(softphone.gDestinationNumber, L"");
+    EXPECT_EQ(softphone.gDestinationLastName, L"Petit");
 }
 
 TEST_F(CallHandling, EmptyNumber_KeepsTheNamesOfThePreviousCall_AndRunsNoAction)
@@ -139,10 +139,10 @@ TEST_F(CallHandling, EmptyNumber_KeepsTheNamesOfThePreviousCall_AndRunsNoAction)
     ring(incoming(L"0123"));
     outlook.command(L"close-windows", L"");
     ring({{L"", L"Nguyen", L"Linh"}, true, L"4711"});
-    EXPECT_EQ(link.gPhoneNumberCalled, L"");
-    EXPECT_EQ(link.gLastNameCalled, L"Durand");
-    EXPECT_EQ(link.gFirstNameCalled, L"Marc");
-    EXPECT_EQ(link.gDestinationNumber, L"");
+    EXPECT_EQ(softphone.gPhoneNumberCalled, L"");
+    EXPECT_EQ(softphone.gLastNameCalled, L"Durand");
+    EXPECT_EQ(softphone.gFirstNameCalled, L"Marc");
+    EXPECT_EQ(softphone.gDestinationNumber, L"");
     EXPECT_EQ(windows(), L"");
 }
 
@@ -190,8 +190,8 @@ TEST_F(CallHandling, ContactWithoutALastName_TheSoftphonesNamesServe)
     begin();
     outlook.load(desk::parseStore(L"[contact]\nFirstName=Firm\nBusinessTelephoneNumber=555\n"));
     ring({{L"555", L"Nguyen", L"Linh"}, true, L""});
-    EXPECT_EQ(link.gLastNameCalled, L"Nguyen");
-    EXPECT_EQ(link.gFirstNameCalled, L"Linh");
+    EXPECT_EQ(softphone.gLastNameCalled, L"Nguyen");
+    EXPECT_EQ(softphone.gFirstNameCalled, L"Linh");
     EXPECT_EQ(windows(), L"Firm - Contact");
 }
 
@@ -201,7 +201,7 @@ TEST_F(CallHandling, OutlookNotReady_NothingIsAskedOfIt)
     session.bOutlookInit = false;
     ring({{L"0123", L"Nguyen", L"Linh"}, true, L"4711"});
     EXPECT_EQ(outlookCalls.calls().size(), 0u);
-    EXPECT_EQ(link.gLastNameCalled, L"Nguyen");
+    EXPECT_EQ(softphone.gLastNameCalled, L"Nguyen");
 }
 
 TEST_F(CallHandling, Forced_RunsTheActionsThatAreSwitchedOff)
@@ -238,7 +238,7 @@ TEST_F(CallHandling, ForcedBeforeAnyCall_PreparesNoMessage)
     EXPECT_EQ(outlookCalls.count(L"Application.CreateItem method"), 0u);
     link.DisplayGroupwareInfo();
     ring(incoming(L"0123"));
-    EXPECT_EQ(link.gLastNameCalled, L"Durand") << "the next call is served";
+    EXPECT_EQ(softphone.gLastNameCalled, L"Durand") << "the next call is served";
 }
 
 // The names are looked up first: what is switched meanwhile holds for this call.

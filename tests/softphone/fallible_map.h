@@ -46,7 +46,7 @@ public:
     }
 
 private:
-    bool answers(REFIID iid) const override { return iid == IID_IDispatch; }
+    IUnknown* interfaceOf(REFIID iid) noexcept override { return iid == IID_IDispatch ? this : nullptr; }
 
     const automation::ComPtr<IDispatch> map_;
     desk::Recorder& calls_;

@@ -103,7 +103,7 @@ TEST_F(IdentifierMap, Purge_HasAMapServerObjectOfItsOwn)
 {
     start();
     put(L"A", L"1.9", 0, 1);
-    link.hashID = automation::Object();
+    softphone.hashID = automation::Object();
     link.PurgeIdRepertory();
     EXPECT_EQ(mapped(L"1.9"), L"");
 }
@@ -129,7 +129,7 @@ TEST_F(IdentifierMap, StopDuringThePurge_LeavesTheRest)
 {
     start();
     for (int n = 0; n < 10; ++n) put(L"A", (L"9." + std::to_wstring(n)).c_str(), 0, 1);
-    const automation::Object book = link.adressbookPavex;
+    const automation::Object book = softphone.adressbookPavex;
     support::RawPartner stopping; // asks for a stop at its third look-up, and has nothing
     int lookUps = 0;
     stopping.onCall = [&](const support::RawPartner::Call& call) {
@@ -139,11 +139,11 @@ TEST_F(IdentifierMap, StopDuringThePurge_LeavesTheRest)
         host.settings.gStop = ++lookUps == 3;
         return S_OK;
     };
-    link.adressbookPavex = automation::Object(&stopping);
+    softphone.adressbookPavex = automation::Object(&stopping);
     link.PurgeIdRepertory();
     EXPECT_EQ(lookUps, 3);
     EXPECT_EQ(store->records(1).size(), 7u);
-    link.adressbookPavex = book;
+    softphone.adressbookPavex = book;
     host.settings.gStop = false;
     link.PurgeIdRepertory();
     EXPECT_EQ(store->records(1).size(), 0u);
@@ -211,7 +211,7 @@ TEST_F(IdentifierMap, SoftphoneThatIsNotReached_CostsNoRecord)
     put(L"D", L"3.4", 0, 0);
     softphoneCalls.faults.add(L"on Application.Line fail 0x80004005");
     start();
-    ASSERT_FALSE(link.histo || link.adressbookPavex);
+    ASSERT_FALSE(softphone.histo || softphone.adressbookPavex);
     EXPECT_EQ(mapped(L"1.2"), L"A");
     EXPECT_EQ(mapped(L"3.4"), L"D");
 }
@@ -257,8 +257,8 @@ TEST_F(IdentifierMap, MappedId_IsCutToTheReturnedLength)
 TEST_F(IdentifierMap, MappedId_IsThatOfTheGroupware)
 {
     start();
-    insertId(link.hashID, L"ENTRYID", L"1.2", MapApplication::outlook, MapCollection::contacts);
-    EXPECT_EQ(mappedId(link.hashID, L"1.2", MapApplication::outlook), L"ENTRYID");
-    EXPECT_EQ(mappedId(link.hashID, L"1.2", MapApplication::lotus), L"");
-    EXPECT_EQ(mappedId(link.hashID, L"1.3", MapApplication::outlook), L"");
+    insertId(softphone.hashID, L"ENTRYID", L"1.2", MapApplication::outlook, MapCollection::contacts);
+    EXPECT_EQ(mappedId(softphone.hashID, L"1.2", MapApplication::outlook), L"ENTRYID");
+    EXPECT_EQ(mappedId(softphone.hashID, L"1.2", MapApplication::lotus), L"");
+    EXPECT_EQ(mappedId(softphone.hashID, L"1.3", MapApplication::outlook), L"");
 }

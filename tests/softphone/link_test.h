@@ -14,6 +14,7 @@
 #include "fallible_map.h"
 #include "outlook/session.h"
 #include "softphone/pavex_interface.h"
+#include "softphone/softphone_session.h"
 #include "support/outlook_records.h"
 #include "support/scratch_folder.h"
 #include "support/test_host.h"
@@ -119,5 +120,6 @@ protected:
     std::optional<automation::server::ClassFactory> mapFactory;
     OutlookSession session{host, groupware, dictionary};
     LotusSession lotus{host, groupware, dictionary};
-    PavexInterface link{host, groupware, session, lotus};
+    SoftphoneSession softphone{host, groupware, session, lotus};
+    PavexInterface link{softphone};
 };

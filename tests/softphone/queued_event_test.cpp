@@ -52,7 +52,7 @@ TEST_F(QueuedEvent, RecordsThatComeBeforeTheWalks_AreMirroredOnce)
 TEST_F(QueuedEvent, RecordsThatComeWhileTheyAreCounted_AreMirroredOnce)
 {
     start();
-    const automation::Object book = link.adressbookPavex;
+    const automation::Object book = softphone.adressbookPavex;
     support::RawPartner counting;
     counting.onCall = [&](const support::RawPartner::Call& call) {
         if (call.id == softphone::records::count) pavex.addEntry({{1, 1}, {L"0123", L"Durand", L"Marc"}});
@@ -62,9 +62,9 @@ TEST_F(QueuedEvent, RecordsThatComeWhileTheyAreCounted_AreMirroredOnce)
         *call.result = answer.release();
         return S_OK;
     };
-    link.adressbookPavex = automation::Object(&counting);
+    softphone.adressbookPavex = automation::Object(&counting);
     link.InsertRepertory();
-    link.adressbookPavex = book;
+    softphone.adressbookPavex = book;
     host.runDeferred();
     EXPECT_EQ(count(L"contact"), 1u);
 }
@@ -72,7 +72,7 @@ TEST_F(QueuedEvent, RecordsThatComeWhileTheyAreCounted_AreMirroredOnce)
 TEST_F(QueuedEvent, RecordsThatAreTooManyToCount_AreMirroredByTheirEvents)
 {
     start();
-    const automation::Object book = link.adressbookPavex;
+    const automation::Object book = softphone.adressbookPavex;
     support::RawPartner counting;
     counting.onCall = [](const support::RawPartner::Call& call) {
         V_VT(call.result) = VT_I4;
@@ -80,9 +80,9 @@ TEST_F(QueuedEvent, RecordsThatAreTooManyToCount_AreMirroredByTheirEvents)
         return S_OK;
     };
     pavex.addEntry({{1, 1}, {L"0123", L"Durand", L"Marc"}});
-    link.adressbookPavex = automation::Object(&counting);
+    softphone.adressbookPavex = automation::Object(&counting);
     link.InsertRepertory();
-    link.adressbookPavex = book;
+    softphone.adressbookPavex = book;
     EXPECT_EQ(host.log.back(), L"Pb In Repertory Synchronisation");
     host.runDeferred();
     EXPECT_EQ(count(L"contact"), 1u);

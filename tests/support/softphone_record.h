@@ -2,6 +2,7 @@
 #pragma once
 
 #include "automation/server/dispatch.h"
+#include "common/softphone_records.h"
 
 #include <map>
 #include <string>
@@ -43,7 +44,7 @@ inline automation::Object record(std::map<std::wstring, automation::Value> membe
 
 }
 
-inline automation::Object softphoneEntry(const wchar_t* number, const wchar_t* lastName, const wchar_t* firstName)
+inline SoftphoneEntry softphoneEntry(const wchar_t* number, const wchar_t* lastName, const wchar_t* firstName)
 {
-    return support::record({{L"Number", number}, {L"LastName", lastName}, {L"FirstName", firstName}});
+    return SoftphoneEntry(support::record({{L"Number", number}, {L"LastName", lastName}, {L"FirstName", firstName}}));
 }

@@ -4,16 +4,25 @@
 #include "common/error_trap.h"
 
 #include <string>
+#include <string_view>
 #include <utility>
 #include <vector>
 
 namespace support {
 
+// The bare name in a compiler's "int Class::name(int) const::<lambda()>".
+inline std::wstring bareName(std::string_view function)
+{
+    function = function.substr(0, function.find('('));
+    function.remove_prefix(function.find_last_of(" :") + 1);
+    return std::wstring(function.begin(), function.end());
+}
+
 class TrappedErrors {
 public:
     TrappedErrors()
-        : previous_(setDiagnosticHook([this](const wchar_t* procedure, const char* error) {
-              procedures.emplace_back(procedure);
+        : previous_(setDiagnosticHook([this](const std::source_location& place, const char* error) {
+              procedures.push_back(bareName(place.function_name()));
               errors.emplace_back(error);
           }))
     {
@@ -22,7 +31,7 @@ public:
     TrappedErrors(const TrappedErrors&) = delete;
     TrappedErrors& operator=(const TrappedErrors&) = delete;
 
-    std::vector<std::wstring> procedures;
+    std::vector<std::wstring> procedures; // those that the errors have ended
     std::vector<std::string> errors;
 
 private:

@@ -1,4 +1,6 @@
 #include "automation/server/class_factory.h"
+
+#include "automation/border.h"
 #include "automation/unknown.h"
 
 #include <utility>
@@ -14,30 +16,26 @@ public:
     {
     }
 
-    STDMETHODIMP CreateInstance(IUnknown* outer, REFIID iid, void** result) override
+    STDMETHODIMP CreateInstance(IUnknown* outer, REFIID iid, void** result) noexcept override
     {
         *result = nullptr;
         if (outer) return CLASS_E_NOAGGREGATION;
-        try {
-            return create_()->QueryInterface(iid, result);
-        } catch (const AutomationError& error) {
-            return error.code();
-        } catch (const std::exception&) {
-            return E_FAIL;
-        }
+        return atBorder([&] { return create_()->QueryInterface(iid, result); });
     }
 
-    STDMETHODIMP LockServer(BOOL lock) override
+    STDMETHODIMP LockServer(BOOL lock) noexcept override
     {
-        if (lock)
-            CoAddRefServerProcess();
-        else if (CoReleaseServerProcess() == 0 && unused_)
-            unused_();
-        return S_OK;
+        return atBorder([&] {
+            if (lock)
+                CoAddRefServerProcess();
+            else if (CoReleaseServerProcess() == 0 && unused_)
+                unused_();
+            return S_OK;
+        });
     }
 
 private:
-    bool answers(REFIID iid) const override { return iid == IID_IClassFactory; }
+    IUnknown* interfaceOf(REFIID iid) noexcept override { return iid == IID_IClassFactory ? this : nullptr; }
 
     const ClassFactory::Creator create_;
     const std::function<void()> unused_;

@@ -1,6 +1,6 @@
 #include "automation/server/collection.h"
 
-#include "automation/error.h"
+#include "automation/border.h"
 #include "automation/unknown.h"
 
 #include <algorithm>
@@ -14,7 +14,7 @@ class Enumeration final : public Unknown<IEnumVARIANT> {
 public:
     Enumeration(std::vector<Value> values, std::size_t position) : values_(std::move(values)), position_(position) {}
 
-    STDMETHODIMP Next(ULONG count, VARIANT* values, ULONG* fetched) override
+    STDMETHODIMP Next(ULONG count, VARIANT* values, ULONG* fetched) noexcept override
     {
         ULONG given = 0;
         while (given < count && position_ < values_.size()) {
@@ -27,27 +27,30 @@ public:
         return given == count ? S_OK : S_FALSE;
     }
 
-    STDMETHODIMP Skip(ULONG count) override
+    STDMETHODIMP Skip(ULONG count) noexcept override
     {
         const std::size_t left = values_.size() - position_;
         position_ += std::min<std::size_t>(count, left);
         return count <= left ? S_OK : S_FALSE;
     }
 
-    STDMETHODIMP Reset() override
+    STDMETHODIMP Reset() noexcept override
     {
         position_ = 0;
         return S_OK;
     }
 
-    STDMETHODIMP Clone(IEnumVARIANT** copy) override
+    STDMETHODIMP Clone(IEnumVARIANT** copy) noexcept override
     {
-        *copy = new Enumeration(values_, position_);
-        return S_OK;
+        *copy = nullptr;
+        return atBorder([&] {
+            *copy = new Enumeration(values_, position_);
+            return S_OK;
+        });
     }
 
 private:
-    bool answers(REFIID iid) const override { return iid == IID_IEnumVARIANT; }
+    IUnknown* interfaceOf(REFIID iid) noexcept override { return iid == IID_IEnumVARIANT ? this : nullptr; }
 
     const std::vector<Value> values_;
     std::size_t position_;
@@ -57,10 +60,11 @@ private:
 
 Value enumerationOf(std::vector<Value> values)
 {
+    auto* const enumeration = new Enumeration(std::move(values), 0);
     Value result;
     VARIANT* variant = result.receive();
     V_VT(variant) = VT_UNKNOWN;
-    V_UNKNOWN(variant) = new Enumeration(std::move(values), 0);
+    V_UNKNOWN(variant) = enumeration;
     return result;
 }
 

@@ -1,5 +1,6 @@
 #include "automation/server/connection_point.h"
-#include "automation/unknown.h"
+
+#include "automation/border.h"
 
 #include <vector>
 
@@ -12,7 +13,7 @@ class PointEnumeration final : public Unknown<IEnumConnectionPoints> {
 public:
     PointEnumeration(IConnectionPoint* point, bool done) : point_(point), done_(done) {}
 
-    STDMETHODIMP Next(ULONG count, IConnectionPoint** points, ULONG* fetched) override
+    STDMETHODIMP Next(ULONG count, IConnectionPoint** points, ULONG* fetched) noexcept override
     {
         const bool gives = count > 0 && !done_;
         if (gives) {
@@ -24,27 +25,30 @@ public:
         return gives && count == 1 ? S_OK : S_FALSE;
     }
 
-    STDMETHODIMP Skip(ULONG count) override
+    STDMETHODIMP Skip(ULONG count) noexcept override
     {
         const bool enough = count == 0 || (count == 1 && !done_);
         done_ = done_ || count > 0;
         return enough ? S_OK : S_FALSE;
     }
 
-    STDMETHODIMP Reset() override
+    STDMETHODIMP Reset() noexcept override
     {
         done_ = false;
         return S_OK;
     }
 
-    STDMETHODIMP Clone(IEnumConnectionPoints** copy) override
+    STDMETHODIMP Clone(IEnumConnectionPoints** copy) noexcept override
     {
-        *copy = new PointEnumeration(point_.get(), done_);
-        return S_OK;
+        *copy = nullptr;
+        return atBorder([&] {
+            *copy = new PointEnumeration(point_.get(), done_);
+            return S_OK;
+        });
     }
 
 private:
-    bool answers(REFIID iid) const override { return iid == IID_IEnumConnectionPoints; }
+    IUnknown* interfaceOf(REFIID iid) noexcept override { return iid == IID_IEnumConnectionPoints ? this : nullptr; }
 
     const ComPtr<IConnectionPoint> point_;
     bool done_;
@@ -77,23 +81,23 @@ int EventPoint::raise(DISPID event, std::initializer_list<Value> arguments)
     return reached;
 }
 
-STDMETHODIMP EventPoint::QueryInterface(REFIID iid, void** result)
+IUnknown* EventPoint::interfaceOf(REFIID iid) noexcept
 {
-    if (iid == IID_IConnectionPoint) {
-        *result = static_cast<IConnectionPoint*>(this);
-        AddRef();
+    if (iid == IID_IConnectionPointContainer) return static_cast<IConnectionPointContainer*>(this);
+    // One COM object with its point: a proxy asks the object for both.
+    return iid == IID_IConnectionPoint ? static_cast<IConnectionPoint*>(this) : nullptr;
+}
+
+STDMETHODIMP EventPoint::EnumConnectionPoints(IEnumConnectionPoints** points) noexcept
+{
+    *points = nullptr;
+    return atBorder([&] {
+        *points = new PointEnumeration(this, false);
         return S_OK;
-    }
-    return owner_->QueryInterface(iid, result);
+    });
 }
 
-STDMETHODIMP EventPoint::EnumConnectionPoints(IEnumConnectionPoints** points)
-{
-    *points = new PointEnumeration(this, false);
-    return S_OK;
-}
-
-STDMETHODIMP EventPoint::FindConnectionPoint(REFIID iid, IConnectionPoint** point)
+STDMETHODIMP EventPoint::FindConnectionPoint(REFIID iid, IConnectionPoint** point) noexcept
 {
     *point = nullptr;
     if (iid != source_) return CONNECT_E_NOCONNECTION;
@@ -102,36 +106,38 @@ STDMETHODIMP EventPoint::FindConnectionPoint(REFIID iid, IConnectionPoint** poin
     return S_OK;
 }
 
-STDMETHODIMP EventPoint::GetConnectionInterface(IID* iid)
+STDMETHODIMP EventPoint::GetConnectionInterface(IID* iid) noexcept
 {
     *iid = source_;
     return S_OK;
 }
 
-STDMETHODIMP EventPoint::GetConnectionPointContainer(IConnectionPointContainer** container)
+STDMETHODIMP EventPoint::GetConnectionPointContainer(IConnectionPointContainer** container) noexcept
 {
     *container = this;
     AddRef();
     return S_OK;
 }
 
-STDMETHODIMP EventPoint::Advise(IUnknown* sink, DWORD* cookie)
+STDMETHODIMP EventPoint::Advise(IUnknown* sink, DWORD* cookie) noexcept
 {
     *cookie = 0;
-    ComPtr<IDispatch> dispatch;
-    if (!sink || FAILED(sink->QueryInterface(IID_IDispatch, dispatch.receiveVoid())))
-        return CONNECT_E_CANNOTCONNECT;
-    *cookie = ++lastCookie_;
-    sinks_.emplace(*cookie, dispatch);
-    return S_OK;
+    return atBorder([&] {
+        ComPtr<IDispatch> dispatch;
+        if (!sink || FAILED(sink->QueryInterface(IID_IDispatch, dispatch.receiveVoid())))
+            return CONNECT_E_CANNOTCONNECT;
+        sinks_.emplace(++lastCookie_, dispatch);
+        *cookie = lastCookie_;
+        return S_OK;
+    });
 }
 
-STDMETHODIMP EventPoint::Unadvise(DWORD cookie)
+STDMETHODIMP EventPoint::Unadvise(DWORD cookie) noexcept
 {
     return sinks_.erase(cookie) ? S_OK : CONNECT_E_NOCONNECTION;
 }
 
-STDMETHODIMP EventPoint::EnumConnections(IEnumConnections** connections)
+STDMETHODIMP EventPoint::EnumConnections(IEnumConnections** connections) noexcept
 {
     *connections = nullptr;
     return E_NOTIMPL;

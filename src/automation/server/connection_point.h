@@ -1,9 +1,9 @@
 // Raises events: a connection point for one dispatch source interface, and the
-// container through which clients find it. Made to be a part of an object: it
-// shares that object's life and references.
+// container through which clients find it. A part of the object that raises them.
 #pragma once
 
 #include "automation/com_ptr.h"
+#include "automation/unknown.h"
 #include "automation/value.h"
 
 #include <ocidl.h>
@@ -14,12 +14,11 @@
 
 namespace automation::server {
 
-class EventPoint final : public IConnectionPointContainer, public IConnectionPoint {
+class EventPoint final : public Part<IConnectionPointContainer, IConnectionPoint> {
 public:
-    // `owner` outlives this; `source` is the identifier of its event interface.
-    EventPoint(IUnknown* owner, REFIID source) noexcept : owner_(owner), source_(source) {}
-    EventPoint(const EventPoint&) = delete;
-    EventPoint& operator=(const EventPoint&) = delete;
+    // `owner` outlives this and answers for its interfaces too; `source` is the
+    // identifier of its event interface.
+    EventPoint(IUnknown* owner, REFIID source) noexcept : Part(owner), source_(source) {}
 
     // Calls every subscriber, in the order of their subscription. A subscriber
     // that cannot be reached any more is dropped. Returns how many were reached.
@@ -29,19 +28,18 @@ public:
 
     IConnectionPointContainer* container() noexcept { return this; }
 
-    STDMETHODIMP QueryInterface(REFIID iid, void** result) override;
-    STDMETHODIMP_(ULONG) AddRef() override { return owner_->AddRef(); }
-    STDMETHODIMP_(ULONG) Release() override { return owner_->Release(); }
-    STDMETHODIMP EnumConnectionPoints(IEnumConnectionPoints** points) override;
-    STDMETHODIMP FindConnectionPoint(REFIID iid, IConnectionPoint** point) override;
-    STDMETHODIMP GetConnectionInterface(IID* iid) override;
-    STDMETHODIMP GetConnectionPointContainer(IConnectionPointContainer** container) override;
-    STDMETHODIMP Advise(IUnknown* sink, DWORD* cookie) override;
-    STDMETHODIMP Unadvise(DWORD cookie) override;
-    STDMETHODIMP EnumConnections(IEnumConnections** connections) override;
+    // For the owner's answer; null when the question is for neither.
+    IUnknown* interfaceOf(REFIID iid) noexcept;
+
+    STDMETHODIMP EnumConnectionPoints(IEnumConnectionPoints** points) noexcept override;
+    STDMETHODIMP FindConnectionPoint(REFIID iid, IConnectionPoint** point) noexcept override;
+    STDMETHODIMP GetConnectionInterface(IID* iid) noexcept override;
+    STDMETHODIMP GetConnectionPointContainer(IConnectionPointContainer** container) noexcept override;
+    STDMETHODIMP Advise(IUnknown* sink, DWORD* cookie) noexcept override;
+    STDMETHODIMP Unadvise(DWORD cookie) noexcept override;
+    STDMETHODIMP EnumConnections(IEnumConnections** connections) noexcept override;
 
 private:
-    IUnknown* const owner_;
     const IID source_;
     std::map<DWORD, ComPtr<IDispatch>> sinks_;
     DWORD lastCookie_ = 0;

@@ -1,5 +1,6 @@
 #include "automation/server/dispatch.h"
 
+#include "automation/border.h"
 #include "automation/text.h"
 
 #include <atomic>
@@ -143,74 +144,61 @@ long Dispatch::live() noexcept
     return liveObjects;
 }
 
-STDMETHODIMP Dispatch::QueryInterface(REFIID iid, void** result)
+IUnknown* Dispatch::interfaceOf(REFIID iid) noexcept
 {
-    if (iid != IID_IUnknown && iid != IID_IDispatch) {
-        *result = nullptr;
-        return E_NOINTERFACE;
-    }
-    *result = static_cast<IDispatch*>(this);
-    AddRef();
-    return S_OK;
+    return iid == IID_IDispatch ? this : nullptr;
 }
 
-STDMETHODIMP_(ULONG) Dispatch::AddRef()
-{
-    return static_cast<ULONG>(InterlockedIncrement(&references_));
-}
-
-STDMETHODIMP_(ULONG) Dispatch::Release()
-{
-    const LONG left = InterlockedDecrement(&references_);
-    if (left == 0) delete this;
-    return static_cast<ULONG>(left);
-}
-
-STDMETHODIMP Dispatch::GetTypeInfoCount(UINT* count)
+STDMETHODIMP Dispatch::GetTypeInfoCount(UINT* count) noexcept
 {
     *count = 0;
     return S_OK;
 }
 
-STDMETHODIMP Dispatch::GetTypeInfo(UINT, LCID, ITypeInfo** type)
+STDMETHODIMP Dispatch::GetTypeInfo(UINT, LCID, ITypeInfo** type) noexcept
 {
     *type = nullptr;
     return E_NOTIMPL;
 }
 
-STDMETHODIMP Dispatch::GetIDsOfNames(REFIID, LPOLESTR* names, UINT count, LCID, DISPID* ids)
+STDMETHODIMP Dispatch::GetIDsOfNames(REFIID, LPOLESTR* names, UINT count, LCID, DISPID* ids) noexcept
 {
-    if (count == 0) return E_INVALIDARG;
-    const HRESULT admitted = admitLookUp(names[0]);
-    if (FAILED(admitted)) return admitted;
-    // Named arguments are not offered, so only the member's own name has an identifier.
-    for (UINT index = 1; index < count; ++index) ids[index] = DISPID_UNKNOWN;
-    ids[0] = idOf(names[0]);
-    return count == 1 && ids[0] != DISPID_UNKNOWN ? S_OK : DISP_E_UNKNOWNNAME;
+    return atBorder([&] {
+        if (count == 0) return E_INVALIDARG;
+        const HRESULT admitted = admitLookUp(names[0]);
+        if (FAILED(admitted)) return admitted;
+        // Named arguments are not offered, so only the member's own name has an identifier.
+        for (UINT index = 1; index < count; ++index) ids[index] = DISPID_UNKNOWN;
+        ids[0] = idOf(names[0]);
+        return count == 1 && ids[0] != DISPID_UNKNOWN ? S_OK : DISP_E_UNKNOWNNAME;
+    });
 }
 
 STDMETHODIMP Dispatch::Invoke(DISPID id, REFIID, LCID, WORD flags, DISPPARAMS* parameters, VARIANT* result,
-                              EXCEPINFO* exception, UINT* refused)
+                              EXCEPINFO* exception, UINT* refused) noexcept
 {
-    const IncomingCall call{id, flags, Arguments(*parameters)};
     const ComPtr<IDispatch> alive(this);
-    try {
-        const HRESULT admitted = admitCall(call);
-        if (FAILED(admitted)) return admitted;
-        Value value = carryOut(call);
-        if (result) *result = value.release();
-        return S_OK;
-    } catch (const Exception& error) {
-        return raise(error, exception);
-    } catch (const Failure& error) {
-        return refuse(error.code, error.argument, call.arguments, refused);
-    } catch (const AutomationError& error) {
-        return error.code();
-    } catch (const std::bad_alloc&) {
-        return E_OUTOFMEMORY;
-    } catch (const std::exception& error) {
-        return raise({E_UNEXPECTED, L"", wide(error.what())}, exception);
-    }
+    return atBorder([&] { return respond({id, flags, Arguments(*parameters)}, result, exception, refused); });
+}
+
+// What needs more than an HRESULT to be told is told here, the rest at the border.
+HRESULT Dispatch::respond(const IncomingCall& call, VARIANT* result, EXCEPINFO* exception, UINT* refused)
+try {
+    const HRESULT admitted = admitCall(call);
+    if (FAILED(admitted)) return admitted;
+    Value value = carryOut(call);
+    if (result) *result = value.release();
+    return S_OK;
+} catch (const Exception& error) {
+    return raise(error, exception);
+} catch (const Failure& error) {
+    return refuse(error.code, error.argument, call.arguments, refused);
+} catch (const AutomationError&) {
+    throw;
+} catch (const std::bad_alloc&) {
+    throw;
+} catch (const std::exception& error) {
+    return raise({E_UNEXPECTED, L"", wide(error.what())}, exception);
 }
 
 void checkFits(const IncomingCall& call, WORD kinds, unsigned least, unsigned most)

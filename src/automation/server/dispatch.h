@@ -6,6 +6,8 @@
 
 #include "automation/error.h"
 #include "automation/object.h"
+#include "automation/server/failure.h"
+#include "automation/unknown.h"
 #include "automation/value.h"
 
 #include <windows.h>
@@ -16,20 +18,6 @@
 #include <string>
 
 namespace automation::server {
-
-// Thrown by a member: reaches the client as an automation exception
-// (DISP_E_EXCEPTION) with this source and description.
-struct Exception {
-    HRESULT code;
-    std::wstring source;
-    std::wstring description;
-};
-
-// Thrown by a member: reaches the client as this bare HRESULT.
-struct Failure {
-    HRESULT code;
-    unsigned argument = 0; // zero-based from the left, used with a type mismatch
-};
 
 // The arguments of one incoming call, from left to right.
 class Arguments {
@@ -76,7 +64,7 @@ struct IncomingCall {
     bool isPut() const noexcept { return (flags & (DISPATCH_PROPERTYPUT | DISPATCH_PROPERTYPUTREF)) != 0; }
 };
 
-class Dispatch : public IDispatch {
+class Dispatch : public Unknown<IDispatch> {
 public:
     // A new object starts with one reference, the creator's: see make().
     Dispatch() noexcept;
@@ -86,17 +74,16 @@ public:
     // Objects of this kind alive in this process.
     static long live() noexcept;
 
-    STDMETHODIMP QueryInterface(REFIID iid, void** result) override;
-    STDMETHODIMP_(ULONG) AddRef() final;
-    STDMETHODIMP_(ULONG) Release() final;
-    STDMETHODIMP GetTypeInfoCount(UINT* count) override;
-    STDMETHODIMP GetTypeInfo(UINT index, LCID locale, ITypeInfo** type) override;
-    STDMETHODIMP GetIDsOfNames(REFIID, LPOLESTR* names, UINT count, LCID, DISPID* ids) final;
+    STDMETHODIMP GetTypeInfoCount(UINT* count) noexcept override;
+    STDMETHODIMP GetTypeInfo(UINT index, LCID locale, ITypeInfo** type) noexcept override;
+    STDMETHODIMP GetIDsOfNames(REFIID, LPOLESTR* names, UINT count, LCID, DISPID* ids) noexcept final;
     STDMETHODIMP Invoke(DISPID id, REFIID, LCID, WORD flags, DISPPARAMS* parameters, VARIANT* result,
-                        EXCEPINFO* exception, UINT* refused) final;
+                        EXCEPINFO* exception, UINT* refused) noexcept final;
 
 protected:
-    virtual ~Dispatch();
+    ~Dispatch() override;
+
+    IUnknown* interfaceOf(REFIID iid) noexcept override;
 
     // The identifier of a member name, DISPID_UNKNOWN when there is none.
     virtual DISPID idOf(std::wstring_view name) = 0;
@@ -113,7 +100,7 @@ protected:
     virtual Value carryOut(const IncomingCall& call) { return answer(call); }
 
 private:
-    long references_ = 1;
+    HRESULT respond(const IncomingCall& call, VARIANT* result, EXCEPINFO* exception, UINT* refused);
 };
 
 // One row of a member table. `handler` gets the object and the call; a

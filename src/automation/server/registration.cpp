@@ -1,6 +1,8 @@
 #include "automation/server/registration.h"
 
+#include "automation/com_ptr.h"
 #include "automation/error.h"
+#include "automation/owners.h"
 
 #include <oleauto.h>
 
@@ -18,12 +20,11 @@ std::wstring guidText(const GUID& guid)
 LSTATUS setDefaultValue(HKEY root, const std::wstring& key, const std::wstring& value)
 {
     HKEY opened = nullptr;
-    LSTATUS result = RegCreateKeyExW(root, key.c_str(), 0, nullptr, 0, KEY_WRITE, nullptr, &opened, nullptr);
+    const LSTATUS result = RegCreateKeyExW(root, key.c_str(), 0, nullptr, 0, KEY_WRITE, nullptr, &opened, nullptr);
     if (result != ERROR_SUCCESS) return result;
-    result = RegSetValueExW(opened, nullptr, 0, REG_SZ, reinterpret_cast<const BYTE*>(value.c_str()),
-                            static_cast<DWORD>((value.size() + 1) * sizeof(wchar_t)));
-    RegCloseKey(opened);
-    return result;
+    const RegistryKey owned(opened);
+    return RegSetValueExW(owned.get(), nullptr, 0, REG_SZ, reinterpret_cast<const BYTE*>(value.c_str()),
+                          static_cast<DWORD>((value.size() + 1) * sizeof(wchar_t)));
 }
 
 LSTATUS writeClass(HKEY root, const ClassRegistration& registration, const std::wstring& program)
@@ -59,9 +60,8 @@ void removeClass(HKEY root, const ClassRegistration& registration)
 
 void registerTypeLibrary(const std::wstring& program)
 {
-    ITypeLib* library = nullptr;
-    check(LoadTypeLibEx(program.c_str(), REGKIND_REGISTER, &library), L"LoadTypeLibEx");
-    library->Release();
+    ComPtr<ITypeLib> library;
+    check(LoadTypeLibEx(program.c_str(), REGKIND_REGISTER, library.receive()), L"LoadTypeLibEx");
 }
 
 }

@@ -1,0 +1,10 @@
+// Somebody on the telephone: three texts that travel together.
+#pragma once
+
+#include <string>
+
+struct Party {
+    std::wstring number;
+    std::wstring lastName;
+    std::wstring firstName;
+};

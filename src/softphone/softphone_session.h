@@ -1,0 +1,49 @@
+// Everything that the program keeps about the softphone between calls, under its
+// given names. One record exists, owned by the form; the procedures of this room
+// take it as their first argument, and through it reach the two groupwares.
+#pragma once
+
+#include "automation/object.h"
+#include "common/groupware_state.h"
+#include "common/host.h"
+#include "lotus/lotus_session.h"
+#include "outlook/outlook_session.h"
+
+#include <string>
+
+// The softphone's records are of one class each: members are looked up once.
+struct SoftphoneMemberNames {
+    const automation::SharedNames call = automation::sharedNames();
+    const automation::SharedNames entry = automation::sharedNames();
+    const automation::SharedNames historyItem = automation::sharedNames();
+};
+
+struct SoftphoneSession {
+    SoftphoneSession(Host& host, GroupwareState& groupware, OutlookSession& outlook, LotusSession& lotus)
+        : host(host), groupware(groupware), outlook(outlook), lotus(lotus)
+    {
+    }
+
+    Host& host;
+    GroupwareState& groupware;
+    OutlookSession& outlook;
+    LotusSession& lotus;
+    const SoftphoneMemberNames names;
+
+    automation::Object UserObj;
+    bool bInitConnector = false;          // InitConnector is running; kept only
+    std::wstring gPhoneNumberCalled;      // other party of the last new call
+    std::wstring gLastNameCalled;
+    std::wstring gFirstNameCalled;
+    std::wstring gDestinationLastName;    // to whom an incoming call was forwarded
+    std::wstring gDestinationFirstName;
+    std::wstring gDestinationNumber;
+    automation::Object hashID;            // the identifier-map server
+    automation::Object PavexObj;
+    automation::Object LineObj;
+    automation::Object histo;
+    automation::Object adressbookPavex;
+
+    int repertoryWalks = 0;               // counts taken by the synchronisations so far
+    int historyWalks = 0;
+};
