@@ -100,4 +100,38 @@ std::string manifestOf(const std::wstring& path)
     return text;
 }
 
+namespace {
+
+std::wstring versionText(const std::string& resource, const wchar_t* name)
+{
+    const std::wstring place = std::wstring(L"\\StringFileInfo\\040904B0\\") + name;
+    void* text = nullptr;
+    UINT length = 0;
+    if (!VerQueryValueW(resource.data(), place.c_str(), &text, &length)) return {};
+    return static_cast<const wchar_t*>(text);
+}
+
+std::wstring versionNumbers(const std::string& resource)
+{
+    void* found = nullptr;
+    UINT length = 0;
+    if (!VerQueryValueW(resource.data(), L"\\", &found, &length)) return {};
+    const auto& fixed = *static_cast<const VS_FIXEDFILEINFO*>(found);
+    std::wstring text;
+    for (const DWORD part : {fixed.dwFileVersionMS, fixed.dwFileVersionLS})
+        text += (text.empty() ? L"" : L".") + std::to_wstring(HIWORD(part)) + L"." + std::to_wstring(LOWORD(part));
+    return text;
+}
+
+}
+
+ProgramVersion versionOf(const std::wstring& path)
+{
+    std::string resource(GetFileVersionInfoSizeW(path.c_str(), nullptr), '\0');
+    if (!GetFileVersionInfoW(path.c_str(), 0, static_cast<DWORD>(resource.size()), resource.data())) return {};
+    const auto text = [&](const wchar_t* name) { return versionText(resource, name); };
+    return {text(L"FileVersion"), text(L"ProductVersion"), versionNumbers(resource), text(L"FileDescription"),
+            text(L"InternalName"), text(L"OriginalFilename"), text(L"ProductName")};
+}
+
 }

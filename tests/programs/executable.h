@@ -18,4 +18,13 @@ Executable executable(const std::wstring& path);
 // "" for a program that has none.
 std::string manifestOf(const std::wstring& path);
 
+// What its version resource says, as the Explorer shows it; all "" for a program that has none.
+struct ProgramVersion {
+    std::wstring file, product;                                // the texts
+    std::wstring numbers;                                      // the four numbers, with dots
+    std::wstring description, name, originalFile, productName;
+};
+
+ProgramVersion versionOf(const std::wstring& path);
+
 }

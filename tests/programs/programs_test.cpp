@@ -167,3 +167,17 @@ TEST(InstalledPrograms, Manifest_TakesNoMoreRightsThanTheUsers_AndKnowsTheSystem
             EXPECT_NE(manifest.find(part), std::string::npos) << automation::ansi(program) << " lacks " << part;
     }
 }
+
+TEST(InstalledPrograms, Version_IsTheProjects)
+{
+    for (const wchar_t* program : installed) {
+        const programs::ProgramVersion version = programs::versionOf(beside(program));
+        EXPECT_EQ(version.file, automation::wide(PROJECT_VERSION)) << automation::ansi(program);
+        EXPECT_EQ(version.product, version.file) << automation::ansi(program);
+        EXPECT_EQ(version.numbers, version.file + L".0") << automation::ansi(program);
+        EXPECT_EQ(version.originalFile, program);
+        EXPECT_EQ(version.name + L".exe", program);
+        EXPECT_EQ(version.productName, L"Hublink") << automation::ansi(program);
+        EXPECT_NE(version.description, L"") << automation::ansi(program);
+    }
+}
