@@ -3,7 +3,7 @@
 // events.
 #pragma once
 
-#include "automation/server/connection_point.h"
+#include "automation/server/event_point.h"
 #include "desk/common/recorded_object.h"
 #include "desk/softphone/class_info.h"
 #include "desk/softphone/guids.h"

@@ -6,6 +6,8 @@
 #include <array>
 #include <cstdint>
 
+namespace hublink {
+
 namespace {
 
 struct Translation {
@@ -63,4 +65,6 @@ std::wstring TranslateCallType(const std::wstring& Text, const Dictionary& dicti
     if (found == translations.end()) return Text;
     const std::wstring translated = historyText(dictionary, found->key, "");
     return translated.empty() ? Text : withoutAccessKey(translated);
+}
+
 }

@@ -7,6 +7,8 @@
 #include <functional>
 #include <string>
 
+namespace hublink {
+
 // The English call-type text: the direction, then " unanswered" whatever else
 // holds, else " acknowledged" or " answered". State and acknowledgement are as the
 // softphone has them; `acknowledged` is asked only where the state does not tell
@@ -22,3 +24,5 @@ std::wstring TranslateCallType(const std::wstring& Text, const Dictionary& dicti
 // The dictionary's text for a caller without a number ("No identity" where it
 // has none), without "&".
 std::wstring unknownCallerText(const Dictionary& dictionary);
+
+}

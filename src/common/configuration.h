@@ -6,6 +6,8 @@
 #include <cstdint>
 #include <string>
 
+namespace hublink {
+
 struct Configuration {
     std::wstring szServer;            // address of the softphone's server component
     std::wstring szUserName;          // softphone user name
@@ -26,3 +28,5 @@ struct Configuration {
     bool Trace = false;               // show every log line in a message box
     std::int16_t gnb_echec = 0;       // "TryCnxNumber" reduced to a 16-bit Boolean: -1 or 0
 };
+
+}

@@ -5,6 +5,8 @@
 
 #include <utility>
 
+namespace hublink {
+
 using automation::ansi;
 using automation::wide;
 
@@ -46,4 +48,6 @@ DWORD Dictionary::GetElt(const char* section, const char* key, const char* fallb
     value.copy(buffer, value.size());
     buffer[value.size()] = '\0';
     return static_cast<DWORD>(value.size());
+}
+
 }

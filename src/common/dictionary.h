@@ -7,6 +7,8 @@
 #include <cstdint>
 #include <string>
 
+namespace hublink {
+
 class Dictionary {
 public:
     // `programFolder` without a trailing backslash.
@@ -34,3 +36,5 @@ private:
     std::wstring folder_;
     std::wstring file_;
 };
+
+}

@@ -6,6 +6,8 @@
 
 #include <utility>
 
+namespace hublink {
+
 namespace {
 
 // In pieces: the error may be that memory is short.
@@ -34,4 +36,6 @@ try {
 DiagnosticHook setDiagnosticHook(DiagnosticHook replacement)
 {
     return std::exchange(hook(), std::move(replacement));
+}
+
 }

@@ -7,6 +7,8 @@
 #include <functional>
 #include <source_location>
 
+namespace hublink {
+
 // Told of every trapped error: the place of the trap, which names the procedure
 // that the error has ended, and what was thrown. The default writes it to the
 // debugger. What the hook itself throws is dropped. Returns the hook in force before.
@@ -39,4 +41,6 @@ void trapErrors(Body&& body, Handler&& onError,
     };
     trapErrors(whole, place);
     if (!succeeded) trapErrors(onError, place);
+}
+
 }

@@ -2,6 +2,8 @@
 
 #include <windows.h>
 
+namespace hublink {
+
 bool FileExist(const std::wstring& szFile)
 {
     return GetFileAttributesW(szFile.c_str()) != INVALID_FILE_ATTRIBUTES;
@@ -13,4 +15,6 @@ void CopieFileIfNotExist(const std::wstring& szpath, const std::wstring& szFile,
     if (FileExist(target)) return;
     if (CopyFileW((programFolder + L"\\" + szFile).c_str(), target.c_str(), FALSE))
         SetFileAttributesW(target.c_str(), FILE_ATTRIBUTE_NORMAL);
+}
+
 }

@@ -4,6 +4,8 @@
 
 #include <limits>
 
+namespace hublink {
+
 void countInitFailure(GroupwareState& state, Host& host)
 {
     if (state.nbInitFailure == std::numeric_limits<std::int16_t>::max())
@@ -12,4 +14,6 @@ void countInitFailure(GroupwareState& state, Host& host)
     // A counter that counts up from 0 against a Boolean that is -1 or 0: the
     // limit is never met, and repeated failures do not stop the program.
     if (state.nbInitFailure == host.configuration().gnb_echec) host.StopConnector();
+}
+
 }

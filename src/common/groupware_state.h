@@ -6,6 +6,8 @@
 #include <cstdint>
 #include <string>
 
+namespace hublink {
+
 struct GroupwareState {
     // Failed groupware initialisations since the start, both adapters counted
     // together. Never reset while the program runs.
@@ -18,3 +20,5 @@ struct GroupwareState {
 // Counts one more failure, and asks for a stop when the count equals the limit.
 // Throws AutomationError (overflow) past 32767, with the count unchanged.
 void countInitFailure(GroupwareState& state, Host& host);
+
+}

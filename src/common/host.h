@@ -11,6 +11,8 @@
 #include <functional>
 #include <string>
 
+namespace hublink {
+
 class Host {
 public:
     virtual ~Host() = default;
@@ -50,3 +52,5 @@ public:
     // what was deferred before it has ended: never inside a call to another program.
     virtual void defer(std::function<void()> work) = 0;
 };
+
+}

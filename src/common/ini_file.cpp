@@ -8,6 +8,8 @@
 #include <optional>
 #include <string_view>
 
+namespace hublink {
+
 namespace {
 
 constexpr std::size_t bufferSize = 1024;
@@ -85,4 +87,6 @@ std::vector<std::wstring> IniFile::sections() const
 bool IniFile::write(const char* section, const char* key, const char* value) const
 {
     return WritePrivateProfileStringA(section, key, value, path_.c_str()) != FALSE;
+}
+
 }

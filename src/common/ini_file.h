@@ -4,6 +4,8 @@
 #include <string>
 #include <vector>
 
+namespace hublink {
+
 class IniFile {
 public:
     explicit IniFile(const std::wstring& path);
@@ -25,3 +27,5 @@ public:
 private:
     std::string path_;
 };
+
+}

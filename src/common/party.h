@@ -3,8 +3,12 @@
 
 #include <string>
 
+namespace hublink {
+
 struct Party {
     std::wstring number;
     std::wstring lastName;
     std::wstring firstName;
 };
+
+}

@@ -3,6 +3,10 @@
 
 #include <string>
 
+namespace hublink {
+
 // The number without any "." and " "; everything else (dashes, parentheses,
 // plus signs, letters) stays.
 std::wstring StripPhoneNumber(const std::wstring& szNumber);
+
+}

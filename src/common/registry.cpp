@@ -3,6 +3,8 @@
 #include "automation/conversion.h"
 #include "automation/text.h"
 
+namespace hublink {
+
 namespace {
 
 using automation::ansi;
@@ -61,4 +63,6 @@ std::wstring RegDeleteString(HKEY hInKey, const std::wstring& subkey, const std:
 {
     const OpenedKey key(hInKey, subkey, KEY_ALL_ACCESS);
     return automation::textFromBoolean(key && RegDeleteValueA(key.get(), ansi(valname).c_str()) == ERROR_SUCCESS);
+}
+
 }

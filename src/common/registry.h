@@ -7,6 +7,8 @@
 
 #include <string>
 
+namespace hublink {
+
 // What RegGetString returns for a value that it cannot read.
 inline constexpr const wchar_t* registryNoText = L"--Not String--";
 
@@ -22,3 +24,5 @@ std::wstring RegSetString(HKEY hInKey, const std::wstring& subkey, const std::ws
 
 // Deletes a value. "True" when key and deletion were in order, else "False".
 std::wstring RegDeleteString(HKEY hInKey, const std::wstring& subkey, const std::wstring& valname);
+
+}

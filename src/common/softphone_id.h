@@ -5,6 +5,8 @@
 #include <cstdint>
 #include <string>
 
+namespace hublink {
+
 struct SoftphoneId {
     std::int32_t IdHigh = 0;
     std::int32_t IdLow = 0;
@@ -16,3 +18,5 @@ std::wstring textFromSoftphoneId(SoftphoneId id);
 // The first two parts of a text of one or two dots; 0 and 0 for a text of more.
 // Throws AutomationError when there is no dot or a part is no 32-bit number.
 SoftphoneId softphoneIdFromText(const std::wstring& text);
+
+}

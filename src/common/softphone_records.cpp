@@ -1,5 +1,7 @@
 #include "common/softphone_records.h"
 
+namespace hublink {
+
 using automation::Value;
 
 namespace {
@@ -74,4 +76,6 @@ Value SoftphoneHistoryItem::state() const
 Value SoftphoneHistoryItem::acknowledged() const
 {
     return object_.get(L"Acknowledged");
+}
+
 }

@@ -10,6 +10,8 @@
 #include <string>
 #include <utility>
 
+namespace hublink {
+
 // The other party, which every record tells.
 class SoftphoneRecord {
 public:
@@ -50,3 +52,5 @@ public:
     automation::Value state() const;        // a number of the softphone's own
     automation::Value acknowledged() const; // 1 when it was
 };
+
+}

@@ -2,6 +2,8 @@
 
 #include <windows.h>
 
+namespace hublink {
+
 std::vector<std::wstring> split(std::wstring_view text, wchar_t separator)
 {
     std::vector<std::wstring> parts;
@@ -33,4 +35,6 @@ std::wstring replaceAll(std::wstring text, std::wstring_view what, std::wstring_
     for (std::size_t at = text.find(what); at != std::wstring::npos; at = text.find(what, at + with.size()))
         text.replace(at, what.size(), with);
     return text;
+}
+
 }

@@ -5,6 +5,8 @@
 #include <string_view>
 #include <vector>
 
+namespace hublink {
+
 // The parts between the separators, untrimmed; an empty text has no parts.
 std::vector<std::wstring> split(std::wstring_view text, wchar_t separator);
 
@@ -17,3 +19,5 @@ std::wstring lowerCase(std::wstring text);
 // Every occurrence replaced, from the left, case-sensitive. What a replacement
 // brings in is not looked at again. An empty `what` replaces nothing.
 std::wstring replaceAll(std::wstring text, std::wstring_view what, std::wstring_view with);
+
+}

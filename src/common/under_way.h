@@ -2,6 +2,8 @@
 // ends, its mark does not outlive it.
 #pragma once
 
+namespace hublink {
+
 class UnderWay {
 public:
     explicit UnderWay(bool& mark) noexcept : mark_(mark) { mark_ = true; }
@@ -12,3 +14,5 @@ public:
 private:
     bool& mark_;
 };
+
+}

@@ -6,6 +6,8 @@
 
 #include <algorithm>
 
+namespace hublink {
+
 namespace {
 
 using automation::Object;
@@ -50,4 +52,6 @@ void ShowGroupCalendars(LotusSession& session, const std::wstring& Number)
             if (lists(calendar, fullName)) notesWorkspace().call(L"EDITDOCUMENT", {false, calendar});
         }
     });
+}
+
 }

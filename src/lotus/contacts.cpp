@@ -7,6 +7,8 @@
 #include "lotus/open_books.h"
 #include "lotus/search.h"
 
+namespace hublink {
+
 namespace {
 
 using automation::Object;
@@ -78,4 +80,6 @@ std::wstring CreateContactFromEntry(LotusSession& session, const SoftphoneEntry&
         logNewContact(session, party);
     });
     return noteId;
+}
+
 }

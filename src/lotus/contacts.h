@@ -8,6 +8,8 @@
 
 #include <string>
 
+namespace hublink {
+
 // A new contact: opened for the user to complete and save (`show`), or saved
 // at once. Its NoteId, "" on failure.
 std::wstring CreateContactDocument(LotusSession& session, const Party& party, bool show);
@@ -18,3 +20,5 @@ void ShowOrCreateCaller(LotusSession& session, const Party& caller);
 // A saved contact for an entry of the softphone's address book. Its NoteId, ""
 // on failure; the line in the log is written all the same.
 std::wstring CreateContactFromEntry(LotusSession& session, const SoftphoneEntry& entry);
+
+}

@@ -6,6 +6,8 @@
 
 #include <utility>
 
+namespace hublink {
+
 namespace {
 
 using automation::Object;
@@ -98,4 +100,6 @@ Party UpdateCurrentDocumentNumber(LotusSession& session)
         }
     });
     return offered;
+}
+
 }

@@ -6,6 +6,10 @@
 #include "common/party.h"
 #include "lotus/lotus_session.h"
 
+namespace hublink {
+
 // Works on the document in front; the number that it offers now, "" for none.
 // The names are those of a mail's sender, where it was looked up. No error leaves it.
 Party UpdateCurrentDocumentNumber(LotusSession& session);
+
+}

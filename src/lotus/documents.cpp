@@ -5,6 +5,8 @@
 #include "common/error_trap.h"
 #include "common/text.h"
 
+namespace hublink {
+
 namespace {
 
 using automation::Object;
@@ -86,4 +88,6 @@ void openDocument(const LotusBaseRef& base, const Object& document, bool edit)
     const Object workspace = notesWorkspace();
     workspace.call(L"OpenDatabase", {base.Server, base.Base});
     workspace.call(L"EDITDOCUMENT", {edit, document});
+}
+
 }

@@ -8,6 +8,8 @@
 #include <string>
 #include <vector>
 
+namespace hublink {
+
 // The first value of an item as text. Throws AutomationError, also when the
 // item's values are no array.
 std::wstring firstItemValue(const automation::Object& document, const std::wstring& item);
@@ -49,3 +51,5 @@ bool IsSameDatabase(const DatabaseNames& Db, const std::wstring& Server, const s
 // Opens a document of that database in the Notes client, for reading or for
 // editing. Throws AutomationError.
 void openDocument(const LotusBaseRef& base, const automation::Object& document, bool edit);
+
+}

@@ -7,6 +7,8 @@
 #include "lotus/open_books.h"
 #include "lotus/search.h"
 
+namespace hublink {
+
 namespace {
 
 using automation::Object;
@@ -88,4 +90,6 @@ std::wstring CreateHistoryDocument(LotusSession& session, const SoftphoneHistory
         refreshView(session, history);
     });
     return noteId;
+}
+
 }

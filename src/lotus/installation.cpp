@@ -4,6 +4,8 @@
 #include "common/files.h"
 #include "common/registry.h"
 
+namespace hublink {
+
 namespace {
 
 constexpr const wchar_t* release5 = L"SOFTWARE\\Lotus\\Notes\\5.0";
@@ -42,4 +44,6 @@ void AddDatabasesToWorkspace()
         workspace.call(L"AddDatabase", {L"", historyDatabase});
         workspace.call(L"AddDatabase", {L"", settingsDatabase});
     });
+}
+
 }

@@ -2,6 +2,8 @@
 
 #include "lotus/search.h"
 
+namespace hublink {
+
 namespace {
 
 using automation::Object;
@@ -28,4 +30,6 @@ void publishLastCall(LotusSession& session, Party& party)
     setVariable(notes, L"CTI_InfoLastCall_Server", book.Server);
     setVariable(notes, L"CTI_InfoLastCall_Base", book.Base);
     setVariable(notes, L"CTI_InfoLastCall_docid", person.NoteId);
+}
+
 }

@@ -3,6 +3,8 @@
 #include "common/error_trap.h"
 #include "lotus/documents.h"
 
+namespace hublink {
+
 namespace {
 
 using automation::Object;
@@ -51,4 +53,6 @@ void WriteLotusLog(LotusSession& session, const std::wstring& Message)
         document.call(L"save", {true, true});
         session.NewLogDocument = false;
     });
+}
+
 }

@@ -2,6 +2,8 @@
 
 #include "automation/error.h"
 
+namespace hublink {
+
 using automation::Object;
 
 Object notesSession(const LotusSession& session)
@@ -18,4 +20,6 @@ Object notesDatabase(const LotusSession& session, const LotusBaseRef& base)
 Object notesWorkspace()
 {
     return Object::create(L"Notes.NotesUIWorkspace");
+}
+
 }

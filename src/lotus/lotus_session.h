@@ -7,12 +7,14 @@
 #include "common/dictionary.h"
 #include "common/groupware_state.h"
 #include "common/host.h"
-#include "lotus/descriptions.h"
+#include "lotus/database_layout.h"
 
 #include <cstdint>
 #include <memory>
 #include <string>
 #include <vector>
+
+namespace hublink {
 
 class OpenBooks;
 
@@ -61,3 +63,5 @@ automation::Object notesDatabase(const LotusSession& session, const LotusBaseRef
 
 // A new front-end object of the Notes client. Throws AutomationError.
 automation::Object notesWorkspace();
+
+}

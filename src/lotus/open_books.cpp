@@ -5,6 +5,8 @@
 #include <algorithm>
 #include <utility>
 
+namespace hublink {
+
 namespace {
 
 using automation::Object;
@@ -172,4 +174,6 @@ BooksKeptOpen::BooksKeptOpen(LotusSession& session) : session_(session), isOuter
 BooksKeptOpen::~BooksKeptOpen()
 {
     if (isOutermost_) session_.openBooks.reset();
+}
+
 }

@@ -13,6 +13,8 @@
 #include <optional>
 #include <vector>
 
+namespace hublink {
+
 // One address book, as it is searched by telephone number.
 class OpenBook {
 public:
@@ -93,3 +95,5 @@ private:
     LotusSession& session_;
     const bool isOutermost_;
 };
+
+}

@@ -4,6 +4,8 @@
 #include "common/text.h"
 #include "lotus/search.h"
 
+namespace hublink {
+
 namespace {
 
 using automation::Object;
@@ -43,4 +45,6 @@ bool SendPhoneMessage(LotusSession& session, const Party& caller, const Party& c
         composed = true;
     });
     return composed;
+}
+
 }

@@ -5,7 +5,11 @@
 #include "common/party.h"
 #include "lotus/lotus_session.h"
 
+namespace hublink {
+
 // Composes a "Phone Message" to the person with the called number. False when
 // nobody has that number, or has neither mail address nor full name, and on
 // any error. No error leaves it.
 bool SendPhoneMessage(LotusSession& session, const Party& caller, const Party& called);
+
+}

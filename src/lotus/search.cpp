@@ -13,6 +13,8 @@
 #include <functional>
 #include <utility>
 
+namespace hublink {
+
 namespace {
 
 using automation::Object;
@@ -241,4 +243,6 @@ std::wstring FindNoteIdInPersonalBook(const LotusSession& session, const std::ws
         });
     });
     return noteId;
+}
+
 }

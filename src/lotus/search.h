@@ -8,6 +8,8 @@
 #include <string>
 #include <vector>
 
+namespace hublink {
+
 // What a search finds out.
 struct LotusPerson {
     std::wstring LastName;
@@ -50,3 +52,5 @@ bool SearchInPublicAdressBookByMail(LotusSession& session, const std::wstring& m
 // The NoteId of the document with exactly this number in the selected personal
 // address book; "" when there is none.
 std::wstring FindNoteIdInPersonalBook(const LotusSession& session, const std::wstring& Number);
+
+}

@@ -10,6 +10,8 @@
 
 #include <set>
 
+namespace hublink {
+
 namespace {
 
 constexpr const char* lotusSection = "lotus";
@@ -190,4 +192,6 @@ void DumpLotusAddressBooks(LotusSession& session)
                            static_cast<std::int16_t>(k) == session.nSelectedPersonal);
         WriteLotusLog(session, text);
     });
+}
+
 }

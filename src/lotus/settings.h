@@ -9,6 +9,8 @@
 
 #include <cstdint>
 
+namespace hublink {
+
 // Section "lotus base description " and the index. What cannot be read of a
 // book leaves the books and settings behind it alone. No error leaves it.
 void ReadLotusBaseDescription(const LotusSession& session, std::int16_t index, LotusAddressBook& book);
@@ -22,3 +24,5 @@ void ReadLotusPersonalLogIni(LotusSession& session);
 
 // Writes the list of the address books into the log document, as one entry.
 void DumpLotusAddressBooks(LotusSession& session);
+
+}

@@ -3,6 +3,8 @@
 #include "common/error_trap.h"
 #include "common/text.h"
 
+namespace hublink {
+
 std::wstring FillTemplate(const std::wstring& text, const Party& caller)
 {
     std::wstring filled = replaceAll(text, L"<LastName>", caller.lastName);
@@ -27,4 +29,6 @@ bool SendOutlookMail(OutlookSession& session, const std::wstring& to, const std:
         displayed = true;
     });
     return displayed;
+}
+
 }

@@ -7,6 +7,8 @@
 
 #include <string>
 
+namespace hublink {
+
 // Replaces "<LastName>", then "<PhoneNumber>", then "<FirstName>", every
 // occurrence; a placeholder that a last name brings in is replaced too.
 std::wstring FillTemplate(const std::wstring& text, const Party& caller);
@@ -16,3 +18,5 @@ std::wstring MakeCallBackText(const OutlookSession& session, const Party& caller
 
 // Opens a new mail with an empty body; whether it was displayed. No error leaves it.
 bool SendOutlookMail(OutlookSession& session, const std::wstring& to, const std::wstring& subject);
+
+}

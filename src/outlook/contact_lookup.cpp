@@ -9,6 +9,8 @@
 #include <optional>
 #include <utility>
 
+namespace hublink {
+
 namespace {
 
 using automation::Object;
@@ -149,4 +151,6 @@ bool ShowOutlookContact(OutlookSession& session, const std::wstring& number)
         shown = true;
     });
     return shown;
+}
+
 }

@@ -8,6 +8,8 @@
 
 #include <string>
 
+namespace hublink {
+
 // The filter for the thirteen telephone fields. A quote in the number is
 // doubled, as Outlook wants it: otherwise a number could end its own text and
 // go on as a condition. Everything else stays as it is.
@@ -36,3 +38,5 @@ OutlookPerson FindOutlookContact(OutlookSession& session, const std::wstring& nu
 
 // Opens the contact with the number on the screen; whether one was shown.
 bool ShowOutlookContact(OutlookSession& session, const std::wstring& number);
+
+}

@@ -7,6 +7,8 @@
 
 #include <algorithm>
 
+namespace hublink {
+
 namespace {
 
 using automation::Object;
@@ -179,4 +181,6 @@ AnswersOfOneEvent::AnswersOfOneEvent(OutlookSession& session) : session_(session
 AnswersOfOneEvent::~AnswersOfOneEvent()
 {
     session_.keptAnswers = KeptAnswers();
+}
+
 }

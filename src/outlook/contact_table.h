@@ -8,6 +8,8 @@
 
 #include <string>
 
+namespace hublink {
+
 // Nobody: every telephone field of every contact was read, and none, stripped,
 // equals `sought`. One contact: a single row may have the number, and no other kind
 // of item, at which a walk would end, lies among the contacts. Untold: more than one
@@ -39,3 +41,5 @@ public:
 private:
     OutlookSession& session_;
 };
+
+}

@@ -4,6 +4,8 @@
 #include "common/phone_number.h"
 #include "outlook/log_item.h"
 
+namespace hublink {
+
 namespace {
 
 using automation::Object;
@@ -58,4 +60,6 @@ std::wstring NewOutlookContact(OutlookSession& session, const Party& party, bool
         logNewContact(session, contact);
     });
     return entryId;
+}
+
 }

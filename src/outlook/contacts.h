@@ -8,9 +8,13 @@
 
 #include <string>
 
+namespace hublink {
+
 // A contact for an entry of the softphone's address book. Its EntryID, "" on failure.
 std::wstring CreateOutlookContact(OutlookSession& session, const SoftphoneEntry& entry);
 
 // A contact from plain texts, opened on the screen when `display` is set. Its
 // EntryID, "" on failure.
 std::wstring NewOutlookContact(OutlookSession& session, const Party& party, bool display);
+
+}

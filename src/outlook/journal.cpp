@@ -5,6 +5,8 @@
 #include "outlook/contact_lookup.h"
 #include "outlook/contacts.h"
 
+namespace hublink {
+
 namespace {
 
 using automation::Object;
@@ -70,4 +72,6 @@ std::wstring CreateOutlookHistoItem(OutlookSession& session, const SoftphoneHist
         entryId = item.get(L"EntryID").text();
     });
     return entryId;
+}
+
 }

@@ -6,6 +6,8 @@
 
 #include <string>
 
+namespace hublink {
+
 // Adds a recipient "first name, blank, last name" to an item; True when the
 // item took it. No error leaves it.
 bool AddRecipient(OutlookSession& session, const automation::Object& item, const std::wstring& lastName,
@@ -16,3 +18,5 @@ bool AddRecipient(OutlookSession& session, const automation::Object& item, const
 // No error leaves it.
 std::wstring CreateOutlookHistoItem(OutlookSession& session, const SoftphoneHistoryItem& historyItem,
                                     bool createContact);
+
+}

@@ -3,6 +3,8 @@
 #include "automation/conversion.h"
 #include "common/error_trap.h"
 
+namespace hublink {
+
 void LogToOutlookJournal(OutlookSession& session, const std::wstring& text)
 {
     trapErrors([&] {
@@ -20,4 +22,6 @@ void LogToOutlookJournal(OutlookSession& session, const std::wstring& text)
         item.put(L"Body", isFirst ? line : item.get(L"Body").text() + L"\n" + line);
         item.call(L"Close", {std::int16_t{0}});
     });
+}
+
 }

@@ -5,6 +5,10 @@
 
 #include <string>
 
+namespace hublink {
+
 // Appends one line with the date and time to the item "Connector Log", which
 // the first line creates. No error leaves it: a failure loses the line.
 void LogToOutlookJournal(OutlookSession& session, const std::wstring& text);
+
+}

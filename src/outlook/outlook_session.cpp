@@ -1,5 +1,7 @@
 #include "outlook/outlook_session.h"
 
+namespace hublink {
+
 using automation::Object;
 
 // Both hold a reference of their own while they call: the session's may be
@@ -16,4 +18,6 @@ Object newOutlookItem(const OutlookSession& session, OutlookItemType type)
     const Object outlook = session.OutlookApp;
     const Object item = outlook.get(L"CreateItem", {static_cast<std::int16_t>(type)}).object();
     return item.sharing(type == OutlookItemType::mail ? session.names.mail : session.names.journalItem);
+}
+
 }

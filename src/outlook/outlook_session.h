@@ -12,6 +12,8 @@
 #include <cstdint>
 #include <string>
 
+namespace hublink {
+
 // Outlook fixes the dispatch identifiers of each class of item, so a member's
 // name is looked up once a class and not once an item. Another Outlook, as after
 // an update, may have other identifiers: what was looked up belongs to the one
@@ -64,3 +66,5 @@ enum class OutlookItemType : std::int16_t { mail = 0, journal = 4 };
 
 // A new item, not saved yet. Throws AutomationError.
 automation::Object newOutlookItem(const OutlookSession& session, OutlookItemType type);
+
+}

@@ -8,6 +8,8 @@
 
 #include <tuple>
 
+namespace hublink {
+
 namespace {
 
 constexpr const char* section = "outlook";
@@ -56,4 +58,6 @@ bool ReadOutlookIni(OutlookSession& session)
         if (!unchanged) session.bOutlookInit = false;
     });
     return unchanged;
+}
+
 }

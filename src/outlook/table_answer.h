@@ -9,6 +9,8 @@
 #include <string>
 #include <vector>
 
+namespace hublink {
+
 enum class NumberOwner { untold, nobody, oneContact };
 
 struct TableAnswer {
@@ -31,3 +33,5 @@ struct KeptAnswers {
     DWORD since = 0;          // when the first one was told, as GetTickCount tells it
     std::vector<Entry> entries;
 };
+
+}

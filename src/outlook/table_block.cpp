@@ -3,6 +3,8 @@
 #include "automation/array.h"
 #include "automation/error.h"
 
+namespace hublink {
+
 using automation::Value;
 
 TableBlock::TableBlock(const Value& array) : cells_(automation::elementsOf(array))
@@ -29,4 +31,6 @@ bool TableBlock::hasClassInEveryRow(bool columnsFirst)
         if (itsClass.type() != VT_BSTR || !itsClass.text().starts_with(L"IPM.")) return false;
     }
     return true;
+}
+
 }

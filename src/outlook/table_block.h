@@ -7,6 +7,8 @@
 #include <cstddef>
 #include <vector>
 
+namespace hublink {
+
 // The columns behind the telephone fields. An item's class itself cannot be one.
 inline constexpr std::size_t entryIdColumn = telephoneFields.size();
 inline constexpr std::size_t messageClassColumn = entryIdColumn + 1;
@@ -29,3 +31,5 @@ private:
     const std::vector<automation::Value> cells_;
     bool columnsFirst_ = true;
 };
+
+}

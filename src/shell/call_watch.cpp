@@ -6,6 +6,8 @@
 
 #include <utility>
 
+namespace hublink {
+
 CallWatch::CallWatch(Times times)
     : times_(times), callBegan_(automation::OutgoingCall::beginOfOutermost()),
       finished_(CreateEventW(nullptr, TRUE, FALSE, nullptr))
@@ -61,4 +63,6 @@ bool CallWatch::look() const
     const bool over = longAgo(stopAsked_);
     (over ? end_ : onLongCall_)();
     return !over;
+}
+
 }

@@ -10,6 +10,8 @@
 #include <atomic>
 #include <functional>
 
+namespace hublink {
+
 class CallWatch {
 public:
     struct Times {                // milliseconds
@@ -46,3 +48,5 @@ private:
     automation::Handle finished_;
     automation::Handle thread_;
 };
+
+}

@@ -6,6 +6,8 @@
 
 #include <tuple>
 
+namespace hublink {
+
 namespace {
 
 constexpr const char* application = "Application";
@@ -99,4 +101,6 @@ void Hublink::readFeatures(const IniFile& ini)
     configuration_.bgWithHisto = ini.readSwitch(features, "Histo", "");
     configuration_.bgWithRepertory = ini.readSwitch(features, "Repertory", "");
     configuration_.bgWithCallBackMail = ini.readSwitch(features, "CallBackMail", "");
+}
+
 }

@@ -2,6 +2,8 @@
 #include "lotus/current_document.h"
 #include "shell/hublink.h"
 
+namespace hublink {
+
 namespace {
 
 struct Search {
@@ -48,4 +50,6 @@ void Hublink::TimerCallInlotus_Timer()
         if (!shows(front, notesProcessId_)) return;
         UpdateCurrentDocumentNumber(lotus_);
     });
+}
+
 }

@@ -1,5 +1,7 @@
 #include "shell/file_time.h"
 
+namespace hublink {
+
 std::optional<FILETIME> modificationTime(const std::wstring& file)
 {
     WIN32_FILE_ATTRIBUTE_DATA attributes;
@@ -10,4 +12,6 @@ std::optional<FILETIME> modificationTime(const std::wstring& file)
 bool sameTime(const FILETIME& a, const FILETIME& b)
 {
     return CompareFileTime(&a, &b) == 0;
+}
+
 }

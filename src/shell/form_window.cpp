@@ -9,6 +9,8 @@
 
 #include <utility>
 
+namespace hublink {
+
 namespace {
 
 constexpr UINT runDeferredMessage = WM_APP;
@@ -194,4 +196,6 @@ void FormWindow::runDeferred()
         deferred_.pop_front();
         trapErrors(work);
     }
+}
+
 }

@@ -7,6 +7,8 @@
 #include <deque>
 #include <functional>
 
+namespace hublink {
+
 // What the window's messages mean to the form. Nothing may be thrown.
 class FormEvents {
 public:
@@ -76,3 +78,5 @@ private:
     std::deque<std::function<void()>> heldBack_; // what came where no call may go out
     HWND window_ = nullptr;
 };
+
+}

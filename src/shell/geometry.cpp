@@ -3,6 +3,8 @@
 #include "common/error_trap.h"
 #include "shell/screen_scale.h"
 
+namespace hublink {
+
 namespace {
 
 int pixels(const automation::Object& control, const wchar_t* member)
@@ -27,4 +29,6 @@ void GetRelPt(HWND form, const automation::Object& control, float& x, float& y, 
         width = controlWidth;
         height = controlHeight;
     });
+}
+
 }

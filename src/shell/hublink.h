@@ -11,7 +11,7 @@
 #include "common/groupware_state.h"
 #include "common/host.h"
 #include "common/ini_file.h"
-#include "common/process_lookup.h"
+#include "shell/process_lookup.h"
 #include "lotus/lotus_session.h"
 #include "outlook/outlook_session.h"
 #include "shell/call_watch.h"
@@ -25,12 +25,14 @@
 #include <functional>
 #include <optional>
 
+namespace hublink {
+
 // What the form asks of the desktop.
 struct Desktop {
     std::wstring programFolder;                                                    // no trailing backslash
     std::function<int(const std::wstring& text, UINT flags)> messageBox;           // titled with the program's name
     std::function<void()> endProcess;                                              // at once, nothing else runs
-    std::function<bool(DWORD message, TrayIconData& data)> notifyShell = ::notifyShell; // the notification area
+    std::function<bool(DWORD message, TrayIconData& data)> notifyShell = hublink::notifyShell; // the notification area
 };
 
 class Hublink final : public Host, private FormEvents {
@@ -131,3 +133,5 @@ private:
     bool sessionEnds_ = false; // that of Windows: nobody is there to answer a box
     CallWatch callWatch_;
 };
+
+}

@@ -4,6 +4,8 @@
 #include "outlook/log_item.h"
 #include "shell/hublink.h"
 
+namespace hublink {
+
 void Hublink::WriteLog(const std::wstring& szMessage)
 {
     trapErrors([&] {
@@ -32,4 +34,6 @@ void Hublink::pause(std::int32_t milliseconds)
 DATE Hublink::now() const
 {
     return automation::now();
+}
+
 }

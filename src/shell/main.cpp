@@ -10,6 +10,8 @@
 
 #include <commctrl.h>
 
+namespace hublink {
+
 namespace {
 
 Desktop realDesktop()
@@ -45,10 +47,12 @@ int run()
 
 }
 
+}
+
 int WINAPI WinMain(HINSTANCE, HINSTANCE, LPSTR, int)
 {
     return automation::atBorder(1, [] {
         automation::protectProcess();
-        return run();
+        return hublink::run();
     });
 }

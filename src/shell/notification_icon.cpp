@@ -5,6 +5,8 @@
 
 #include <shellapi.h>
 
+namespace hublink {
+
 using namespace std::string_literals;
 
 namespace {
@@ -53,4 +55,6 @@ void Hublink::askWhetherToStop()
     });
     question_ = Question::none;
     if (stop) StopConnector();
+}
+
 }

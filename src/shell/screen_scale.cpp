@@ -2,6 +2,8 @@
 
 #include <windows.h>
 
+namespace hublink {
+
 namespace screenScale {
 
 double twipsPerPixelX()
@@ -28,6 +30,8 @@ int pixelsFromTwips(double twips, double twipsPerPixel)
     constexpr double hair = 1e-9;
     const double pixels = twips / twipsPerPixel;
     return static_cast<int>(pixels < 0 ? pixels - hair : pixels + hair);
+}
+
 }
 
 }

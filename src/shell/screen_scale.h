@@ -1,6 +1,8 @@
 // The form measures in twips: 1440 to the inch, so 15 a pixel at 96 dots per inch.
 #pragma once
 
+namespace hublink {
+
 namespace screenScale {
 
 // Of the primary screen, in the horizontal direction.
@@ -13,5 +15,7 @@ int pixelsFromTwips(double twips);
 
 // The same for a given scale. Whole pixels survive both ways at every scale.
 int pixelsFromTwips(double twips, double twipsPerPixel);
+
+}
 
 }

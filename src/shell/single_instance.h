@@ -3,6 +3,8 @@
 
 #include "automation/owners.h"
 
+namespace hublink {
+
 class SingleInstance {
 public:
     SingleInstance();
@@ -16,3 +18,5 @@ private:
     automation::Handle mutex_;
     bool first_;
 };
+
+}

@@ -2,7 +2,7 @@
 #include "common/error_trap.h"
 #include "common/files.h"
 #include "common/registry.h"
-#include "lotus/session.h"
+#include "lotus/initialisation.h"
 #include "shell/file_time.h"
 #include "shell/hublink.h"
 
@@ -10,6 +10,8 @@
 
 #include <cmath>
 #include <utility>
+
+namespace hublink {
 
 namespace {
 
@@ -69,4 +71,6 @@ void Hublink::Form_Load()
         ReadConnectorIni();
         gPavexInterface.Class_Initialize();
     });
+}
+
 }

@@ -1,12 +1,14 @@
 #include "common/error_trap.h"
 #include "common/under_way.h"
-#include "outlook/session.h"
+#include "outlook/initialisation.h"
 #include "shell/hublink.h"
 #include "softphone/identifier_map.h"
 
 #include <shellapi.h>
 
 #include <utility>
+
+namespace hublink {
 
 void Hublink::watchCalls()
 {
@@ -74,4 +76,6 @@ void Hublink::callIsLong()
     if (!callWatch_.callIsLong()) return; // it is over, and another one is out
     letUserStop();
     askWhetherToStop();
+}
+
 }

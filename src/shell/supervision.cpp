@@ -1,10 +1,12 @@
 #include "automation/error.h"
 #include "common/error_trap.h"
 #include "common/under_way.h"
-#include "lotus/session.h"
-#include "outlook/session.h"
+#include "lotus/initialisation.h"
+#include "outlook/initialisation.h"
 #include "shell/file_time.h"
 #include "shell/hublink.h"
+
+namespace hublink {
 
 bool Hublink::isRunning(const wchar_t* fileName, HANDLE& handle)
 {
@@ -61,4 +63,6 @@ void Hublink::superviseIniFile()
     ReadConnectorIni();
     reopenLotus(lotus_);
     reopenOutlook(outlook_);
+}
+
 }

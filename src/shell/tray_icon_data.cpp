@@ -5,6 +5,8 @@
 #include <algorithm>
 #include <iterator>
 
+namespace hublink {
+
 TrayIconData FillTrayIconData(HWND window, UINT id, UINT flags, UINT callbackMessage, HICON icon,
                               const std::string& tip)
 {
@@ -17,4 +19,6 @@ TrayIconData FillTrayIconData(HWND window, UINT id, UINT flags, UINT callbackMes
 bool notifyShell(DWORD message, TrayIconData& data)
 {
     return Shell_NotifyIconA(message, reinterpret_cast<NOTIFYICONDATAA*>(&data)) != FALSE;
+}
+
 }

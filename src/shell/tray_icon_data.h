@@ -7,6 +7,8 @@
 #include <cstddef>
 #include <string>
 
+namespace hublink {
+
 struct TrayIconData {
     DWORD cbSize;
     HWND hWnd;
@@ -29,3 +31,5 @@ TrayIconData FillTrayIconData(HWND window, UINT id, UINT flags, UINT callbackMes
 
 // Shell_NotifyIconA with that record. The result is the shell's.
 bool notifyShell(DWORD message, TrayIconData& data);
+
+}

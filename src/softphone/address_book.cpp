@@ -10,6 +10,8 @@
 #include "softphone/identifier_map.h"
 #include "softphone/softphone_members.h"
 
+namespace hublink {
+
 namespace {
 
 using automation::Object;
@@ -111,4 +113,6 @@ void CreateLotusContactFromPavex(SoftphoneSession& session, const SoftphoneEntry
         insertId(session.hashID, noteId, textFromSoftphoneId(entry.id()), MapApplication::lotus,
                  MapCollection::contacts);
     });
+}
+
 }

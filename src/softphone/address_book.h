@@ -5,6 +5,8 @@
 #include "common/softphone_records.h"
 #include "softphone/softphone_session.h"
 
+namespace hublink {
+
 // Every entry that is not mapped yet is mapped to the contact with its number, or
 // becomes a new contact; in each groupware for itself.
 void InsertRepertory(SoftphoneSession& session);
@@ -15,3 +17,5 @@ void adressbookPavex_OnRepertoryNewEntry(SoftphoneSession& session, const Softph
 // A new contact for the entry, and its record in the map.
 void CreateOutlookContactFromPavex(SoftphoneSession& session, const SoftphoneEntry& entry);
 void CreateLotusContactFromPavex(SoftphoneSession& session, const SoftphoneEntry& entry);
+
+}

@@ -11,6 +11,8 @@
 #include "outlook/contacts.h"
 #include "softphone/last_call.h"
 
+namespace hublink {
+
 namespace {
 
 // A marker between these procedures; the softphone knows nothing of it.
@@ -101,4 +103,6 @@ void ProcessCallAction(SoftphoneSession& session, const Party& caller, Party des
         }
         if (configuration.bgWithPopUp || force) showCaller(session, caller);
     });
+}
+
 }

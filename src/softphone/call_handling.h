@@ -7,6 +7,8 @@
 
 #include <string>
 
+namespace hublink {
+
 // A new call on the line: who calls, and what to show or prepare for it.
 void LineObj_OnLineNewCall(SoftphoneSession& session, const SoftphoneCall& call);
 
@@ -22,3 +24,5 @@ void DisplayGroupwareInfo(SoftphoneSession& session);
 // then the caller's contact.
 void ProcessCallAction(SoftphoneSession& session, const Party& caller, Party destination, const std::wstring& cause,
                        bool force);
+
+}

@@ -7,6 +7,8 @@
 #include "softphone/identifier_map.h"
 #include "softphone/softphone_members.h"
 
+namespace hublink {
+
 namespace {
 
 using automation::Object;
@@ -79,4 +81,6 @@ void SetHistoItemLotus(SoftphoneSession& session, const SoftphoneHistoryItem& it
         insertId(session.hashID, noteId, id.empty() ? textFromSoftphoneId(item.id()) : id, MapApplication::lotus,
                  MapCollection::history);
     });
+}
+
 }

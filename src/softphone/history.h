@@ -7,6 +7,8 @@
 
 #include <string>
 
+namespace hublink {
+
 // Every item that is not mapped yet is mirrored, in each groupware for itself.
 void InitHisto(SoftphoneSession& session);
 
@@ -19,3 +21,5 @@ void histo_OnHistoricNewItem(SoftphoneSession& session, const SoftphoneHistoryIt
 void SetHistoItemOutlook(SoftphoneSession& session, const SoftphoneHistoryItem& item, bool newContact,
                          const std::wstring& id = L"");
 void SetHistoItemLotus(SoftphoneSession& session, const SoftphoneHistoryItem& item, const std::wstring& id = L"");
+
+}

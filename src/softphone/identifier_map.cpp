@@ -5,6 +5,8 @@
 
 #include <algorithm>
 
+namespace hublink {
+
 using automation::Object;
 using automation::Value;
 
@@ -41,4 +43,6 @@ std::wstring mappedId(const Object& map, const std::wstring& idOrvel, MapApplica
                                                      static_cast<std::int32_t>(application)});
     if (result.int32() == 0) return L"";
     return idAppli.text().substr(0, static_cast<std::size_t>(std::max(length.int32(), std::int32_t{0})));
+}
+
 }

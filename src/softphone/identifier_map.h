@@ -7,6 +7,8 @@
 #include <cstdint>
 #include <string>
 
+namespace hublink {
+
 enum class MapApplication : std::int32_t { outlook = 0, lotus = 1 };
 enum class MapCollection : std::int32_t { history = 0, contacts = 1 };
 
@@ -25,3 +27,5 @@ void insertId(const automation::Object& map, const std::wstring& idAppli, const 
 // The groupware identifier mapped to a softphone record, "" when it is not
 // mapped. Throws AutomationError.
 std::wstring mappedId(const automation::Object& map, const std::wstring& idOrvel, MapApplication application);
+
+}

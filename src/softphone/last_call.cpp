@@ -4,6 +4,8 @@
 #include "lotus/last_call.h"
 #include "outlook/contact_lookup.h"
 
+namespace hublink {
+
 Party SetLastCallInfo(SoftphoneSession& session, const std::wstring& number)
 {
     Party party{number, L"", L""};
@@ -16,4 +18,6 @@ Party SetLastCallInfo(SoftphoneSession& session, const std::wstring& number)
         publishLastCall(session.lotus, party);
     });
     return party;
+}
+
 }

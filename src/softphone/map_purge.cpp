@@ -7,6 +7,8 @@
 #include "softphone/map_server.h"
 #include "softphone/softphone_members.h"
 
+namespace hublink {
+
 namespace {
 
 using automation::Object;
@@ -80,4 +82,6 @@ void PurgeIdRepertory(SoftphoneSession& session)
 void PurgeIdHistorique(SoftphoneSession& session)
 {
     trapErrors([&] { purge(session, MapCollection::history, session.histo); });
+}
+
 }

@@ -6,6 +6,8 @@
 
 #include <string>
 
+namespace hublink {
+
 // Drops the map records whose softphone record has gone; none while the
 // softphone's list does not answer. The history comes first.
 void PurgeId(SoftphoneSession& session);
@@ -16,3 +18,5 @@ void PurgeIdHistorique(SoftphoneSession& session);
 // identifier text. False too when that cannot be found out.
 bool InPavexRepertory(const SoftphoneSession& session, const std::wstring& id);
 bool InPavexHistorique(const SoftphoneSession& session, const std::wstring& id);
+
+}

@@ -3,6 +3,8 @@
 #include "automation/error.h"
 #include "automation/owners.h"
 
+namespace hublink {
+
 using automation::AutomationError;
 using automation::Object;
 
@@ -44,4 +46,6 @@ try {
 } catch (const AutomationError& error) {
     if (!saysNotRegistered(error.code()) || !registerServer(host.programFolder())) throw;
     return Object::create(progId);
+}
+
 }

@@ -4,7 +4,11 @@
 #include "automation/object.h"
 #include "common/host.h"
 
+namespace hublink {
+
 // A new object of the map server. Where the server is not registered, the
 // program that lies beside this one is registered for the current user first.
 // Throws AutomationError when there is no way to one.
 automation::Object createIdentifierMap(const Host& host);
+
+}

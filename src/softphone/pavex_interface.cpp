@@ -2,10 +2,12 @@
 
 #include "common/error_trap.h"
 #include "common/under_way.h"
-#include "lotus/session.h"
-#include "outlook/session.h"
+#include "lotus/initialisation.h"
+#include "outlook/initialisation.h"
 #include "softphone/identifier_map.h"
 #include "softphone/softphone_members.h"
+
+namespace hublink {
 
 using automation::EventArguments;
 using automation::EventHandlers;
@@ -111,4 +113,6 @@ void PavexInterface::InitConnector(bool first)
 void PavexInterface::Kill()
 {
     trapErrors([&] { session_.host.StopConnector(); });
+}
+
 }

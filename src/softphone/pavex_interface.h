@@ -3,7 +3,7 @@
 // No error leaves a public procedure.
 #pragma once
 
-#include "automation/event_sink.h"
+#include "automation/subscription.h"
 #include "softphone/address_book.h"
 #include "softphone/call_handling.h"
 #include "softphone/history.h"
@@ -12,6 +12,8 @@
 
 #include <cstdint>
 #include <string>
+
+namespace hublink {
 
 class PavexInterface {
 public:
@@ -36,35 +38,35 @@ public:
 
     // The events. A deleted record stays in the map until the next purge, on purpose.
     void PavexObj_OnQuit() { Kill(); }
-    void LineObj_OnLineNewCall(const SoftphoneCall& call) { ::LineObj_OnLineNewCall(session_, call); }
-    void histo_OnHistoricNewItem(const SoftphoneHistoryItem& item) { ::histo_OnHistoricNewItem(session_, item); }
+    void LineObj_OnLineNewCall(const SoftphoneCall& call) { hublink::LineObj_OnLineNewCall(session_, call); }
+    void histo_OnHistoricNewItem(const SoftphoneHistoryItem& item) { hublink::histo_OnHistoricNewItem(session_, item); }
     void histo_OnHistoricDeleteItem(std::int32_t, std::int32_t) {}
     void adressbookPavex_OnRepertoryNewEntry(const SoftphoneEntry& entry)
     {
-        ::adressbookPavex_OnRepertoryNewEntry(session_, entry);
+        hublink::adressbookPavex_OnRepertoryNewEntry(session_, entry);
     }
     void adressbookPavex_OnRepertoryDeleteEntry(std::int32_t, std::int32_t) {}
 
     // What the link offers at any time; each is told of where its subject is.
-    void DoCallAction(bool force, bool sendCallBackMessage) { ::DoCallAction(session_, force, sendCallBackMessage); }
-    void DisplayGroupwareInfo() { ::DisplayGroupwareInfo(session_); }
-    void PurgeId() { ::PurgeId(session_); }
-    void PurgeIdRepertory() { ::PurgeIdRepertory(session_); }
-    void PurgeIdHistorique() { ::PurgeIdHistorique(session_); }
-    bool InPavexRepertory(const std::wstring& id) const { return ::InPavexRepertory(session_, id); }
-    bool InPavexHistorique(const std::wstring& id) const { return ::InPavexHistorique(session_, id); }
-    void InsertRepertory() { ::InsertRepertory(session_); }
+    void DoCallAction(bool force, bool sendCallBackMessage) { hublink::DoCallAction(session_, force, sendCallBackMessage); }
+    void DisplayGroupwareInfo() { hublink::DisplayGroupwareInfo(session_); }
+    void PurgeId() { hublink::PurgeId(session_); }
+    void PurgeIdRepertory() { hublink::PurgeIdRepertory(session_); }
+    void PurgeIdHistorique() { hublink::PurgeIdHistorique(session_); }
+    bool InPavexRepertory(const std::wstring& id) const { return hublink::InPavexRepertory(session_, id); }
+    bool InPavexHistorique(const std::wstring& id) const { return hublink::InPavexHistorique(session_, id); }
+    void InsertRepertory() { hublink::InsertRepertory(session_); }
     void CreateOutlookContactFromPavex(const SoftphoneEntry& entry)
     {
-        ::CreateOutlookContactFromPavex(session_, entry);
+        hublink::CreateOutlookContactFromPavex(session_, entry);
     }
-    void CreateLotusContactFromPavex(const SoftphoneEntry& entry) { ::CreateLotusContactFromPavex(session_, entry); }
-    void InitHisto() { ::InitHisto(session_); }
+    void CreateLotusContactFromPavex(const SoftphoneEntry& entry) { hublink::CreateLotusContactFromPavex(session_, entry); }
+    void InitHisto() { hublink::InitHisto(session_); }
     void SetHistoItemOutlook(const SoftphoneHistoryItem& item, bool newContact)
     {
-        ::SetHistoItemOutlook(session_, item, newContact);
+        hublink::SetHistoItemOutlook(session_, item, newContact);
     }
-    void SetHistoItemLotus(const SoftphoneHistoryItem& item) { ::SetHistoItemLotus(session_, item); }
+    void SetHistoItemLotus(const SoftphoneHistoryItem& item) { hublink::SetHistoItemLotus(session_, item); }
 
 private:
     automation::EventHandlers applicationHandlers();
@@ -78,3 +80,5 @@ private:
     automation::Subscription historyEvents_;
     automation::Subscription addressBookEvents_;
 };
+
+}

@@ -11,6 +11,8 @@
 
 #include <string>
 
+namespace hublink {
+
 // The softphone's records are of one class each: members are looked up once.
 struct SoftphoneMemberNames {
     const automation::SharedNames call = automation::sharedNames();
@@ -47,3 +49,5 @@ struct SoftphoneSession {
     int repertoryWalks = 0;               // counts taken by the synchronisations so far
     int historyWalks = 0;
 };
+
+}

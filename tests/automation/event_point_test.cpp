@@ -1,5 +1,5 @@
 // The connection point that the server side offers.
-#include "automation/server/connection_point.h"
+#include "automation/server/event_point.h"
 
 #include "support/raw_partner.h"
 #include "thing.h"

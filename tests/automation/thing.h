@@ -3,7 +3,7 @@
 // OnOther 8) and a second source `_OtherEvents` (OnSecond 9) of class `Thing`.
 #pragma once
 
-#include "automation/server/connection_point.h"
+#include "automation/server/event_point.h"
 #include "automation/server/dispatch.h"
 #include "support/scratch_folder.h"
 

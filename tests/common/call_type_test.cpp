@@ -7,6 +7,8 @@
 
 #include <gtest/gtest.h>
 
+namespace hublink {
+
 namespace {
 
 using automation::Object;
@@ -146,4 +148,6 @@ TEST_F(CallTypeDictionary, CallerWithoutANumber_HasTheDictionarysWords)
 {
     EXPECT_EQ(unknownCallerText(with(L"TI_NAMECALL_UNKNOWN=&Sans identit\u00E9")), L"Sans identit\u00E9");
     EXPECT_EQ(unknownCallerText(Dictionary(L"C:\\nowhere")), L"No identity");
+}
+
 }

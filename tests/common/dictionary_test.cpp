@@ -8,6 +8,8 @@
 
 #include <set>
 
+namespace hublink {
+
 namespace {
 
 constexpr const char* answered = "ST_FILTRE_LST2";
@@ -201,4 +203,6 @@ TEST(ShippedDictionary, English_HasTheCallTypeTextsThemselves)
 TEST(ShippedDictionary, French_IsReadInFrench)
 {
     EXPECT_EQ(elementOf(shipped(L"1036"), "ST_FILTRE_LST2"), L"Appel entrant r\u00E9pondu");
+}
+
 }

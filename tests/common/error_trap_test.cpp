@@ -8,6 +8,8 @@
 #include <new>
 #include <stdexcept>
 
+namespace hublink {
+
 namespace {
 
 using Names = std::vector<std::wstring>;
@@ -162,4 +164,6 @@ TEST(ErrorTrap, HookThatThrows_ChangesNothing)
     setDiagnosticHook(original);
     EXPECT_TRUE(handled);
     EXPECT_EQ(told, 2);
+}
+
 }

@@ -6,6 +6,8 @@
 
 #include <windows.h>
 
+namespace hublink {
+
 namespace {
 
 class Files : public testing::Test {
@@ -66,4 +68,6 @@ TEST_F(Files, MissingTargetFolder_IsSwallowed_AndNotMade)
     folder.write(L"program\\settings.ini", "content");
     CopieFileIfNotExist(folder.file(L"nowhere"), L"settings.ini", program);
     EXPECT_FALSE(FileExist(folder.file(L"nowhere")));
+}
+
 }

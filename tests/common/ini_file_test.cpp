@@ -7,6 +7,8 @@
 
 #include <windows.h>
 
+namespace hublink {
+
 namespace {
 
 class Ini : public testing::Test {
@@ -193,4 +195,6 @@ TEST_F(Ini, JunkAroundASection_LeavesItReadable)
 TEST_F(Ini, Utf16File_IsReadAsText)
 {
     EXPECT_EQ(with(support::utf16File(L"[s]\r\nk=r\u00E9pondu\r\n")).read("s", "k", ""), L"r\u00E9pondu");
+}
+
 }

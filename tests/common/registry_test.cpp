@@ -7,6 +7,8 @@
 
 #include <string>
 
+namespace hublink {
+
 namespace {
 
 constexpr const wchar_t* path = L"Software\\HublinkTest\\Registry";
@@ -179,4 +181,6 @@ TEST_F(Registry, RootZero_FailsQuietly)
     EXPECT_EQ(RegGetString(nullptr, path, L"Man"), L"");
     EXPECT_EQ(RegSetString(nullptr, path, L"Man", L"x"), L"False");
     EXPECT_EQ(RegDeleteString(nullptr, path, L"Man"), L"False");
+}
+
 }

@@ -6,6 +6,8 @@
 
 #include <gtest/gtest.h>
 
+namespace hublink {
+
 namespace {
 
 HRESULT codeOf(const wchar_t* text)
@@ -82,4 +84,6 @@ TEST(GroupwareState, FailureCounter_OverflowsWithAnErrorAndStays)
         EXPECT_EQ(error.code(), DISP_E_OVERFLOW);
     }
     EXPECT_EQ(state.nbInitFailure, INT16_MAX);
+}
+
 }

@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+namespace hublink {
+
 namespace {
 
 using automation::Object;
@@ -88,4 +90,6 @@ TEST(SoftphoneRecords, HistoryItemsIdentifier_IsAskedByDispatchIdentifier_TheHig
     EXPECT_EQ(textFromSoftphoneId(id), L"1.2");
     EXPECT_EQ(record.lookUps, Names{});
     EXPECT_EQ(record.asked(), (Ids{1, 2}));
+}
+
 }

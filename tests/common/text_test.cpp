@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+namespace hublink {
+
 namespace {
 
 using Parts = std::vector<std::wstring>;
@@ -72,4 +74,6 @@ TEST(ReplaceAll, WhatAReplacementBringsIn_IsNotReplacedAgain)
 TEST(ReplaceAll, EmptySearchText_ReplacesNothing)
 {
     EXPECT_EQ(replaceAll(L"text", L"", L"x"), L"text");
+}
+
 }

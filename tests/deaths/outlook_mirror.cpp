@@ -92,7 +92,7 @@ std::vector<Mirror> OutlookMirror::contacts() const
 {
     std::vector<Mirror> found;
     for (const StoreRecord& record : desk::parseStore(desk::ask(partner(), L"contacts")))
-        found.push_back(mirror(record, StripPhoneNumber(valueOf(record, L"BusinessTelephoneNumber"))));
+        found.push_back(mirror(record, hublink::StripPhoneNumber(valueOf(record, L"BusinessTelephoneNumber"))));
     return found;
 }
 

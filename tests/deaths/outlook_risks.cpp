@@ -15,7 +15,7 @@ using Calls = std::vector<PartnerCall>;
 
 bool isTelephoneField(const std::wstring& member)
 {
-    return std::any_of(std::begin(telephoneFields), std::end(telephoneFields),
+    return std::any_of(std::begin(hublink::telephoneFields), std::end(hublink::telephoneFields),
                        [&](const wchar_t* field) { return member == std::wstring(L"ContactItem.") + field; });
 }
 

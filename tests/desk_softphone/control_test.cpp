@@ -1,6 +1,6 @@
 #include "desk_softphone/softphone_in_process.h"
 
-#include "automation/event_sink.h"
+#include "automation/subscription.h"
 #include "desk/common/text.h"
 #include "desk/softphone/control.h"
 

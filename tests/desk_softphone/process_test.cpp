@@ -1,4 +1,4 @@
-#include "automation/event_sink.h"
+#include "automation/subscription.h"
 #include "automation/error.h"
 #include "desk/common/control_pipe.h"
 #include "desk/softphone/guids.h"

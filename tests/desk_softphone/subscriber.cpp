@@ -2,7 +2,7 @@
 // named by the first argument, and then takes as many milliseconds for each
 // call as the second argument says, without taking messages meanwhile.
 #include "automation/apartment.h"
-#include "automation/event_sink.h"
+#include "automation/subscription.h"
 
 #include <cstdlib>
 

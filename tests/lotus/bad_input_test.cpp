@@ -4,6 +4,8 @@
 #include "lotus/contacts.h"
 #include "lotus/search.h"
 
+namespace hublink {
+
 namespace {
 
 constexpr const wchar_t* company = L"CN=Mail1/O=Acme!!books\\company.nsf";
@@ -173,4 +175,6 @@ TEST_F(BadInput, NewContactOfAStrangeNumber_HoldsIt_AndNothingElseIsChanged)
         notes.ask(L"close-windows");
     }
     EXPECT_EQ(documents(ownBook).size(), 1u);
+}
+
 }

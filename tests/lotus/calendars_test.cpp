@@ -2,6 +2,8 @@
 
 #include "each_call.h"
 
+namespace hublink {
+
 namespace {
 
 constexpr const wchar_t* claire = L"Form=Person\nLastName=Petit\nFirstName=Claire\nFullName=Claire Petit/Acme\n"
@@ -237,13 +239,13 @@ TEST_F(GroupCalendars, FailsAtAnyCall_EndsQuietly_WithNoMoreThanWasOpened)
     };
     prepare();
     show();
-    const std::size_t callsForTwo = support::callsMade(notes.recorder());
-    support::atEachCall(notes.recorder(), support::fails, prepare, [&] { show(); },
+    const std::size_t callsForTwo = callsMade(notes.recorder());
+    atEachCall(notes.recorder(), fails, prepare, [&] { show(); },
                         [&](const std::wstring& call) {
                             ++failures;
                             // The last two calls are the second calendar and its members.
                             const bool openedBefore = failures > callsForTwo - 2;
-                            const bool isOpened = openedBefore || support::asksForMail(call);
+                            const bool isOpened = openedBefore || asksForMail(call);
                             EXPECT_EQ(shown(), isOpened ? Lines{first} : Lines{}) << desk::utf8(call);
                         });
     EXPECT_EQ(failures, callsForTwo);
@@ -256,7 +258,7 @@ TEST_F(GroupCalendars, NotesIsBusyAtAnyCall_NothingIsLost)
         open();
         sales = calendar(L"a", L"Members=Claire Petit/Acme");
     };
-    support::atEachCall(notes.recorder(), support::isBusy, prepare, [&] { show(); },
+    atEachCall(notes.recorder(), isBusy, prepare, [&] { show(); },
                         [&](const std::wstring& call) { EXPECT_EQ(shown(), Lines{sales}) << desk::utf8(call); });
 }
 
@@ -288,4 +290,6 @@ TEST_F(GroupCalendars, MembersAsATypedArray_AreReadAsAnyOther)
     const std::wstring sales = calendar(L"b", L"Members=Marc Durand/Acme\nMembers+=Claire Petit/Acme");
     show();
     EXPECT_EQ(shown(), Lines{sales});
+}
+
 }

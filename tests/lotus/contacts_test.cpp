@@ -3,6 +3,8 @@
 #include "each_call.h"
 #include "support/softphone_record.h"
 
+namespace hublink {
+
 namespace {
 
 class LotusContacts : public LotusDocumentsTest {
@@ -168,7 +170,7 @@ TEST_F(LotusContacts, BookCannotBeOpened_FailsQuietly)
 TEST_F(LotusContacts, SilentFailsAtAnyCall_ResultIsEmpty_AndNothingIsSavedBeforeTheSave)
 {
     std::wstring noteId;
-    support::atEachCall(notes.recorder(), support::fails, [&] { again(); }, [&] { noteId = create(false); },
+    atEachCall(notes.recorder(), fails, [&] { again(); }, [&] { noteId = create(false); },
                         [&](const std::wstring& call) {
                             EXPECT_EQ(noteId, L"") << desk::utf8(call);
                             const bool saved = call == L"NotesDocument.NoteID get ()";
@@ -179,7 +181,7 @@ TEST_F(LotusContacts, SilentFailsAtAnyCall_ResultIsEmpty_AndNothingIsSavedBefore
 TEST_F(LotusContacts, NotesIsBusyAtAnyCall_NothingIsLost)
 {
     std::wstring noteId;
-    support::atEachCall(notes.recorder(), support::isBusy, [&] { again(); }, [&] { noteId = create(false); },
+    atEachCall(notes.recorder(), isBusy, [&] { again(); }, [&] { noteId = create(false); },
                         [&](const std::wstring& call) {
                             EXPECT_FALSE(noteId.empty()) << desk::utf8(call);
                             EXPECT_EQ(contact(), marc) << desk::utf8(call);
@@ -334,4 +336,6 @@ TEST_F(LotusContacts, FromAnEntry_NumberThatIsNoText_IsTakenAsOne)
     EXPECT_FALSE(CreateContactFromEntry(session, entry).empty());
     EXPECT_EQ(field(documents(ownBook).at(0), L"OfficePhoneNumber"), L"12345");
     EXPECT_EQ(logLine(), L"3/15/2023 12:00:00 PM Create contact 12345  Marc");
+}
+
 }

@@ -1,5 +1,7 @@
 #include "current_document_test.h"
 
+namespace hublink {
+
 namespace {
 
 class CurrentCall : public CurrentDocument {
@@ -115,14 +117,14 @@ TEST_F(CurrentCall, FailsAtAnyOtherCall_ResultIsEmpty_AndTheSaveIsWholeOrNone)
     bool isSaved = false;
     bool searching = false;
     bool isPlaceAsked = false;
-    support::atEachCall(
-        notes.recorder(), support::fails, prepare, [&] { number = update(); },
+    atEachCall(
+        notes.recorder(), fails, prepare, [&] { number = update(); },
         [&](const std::wstring& failed) {
             searching |= failed.starts_with(L"NotesSession.");
             searching &= failed.find(L".ReplaceItemValue") == std::wstring::npos;
             const bool isMail = !isPlaceAsked && failed == L"NotesDatabase.Server get ()";
             isPlaceAsked |= isMail;
-            const bool isFound = isMail || support::asksForMail(failed) || failed.find(L".CurrentView") != std::wstring::npos;
+            const bool isFound = isMail || asksForMail(failed) || failed.find(L".CurrentView") != std::wstring::npos;
             EXPECT_EQ(number, searching || isFound ? L"0299" : L"") << desk::utf8(failed);
             EXPECT_EQ(saved(historyBase, L"InfoSupdocNoteId"),
                       isFound || isSaved ? noteIdOf(ownBook) : searching ? L"" : L"FFF") << desk::utf8(failed);
@@ -140,7 +142,7 @@ TEST_F(CurrentCall, NotesIsBusyAtAnyCall_NothingIsLost)
         open();
         front(historyBase, call(L"0299", L"FFF"));
     };
-    support::atEachCall(notes.recorder(), support::isBusy, prepare, [&] { number = update(); },
+    atEachCall(notes.recorder(), isBusy, prepare, [&] { number = update(); },
                         [&](const std::wstring& busy) {
                             EXPECT_EQ(number, L"0299") << desk::utf8(busy);
                             EXPECT_EQ(saved(historyBase, L"InfoSupdocNoteId"), noteIdOf(ownBook)) << desk::utf8(busy);
@@ -227,4 +229,6 @@ TEST_F(CurrentCall, ViewInFrontThatCannotBeTold_LosesNothing)
         EXPECT_EQ(update(), L"0299") << desk::utf8(answer);
         EXPECT_EQ(saved(historyBase, L"InfoSupdocNoteId"), noteIdOf(ownBook)) << desk::utf8(answer);
     }
+}
+
 }

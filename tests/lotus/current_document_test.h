@@ -5,6 +5,8 @@
 #include "each_call.h"
 #include "lotus/current_document.h"
 
+namespace hublink {
+
 class CurrentDocument : public LotusDocumentsTest {
 protected:
     std::wstring update()
@@ -68,3 +70,5 @@ protected:
     std::wstring firstName;
     int changes = 0;
 };
+
+}

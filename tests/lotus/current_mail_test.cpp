@@ -1,5 +1,7 @@
 #include "current_document_test.h"
 
+namespace hublink {
+
 namespace {
 
 constexpr const wchar_t* fromClaire = L"Form=Memo\nFrom=claire@example.com\nSubject=Hello\n";
@@ -237,8 +239,8 @@ TEST_F(CurrentMail, FailsAtAnyCall_ResultIsEmptyOrTheNumberThere_AndTheSaveIsWho
     };
     bool isSaved = false;
     bool searching = false;
-    support::atEachCall(
-        notes.recorder(), support::fails, prepare, [&] { number = update(); },
+    atEachCall(
+        notes.recorder(), fails, prepare, [&] { number = update(); },
         [&](const std::wstring& failed) {
             searching |= failed.find(L"\"From\"") != std::wstring::npos;
             searching &= failed.find(L".EditMode") == std::wstring::npos;
@@ -257,7 +259,7 @@ TEST_F(CurrentMail, NotesIsBusyAtAnyCall_NothingIsLost)
         open();
         front(mailFile, fromClaire);
     };
-    support::atEachCall(notes.recorder(), support::isBusy, prepare, [&] { number = update(); },
+    atEachCall(notes.recorder(), isBusy, prepare, [&] { number = update(); },
                         [&](const std::wstring& busy) {
                             EXPECT_EQ(number, L"0299") << desk::utf8(busy);
                             EXPECT_EQ(saved(mailFile, L"Tel"), L"0299") << desk::utf8(busy);
@@ -287,4 +289,6 @@ TEST_F(CurrentMail, SenderAndNumberInTypedArrays_AreReadAsAnyOther)
     session.bAlwaysVerifyPhoneNumber = true;
     EXPECT_EQ(update(), L"0299");
     EXPECT_EQ(trapped.errors, std::vector<std::string>{});
+}
+
 }

@@ -6,6 +6,8 @@
 
 #include <utility>
 
+namespace hublink {
+
 using Fields = std::vector<std::pair<std::wstring, std::wstring>>; // names and values
 using Lines = std::vector<std::wstring>;
 
@@ -66,3 +68,5 @@ protected:
 private:
     void loadNotes() { notes.load(std::wstring(notesDatabases).append(ownMail)); }
 };
+
+}

@@ -2,6 +2,8 @@
 
 #include "lotus_fixture.h"
 
+namespace hublink {
+
 namespace {
 
 class LotusDocuments : public LotusTest {
@@ -133,4 +135,6 @@ TEST_F(LotusDocuments, ShownDocumentWithoutAStoredOne_IsNotCurrent_ButItsWindowI
     EXPECT_FALSE(isCurrent(stored));
     EXPECT_TRUE(shown);
     EXPECT_EQ(trapped.errors, std::vector<std::string>{});
+}
+
 }

@@ -5,7 +5,7 @@
 
 #include <gtest/gtest.h>
 
-namespace support {
+namespace hublink {
 
 // How many calls to Notes a deed made, look-ups of names left out.
 inline std::size_t callsMade(const desk::Recorder& recorder)

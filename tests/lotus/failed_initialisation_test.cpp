@@ -1,6 +1,8 @@
-#include "lotus/session.h"
+#include "lotus/initialisation.h"
 
 #include "lotus_fixture.h"
+
+namespace hublink {
 
 namespace {
 
@@ -130,4 +132,6 @@ TEST_F(LotusFailure, CounterAtItsLargestValue_EndsTheHandlerOnly)
     expectFailed(32767);
     EXPECT_EQ(host.stops, 0);
     EXPECT_EQ(trapped.procedures, (std::vector<std::wstring>{L"InitLotus", L"InitLotus"}));
+}
+
 }

@@ -3,6 +3,8 @@
 #include "each_call.h"
 #include "support/softphone_record.h"
 
+namespace hublink {
+
 namespace {
 
 using automation::Value;
@@ -298,7 +300,7 @@ TEST_F(LotusHistory, FailsAtAnyCall_NothingIsSavedUntilTheSave_AndTheResultStays
     };
     bool isSaved = false;
     bool hasResult = false;
-    support::atEachCall(notes.recorder(), support::fails, prepare, [&] { noteId = create(call(L"")); },
+    atEachCall(notes.recorder(), fails, prepare, [&] { noteId = create(call(L"")); },
                         [&](const std::wstring& failed) {
                             EXPECT_EQ(documents(historyBase).size(), isSaved ? 1u : 0u) << desk::utf8(failed);
                             EXPECT_EQ(noteId.empty(), !hasResult) << desk::utf8(failed);
@@ -318,12 +320,12 @@ TEST_F(LotusHistory, SearchFailsAtAnyCall_TheCallIsSaved_UnderTheSoftphonesNames
     bool searching = false;
     std::size_t calls = 0;
     int mailAddresses = 0;
-    support::atEachCall(notes.recorder(), support::fails, prepare, [&] { noteId = create(call(L"0123")); },
+    atEachCall(notes.recorder(), fails, prepare, [&] { noteId = create(call(L"0123")); },
                         [&](const std::wstring& failed) {
                             searching |= failed.starts_with(L"NotesSession.");
                             searching &= failed.find(L".AppendItemValue") == std::wstring::npos;
                             if (!searching) return;
-                            if (support::asksForMail(failed)) {
+                            if (asksForMail(failed)) {
                                 EXPECT_EQ(field(documents(historyBase).at(0), L"Last"), L"Durand");
                                 ++mailAddresses;
                                 return;
@@ -352,7 +354,7 @@ TEST_F(LotusHistory, NotesIsBusyAtAnyCall_NothingIsLost)
     create(call(L"0123"));
     const Fields whole = saved();
     ASSERT_EQ(whole.size(), 14u);
-    support::atEachCall(notes.recorder(), support::isBusy, prepare, [&] { noteId = create(call(L"0123")); },
+    atEachCall(notes.recorder(), isBusy, prepare, [&] { noteId = create(call(L"0123")); },
                         [&](const std::wstring& busy) {
                             EXPECT_FALSE(noteId.empty()) << desk::utf8(busy);
                             EXPECT_EQ(saved(), whole) << desk::utf8(busy);
@@ -443,4 +445,6 @@ TEST_F(LotusHistory, DatabaseInFrontThatIsNotTold_RefreshesNothing_AndTheResultS
     EXPECT_EQ(noteId, field(documents(historyBase).at(0), L"@NoteID"));
     EXPECT_EQ(calls(refresh), 0u);
     EXPECT_EQ(trapped.procedures, Lines{L"CreateHistoryDocument"});
+}
+
 }

@@ -4,6 +4,8 @@
 
 #include "lotus_fixture.h"
 
+namespace hublink {
+
 namespace {
 
 constexpr const wchar_t* notesKey = L"SOFTWARE\\Lotus\\Notes";
@@ -206,4 +208,6 @@ TEST_F(LotusInstallation, Initialisation_InstallsAfterTheUserName_BeforeTheLog)
     EXPECT_EQ(called[4], bothAdded[1]);
     EXPECT_EQ(called[5], L"NotesSession.GetDatabase method (BSTR \"\", BSTR \"log.nsf\")");
     EXPECT_EQ(in(L"program5") + in(L"data5"), L"dll config history ");
+}
+
 }

@@ -2,6 +2,8 @@
 
 #include "lotus_fixture.h"
 
+namespace hublink {
+
 namespace {
 
 class LotusLog : public LotusTest {
@@ -168,4 +170,6 @@ TEST_F(LotusLog, DatabaseThatGivesNoDocument_LosesTheLine_WithoutAnError)
     EXPECT_TRUE(session.NewLogDocument);
     WriteLotusLog(session, L"kept");
     EXPECT_EQ(body(), L"\n3/15/2023 12:00:00 PM kept");
+}
+
 }

@@ -8,7 +8,7 @@
 #include "desk/common/store_file.h"
 #include "desk/lotus/in_process.h"
 #include "lotus/lotus_session.h"
-#include "lotus/session.h"
+#include "lotus/initialisation.h"
 #include "support/scratch_folder.h"
 #include "support/test_host.h"
 #include "support/trapped_errors.h"
@@ -17,6 +17,8 @@
 
 #include <string>
 #include <vector>
+
+namespace hublink {
 
 // Notes as it is before a test adds documents: the user's own address book, a
 // company's on a server, the user's mail, the call history and the log.
@@ -190,3 +192,5 @@ protected:
     desk::lotus::InProcess notes;
     LotusSession session{host, groupware, dictionary};
 };
+
+}

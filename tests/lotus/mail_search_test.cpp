@@ -3,6 +3,8 @@
 #include "lotus/log_document.h"
 #include "lotus_fixture.h"
 
+namespace hublink {
+
 namespace {
 
 using Lines = std::vector<std::wstring>;
@@ -182,4 +184,6 @@ TEST_F(LotusMailSearch, NotReady_TouchesNothing)
     EXPECT_FALSE(search(L"a@acme.fr", true));
     EXPECT_FALSE(SearchInPublicAdressBookByMail(session, L"a@acme.fr", book, person, true));
     EXPECT_EQ(notes.recorder().calls().size(), 0u);
+}
+
 }

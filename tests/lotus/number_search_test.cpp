@@ -3,6 +3,8 @@
 #include "lotus/log_document.h"
 #include "lotus_fixture.h"
 
+namespace hublink {
+
 namespace {
 
 using Lines = std::vector<std::wstring>;
@@ -478,4 +480,6 @@ TEST_F(LotusNumberSearch, PersonThatTheFullTextIndexDoesNotKnowYet_IsFoundByTheT
     session.LotusAddressBooks[0].ViewTel.clear();
     notes.ask(L"index indexed.nsf updated");
     EXPECT_TRUE(search(L"014567"));
+}
+
 }

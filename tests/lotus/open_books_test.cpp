@@ -9,6 +9,8 @@
 
 #include <optional>
 
+namespace hublink {
+
 namespace {
 
 using Lines = std::vector<std::wstring>;
@@ -434,4 +436,6 @@ TEST_F(LotusOpenBooks, BookThatIsOutOfReach_IsOpenedAnewOnce)
     EXPECT_EQ(calls(L"NotesView.GetDocumentByKey method"), 1u);
     EXPECT_EQ(calls(L"NotesSession.GetDatabase method"), 2u) << "each book once";
     forgetCalls();
+}
+
 }

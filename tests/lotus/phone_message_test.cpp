@@ -2,6 +2,8 @@
 
 #include "each_call.h"
 
+namespace hublink {
+
 namespace {
 
 constexpr const wchar_t* claire = L"Form=Person\nLastName=Petit\nFirstName=Claire\nOfficePhoneNumber=0299\n";
@@ -161,9 +163,9 @@ TEST_F(PhoneMessage, FailsAtAnyCall_IsFalse_OrGoesToTheFullName_WhereTheMailAddr
         add(L"names.nsf", claire + std::wstring(L"FullName=C"));
     };
     int sentByName = 0;
-    support::atEachCall(notes.recorder(), support::fails, prepare, [&] { sent = send(); },
+    atEachCall(notes.recorder(), fails, prepare, [&] { sent = send(); },
                         [&](const std::wstring& call) {
-                            EXPECT_EQ(sent, support::asksForMail(call)) << desk::utf8(call);
+                            EXPECT_EQ(sent, asksForMail(call)) << desk::utf8(call);
                             sentByName += sent && sendTo() == L"C";
                         });
     EXPECT_EQ(sentByName, 2);
@@ -176,7 +178,7 @@ TEST_F(PhoneMessage, NotesIsBusyAtAnyCall_NothingIsLost)
         again();
         add(L"names.nsf", claire + std::wstring(L"FullName=C"));
     };
-    support::atEachCall(notes.recorder(), support::isBusy, prepare, [&] { sent = send(); },
+    atEachCall(notes.recorder(), isBusy, prepare, [&] { sent = send(); },
                         [&](const std::wstring& call) {
                             EXPECT_TRUE(sent) << desk::utf8(call);
                             EXPECT_EQ(message(), (Fields{{L"Form", L"Phone Message"}, {L"SendTo", L"C"},
@@ -184,4 +186,6 @@ TEST_F(PhoneMessage, NotesIsBusyAtAnyCall_NothingIsLost)
                                                          {L"PhoneReason", L"T"}, {L"Body", L""}}))
                                 << desk::utf8(call);
                         });
+}
+
 }

@@ -5,6 +5,8 @@
 
 #include "automation/error.h"
 
+namespace hublink {
+
 namespace {
 
 using Names = std::vector<std::wstring>;
@@ -130,4 +132,6 @@ TEST_F(LotusItems, FirstNonEmptyValue_IsNoneWhenAnItemCannotBeRead_AndNoErrorLea
         EXPECT_EQ(trapped.procedures, Names{L"readFirstNonEmptyItemValue"}) << desk::utf8(answer);
     }
     EXPECT_EQ(FirstNonEmptyItemValue(automation::Object(), {L"A"}), L"");
+}
+
 }

@@ -3,6 +3,8 @@
 #include "lotus/log_document.h"
 #include "lotus_fixture.h"
 
+namespace hublink {
+
 namespace {
 
 class LotusSettings : public LotusTest {
@@ -434,4 +436,6 @@ TEST_F(LotusSettings, PersonalLogsBaseWithFewerParts_AtAReload_StaysAsItWas_TheO
     EXPECT_EQ(Names({log.Base, log.Server, log.MainView, log.ViewTel, log.ViewMail}),
               (Names{L"l.nsf", L"s", L"m", L"t", L"e"}));
     EXPECT_EQ(Names({log.Body, log.Form}), (Names{L"3", L""}));
+}
+
 }

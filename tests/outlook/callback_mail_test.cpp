@@ -2,6 +2,8 @@
 
 #include "outlook_test.h"
 
+namespace hublink {
+
 namespace {
 
 class CallbackMail : public OutlookTest {};
@@ -60,4 +62,6 @@ TEST_F(CallbackMail, OutlookRefusesToDisplay_IsFalse)
     open();
     recorder.faults.add(L"on MailItem.Display fail 0x80004004");
     EXPECT_FALSE(SendOutlookMail(session, L"c@example.com", L"subject"));
+}
+
 }

@@ -2,6 +2,8 @@
 
 #include "outlook_test.h"
 
+namespace hublink {
+
 namespace {
 
 constexpr const wchar_t* marcWithDots =
@@ -316,4 +318,6 @@ TEST_F(ContactLookup, ContactThatItsUserIsTypingInto_FoundByTheFilter_IsLeftAlon
     ASSERT_EQ(outlook.inspectors().size(), 1u);
     outlook.command(L"save-windows", L"");
     EXPECT_EQ(field(L"contact", 0, L"CompanyName"), L"Half a na");
+}
+
 }

@@ -4,6 +4,8 @@
 #include "outlook/contacts.h"
 #include "outlook_test.h"
 
+namespace hublink {
+
 namespace {
 
 using desk::outlook::Version;
@@ -407,4 +409,6 @@ TEST_F(ContactTable, WithoutAnEvent_EachQuestionReadsTheTable)
     { const AnswersOfOneEvent answers(session); }
     EXPECT_FALSE(walkFinds(L"99"));
     EXPECT_EQ(calls(L"Folder.GetTable method"), 2u);
+}
+
 }

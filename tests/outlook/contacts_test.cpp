@@ -3,6 +3,8 @@
 #include "outlook_test.h"
 #include "support/softphone_record.h"
 
+namespace hublink {
+
 namespace {
 
 class Contacts : public OutlookTest {
@@ -126,4 +128,6 @@ TEST_F(Contacts, GuardThatRefuses_DoesNotKeepAContactFromBeingMade)
     outlook.command(L"guard", L"deny");
     EXPECT_FALSE(NewOutlookContact(session, {L"0123", L"Durand", L"Marc"}, false).empty());
     EXPECT_EQ(outlook.guard().questions(), 0u);
+}
+
 }

@@ -4,6 +4,8 @@
 #include "outlook_test.h"
 #include "support/softphone_record.h"
 
+namespace hublink {
+
 namespace {
 
 using automation::Value;
@@ -305,4 +307,6 @@ TEST_F(Journal, AddRecipient_FirstNameThenLastName)
     EXPECT_TRUE(AddRecipient(session, item, L"Durand", L"Marc"));
     EXPECT_EQ(record().back(), L"Recipients.Add method (BSTR \"Marc Durand\")");
     EXPECT_FALSE(AddRecipient(session, automation::Object(), L"Durand", L"Marc"));
+}
+
 }

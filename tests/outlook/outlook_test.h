@@ -7,12 +7,14 @@
 #include "desk/common/store_file.h"
 #include "desk/outlook/outlook.h"
 #include "outlook/outlook_session.h"
-#include "outlook/session.h"
+#include "outlook/initialisation.h"
 #include "support/outlook_records.h"
 #include "support/scratch_folder.h"
 #include "support/test_host.h"
 
 #include <gtest/gtest.h>
+
+namespace hublink {
 
 class OutlookTest : public testing::Test {
 protected:
@@ -63,3 +65,5 @@ protected:
     desk::outlook::Outlook outlook{recorder, screen};
     OutlookSession session{host, groupware, dictionary};
 };
+
+}

@@ -8,6 +8,8 @@
 #include <algorithm>
 #include <random>
 
+namespace hublink {
+
 namespace {
 
 using desk::outlook::Version;
@@ -267,4 +269,6 @@ TEST_F(TableAndWalk, ItemsThatComeAndGoWithinAnEvent_GiveTheSame)
         decisive += firstLine(walked.first) != firstLine(walked.second);
     }
     EXPECT_GT(decisive, changes / 50) << "changes that make no difference show nothing";
+}
+
 }

@@ -5,6 +5,8 @@
 
 #include <gtest/gtest.h>
 
+namespace hublink {
+
 using automation::OutgoingCall;
 
 namespace {
@@ -157,4 +159,6 @@ TEST_F(Watch, EndOfTheWatchInsideACall_LeavesNothingBehind)
     const int before = told;
     idle();
     EXPECT_EQ(told, before);
+}
+
 }

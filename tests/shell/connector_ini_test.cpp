@@ -1,6 +1,8 @@
 // Reading the ini file's general sections.
 #include "form_test.h"
 
+namespace hublink {
+
 using shell_tests::iniText;
 
 namespace {
@@ -252,4 +254,6 @@ TEST_F(ConnectorIni, MissingFile_Stops)
     DeleteFileW(iniPath().c_str());
     EXPECT_FALSE(form().ReadConnectorIni());
     EXPECT_TRUE(configuration().gStop);
+}
+
 }

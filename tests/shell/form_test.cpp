@@ -7,6 +7,8 @@
 
 #include <shellapi.h>
 
+namespace hublink {
+
 namespace shell_tests {
 
 namespace {
@@ -188,6 +190,8 @@ void FormTest::openOutlook()
 std::string iniText(const std::string& application, const std::string& features, const std::string& type)
 {
     return "[Application]\r\n" + type + application + "[AllApplication]\r\n" + features;
+}
+
 }
 
 }

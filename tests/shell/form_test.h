@@ -18,6 +18,8 @@
 #include <string>
 #include <vector>
 
+namespace hublink {
+
 namespace shell_tests {
 
 // The icon's.
@@ -128,5 +130,7 @@ private:
 // An ini file that names Outlook, with these lines added to its sections.
 std::string iniText(const std::string& application = "", const std::string& features = "",
                     const std::string& type = "type=OUTLOOK\r\n");
+
+}
 
 }

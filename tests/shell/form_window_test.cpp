@@ -4,6 +4,8 @@
 #include "automation/error.h"
 #include "automation/outgoing_call.h"
 
+namespace hublink {
+
 using shell_tests::iniText;
 using shell_tests::question;
 
@@ -347,4 +349,6 @@ TEST_F(Window, WorkThatStillWaits_EndsWithTheForm)
     }
     pump();
     EXPECT_EQ(runs, 0);
+}
+
 }

@@ -5,6 +5,8 @@
 
 #include <gtest/gtest.h>
 
+namespace hublink {
+
 namespace {
 
 using automation::Object;
@@ -93,4 +95,6 @@ TEST_F(Framed, FractionsOfAPixel_AreCutOff)
     EXPECT_EQ(y, static_cast<float>(20 + client.y - outer.top));
     EXPECT_EQ(width, 30);
     EXPECT_EQ(height, 40);
+}
+
 }

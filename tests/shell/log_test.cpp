@@ -1,6 +1,8 @@
 // The one logging entry.
 #include "form_test.h"
 
+namespace hublink {
+
 using shell_tests::iniText;
 
 namespace {
@@ -105,4 +107,6 @@ TEST_F(Log, NegativePause_IsNoPause)
     const HANDLE thread = CreateThread(nullptr, 0, Pauses::of, &form(), 0, nullptr);
     EXPECT_EQ(WaitForSingleObject(thread, 60'000), WAIT_OBJECT_0) << "taken for days";
     CloseHandle(thread);
+}
+
 }

@@ -6,6 +6,8 @@
 
 #include <utility>
 
+namespace hublink {
+
 using shell_tests::iniText;
 using shell_tests::question;
 
@@ -192,4 +194,6 @@ TEST_F(LongCall, MessageFilter_HandsThePressOver_AndLeavesTheRestWaiting)
     pump();
     EXPECT_TRUE(eventCame);
     EXPECT_EQ(boxes.size(), 1u);
+}
+
 }

@@ -5,6 +5,8 @@
 #include "automation/outgoing_call.h"
 #include "desk/lotus/in_process.h"
 
+namespace hublink {
+
 using shell_tests::iniText;
 
 namespace {
@@ -319,4 +321,6 @@ TEST_F(NotesShell, DocumentTick_IsNoSupervisionTick)
     start();
     documentTick();
     EXPECT_FALSE(configuration().gStop);
+}
+
 }

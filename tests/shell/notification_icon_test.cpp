@@ -8,6 +8,8 @@
 
 #include <cstddef>
 
+namespace hublink {
+
 using shell_tests::iniText;
 using shell_tests::question;
 
@@ -294,4 +296,6 @@ TEST_F(Icon, PressInsideAnOutgoingCall_IsAskedAfterIt)
     }
     for (; boxes.empty(); Sleep(5)) pump();
     EXPECT_EQ(boxTexts(), std::vector<std::wstring>{question});
+}
+
 }

@@ -5,6 +5,8 @@
 #include "shell/file_time.h"
 #include "shell/single_instance.h"
 
+namespace hublink {
+
 using shell_tests::iniText;
 
 namespace {
@@ -70,4 +72,6 @@ TEST(FileTime, Times_AreTheSameToTheLastTick)
     EXPECT_TRUE(sameTime({1, 2}, {1, 2}));
     EXPECT_FALSE(sameTime({1, 2}, {2, 2}));
     EXPECT_FALSE(sameTime({1, 2}, {1, 3}));
+}
+
 }

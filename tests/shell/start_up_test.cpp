@@ -5,6 +5,8 @@
 #include "automation/text.h"
 #include "common/files.h"
 
+namespace hublink {
+
 using shell_tests::iniText;
 
 namespace {
@@ -272,4 +274,6 @@ TEST_F(StartUp, FailuresCountedBefore_AreForgotten)
     load();
     const int ofThisStart = form().outlook().groupware.nbInitFailure;
     EXPECT_LT(ofThisStart, 7);
+}
+
 }

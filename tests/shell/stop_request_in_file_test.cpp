@@ -6,6 +6,8 @@
 
 #include <utility>
 
+namespace hublink {
+
 using shell_tests::iniText;
 
 namespace {
@@ -139,4 +141,6 @@ TEST_F(StopRequestInFile, FileRemoved_ComesFromTheProgramsFolder_AndIsNotStopped
         expectRunning();
         EXPECT_EQ(iniValue("Application", "kill"), L"false");
     }
+}
+
 }

@@ -1,6 +1,8 @@
 // The stop request, and the end of the process.
 #include "form_test.h"
 
+namespace hublink {
+
 using shell_tests::iniText;
 
 namespace {
@@ -236,4 +238,6 @@ TEST_F(Stop, EventsBetweenTheRequestAndTheEnd_AreHandled)
     pump();
     EXPECT_TRUE(eventCame);
     EXPECT_EQ(ended, 0);
+}
+
 }

@@ -4,6 +4,8 @@
 #include "automation/outgoing_call.h"
 #include "shell/file_time.h"
 
+namespace hublink {
+
 using shell_tests::iniText;
 using shell_tests::question;
 
@@ -143,4 +145,6 @@ TEST_F(StopWish, NothingWaiting_ChangesNothing)
     for (int records = 0; records < 100; ++records) form().letUserStop();
     EXPECT_FALSE(configuration().gStop);
     EXPECT_TRUE(boxes.empty());
+}
+
 }

@@ -9,6 +9,8 @@
 
 #include <algorithm>
 
+namespace hublink {
+
 using shell_tests::iniText;
 
 namespace {
@@ -443,4 +445,6 @@ TEST_F(Supervision, IconStillRefused_IsNotOfferedOnceAStopIsAskedFor)
     form().StopConnector();
     tick();
     EXPECT_EQ(offers, 1);
+}
+
 }

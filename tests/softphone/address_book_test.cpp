@@ -2,6 +2,8 @@
 
 #include "softphone/identifier_map.h"
 
+namespace hublink {
+
 namespace {
 
 using Lines = std::vector<std::wstring>;
@@ -196,4 +198,6 @@ TEST_F(AddressBook, NewEntryEvent_SwitchedOff_DoesNothing)
     entry(7, L"01.23", L"Durand", L"Marc");
     host.runDeferred();
     EXPECT_EQ(count(L"contact"), 0u);
+}
+
 }

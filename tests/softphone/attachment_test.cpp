@@ -1,5 +1,7 @@
 #include "link_test.h"
 
+namespace hublink {
+
 namespace {
 
 class Attachment : public LinkTest {};
@@ -159,4 +161,6 @@ TEST_F(Attachment, EveryInitialisation_TakesAFreshMapServerObject)
     const automation::Object first = softphone.hashID;
     link.InitConnector(true);
     EXPECT_NE(softphone.hashID.dispatch(), first.dispatch());
+}
+
 }

@@ -1,5 +1,7 @@
 #include "link_test.h"
 
+namespace hublink {
+
 namespace {
 
 constexpr const wchar_t* people =
@@ -293,4 +295,6 @@ TEST_F(CallHandling, StrangerIsCalled_OneTableServesBothLookUps)
     EXPECT_EQ(outlookCalls.count(L"Table.GetArray method"), 1u);
     EXPECT_EQ(outlookCalls.count(L"Items.Find method"), 2u);
     EXPECT_EQ(count(L"contact"), 4u);
+}
+
 }

@@ -3,6 +3,8 @@
 // nothing had been.
 #include "notes_link_test.h"
 
+namespace hublink {
+
 namespace {
 
 using Lines = std::vector<std::wstring>;
@@ -115,4 +117,6 @@ TEST_F(FailingNotes, BusyAtEveryCallInTurn_NothingIsLost)
         ringWithAFault(place, L"busy 2");
         EXPECT_EQ(openNotes(), whole) << "busy at call " << place;
     }
+}
+
 }

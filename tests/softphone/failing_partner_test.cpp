@@ -5,6 +5,8 @@
 
 #include <algorithm>
 
+namespace hublink {
+
 namespace {
 
 using Lines = std::vector<std::wstring>;
@@ -163,4 +165,6 @@ TEST_F(FailingPartner, OutlookFailsAtEveryCallInTurn_NotesIsServedWhole)
         ringWithFault(outlookCalls, calls, index, L"fail 0x80004005");
         EXPECT_EQ(openNotes(), documents);
     }
+}
+
 }

@@ -10,6 +10,8 @@
 #include <map>
 #include <string>
 
+namespace hublink {
+
 class FallibleMap final : public automation::Unknown<IDispatch> {
 public:
     // `calls` outlives the object.
@@ -53,3 +55,5 @@ private:
     const wchar_t* const className_;
     std::map<DISPID, std::wstring> names_{};
 };
+
+}

@@ -1,5 +1,7 @@
 #include "link_test.h"
 
+namespace hublink {
+
 namespace {
 
 using Lines = std::vector<std::wstring>;
@@ -165,4 +167,6 @@ TEST_F(History, NewItemEvent_SwitchedOff_DoesNothing)
     item(5, L"555");
     host.runDeferred();
     EXPECT_EQ(count(L"journal"), 0u);
+}
+
 }

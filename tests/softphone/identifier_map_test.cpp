@@ -4,6 +4,8 @@
 #include "softphone/softphone_members.h"
 #include "support/raw_partner.h"
 
+namespace hublink {
+
 namespace {
 
 class IdentifierMap : public LinkTest {
@@ -261,4 +263,6 @@ TEST_F(IdentifierMap, MappedId_IsThatOfTheGroupware)
     EXPECT_EQ(mappedId(softphone.hashID, L"1.2", MapApplication::outlook), L"ENTRYID");
     EXPECT_EQ(mappedId(softphone.hashID, L"1.2", MapApplication::lotus), L"");
     EXPECT_EQ(mappedId(softphone.hashID, L"1.3", MapApplication::outlook), L"");
+}
+
 }

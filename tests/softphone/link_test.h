@@ -12,7 +12,7 @@
 #include "desk/softphone/guids.h"
 #include "desk/softphone/softphone.h"
 #include "fallible_map.h"
-#include "outlook/session.h"
+#include "outlook/initialisation.h"
 #include "softphone/pavex_interface.h"
 #include "softphone/softphone_session.h"
 #include "support/outlook_records.h"
@@ -22,6 +22,8 @@
 #include <gtest/gtest.h>
 
 #include <optional>
+
+namespace hublink {
 
 class LinkTest : public testing::Test {
 protected:
@@ -123,3 +125,5 @@ protected:
     SoftphoneSession softphone{host, groupware, session, lotus};
     PavexInterface link{softphone};
 };
+
+}

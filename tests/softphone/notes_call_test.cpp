@@ -1,8 +1,10 @@
 // A call with Notes in use, alone or besides Outlook.
 #include "notes_link_test.h"
 
-#include "lotus/session.h"
+#include "lotus/initialisation.h"
 #include "softphone/last_call.h"
+
+namespace hublink {
 
 namespace {
 
@@ -255,4 +257,6 @@ TEST_F(NotesCall, ForwardedCall_TheEnvironmentNamesTheDestination)
     ring({.party = {L"0123", L"", L""}, .incoming = true, .destinationNumber = L"4711"});
     EXPECT_EQ(environment(L"CTI_InfoLastCall_docid"), L"8FA");
     EXPECT_EQ(softphone.gLastNameCalled + L" " + softphone.gDestinationLastName, L"Durand Petit");
+}
+
 }

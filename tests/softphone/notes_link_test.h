@@ -6,6 +6,8 @@
 #include "desk/lotus/in_process.h"
 #include "link_test.h"
 
+namespace hublink {
+
 class NotesLinkTest : public LinkTest {
 protected:
     NotesLinkTest()
@@ -186,3 +188,5 @@ File=log.nsf
     const std::wstring ini = folder.file(L"pavexconnector.ini");
     desk::lotus::InProcess notes{&outlookCalls};
 };
+
+}

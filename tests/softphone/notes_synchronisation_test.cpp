@@ -2,7 +2,9 @@
 #include "notes_link_test.h"
 
 #include "automation/error.h"
-#include "lotus/session.h"
+#include "lotus/initialisation.h"
+
+namespace hublink {
 
 namespace {
 
@@ -279,4 +281,6 @@ TEST_F(NotesSynchronisation, Initialisation_AsksOutlookBeforeNotes)
     link.InitConnector(true);
     EXPECT_LT(placeOf(L"Application.GetNamespace"), placeOf(L"NotesSession.GetEnvironmentString"));
     EXPECT_LT(placeOf(L"NameSpace.GetDefaultFolder"), placeOf(L"NotesSession.GetEnvironmentString"));
+}
+
 }

@@ -3,6 +3,8 @@
 #include "softphone/softphone_members.h"
 #include "support/raw_partner.h"
 
+namespace hublink {
+
 namespace {
 
 class QueuedEvent : public LinkTest {
@@ -97,4 +99,6 @@ TEST_F(QueuedEvent, RecordsThatComeAfterTheWalks_AreMirroredByTheirEvents)
     EXPECT_EQ(count(L"contact"), 1u);
     EXPECT_NE(mapped(L"1.1"), L"");
     EXPECT_NE(mapped(L"2.1"), L"");
+}
+
 }

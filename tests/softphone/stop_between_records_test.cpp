@@ -2,6 +2,8 @@
 #include "automation/outgoing_call.h"
 #include "link_test.h"
 
+namespace hublink {
+
 namespace {
 
 class StopBetweenRecords : public LinkTest {
@@ -71,4 +73,6 @@ TEST_F(StopBetweenRecords, History_LooksBeforeEachItem_AndAborts)
     EXPECT_EQ(count(L"journal"), 3u);
     EXPECT_EQ(host.log.back(), L"Abort History Synchronisation");
     EXPECT_TRUE(outsideCalls);
+}
+
 }

@@ -5,6 +5,8 @@
 #include "common/phone_number.h"
 #include "support/strange_numbers.h"
 
+namespace hublink {
+
 namespace {
 
 // Somebody for each way to be met by mistake: with a mail address, with blanks, without numbers, with signs.
@@ -89,4 +91,6 @@ TEST_F(StrangeNumber, AsTheDestinationOfAForwardedCall_WritesToNobody)
         ring({{L"0123", L"", L""}, true, number});
         EXPECT_EQ(windows(), L"Marc Durand - Contact") << "the caller alone, and no mail";
     }
+}
+
 }

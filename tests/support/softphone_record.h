@@ -44,7 +44,7 @@ inline automation::Object record(std::map<std::wstring, automation::Value> membe
 
 }
 
-inline SoftphoneEntry softphoneEntry(const wchar_t* number, const wchar_t* lastName, const wchar_t* firstName)
+inline hublink::SoftphoneEntry softphoneEntry(const wchar_t* number, const wchar_t* lastName, const wchar_t* firstName)
 {
-    return SoftphoneEntry(support::record({{L"Number", number}, {L"LastName", lastName}, {L"FirstName", firstName}}));
+    return hublink::SoftphoneEntry(support::record({{L"Number", number}, {L"LastName", lastName}, {L"FirstName", firstName}}));
 }

@@ -8,6 +8,8 @@
 #include <string>
 #include <vector>
 
+namespace hublink {
+
 class TestHost : public Host {
 public:
     void WriteLog(const std::wstring& szMessage) override
@@ -72,3 +74,5 @@ public:
     DATE time = 45000.5; // 15 March 2023, 12:00:00
     std::wstring folder = L"C:\\nowhere";
 };
+
+}

@@ -2,7 +2,7 @@
 // each test that nothing was left behind, and a watchdog, since a test that
 // hangs would otherwise name nobody.
 #include "automation/apartment.h"
-#include "automation/event_sink.h"
+#include "automation/subscription.h"
 #include "automation/server/dispatch.h"
 
 #include <gtest/gtest.h>

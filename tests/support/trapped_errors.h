@@ -21,13 +21,13 @@ inline std::wstring bareName(std::string_view function)
 class TrappedErrors {
 public:
     TrappedErrors()
-        : previous_(setDiagnosticHook([this](const std::source_location& place, const char* error) {
+        : previous_(hublink::setDiagnosticHook([this](const std::source_location& place, const char* error) {
               procedures.push_back(bareName(place.function_name()));
               errors.emplace_back(error);
           }))
     {
     }
-    ~TrappedErrors() { setDiagnosticHook(std::move(previous_)); }
+    ~TrappedErrors() { hublink::setDiagnosticHook(std::move(previous_)); }
     TrappedErrors(const TrappedErrors&) = delete;
     TrappedErrors& operator=(const TrappedErrors&) = delete;
 
@@ -35,7 +35,7 @@ public:
     std::vector<std::string> errors;
 
 private:
-    DiagnosticHook previous_;
+    hublink::DiagnosticHook previous_;
 };
 
 }

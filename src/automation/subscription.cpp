@@ -1,4 +1,4 @@
-#include "automation/event_sink.h"
+#include "automation/subscription.h"
 
 #include "automation/border.h"
 #include "automation/error.h"

@@ -1,4 +1,4 @@
-#include "automation/server/connection_point.h"
+#include "automation/server/event_point.h"
 
 #include "automation/border.h"
 

@@ -1,4 +1,4 @@
-#include "common/process_lookup.h"
+#include "shell/process_lookup.h"
 
 #include "automation/text.h"
 
@@ -8,6 +8,8 @@
 #include <optional>
 #include <utility>
 #include <vector>
+
+namespace hublink {
 
 namespace {
 
@@ -84,4 +86,6 @@ ProcessLookup::Known ProcessLookup::firstRunning(const wchar_t* fileName)
     for (const DWORD candidate : *running)
         if (Handle process = opened(candidate)) return {std::move(process), candidate};
     return {};
+}
+
 }

@@ -1,9 +1,11 @@
-#include "lotus/session.h"
+#include "lotus/initialisation.h"
 
 #include "common/error_trap.h"
 #include "lotus/installation.h"
 #include "lotus/log_document.h"
 #include "lotus/settings.h"
+
+namespace hublink {
 
 namespace {
 
@@ -101,4 +103,6 @@ void notesHasGone(LotusSession& session)
     if (session.LotusMustInit) return;
     session.LotusMustInit = true;
     session.NotesSession = Object();
+}
+
 }

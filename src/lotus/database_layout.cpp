@@ -1,6 +1,8 @@
-#include "lotus/descriptions.h"
+#include "lotus/database_layout.h"
 
 #include "common/text.h"
+
+namespace hublink {
 
 void SplitBaseDescription(const std::wstring& Text, LotusBaseRef& Record)
 {
@@ -11,4 +13,6 @@ void SplitBaseDescription(const std::wstring& Text, LotusBaseRef& Record)
     Record.MainView = parts[2];
     Record.ViewTel = parts[3];
     Record.ViewMail = parts[4];
+}
+
 }

@@ -1,5 +1,5 @@
 // Subscriptions: what arrives, what does not, and what stays behind.
-#include "automation/event_sink.h"
+#include "automation/subscription.h"
 
 #include "automation/error.h"
 #include "automation/outgoing_call.h"

@@ -1,8 +1,10 @@
-#include "lotus/session.h"
+#include "lotus/initialisation.h"
 
 #include "lotus_fixture.h"
 
 #include <algorithm>
+
+namespace hublink {
 
 namespace {
 
@@ -243,4 +245,6 @@ TEST_F(LotusSessionTest, BusyOnceAtEveryCall_LosesNothing)
         EXPECT_EQ(logBodies(), undisturbed) << n;
     }
     EXPECT_EQ(trapped.errors, std::vector<std::string>{});
+}
+
 }

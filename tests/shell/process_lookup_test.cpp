@@ -1,10 +1,12 @@
 // Whether a program runs, and what asking costs: nothing, however often.
-#include "common/process_lookup.h"
+#include "shell/process_lookup.h"
 
 #include "support/handle_count.h"
 #include "support/stand_in.h"
 
 #include <gtest/gtest.h>
+
+namespace hublink {
 
 namespace {
 
@@ -191,4 +193,6 @@ TEST(ProcessLookup, ItsEnd_ClosesWhatItKept)
         EXPECT_EQ(support::openHandles(), before + 1);
     }
     EXPECT_EQ(support::openHandles(), before);
+}
+
 }

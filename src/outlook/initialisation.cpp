@@ -1,9 +1,11 @@
-#include "outlook/session.h"
+#include "outlook/initialisation.h"
 
 #include "common/error_trap.h"
 #include "outlook/settings.h"
 
 #include <utility>
+
+namespace hublink {
 
 namespace {
 
@@ -85,4 +87,6 @@ void quitOutlook(OutlookSession& session)
     if (!std::exchange(session.bOutlookInit, false) || !session.bQuitOutlook) return;
     const Object outlook = session.OutlookApp;
     outlook.call(L"quit");
+}
+
 }

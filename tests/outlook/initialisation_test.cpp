@@ -1,7 +1,9 @@
-#include "outlook/session.h"
+#include "outlook/initialisation.h"
 
 #include "outlook/settings.h"
 #include "outlook_test.h"
+
+namespace hublink {
 
 namespace {
 
@@ -261,4 +263,6 @@ TEST_F(OutlookSessionTest, ANonNumericLanguage_DoesNotKeepTheSessionClosed)
     session.OutlookApp = application();
     InitOutlook(session);
     EXPECT_TRUE(session.bOutlookInit);
+}
+
 }

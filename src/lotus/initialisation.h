@@ -4,6 +4,8 @@
 
 #include "lotus/lotus_session.h"
 
+namespace hublink {
+
 // Does nothing unless `LotusMustInit`; success shows in `LotusReady`. May be
 // called at any time; starts Notes when it does not run. `NewLog` asks for a
 // new log document. No error leaves it.
@@ -19,3 +21,5 @@ void reopenLotus(LotusSession& session);
 // Notes was closed: lets the session object go, unless the session waits for its
 // initialisation anyway. `LotusReady` stays, and brings the session back.
 void notesHasGone(LotusSession& session);
+
+}

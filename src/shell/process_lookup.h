@@ -8,6 +8,8 @@
 #include <map>
 #include <string>
 
+namespace hublink {
+
 class ProcessLookup {
 public:
     ProcessLookup() = default;
@@ -40,3 +42,5 @@ private:
 
     std::map<std::wstring, Known> known_;
 };
+
+}

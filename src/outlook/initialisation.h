@@ -3,6 +3,8 @@
 
 #include "outlook/outlook_session.h"
 
+namespace hublink {
+
 // Does nothing while the session is open; success shows in `bOutlookInit`. May
 // be called at any time; starts Outlook when it does not run. No error leaves it.
 void InitOutlook(OutlookSession& session);
@@ -16,3 +18,5 @@ void outlookHasGone(OutlookSession& session);
 // Ends an open session because the program stops, and Outlook with it where the
 // settings say so. Throws AutomationError when Outlook does not take that.
 void quitOutlook(OutlookSession& session);
+
+}

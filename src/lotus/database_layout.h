@@ -5,6 +5,8 @@
 #include <string>
 #include <vector>
 
+namespace hublink {
+
 // Where a database lies, and its views. An empty view name: it has no such view.
 struct LotusBaseRef {
     std::wstring Base;     // file name (.nsf)
@@ -63,3 +65,5 @@ struct PersonalLogDescription : LotusBaseRef {
 // Fills a locator from five parts separated by "|": base, server, main view,
 // telephone view, mail view. Fewer parts change nothing, further ones are ignored.
 void SplitBaseDescription(const std::wstring& Text, LotusBaseRef& Record);
+
+}
