@@ -34,8 +34,7 @@ public:
     Latency(player::Desk& desk, Report& report)
         : desk_(desk), report_(report), outlook_(desk), runner_(desk, outlook_, report),
           people_(contacts(contactsInFolder))
-    {
-    }
+    {}
 
     void measure()
     {

@@ -52,7 +52,7 @@ void compareGui(Report& report, const wchar_t* what, DWORD before, DWORD after)
 {
     if (before == 0 && after == 0) return report.tell(std::wstring(what) + L" are not counted on this system");
     report.target(after <= before, std::wstring(what) + L": " + std::to_wstring(before) + L" before, " +
-                                         std::to_wstring(after) + L" after");
+                                       std::to_wstring(after) + L" after");
 }
 
 // Runs `work` and compares what Hublink holds before and after it.
@@ -66,13 +66,13 @@ void holdingNothing(Desk& desk, Report& report, Work work)
     const long memory = privateMemory();
     work();
     const long memoryAfter = privateMemory();
-    report.target(memoryAfter - memory <= mostGrowth,
-                  L"private memory: " + std::to_wstring(memory) + L" KB before, " + std::to_wstring(memoryAfter) +
-                      L" KB after; at most " + std::to_wstring(mostGrowth) + L" KB more");
+    report.target(memoryAfter - memory <= mostGrowth, L"private memory: " + std::to_wstring(memory) + L" KB before, " +
+                                                          std::to_wstring(memoryAfter) + L" KB after; at most " +
+                                                          std::to_wstring(mostGrowth) + L" KB more");
     const DWORD handlesAfter = lowestFreeHandle(hublink);
-    report.target(handlesAfter <= handles + handleStep,
-                  L"lowest free handle: " + std::to_wstring(handles) + L" before, " + std::to_wstring(handlesAfter) +
-                      L" after; at most one more");
+    report.target(handlesAfter <= handles + handleStep, L"lowest free handle: " + std::to_wstring(handles) +
+                                                            L" before, " + std::to_wstring(handlesAfter) +
+                                                            L" after; at most one more");
     compareGui(report, L"GDI objects", gdi, GetGuiResources(hublink, GR_GDIOBJECTS));
     compareGui(report, L"USER objects", user, GetGuiResources(hublink, GR_USEROBJECTS));
 }

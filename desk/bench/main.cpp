@@ -82,7 +82,8 @@ constexpr Section sections[] = {
 
 bool isSection(std::string_view name)
 {
-    return std::any_of(std::begin(sections), std::end(sections), [&](const Section& section) { return section.name == name; });
+    return std::any_of(std::begin(sections), std::end(sections),
+                       [&](const Section& section) { return section.name == name; });
 }
 
 int usage()

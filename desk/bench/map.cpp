@@ -80,10 +80,12 @@ MapTimes timesWith(const Object& map, int records)
         times.lookUp = std::min(times.lookUp, timeOf([&] { lookUpBatch(map, records, batch); }) / lookUps);
         times.miss = std::min(times.miss, timeOf([&] { missBatch(map); }) / lookUps);
     }
-    times.insertion = timeOf([&] {
-                          for (int n = 0; n < insertions; ++n)
-                              map.call(L"InsertId", {mappedTo(n), L"5." + std::to_wstring(n), std::int32_t{0}, std::int32_t{1}});
-                      }) / insertions;
+    times.insertion =
+        timeOf([&] {
+            for (int n = 0; n < insertions; ++n)
+                map.call(L"InsertId", {mappedTo(n), L"5." + std::to_wstring(n), std::int32_t{0}, std::int32_t{1}});
+        }) /
+        insertions;
     return times;
 }
 
@@ -107,8 +109,8 @@ void measureMap(player::Desk& desk, Report& report)
     report.tell(L" records       opening       look-up   unknown one     insertion");
     tell(report, few, small);
     tell(report, many, large);
-    report.target(large.opening < 1'000, L"opening a map of 200,000 records: " + decimal(large.opening / 1000) +
-                                             L" s; less than 1.000");
+    report.target(large.opening < 1'000,
+                  L"opening a map of 200,000 records: " + decimal(large.opening / 1000) + L" s; less than 1.000");
     const double growth = std::max(large.lookUp / small.lookUp, large.miss / small.miss);
     report.target(growth <= 1.2, L"a look-up among 200,000 records takes " + decimal(growth) +
                                      L" of the time of one among 1,000; at most 1.200");

@@ -25,8 +25,7 @@ class NotesMeasures {
 public:
     NotesMeasures(player::Desk& desk, Report& report)
         : desk_(desk), report_(report), notes_(desk), runner_(desk, notes_, report)
-    {
-    }
+    {}
 
     void measure()
     {
@@ -51,9 +50,9 @@ private:
         report_.target(notes_.mirrored() == mirrored, L"the script has left the same documents as Hublink");
         const Run scriptSecond = script(L"script, second run", L"sync");
         const double ratio = compare(L"first synchronisation", contactsBefore, first, scriptFirst);
-        report_.target(ratio <= mostOfTheScripts,
-                       L"first synchronisation: " + decimal(ratio) + L" of the script's round trips; at most " +
-                           decimal(mostOfTheScripts));
+        report_.target(ratio <= mostOfTheScripts, L"first synchronisation: " + decimal(ratio) +
+                                                      L" of the script's round trips; at most " +
+                                                      decimal(mostOfTheScripts));
         report_.needed(L"Notes, first synchronisation", sumOf(notesFirstSynchronisationSteps()));
         compare(L"second synchronisation", contactsBefore, second, scriptSecond);
         compareWithSteps(second);
@@ -94,10 +93,10 @@ private:
         for (const NeededCalls& step : notes_.neededForSession()) needed += step.count;
         report_.needed(L"Notes, second synchronisation", needed);
         const unsigned long seen = second.counts.total();
-        report_.target(seen <= needed + needed / 50,
-                       L"second run: " + std::to_wstring(needed) + L" round trips needed, " + std::to_wstring(seen) +
-                           L" seen, " + std::to_wstring(second.counts.lookUps()) +
-                           L" of them name look-ups; at most 2 % more");
+        report_.target(seen <= needed + needed / 50, L"second run: " + std::to_wstring(needed) +
+                                                         L" round trips needed, " + std::to_wstring(seen) + L" seen, " +
+                                                         std::to_wstring(second.counts.lookUps()) +
+                                                         L" of them name look-ups; at most 2 % more");
     }
 
     void call()

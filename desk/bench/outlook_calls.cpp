@@ -98,8 +98,7 @@ Run OutlookCalls::compare(const OutlookCall& call)
     Run last;
     for (const int contacts : contactCounts) {
         last = hublink(call, contacts);
-        tellFigures(costOf(call, L"Hublink", contacts, last), last.inGroupware,
-                    scriptsCost(call, contacts, few, more));
+        tellFigures(costOf(call, L"Hublink", contacts, last), last.inGroupware, scriptsCost(call, contacts, few, more));
     }
     tellNeeded(call);
     for (const std::wstring& line : table({{L"over 10,000", last.counts}})) report_.tell(line);

@@ -57,11 +57,9 @@ Steps calledPartysSteps(int fields)
 
 Steps rewrittenForwardedSteps(int callersFields, int colleaguesFields)
 {
-    return {incoming,
-            filter, contactTable, item(callersFields), rewriting, properties,
-            filter, item(colleaguesFields), rewriting, properties,
-            filter, properties, mail,
-            filter, display};
+    return {
+        incoming,  filter,     contactTable, item(callersFields), rewriting, properties, filter, item(colleaguesFields),
+        rewriting, properties, filter,       properties,          mail,      filter,     display};
 }
 
 Steps firstSynchronisationSteps()
@@ -91,11 +89,9 @@ Steps firstSynchronisationSteps()
 
 Steps keptForwardedSteps(int callersFields, int colleaguesFields)
 {
-    return {incoming,
-            filter, contactTable, item(callersFields), properties,
-            filter, item(colleaguesFields), properties,
-            filter, item(colleaguesFields), properties, mail,
-            filter, item(callersFields), display};
+    return {incoming,   filter, contactTable,           item(callersFields), properties, filter, item(colleaguesFields),
+            properties, filter, item(colleaguesFields), properties,          mail,       filter, item(callersFields),
+            display};
 }
 
 }

@@ -9,7 +9,6 @@
 
 namespace desk::bench {
 
-
 // A caller whom nobody knows, until he is a contact on the screen.
 std::vector<NeededCalls> strangersSteps();
 

@@ -23,8 +23,8 @@ std::string digits(Kind kind, int n)
 Person person(const std::string& number, int n)
 {
     static const char* const firstNames[] = {"Alice", "Bernd", "Carla", "David", "Elena", "Franz", "Greta"};
-    static const char* const lastNames[] = {"Adler", "Blanc", "Costa", "Dubois", "Engel", "Ferrari", "Garcia", "Huber",
-                                            "Ibarra", "Jansen", "Koch"};
+    static const char* const lastNames[] = {"Adler",  "Blanc", "Costa",  "Dubois", "Engel", "Ferrari",
+                                            "Garcia", "Huber", "Ibarra", "Jansen", "Koch"};
     return {firstNames[n % 7], lastNames[n % 11], number};
 }
 

@@ -48,7 +48,8 @@ void Report::target(bool met, const std::wstring& figure)
 void Report::cost(const Cost& cost)
 {
     figure({L"cost", cost.work, cost.client, std::to_wstring(cost.contacts),
-            std::to_wstring(std::lround(cost.roundTrips)), std::to_wstring(std::lround(cost.milliseconds)), cost.how == Known::measured ? L"measured" : L"reckoned"});
+            std::to_wstring(std::lround(cost.roundTrips)), std::to_wstring(std::lround(cost.milliseconds)),
+            cost.how == Known::measured ? L"measured" : L"reckoned"});
 }
 
 void Report::needed(const std::wstring& work, unsigned long roundTrips)

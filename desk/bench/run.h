@@ -20,8 +20,7 @@ class Runner {
 public:
     Runner(player::Desk& desk, Groupware& groupware, Report& report) noexcept
         : desk_(desk), groupware_(groupware), report_(report)
-    {
-    }
+    {}
 
     // Both partners, with nothing.
     void startPartners();

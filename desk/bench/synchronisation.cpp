@@ -28,8 +28,7 @@ public:
     Synchronisation(player::Desk& desk, Groupware& groupware, Report& report)
         : groupware_(groupware), report_(report), runner_(desk, groupware, report),
           whole_(synchronisationRecords(entries, items)), tenth_(synchronisationRecords(entries / share, items / share))
-    {
-    }
+    {}
 
     void measure()
     {
@@ -76,10 +75,7 @@ private:
         for (const std::wstring& line : lines) report_.tell(line);
     }
 
-    static Reckoned reckonedAs(const Run& run)
-    {
-        return {static_cast<double>(run.counts.total()), run.milliseconds};
-    }
+    static Reckoned reckonedAs(const Run& run) { return {static_cast<double>(run.counts.total()), run.milliseconds}; }
 
     // The walks grow with the contacts that they have to pass, all else with the records.
     Reckoned wholeOf(const Run& tenth) const
@@ -96,16 +92,18 @@ private:
     {
         if (groupware_.walked(scriptTenth.counts) != tenth_.walked)
             throw std::runtime_error("the script has not walked over as many contacts as was reckoned");
-        tellLines(table({{L"Hublink", hublink.counts}, {L"a tenth", hublinkTenth.counts}, {L"script", scriptTenth.counts}}));
+        tellLines(
+            table({{L"Hublink", hublink.counts}, {L"a tenth", hublinkTenth.counts}, {L"script", scriptTenth.counts}}));
         tellComparison(L"first run, a tenth", hublinkTenth, reckonedAs(scriptTenth));
         report_.tell(L"The script's walks asked for " + std::to_wstring(tenth_.walked) +
                      L" contacts; for everything they would for " + std::to_wstring(whole_.walked) + L".");
         const double ratio = tellComparison(L"first run, the script's whole reckoned", hublink, wholeOf(scriptTenth));
         tellFigures(L"first", hublink, wholeOf(scriptTenth), Known::reckoned);
-        report_.needed(std::wstring(groupware_.name()) + L", first synchronisation", sumOf(firstSynchronisationSteps()));
-        report_.target(ratio <= mostOfTheScripts,
-                       L"first synchronisation: " + decimal(ratio) + L" of the script's round trips; at most " +
-                           decimal(mostOfTheScripts));
+        report_.needed(std::wstring(groupware_.name()) + L", first synchronisation",
+                       sumOf(firstSynchronisationSteps()));
+        report_.target(ratio <= mostOfTheScripts, L"first synchronisation: " + decimal(ratio) +
+                                                      L" of the script's round trips; at most " +
+                                                      decimal(mostOfTheScripts));
     }
 
     double tellComparison(const std::wstring& what, const Run& hublink, const Reckoned& script)
@@ -121,7 +119,8 @@ private:
     void tellFigures(const wchar_t* which, const Run& hublink, const Reckoned& script, Known how)
     {
         const std::wstring work = std::wstring(groupware_.name()) + L", " + which + L" synchronisation";
-        report_.cost({work, L"Hublink", contactsBefore, static_cast<double>(hublink.counts.total()), hublink.milliseconds});
+        report_.cost(
+            {work, L"Hublink", contactsBefore, static_cast<double>(hublink.counts.total()), hublink.milliseconds});
         report_.cost({work, L"script", contactsBefore, script.calls, script.milliseconds, how});
     }
 

@@ -111,7 +111,8 @@ std::string Request::receive()
     for (bool more = true; more;) {
         OVERLAPPED operation{};
         operation.hEvent = ready_.get();
-        const bool started = ReadFile(pipe_.get(), buffer.data(), static_cast<DWORD>(buffer.size()), nullptr, &operation);
+        const bool started =
+            ReadFile(pipe_.get(), buffer.data(), static_cast<DWORD>(buffer.size()), nullptr, &operation);
         const DWORD count = finish(started, operation, more);
         text.append(buffer.data(), count);
     }

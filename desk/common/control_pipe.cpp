@@ -23,9 +23,9 @@ std::wstring controlPipeName(std::wstring_view partner)
 ControlPipe::ControlPipe(std::wstring_view partner, Answer answer, Answered answered)
     : answer_(std::move(answer)), answered_(std::move(answered))
 {
-    pipe_ = automation::orNone(CreateNamedPipeW(
-        controlPipeName(partner).c_str(), PIPE_ACCESS_DUPLEX | FILE_FLAG_OVERLAPPED,
-        PIPE_TYPE_MESSAGE | PIPE_READMODE_MESSAGE | PIPE_WAIT, 1, bufferSize, bufferSize, 0, nullptr));
+    pipe_ = automation::orNone(
+        CreateNamedPipeW(controlPipeName(partner).c_str(), PIPE_ACCESS_DUPLEX | FILE_FLAG_OVERLAPPED,
+                         PIPE_TYPE_MESSAGE | PIPE_READMODE_MESSAGE | PIPE_WAIT, 1, bufferSize, bufferSize, 0, nullptr));
     if (!pipe_) throw std::runtime_error("the control pipe exists already");
     ready_.reset(CreateEventW(nullptr, TRUE, FALSE, nullptr));
     stop_.reset(CreateEventW(nullptr, TRUE, FALSE, nullptr));
@@ -95,7 +95,8 @@ void ControlPipe::respond(const std::string& response)
 {
     OVERLAPPED operation{};
     operation.hEvent = ready_.get();
-    const bool started = WriteFile(pipe_.get(), response.data(), static_cast<DWORD>(response.size()), nullptr, &operation);
+    const bool started =
+        WriteFile(pipe_.get(), response.data(), static_cast<DWORD>(response.size()), nullptr, &operation);
     DWORD count = 0;
     // What is not yet read would be lost with the connection.
     if (finish(started, operation, count) == Outcome::done) FlushFileBuffers(pipe_.get());

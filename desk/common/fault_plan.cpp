@@ -161,8 +161,7 @@ Fault FaultPlan::next(std::wstring_view className, std::wstring_view member, Cal
         // A fault that another one hides at this call still happens: at the next.
         if (first && planned.at == 1 && !planned.lasting && --planned.times == 0)
             planned_.erase(planned_.begin() + static_cast<std::ptrdiff_t>(index));
-        else
-            ++index;
+        else ++index;
     }
     return chosen;
 }

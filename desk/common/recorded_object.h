@@ -26,8 +26,7 @@ class RecordedObject : public automation::server::Dispatch {
 public:
     // The recorder and the name (a literal) outlive the object.
     RecordedObject(Recorder& recorder, const wchar_t* className) noexcept : recorder_(recorder), className_(className)
-    {
-    }
+    {}
 
     Recorder& recorder() const noexcept { return recorder_; }
     const wchar_t* className() const noexcept { return className_; }

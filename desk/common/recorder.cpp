@@ -26,11 +26,17 @@ std::wstring typeName(VARTYPE type)
     std::wstring prefix;
     if (type & VT_BYREF) prefix += L"BYREF|";
     if (type & VT_ARRAY) prefix += L"ARRAY|";
-    static const std::map<VARTYPE, const wchar_t*> names{
-        {VT_EMPTY, L"EMPTY"}, {VT_NULL, L"NULL"}, {VT_I2, L"I2"}, {VT_I4, L"I4"}, {VT_R4, L"R4"}, {VT_R8, L"R8"},
-        {VT_CY, L"CY"}, {VT_DATE, L"DATE"}, {VT_BSTR, L"BSTR"}, {VT_DISPATCH, L"DISPATCH"}, {VT_ERROR, L"ERROR"},
-        {VT_BOOL, L"BOOL"}, {VT_VARIANT, L"VARIANT"}, {VT_UNKNOWN, L"UNKNOWN"}, {VT_I1, L"I1"}, {VT_UI1, L"UI1"},
-        {VT_UI2, L"UI2"}, {VT_UI4, L"UI4"}, {VT_I8, L"I8"}, {VT_INT, L"INT"}, {VT_UINT, L"UINT"}};
+    static const std::map<VARTYPE, const wchar_t*> names{{VT_EMPTY, L"EMPTY"},     {VT_NULL, L"NULL"},
+                                                         {VT_I2, L"I2"},           {VT_I4, L"I4"},
+                                                         {VT_R4, L"R4"},           {VT_R8, L"R8"},
+                                                         {VT_CY, L"CY"},           {VT_DATE, L"DATE"},
+                                                         {VT_BSTR, L"BSTR"},       {VT_DISPATCH, L"DISPATCH"},
+                                                         {VT_ERROR, L"ERROR"},     {VT_BOOL, L"BOOL"},
+                                                         {VT_VARIANT, L"VARIANT"}, {VT_UNKNOWN, L"UNKNOWN"},
+                                                         {VT_I1, L"I1"},           {VT_UI1, L"UI1"},
+                                                         {VT_UI2, L"UI2"},         {VT_UI4, L"UI4"},
+                                                         {VT_I8, L"I8"},           {VT_INT, L"INT"},
+                                                         {VT_UINT, L"UINT"}};
     const VARTYPE bare = type & VT_TYPEMASK;
     const auto found = names.find(bare);
     return prefix + (found == names.end() ? L"VT" + std::to_wstring(bare) : std::wstring(found->second));

@@ -100,15 +100,12 @@ LRESULT RunningProgram::onMessage(UINT message, WPARAM wParam, LPARAM lParam)
     case requestMessage:
         *reinterpret_cast<std::wstring*>(lParam) = respond(*reinterpret_cast<const std::wstring*>(wParam));
         return 1;
-    case answeredMessage:
-        answered();
-        return 0;
+    case answeredMessage: answered(); return 0;
     case WM_TIMER:
         if (wParam == endTimer) endIfPossible();
         else saveQuietly();
         return 0;
-    default:
-        return DefWindowProcW(window_, message, wParam, lParam);
+    default: return DefWindowProcW(window_, message, wParam, lParam);
     }
 }
 

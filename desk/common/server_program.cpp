@@ -55,8 +55,7 @@ public:
     explicit OnlyInstance(const wchar_t* name)
         : mutex_(CreateMutexW(nullptr, TRUE, (L"hublink-desk-" + std::wstring(name)).c_str())),
           owned_(GetLastError() != ERROR_ALREADY_EXISTS)
-    {
-    }
+    {}
     bool owned() const { return owned_; }
 
 private:
@@ -93,10 +92,8 @@ try {
         for (const auto& each : description.classes) server::registerClass(each, server::programPath());
     else if (argument == L"/unregserver")
         for (const auto& each : description.classes) server::unregisterClass(each);
-    else if (arguments.empty() || argument == L"/embedding" || isSuccessor)
-        serve(description, makePartner);
-    else
-        return fail(badCommandLine, "unknown command line: /RegServer, /UnregServer, -Embedding or nothing");
+    else if (arguments.empty() || argument == L"/embedding" || isSuccessor) serve(description, makePartner);
+    else return fail(badCommandLine, "unknown command line: /RegServer, /UnregServer, -Embedding or nothing");
     return 0;
 } catch (const BadStore& error) {
     return fail(badStore, error.what());

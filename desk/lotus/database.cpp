@@ -71,8 +71,8 @@ std::vector<std::reference_wrapper<const View>> Database::views() const
 
 const ViewIndex& Database::index(const View& view)
 {
-    const auto stored = std::find_if(views_.begin(), views_.end(),
-                                     [&view](const StoredView& each) { return &each.view == &view; });
+    const auto stored =
+        std::find_if(views_.begin(), views_.end(), [&view](const StoredView& each) { return &each.view == &view; });
     if (!stored->index.built()) stored->index.build(notes_);
     return stored->index;
 }
@@ -173,8 +173,9 @@ std::vector<SavedNote> Database::candidates(const View& view, const Condition& c
     }
     std::vector<std::size_t> positions;
     for (const unsigned long place : *places) {
-        const auto note = std::lower_bound(notes_.begin(), notes_.end(), place,
-                                           [](const SavedNote& one, unsigned long wanted) { return one->place < wanted; });
+        const auto note =
+            std::lower_bound(notes_.begin(), notes_.end(), place,
+                             [](const SavedNote& one, unsigned long wanted) { return one->place < wanted; });
         if (note == notes_.end() || (*note)->place != place) continue;
         const std::size_t position = all.positionOf(**note);
         if (position < all.entries().size()) positions.push_back(position);

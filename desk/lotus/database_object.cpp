@@ -19,10 +19,9 @@ namespace server = automation::server;
 class DatabaseObject final : public NotesTable<DatabaseObject> {
 public:
     DatabaseObject(Notes& notes, SharedDatabase database, std::wstring place, std::wstring filePath)
-        : NotesTable(notes, L"NotesDatabase"), notes_(notes), database_(std::move(database)),
-          server_(std::move(place)), filePath_(std::move(filePath))
-    {
-    }
+        : NotesTable(notes, L"NotesDatabase"), notes_(notes), database_(std::move(database)), server_(std::move(place)),
+          filePath_(std::move(filePath))
+    {}
     static const std::vector<MemberRow<DatabaseObject>>& members();
 
 private:
@@ -49,10 +48,7 @@ private:
         return true;
     }
 
-    Value view(const std::wstring& name) const
-    {
-        return viewValue(notes_, database(), database()->view(name));
-    }
+    Value view(const std::wstring& name) const { return viewValue(notes_, database(), database()->view(name)); }
 
     Value documentById(const std::wstring& id) const
     {
@@ -116,7 +112,9 @@ const std::vector<MemberRow<DatabaseObject>>& DatabaseObject::members()
              return self.documentByUniversalId(call.arguments.text(0));
          }},
         {L"LastModified", 0x20C, server::readOnly, 0, 0,
-         [](DatabaseObject& self, const IncomingCall&) -> Value { return Value::date(self.database()->lastModified()); }},
+         [](DatabaseObject& self, const IncomingCall&) -> Value {
+             return Value::date(self.database()->lastModified());
+         }},
         {L"IsFTIndexed", 0x20B, server::readOnly, 0, 0,
          [](DatabaseObject& self, const IncomingCall&) -> Value { return self.database()->fullTextIndexed; }},
     };

@@ -70,12 +70,12 @@ void DocumentFrame::makeControls()
     top += modeHeight + margin;
     const LONG buttonTop = client.bottom - margin - buttonHeight;
     items_ = addControl(L"EDIT", L"", WS_BORDER | WS_TABSTOP | WS_VSCROLL | ES_MULTILINE | ES_READONLY | ES_AUTOVSCROLL,
-                         {margin, top, inner, buttonTop - margin - top});
+                        {margin, top, inner, buttonTop - margin - top});
     SendMessageW(items_, EM_SETTABSTOPS, 1, reinterpret_cast<LPARAM>(&valueColumn));
     const auto button = [&](const wchar_t* text, LONG fromRight, WORD id) {
-        const HWND made = addControl(L"BUTTON", text, WS_TABSTOP,
-                                      {client.right - fromRight * (margin + buttonWidth), buttonTop, buttonWidth,
-                                       buttonHeight});
+        const HWND made =
+            addControl(L"BUTTON", text, WS_TABSTOP,
+                       {client.right - fromRight * (margin + buttonWidth), buttonTop, buttonWidth, buttonHeight});
         SetWindowLongPtrW(made, GWLP_ID, id);
         return made;
     };
@@ -108,9 +108,7 @@ void DocumentFrame::pressed(WORD button)
 LRESULT DocumentFrame::onMessage(UINT message, WPARAM wParam, LPARAM lParam)
 {
     switch (message) {
-    case WM_PAINT:
-        heading_.paint(handle(), title_);
-        return 0;
+    case WM_PAINT: heading_.paint(handle(), title_); return 0;
     case WM_CTLCOLORSTATIC: // labels, and boxes that are read only
         SetBkMode(reinterpret_cast<HDC>(wParam), TRANSPARENT);
         return reinterpret_cast<LRESULT>(GetSysColorBrush(COLOR_WINDOW));
@@ -120,9 +118,7 @@ LRESULT DocumentFrame::onMessage(UINT message, WPARAM wParam, LPARAM lParam)
     case WM_ACTIVATE:
         if (LOWORD(wParam) != WA_INACTIVE) handlers_.activated();
         return leaveToWindows(message, wParam, lParam);
-    case WM_CLOSE:
-        pressed(closeId);
-        return 0;
+    case WM_CLOSE: pressed(closeId); return 0;
     default: return leaveToWindows(message, wParam, lParam);
     }
 }

@@ -14,8 +14,7 @@ namespace server = automation::server;
 DocumentObject::DocumentObject(Notes& notes, SharedNote note, bool ofWindow)
     : NotesTable(notes, L"NotesDocument"), notes_(notes), note_(std::move(note)), ofWindow_(ofWindow),
       registered_(notes.documentObjects(), this)
-{
-}
+{}
 
 const SharedNote& DocumentObject::opened() const
 {
@@ -63,7 +62,8 @@ Value DocumentObject::itemProperty(const ItemName& name, const IncomingCall& cal
     // Doc.Subject(0): one of its values.
     const Item* const item = note().find(name);
     const std::int32_t index = call.arguments.int32(0);
-    if (index < 0 || static_cast<std::size_t>(index) >= (item ? item->size() : 1)) throw server::Failure{DISP_E_BADINDEX};
+    if (index < 0 || static_cast<std::size_t>(index) >= (item ? item->size() : 1))
+        throw server::Failure{DISP_E_BADINDEX};
     return item ? valueAt(*item, static_cast<std::size_t>(index)) : Value(L"");
 }
 

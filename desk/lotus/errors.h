@@ -25,11 +25,20 @@ inline constexpr unsigned userInterface = 4412; // of the user-interface classes
     throw automation::server::Exception{notesCode(number), L"Lotus Notes", std::move(text)};
 }
 
-[[noreturn]] inline void raiseNotOpen() { raise(numbers::notOpen, L"Database has not been opened yet."); }
+[[noreturn]] inline void raiseNotOpen()
+{
+    raise(numbers::notOpen, L"Database has not been opened yet.");
+}
 
-[[noreturn]] inline void raiseDeleted() { raise(numbers::notesError, L"Notes error: Document has been deleted"); }
+[[noreturn]] inline void raiseDeleted()
+{
+    raise(numbers::notesError, L"Notes error: Document has been deleted");
+}
 
-[[noreturn]] inline void raiseNoFile() { raise(numbers::userInterface, L"File does not exist"); }
+[[noreturn]] inline void raiseNoFile()
+{
+    raise(numbers::userInterface, L"File does not exist");
+}
 
 [[noreturn]] inline void raiseNotEditing()
 {

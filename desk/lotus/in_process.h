@@ -49,10 +49,9 @@ public:
 
     void offer()
     {
-        for (const auto& each : classes)
-            automation::server::registerClass(each, automation::server::programPath());
-        session_ = std::make_unique<automation::server::ClassFactory>(classes[0].classId,
-                                                                      [this] { return notes_.session(); });
+        for (const auto& each : classes) automation::server::registerClass(each, automation::server::programPath());
+        session_ =
+            std::make_unique<automation::server::ClassFactory>(classes[0].classId, [this] { return notes_.session(); });
         workspace_ = std::make_unique<automation::server::ClassFactory>(classes[1].classId,
                                                                         [this] { return notes_.workspaceObject(); });
     }

@@ -13,14 +13,13 @@ namespace server = automation::server;
 ItemObject::ItemObject(Notes& notes, SharedNote note, Item item)
     : NotesTable(notes, L"NotesItem"), notes_(notes), note_(std::move(note)), item_(std::move(item)),
       registered_(notes.itemObjects(), this)
-{
-}
+{}
 
 // A rich text is read as one text, all else as an array.
 Value ItemObject::values(const IncomingCall& call)
 {
-    if (!call.isPut()) return item_.type == ItemType::richText ? Value(textOf(item_))
-                                                                      : valuesOf(item_, notes_.behaviour.typedArrays);
+    if (!call.isPut())
+        return item_.type == ItemType::richText ? Value(textOf(item_)) : valuesOf(item_, notes_.behaviour.typedArrays);
     try {
         item_ = itemFrom(*item_.name, call.arguments.value(0));
     } catch (const automation::AutomationError& error) {

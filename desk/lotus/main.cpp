@@ -41,5 +41,6 @@ private:
 int WINAPI WinMain(HINSTANCE, HINSTANCE, LPSTR, int)
 {
     const desk::ProgramDescription description{L"nlnotes", {classes.begin(), classes.end()}, L"nlnotes.store.txt"};
-    return desk::runProgram(description, [](desk::Program& program) { return std::make_unique<NotesProgram>(program); });
+    return desk::runProgram(description,
+                            [](desk::Program& program) { return std::make_unique<NotesProgram>(program); });
 }

@@ -26,7 +26,8 @@ bool wantsText(const LVITEMW& row, std::size_t rows)
 }
 
 MainWindow::MainWindow(Handlers handlers)
-    : Frame(windowClassName, L"Workspace - Lotus Notes", {left, top, width, height}, COLOR_BTNFACE), handlers_(std::move(handlers))
+    : Frame(windowClassName, L"Workspace - Lotus Notes", {left, top, width, height}, COLOR_BTNFACE),
+      handlers_(std::move(handlers))
 {
     makeLists();
 }
@@ -94,8 +95,9 @@ void MainWindow::refresh()
     setRowCount(documents_, shownEntries().size());
     const std::size_t count = shownEntries().size();
     const std::wstring user = notes_->userName;
-    SetWindowTextW(status_, (abbreviatedName(user) + (shownView_ ? L"    " + std::to_wstring(count) + L" documents"
-                                                                 : std::wstring())).c_str());
+    SetWindowTextW(status_, (abbreviatedName(user) +
+                             (shownView_ ? L"    " + std::to_wstring(count) + L" documents" : std::wstring()))
+                                .c_str());
 }
 
 const std::vector<ViewIndex::Entry>& MainWindow::shownEntries() const

@@ -22,8 +22,7 @@ Notes::Notes(Recorder& recorder, Screen& screen, std::function<void()> changed)
       documentObjects_(std::make_shared<std::map<IDispatch*, DocumentObject*>>()),
       itemObjects_(std::make_shared<std::map<IDispatch*, ItemObject*>>()),
       workspace_(screen, [this] { this->changed(); })
-{
-}
+{}
 
 bool Notes::WithoutCase::operator()(const std::wstring& one, const std::wstring& other) const
 {

@@ -11,8 +11,7 @@ class NotesObject : public RecordedObject {
 public:
     NotesObject(Notes& notes, const wchar_t* className)
         : RecordedObject(notes.recorder(), className), shift_(notes.nextIdentifierShift())
-    {
-    }
+    {}
 
 protected:
     // An identifier of the class, as this object's clients know it.

@@ -8,8 +8,7 @@ OpenNote::OpenNote(SharedDatabase database) : database_(std::move(database)), ch
 
 OpenNote::OpenNote(SharedDatabase database, SavedNote saved)
     : database_(std::move(database)), saved_(std::move(saved)), contents_(*saved_), version_(saved_->version)
-{
-}
+{}
 
 Note& OpenNote::edit() noexcept
 {

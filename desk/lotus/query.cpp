@@ -155,8 +155,8 @@ public:
         if (rest_[0] == L'[') return {Token::Kind::item, delimited(L']')};
         constexpr std::wstring_view marks = L"()=!&+|,";
         using Kind = Token::Kind;
-        constexpr Kind kinds[] = {Kind::open, Kind::close, Kind::contains, Kind::negation, Kind::conjunction,
-                                  Kind::conjunction, Kind::disjunction, Kind::disjunction};
+        constexpr Kind kinds[] = {Kind::open,        Kind::close,       Kind::contains,    Kind::negation,
+                                  Kind::conjunction, Kind::conjunction, Kind::disjunction, Kind::disjunction};
         const std::size_t mark = marks.find(rest_[0]);
         // A plus sign before a digit belongs to a telephone number.
         const bool sign = rest_[0] == L'+' && rest_.size() > 1 && rest_[1] != L' ';
@@ -177,7 +177,8 @@ private:
 
     Token word()
     {
-        const std::size_t length = std::max<std::size_t>(std::min(rest_.find_first_of(L" \t\r\n\"[]()=!&|,"), rest_.size()), 1);
+        const std::size_t length =
+            std::max<std::size_t>(std::min(rest_.find_first_of(L" \t\r\n\"[]()=!&|,"), rest_.size()), 1);
         std::wstring text(rest_.substr(0, length));
         rest_.remove_prefix(length);
         const std::wstring lower = lowerCase(text);

@@ -10,9 +10,10 @@ namespace desk::lotus {
 
 namespace {
 
-constexpr std::pair<const wchar_t*, ItemType> typeNames[] = {
-    {L"text", ItemType::text}, {L"number", ItemType::number}, {L"date", ItemType::date},
-    {L"richtext", ItemType::richText}};
+constexpr std::pair<const wchar_t*, ItemType> typeNames[] = {{L"text", ItemType::text},
+                                                             {L"number", ItemType::number},
+                                                             {L"date", ItemType::date},
+                                                             {L"richtext", ItemType::richText}};
 
 constexpr const wchar_t* noteIdField = L"@NoteID";
 constexpr const wchar_t* universalIdField = L"@UniversalID";
@@ -237,7 +238,7 @@ void addItem(StoreRecord& record, const Item& item)
 {
     const std::wstring name = typedText(*item.name, item.type);
     for (std::size_t index = 0; index < item.size(); ++index) {
-        const std::wstring value = item.isText()                      ? item.texts[index]
+        const std::wstring value = item.isText()                 ? item.texts[index]
                                    : item.type == ItemType::date ? isoText(item.numbers[index])
                                                                  : storedNumber(item.numbers[index]);
         record.add(index ? name + L"+" : name, value);

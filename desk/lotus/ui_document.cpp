@@ -14,10 +14,7 @@ namespace server = automation::server;
 
 class UIDocument final : public NotesTable<UIDocument> {
 public:
-    UIDocument(Notes& notes, WindowId id)
-        : NotesTable(notes, L"NotesUIDocument"), notes_(notes), id_(id)
-    {
-    }
+    UIDocument(Notes& notes, WindowId id) : NotesTable(notes, L"NotesUIDocument"), notes_(notes), id_(id) {}
     static const std::vector<MemberRow<UIDocument>>& members();
 
 private:

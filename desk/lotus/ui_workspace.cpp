@@ -17,8 +17,7 @@ class UIDatabase final : public NotesTable<UIDatabase> {
 public:
     UIDatabase(Notes& notes, SharedDatabase database)
         : NotesTable(notes, L"NotesUIDatabase"), notes_(notes), database_(std::move(database))
-    {
-    }
+    {}
     static const std::vector<MemberRow<UIDatabase>>& members();
 
 private:
@@ -49,8 +48,7 @@ class UIView final : public NotesTable<UIView> {
 public:
     UIView(Notes& notes, SharedDatabase database, const View& view)
         : NotesTable(notes, L"NotesUIView"), notes_(notes), database_(std::move(database)), view_(view)
-    {
-    }
+    {}
     static const std::vector<MemberRow<UIView>>& members();
 
 private:
@@ -71,7 +69,9 @@ const std::vector<MemberRow<UIView>>& UIView::members()
 {
     static const std::vector<MemberRow<UIView>> rows{
         {L"View", 0x901, server::readOnly, 0, 0,
-         [](UIView& self, const IncomingCall&) -> Value { return viewValue(self.notes_, self.database_, &self.view_); }},
+         [](UIView& self, const IncomingCall&) -> Value {
+             return viewValue(self.notes_, self.database_, &self.view_);
+         }},
         {L"ViewName", 0x902, server::readOnly, 0, 0,
          [](UIView& self, const IncomingCall&) -> Value { return self.view_.names[0]; }},
         {L"ViewAlias", 0x903, server::readOnly, 0, 0,

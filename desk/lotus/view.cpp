@@ -117,8 +117,9 @@ SavedNote ViewIndex::find(const Entries& entries, const Columns& wanted, bool ex
     auto entry = std::lower_bound(entries.begin(), entries.end(), wanted,
                                   [](const Entry& one, const Columns& columns) { return one.columns < columns; });
     for (; entry != entries.end() && entry->columns[0].matches(wanted[0], exact); ++entry) {
-        const bool all = std::equal(wanted.begin(), wanted.end(), entry->columns.begin(),
-                                    [exact](const ColumnValue& key, const ColumnValue& own) { return own.matches(key, exact); });
+        const bool all =
+            std::equal(wanted.begin(), wanted.end(), entry->columns.begin(),
+                       [exact](const ColumnValue& key, const ColumnValue& own) { return own.matches(key, exact); });
         if (all && !entry->note->deleted) return entry->note;
     }
     return nullptr;

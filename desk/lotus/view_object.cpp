@@ -20,8 +20,7 @@ public:
     ViewObject(Notes& notes, SharedDatabase database, const View& view)
         : NotesTable(notes, L"NotesView"), notes_(notes), database_(std::move(database)), view_(view),
           seen_(index().kept())
-    {
-    }
+    {}
     static const std::vector<MemberRow<ViewObject>>& members();
 
 private:
@@ -57,8 +56,7 @@ private:
         std::size_t position = count();
         if (note && filtered_)
             position = static_cast<std::size_t>(std::find(found_.begin(), found_.end(), note) - found_.begin());
-        else if (note && database_->find(note->noteId) == note)
-            position = index().positionOf(*note);
+        else if (note && database_->find(note->noteId) == note) position = index().positionOf(*note);
         if (position == count()) raise(numbers::notesError, L"Document is not from this view");
         return position;
     }

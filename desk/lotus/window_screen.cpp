@@ -17,15 +17,12 @@ void putBehind(HWND window)
 
 WindowScreen::WindowScreen(std::function<void()> quit)
     : main_({std::move(quit), [this] { activated(0); },
-             [this](const SharedDatabase& database) {
-                 notes_->workspace().show(database, database->defaultView());
-             },
+             [this](const SharedDatabase& database) { notes_->workspace().show(database, database->defaultView()); },
              [this](const SharedDatabase& database, const SavedNote& note) {
                  notes_->workspace().open(std::make_shared<OpenNote>(database, note), false);
                  comeToForeground(notes_->workspace().current()->id);
              }})
-{
-}
+{}
 
 void WindowScreen::watch(Notes& notes)
 {

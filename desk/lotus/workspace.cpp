@@ -118,7 +118,7 @@ void Workspace::convertFields(DocumentWindow& window)
             converted.numbers.push_back(field.type == ItemType::date ? text.asDate() : text.number());
         } catch (const automation::AutomationError&) {
             raise(numbers::userInterface, field.type == ItemType::date ? L"Cannot convert Text to a Time/Date"
-                                                                        : L"Cannot convert text to a number");
+                                                                       : L"Cannot convert text to a number");
         }
         window.note->edit().replace(std::move(converted));
     }

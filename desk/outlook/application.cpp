@@ -72,11 +72,12 @@ const std::vector<MemberRow<NameSpace>>& NameSpace::members()
 {
     static const std::vector<MemberRow<NameSpace>> rows{
         {L"GetDefaultFolder", 0x210B, server::method, 1, 1,
-         [](NameSpace& self, const IncomingCall& call) -> Value { return self.defaultFolder(call.arguments.int32(0)); }},
+         [](NameSpace& self, const IncomingCall& call) -> Value {
+             return self.defaultFolder(call.arguments.int32(0));
+         }},
         {L"GetItemFromID", 0x2109, server::method, 1, 2,
          [](NameSpace& self, const IncomingCall& call) -> Value { return self.itemFromId(call.arguments.text(0)); }},
-        {L"Type", 0x2104, server::readOnly, 0, 0,
-         [](NameSpace&, const IncomingCall&) -> Value { return L"MAPI"; }},
+        {L"Type", 0x2104, server::readOnly, 0, 0, [](NameSpace&, const IncomingCall&) -> Value { return L"MAPI"; }},
         {L"Logon", 0x2106, server::method, 0, 4, [](NameSpace&, const IncomingCall&) -> Value { return {}; }},
         {L"Logoff", 0x2107, server::method, 0, 0, [](NameSpace&, const IncomingCall&) -> Value { return {}; }},
         {L"Application", members::application, server::readOnly, 0, 0,

@@ -172,15 +172,15 @@ void Outlook::putOff(std::wstring_view text)
     const unsigned long blocks = numberOf(takeWord(text), "blocks");
     if (blocks == 0) throw std::runtime_error("the next block is number 1");
     const std::wstring word = takeWord(text);
-    if (word != L"add" && word != L"change" && word != L"delete") throw std::runtime_error("later: add, change or delete");
+    if (word != L"add" && word != L"change" && word != L"delete")
+        throw std::runtime_error("later: add, change or delete");
     later_ = Later{word, std::wstring(text), blocks};
 }
 
 std::optional<std::wstring> Outlook::settingCommand(const std::wstring& word, std::wstring_view rest)
 {
-    for (const wchar_t* setting :
-         {L"version", L"guard", L"missingcell", L"longesttext", L"roworder", L"arrayshape", L"hiddencolumn", L"identifiers",
-          L"creation"}) {
+    for (const wchar_t* setting : {L"version", L"guard", L"missingcell", L"longesttext", L"roworder", L"arrayshape",
+                                   L"hiddencolumn", L"identifiers", L"creation"}) {
         if (word != setting) continue;
         change(setup_, word, rest);
         changed();

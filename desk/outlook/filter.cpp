@@ -51,8 +51,7 @@ public:
     Comparison(const Field& field, std::wstring sign, Value value)
         : field_(field), sign_(std::move(sign)), value_(std::move(value)), text_(value_.text()),
           lowerText_(lowerCase(text_))
-    {
-    }
+    {}
 
     bool holds(const Item& item) const override
     {
@@ -76,7 +75,8 @@ private:
         // Dates are compared to the minute, as they are written in conditions.
         const bool date = field_.type == FieldType::date;
         const double scale = date ? minutesOfDay : 1;
-        const double difference = std::floor(numberIn(held) * scale + 0.001) - std::floor(numberIn(value_) * scale + 0.001);
+        const double difference =
+            std::floor(numberIn(held) * scale + 0.001) - std::floor(numberIn(value_) * scale + 0.001);
         return difference < 0 ? -1 : difference > 0;
     }
 
@@ -194,8 +194,7 @@ private:
             case FieldType::number: return value.int32();
             case FieldType::boolean: return truth(text);
             }
-        } catch (const automation::AutomationError&) {
-        }
+        } catch (const automation::AutomationError&) {}
         raise(DISP_E_EXCEPTION, L"Condition is not valid.");
     }
 

@@ -1,9 +1,9 @@
 #include "desk/outlook/folder_object.h"
 
 #include "automation/text.h"
-#include "desk/outlook/outlook_object.h"
 #include "desk/outlook/application.h"
 #include "desk/outlook/members.h"
+#include "desk/outlook/outlook_object.h"
 #include "desk/outlook/table.h"
 
 #include <algorithm>
@@ -21,10 +21,7 @@ constexpr long folderClass = 2;
 
 class FolderObject final : public OutlookTable<FolderObject> {
 public:
-    FolderObject(Outlook& outlook, Folder& folder)
-        : OutlookTable(outlook, L"Folder"), folder_(folder)
-    {
-    }
+    FolderObject(Outlook& outlook, Folder& folder) : OutlookTable(outlook, L"Folder"), folder_(folder) {}
     static const std::vector<MemberRow<FolderObject>>& members();
 
 protected:
@@ -64,9 +61,8 @@ private:
     std::int32_t unread() const
     {
         static const Field& field = *fieldNamed(L"UnRead");
-        return static_cast<std::int32_t>(std::count_if(folder_.items.begin(), folder_.items.end(), [](const auto& item) {
-            return valueOf(*item, field).truth();
-        }));
+        return static_cast<std::int32_t>(std::count_if(folder_.items.begin(), folder_.items.end(),
+                                                       [](const auto& item) { return valueOf(*item, field).truth(); }));
     }
 
     Folder& folder_;

@@ -46,8 +46,7 @@ ItemObject::ItemObject(Outlook& outlook, ItemClass itemClass, long folder)
 
 ItemObject::ItemObject(Outlook& outlook, SavedItem saved)
     : OutlookObject(outlook, classNameOf(saved->itemClass)), saved_(std::move(saved))
-{
-}
+{}
 
 void ItemObject::checkReachable() const
 {

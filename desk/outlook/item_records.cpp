@@ -105,8 +105,8 @@ Item itemOf(const StoreRecord& record)
         if (name == L"FullName" && !record.find(L"FirstName") && !record.find(L"LastName"))
             setFromText(item, record, name, text);
     for (const auto& [name, text] : record.fields)
-        if (name != L"FullName" && name != L"FileAs" && name != L"Subject" && name != L"End" &&
-            name != L"Duration" && name != L"Folder")
+        if (name != L"FullName" && name != L"FileAs" && name != L"Subject" && name != L"End" && name != L"Duration" &&
+            name != L"Folder")
             setFromText(item, record, name, text);
     for (const auto& [name, text] : record.fields) {
         if (name == L"FileAs" || name == L"Subject" || name == L"End") setFromText(item, record, name, text);

@@ -45,15 +45,12 @@ struct NameForm {
     int company;              // -1 before, 1 after, 0 not at all
 };
 
-constexpr NameForm nameForms[] = {{L"LastNameAndFirstName", L", ", false, 0},
-                                  {L"LastFirstAndSuffix", L", ", true, 0},
-                                  {L"LastFirstNoSpace", L"", false, 0},
-                                  {L"LastFirstNoSpaceAndSuffix", L"", true, 0},
-                                  {L"LastFirstSpaceOnly", L" ", false, 0},
-                                  {L"LastFirstNoSpaceCompany", L"", false, 1},
-                                  {L"LastFirstSpaceOnlyCompany", L" ", false, 1},
-                                  {L"CompanyLastFirstNoSpace", L"", false, -1},
-                                  {L"CompanyLastFirstSpaceOnly", L" ", false, -1}};
+constexpr NameForm nameForms[] = {
+    {L"LastNameAndFirstName", L", ", false, 0},     {L"LastFirstAndSuffix", L", ", true, 0},
+    {L"LastFirstNoSpace", L"", false, 0},           {L"LastFirstNoSpaceAndSuffix", L"", true, 0},
+    {L"LastFirstSpaceOnly", L" ", false, 0},        {L"LastFirstNoSpaceCompany", L"", false, 1},
+    {L"LastFirstSpaceOnlyCompany", L" ", false, 1}, {L"CompanyLastFirstNoSpace", L"", false, -1},
+    {L"CompanyLastFirstSpaceOnly", L" ", false, -1}};
 
 std::wstring nameInForm(const Item& item, const NameForm& form)
 {

@@ -39,9 +39,9 @@ constexpr Row contactRows[] = {{L"Full name", L"FullName", true},
                                {L"Telex", L"TelexNumber", false},
                                {L"Notes", L"Body", true}};
 
-constexpr Row journalRows[] = {{L"Subject", L"Subject", true},   {L"Entry type", L"Type", true},
-                               {L"Company", L"Companies", true}, {L"Start time", L"Start", true},
-                               {L"End time", L"End", true},      {L"Duration", L"Duration", true},
+constexpr Row journalRows[] = {{L"Subject", L"Subject", true},       {L"Entry type", L"Type", true},
+                               {L"Company", L"Companies", true},     {L"Start time", L"Start", true},
+                               {L"End time", L"End", true},          {L"Duration", L"Duration", true},
                                {L"Contacts", L"ContactNames", true}, {L"Notes", L"Body", true}};
 
 constexpr Row mailRows[] = {{L"To", L"To", true},

@@ -81,8 +81,8 @@ void ItemWindow::makeField(int top, int height, bool body)
 {
     labels_.push_back(addControl(L"STATIC", L"", SS_NOPREFIX, {margin, top + 3, labelWidth, rowHeight - 3}));
     const DWORD style = ES_READONLY | WS_TABSTOP | (body ? ES_MULTILINE | WS_VSCROLL : ES_AUTOHSCROLL);
-    edits_.push_back(addControl(L"EDIT", L"", style, {margin + labelWidth, top, inner - labelWidth, height},
-                                WS_EX_CLIENTEDGE));
+    edits_.push_back(
+        addControl(L"EDIT", L"", style, {margin + labelWidth, top, inner - labelWidth, height}, WS_EX_CLIENTEDGE));
 }
 
 // The last field is the item's text and gets more room.
@@ -116,9 +116,7 @@ void ItemWindow::makeControls(const InspectorView& view)
 LRESULT ItemWindow::onMessage(UINT message, WPARAM wParam, LPARAM lParam)
 {
     switch (message) {
-    case WM_PAINT:
-        heading_.paint(handle(), title_.substr(0, title_.rfind(L" - ")));
-        return 0;
+    case WM_PAINT: heading_.paint(handle(), title_.substr(0, title_.rfind(L" - "))); return 0;
     case WM_CTLCOLORSTATIC: // labels, and boxes that are read only
         SetBkMode(reinterpret_cast<HDC>(wParam), TRANSPARENT);
         return reinterpret_cast<LRESULT>(GetSysColorBrush(COLOR_WINDOW));

@@ -1,13 +1,13 @@
 // Items: a folder's items with a cursor for GetFirst and GetNext, and another
 // for Find and FindNext. The item objects are made as they are asked for.
 #include "automation/server/collection.h"
-#include "desk/outlook/outlook_object.h"
 #include "desk/outlook/application.h"
 #include "desk/outlook/errors.h"
 #include "desk/outlook/filter.h"
 #include "desk/outlook/folder_object.h"
 #include "desk/outlook/item_object.h"
 #include "desk/outlook/members.h"
+#include "desk/outlook/outlook_object.h"
 
 #include "automation/text.h"
 
@@ -24,10 +24,7 @@ constexpr long itemsClass = 16;
 
 class Items final : public OutlookTable<Items> {
 public:
-    Items(Outlook& outlook, Folder& folder)
-        : OutlookTable(outlook, L"Items"), folder_(folder)
-    {
-    }
+    Items(Outlook& outlook, Folder& folder) : OutlookTable(outlook, L"Items"), folder_(folder) {}
     static const std::vector<MemberRow<Items>>& members();
 
 private:

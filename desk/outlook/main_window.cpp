@@ -29,7 +29,9 @@ struct Columns {
 };
 
 constexpr Columns columnsOf[] = {
-    {ItemClass::contact, {L"Name", L"Company", L"Business phone"}, {L"FileAs", L"CompanyName", L"BusinessTelephoneNumber"}},
+    {ItemClass::contact,
+     {L"Name", L"Company", L"Business phone"},
+     {L"FileAs", L"CompanyName", L"BusinessTelephoneNumber"}},
     {ItemClass::journal, {L"Subject", L"Start", L"Entry type"}, {L"Subject", L"Start", L"Type"}},
     {ItemClass::mail, {L"Subject", L"To", L"Sent"}, {L"Subject", L"To", L"SentOn"}}};
 
@@ -45,7 +47,8 @@ const Columns& columnsFor(const Folder& folder)
 }
 
 MainWindow::MainWindow(Handlers handlers)
-    : Frame(windowClassName, L"Microsoft Outlook", {left, top, width, height}, COLOR_BTNFACE), handlers_(std::move(handlers))
+    : Frame(windowClassName, L"Microsoft Outlook", {left, top, width, height}, COLOR_BTNFACE),
+      handlers_(std::move(handlers))
 {
     makeLists();
 }
@@ -56,8 +59,9 @@ void MainWindow::makeLists()
     GetClientRect(handle(), &client);
     const int listHeight = client.bottom - statusHeight - 2 * margin;
     folders_ = makeList(handle(), {margin, margin, foldersWidth, listHeight});
-    items_ = makeList(handle(), {foldersWidth + 2 * margin, margin, client.right - foldersWidth - 3 * margin, listHeight},
-                      LVS_OWNERDATA);
+    items_ =
+        makeList(handle(), {foldersWidth + 2 * margin, margin, client.right - foldersWidth - 3 * margin, listHeight},
+                 LVS_OWNERDATA);
     status_ = makeControl(L"STATIC", L"", SS_NOPREFIX,
                           {2 * margin, client.bottom - statusHeight, client.right - 4 * margin, statusHeight - margin});
     for (const HWND control : {folders_, items_, status_}) font_.giveTo(control);

@@ -11,8 +11,7 @@ namespace desk::outlook {
 
 Outlook::Outlook(Recorder& recorder, Screen& screen, std::function<void()> changed, std::function<void()> quit)
     : recorder_(recorder), screen_(screen), changed_(std::move(changed)), quit_(std::move(quit))
-{
-}
+{}
 
 Outlook::~Outlook()
 {

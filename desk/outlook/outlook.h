@@ -55,7 +55,10 @@ public:
     // Whether clients hold anything but what this keeps itself.
     bool isHeld();
 
-    void quit() { if (quit_) quit_(); }
+    void quit()
+    {
+        if (quit_) quit_();
+    }
 
     // After every change of what is saved.
     void changed();

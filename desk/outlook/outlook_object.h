@@ -14,8 +14,7 @@ class OutlookObject : public RecordedObject {
 public:
     OutlookObject(Outlook& outlook, const wchar_t* className) noexcept
         : RecordedObject(outlook.recorder(), className), outlook_(outlook)
-    {
-    }
+    {}
 
     Outlook& outlook() const noexcept { return outlook_; }
 

@@ -38,10 +38,7 @@ bool resolve(Outlook& outlook, RecipientData& recipient)
 
 class Recipient final : public OutlookTable<Recipient> {
 public:
-    Recipient(ItemObject& item, unsigned id)
-        : OutlookTable(item.outlook(), L"Recipient"), item_(&item), id_(id)
-    {
-    }
+    Recipient(ItemObject& item, unsigned id) : OutlookTable(item.outlook(), L"Recipient"), item_(&item), id_(id) {}
     static const std::vector<MemberRow<Recipient>>& members();
 
 private:

@@ -1,9 +1,9 @@
 #include "desk/outlook/table.h"
 
-#include "desk/outlook/outlook_object.h"
 #include "desk/outlook/application.h"
 #include "desk/outlook/errors.h"
 #include "desk/outlook/members.h"
+#include "desk/outlook/outlook_object.h"
 #include "desk/outlook/table_columns.h"
 #include "desk/outlook/table_data.h"
 
@@ -55,8 +55,7 @@ class Row final : public OutlookTable<Row> {
 public:
     Row(std::shared_ptr<TableData> table, SavedItem item)
         : OutlookTable(table->outlook(), L"Row"), table_(std::move(table)), item_(std::move(item))
-    {
-    }
+    {}
     static const std::vector<MemberRow<Row>>& members();
 
 private:
@@ -93,10 +92,7 @@ const std::vector<MemberRow<Row>>& Row::members()
 
 class Table final : public OutlookTable<Table> {
 public:
-    explicit Table(std::shared_ptr<TableData> data)
-        : OutlookTable(data->outlook(), L"Table"), data_(std::move(data))
-    {
-    }
+    explicit Table(std::shared_ptr<TableData> data) : OutlookTable(data->outlook(), L"Table"), data_(std::move(data)) {}
     static const std::vector<MemberRow<Table>>& members();
 
 private:

@@ -1,8 +1,8 @@
 #include "desk/outlook/table_columns.h"
 
 #include "automation/server/collection.h"
-#include "desk/outlook/outlook_object.h"
 #include "desk/outlook/members.h"
+#include "desk/outlook/outlook_object.h"
 
 namespace desk::outlook {
 
@@ -26,8 +26,7 @@ class Columns final : public OutlookTable<Columns> {
 public:
     explicit Columns(std::shared_ptr<TableData> table)
         : OutlookTable(table->outlook(), L"Columns"), table_(std::move(table))
-    {
-    }
+    {}
     static const std::vector<MemberRow<Columns>>& members();
 
 private:

@@ -91,9 +91,7 @@ Value TableData::missing() const
     switch (outlook_.setup().missingCell) {
     case MissingCell::empty: break;
     case MissingCell::null: V_VT(&cell) = VT_NULL; break;
-    case MissingCell::notFound:
-        V_VT(&cell) = VT_ERROR;
-        V_ERROR(&cell) = notFound;
+    case MissingCell::notFound: V_VT(&cell) = VT_ERROR; V_ERROR(&cell) = notFound;
     }
     return Value::copyOf(cell);
 }

@@ -14,8 +14,7 @@ constexpr int places = 12; // of the cascade, until it starts again on top of th
 
 WindowScreen::WindowScreen(std::function<void()> quit)
     : main_({std::move(quit), [this](const std::wstring& entryId) { outlook_->open(entryId); }})
-{
-}
+{}
 
 void WindowScreen::watch(Outlook& outlook)
 {
@@ -35,8 +34,7 @@ int WindowScreen::freePlace() const
 
 void WindowScreen::open(InspectorId id, const InspectorView& view)
 {
-    const ItemWindow::Handlers handlers{[this, id] { outlook_->closedByUser(id); },
-                                        [this, id] { save(id); }};
+    const ItemWindow::Handlers handlers{[this, id] { outlook_->closedByUser(id); }, [this, id] { save(id); }};
     windows_[id] = std::make_unique<ItemWindow>(view, freePlace(), handlers);
 }
 

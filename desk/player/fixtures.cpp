@@ -9,7 +9,8 @@ namespace {
 // The ten digits of the n-th ordinary contact's number, in one of four layouts.
 std::string ordinaryNumber(int n, int layout)
 {
-    static const char* const layouts[] = {"0%d%d0%03d%03d", "0%d %d0 %03d %03d", "0%d.%d0.%03d.%03d", "0%d-%d0-%03d-%03d"};
+    static const char* const layouts[] = {"0%d%d0%03d%03d", "0%d %d0 %03d %03d", "0%d.%d0.%03d.%03d",
+                                          "0%d-%d0-%03d-%03d"};
     char number[32];
     std::snprintf(number, sizeof number, layouts[layout], 2 + n % 4, n % 10, n, 7 * n % 1000);
     return number;
@@ -20,8 +21,8 @@ std::string ordinaryContact(int n)
 {
     static const char* const fields[] = {"BusinessTelephoneNumber", "HomeTelephoneNumber", "MobileTelephoneNumber"};
     static const char* const firstNames[] = {"Alice", "Bernd", "Carla", "David", "Elena", "Franz", "Greta"};
-    static const char* const lastNames[] = {"Adler", "Blanc", "Costa", "Dubois", "Engel", "Ferrari", "Garcia", "Huber",
-                                            "Ibarra", "Jansen", "Koch"};
+    static const char* const lastNames[] = {"Adler",  "Blanc", "Costa",  "Dubois", "Engel", "Ferrari",
+                                            "Garcia", "Huber", "Ibarra", "Jansen", "Koch"};
     return std::string("[contact]\nFirstName=") + firstNames[n % 7] + "\nLastName=" + lastNames[n % 11] + "\n" +
            fields[n % 3] + "=" + ordinaryNumber(n, n % 4) + "\n";
 }
@@ -101,7 +102,8 @@ OfficePhoneNumber=0123456789
 )";
     for (int n = 0; n < 40; ++n) {
         records += "[document]\nForm=Person\nFirstName=Colleague\nLastName=" + std::to_string(n) +
-                   "\nFullName=Colleague " + std::to_string(n) + "/Acme\nOfficePhoneNumber=" + ordinaryNumber(n, 0) + "\n\n";
+                   "\nFullName=Colleague " + std::to_string(n) + "/Acme\nOfficePhoneNumber=" + ordinaryNumber(n, 0) +
+                   "\n\n";
     }
     return records + R"([database]
 Server=CN=Mail1/O=Acme
@@ -243,9 +245,12 @@ const std::vector<Setting>& notesSettings()
     static const char* const personal = "lotus base description 3";
     static const std::vector<Setting> settings = [] {
         std::vector<Setting> all{
-            {"lotus", "NbPublicAddressBook", "3"}, {"lotus", "Order", "Base 1,Base 2,Base 3"},
-            {"lotus", "ShowGrpwAgenda", "true"},   {"lotus", "PopUpGrpwAgenda", "true"},
-            {"lotus", "CallInMail", "true"},       {company, "base", "company.nsf|Mail1/Acme|People||"},
+            {"lotus", "NbPublicAddressBook", "3"},
+            {"lotus", "Order", "Base 1,Base 2,Base 3"},
+            {"lotus", "ShowGrpwAgenda", "true"},
+            {"lotus", "PopUpGrpwAgenda", "true"},
+            {"lotus", "CallInMail", "true"},
+            {company, "base", "company.nsf|Mail1/Acme|People||"},
             {company, "PersonalAddressBook", "false"},
             {branch, "base", "branch.nsf|Mail1/Acme|||"},
             {personal, "base", "names.nsf||Contacts|($Phones)|($Mails)"},

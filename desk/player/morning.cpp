@@ -39,7 +39,9 @@ Morning::Morning(Desk& desk, Narrator& narrator, GroupwareInUse groupware, std::
     if (groupware.outlook) sides_.push_back(std::make_unique<OutlookSide>(desk, narrator));
     if (groupware.notes) sides_.push_back(std::make_unique<NotesSide>(desk, narrator));
     desk_.setDefault("Application", "type",
-                     !groupware.notes ? "OUTLOOK" : groupware.outlook ? "OUTLOOK,LOTUS" : "LOTUS");
+                     !groupware.notes    ? "OUTLOOK"
+                     : groupware.outlook ? "OUTLOOK,LOTUS"
+                                         : "LOTUS");
 }
 
 void Morning::play()
@@ -75,7 +77,9 @@ void Morning::start()
 bool Morning::eachLogHas(const std::wstring& line, DWORD patience)
 {
     return waitUntil(
-        [&] { return std::all_of(sides_.begin(), sides_.end(), [&](auto& side) { return hasLine(side->log(), line); }); },
+        [&] {
+            return std::all_of(sides_.begin(), sides_.end(), [&](auto& side) { return hasLine(side->log(), line); });
+        },
         patience);
 }
 
@@ -148,8 +152,9 @@ void Morning::groupwareRestarted(Side& side)
     desk_.softphone(L"clear");
     side.reopen();
     side.expectReadAgain();
-    narrator_.expect(waitUntil([&] { return desk_.softphone(L"calls").find(L"HistoryItem") != std::wstring::npos; }, soon),
-                     L"it has gone through the softphone's records again");
+    narrator_.expect(
+        waitUntil([&] { return desk_.softphone(L"calls").find(L"HistoryItem") != std::wstring::npos; }, soon),
+        L"it has gone through the softphone's records again");
     waitFor(quiet);
     side.expectNothingTwice();
     ring(L"Number=0123456789 Incoming=true");

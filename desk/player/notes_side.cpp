@@ -56,7 +56,8 @@ bool NotesSide::opens(const std::wstring& title, const wchar_t* mode)
     return waitUntil(
                [&] {
                    for (const std::wstring& line : linesOf(desk_.notes(L"windows")))
-                       if (line.starts_with(title + L"\t") && line.find(L"\t" + std::wstring(mode)) != std::wstring::npos)
+                       if (line.starts_with(title + L"\t") &&
+                           line.find(L"\t" + std::wstring(mode)) != std::wstring::npos)
                            return true;
                    return false;
                },
@@ -103,9 +104,11 @@ void NotesSide::expectMessage()
     // It has its title before it has all its fields.
     const auto isWhole = [&] {
         const auto message = desk_.document(mailDatabase, L"Form", L"Phone Message");
-        return text(message, L"SendTo") == L"claire.petit@example.com" && text(message, L"PhoneNumber") == L"0123456789";
+        return text(message, L"SendTo") == L"claire.petit@example.com" &&
+               text(message, L"PhoneNumber") == L"0123456789";
     };
-    narrator_.expect(waitUntil(isWhole, soon), L"Notes: it is addressed to claire.petit@example.com and has the number");
+    narrator_.expect(waitUntil(isWhole, soon),
+                     L"Notes: it is addressed to claire.petit@example.com and has the number");
     narrator_.expect(opens(L"Sales", L"read"), L"Notes: the calendar of the group in which Claire Petit works is open");
 }
 
@@ -124,8 +127,9 @@ void NotesSide::expectChangedMessage()
 
 void NotesSide::expectReadAgain()
 {
-    narrator_.expect(waitUntil([&] { return calls().find(L"NotesDatabase.CreateDocument") != std::wstring::npos; }, nextTick),
-                     L"Notes: Hublink has opened a new session and a new log document");
+    narrator_.expect(
+        waitUntil([&] { return calls().find(L"NotesDatabase.CreateDocument") != std::wstring::npos; }, nextTick),
+        L"Notes: Hublink has opened a new session and a new log document");
 }
 
 void NotesSide::ownSteps()
@@ -141,9 +145,10 @@ void NotesSide::readMail()
     clear();
     desk_.notes(L"open " + text(mail, L"@UniversalID"));
     desk_.notes(L"front");
-    narrator_.expect(waitUntil([&] { return text(desk_.document(mailDatabase, L"Subject", L"Minutes"), L"Tel") == L"4711"; },
-                               nextTick),
-                     L"the mail has Claire Petit's number, 4711, in its item \"Tel\"");
+    narrator_.expect(
+        waitUntil([&] { return text(desk_.document(mailDatabase, L"Subject", L"Minutes"), L"Tel") == L"4711"; },
+                  nextTick),
+        L"the mail has Claire Petit's number, 4711, in its item \"Tel\"");
     narrator_.expect(opens(L"Minutes", L"read") &&
                          waitUntil([&] { return linesOf(desk_.notes(L"windows")).size() == 1; }, soon),
                      L"it is open once, for reading");

@@ -23,7 +23,8 @@ void OutlookSide::expectSynchronised()
 {
     narrator_.expect(eachOnce(), L"Outlook: " + std::to_wstring(strangersToOutlook) +
                                      L" contacts are new, the entries that it knew in other layouts were not copied, "
-                                     L"and " + std::to_wstring(callsOfYesterday) + L" calls lie in the journal");
+                                     L"and " +
+                                     std::to_wstring(callsOfYesterday) + L" calls lie in the journal");
     desk_.outlook(L"show Journal");
 }
 
@@ -35,8 +36,7 @@ bool OutlookSide::eachOnce()
         const std::wstring* type = record.find(L"Type");
         calls += type && *type == L"Phone Call";
     }
-    return calls == callsOfYesterday &&
-           parseStore(desk_.outlook(L"contacts")).size() == contacts_ + strangersToOutlook;
+    return calls == callsOfYesterday && parseStore(desk_.outlook(L"contacts")).size() == contacts_ + strangersToOutlook;
 }
 
 void OutlookSide::expectNothingTwice()
@@ -46,7 +46,8 @@ void OutlookSide::expectNothingTwice()
 
 void OutlookSide::expectKnownCaller()
 {
-    narrator_.expect(desk_.outlookShows(L"Marc Durand - Contact"), L"Outlook: the contact of Marc Durand is on the screen");
+    narrator_.expect(desk_.outlookShows(L"Marc Durand - Contact"),
+                     L"Outlook: the contact of Marc Durand is on the screen");
     const auto marc = desk_.record(L"contacts", L"LastName", L"Durand");
     const std::wstring* number = marc ? marc->find(L"MobileTelephoneNumber") : nullptr;
     narrator_.expect(number && *number == L"0123456789", L"Outlook: his number is stored as 0123456789 now");
@@ -71,7 +72,8 @@ void OutlookSide::expectStranger()
 void OutlookSide::expectMessage()
 {
     const std::wstring subject = L"Please call Marc Durand back at 0123456789";
-    narrator_.expect(desk_.outlookShows(subject + L" - Message"), L"Outlook: a mail \"" + subject + L"\" is on the screen");
+    narrator_.expect(desk_.outlookShows(subject + L" - Message"),
+                     L"Outlook: a mail \"" + subject + L"\" is on the screen");
     const auto mail = desk_.record(L"mails", L"Subject", subject);
     const std::wstring* to = mail ? mail->find(L"To") : nullptr;
     const std::wstring* body = mail ? mail->find(L"Body") : nullptr;
@@ -92,8 +94,9 @@ void OutlookSide::expectChangedMessage()
 
 void OutlookSide::expectReadAgain()
 {
-    narrator_.expect(waitUntil([&] { return calls().find(L"NameSpace.GetDefaultFolder") != std::wstring::npos; }, nextTick),
-                     L"Outlook: Hublink has opened a new session");
+    narrator_.expect(
+        waitUntil([&] { return calls().find(L"NameSpace.GetDefaultFolder") != std::wstring::npos; }, nextTick),
+        L"Outlook: Hublink has opened a new session");
 }
 
 void OutlookSide::ownSteps()

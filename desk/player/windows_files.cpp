@@ -66,9 +66,9 @@ void writeFile(const std::wstring& file, std::string_view bytes)
 
 std::string readFile(const std::wstring& file)
 {
-    const Handle opened = orNone(CreateFileW(file.c_str(), GENERIC_READ,
-                                             FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
-                                             OPEN_EXISTING, 0, nullptr));
+    const Handle opened =
+        orNone(CreateFileW(file.c_str(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
+                           OPEN_EXISTING, 0, nullptr));
     if (!opened) fail("cannot read", file);
     std::string bytes(GetFileSize(opened.get(), nullptr), '\0');
     DWORD read = 0;
@@ -127,8 +127,8 @@ Process::Process(const std::wstring& program, const std::wstring& arguments, DWO
     STARTUPINFOW start{};
     start.cb = sizeof start;
     PROCESS_INFORMATION process{};
-    if (!CreateProcessW(program.c_str(), command.data(), nullptr, nullptr, FALSE, flags, nullptr, folder.c_str(), &start,
-                        &process))
+    if (!CreateProcessW(program.c_str(), command.data(), nullptr, nullptr, FALSE, flags, nullptr, folder.c_str(),
+                        &start, &process))
         fail("cannot start", program);
     handle_.reset(process.hProcess);
     thread_.reset(process.hThread);

@@ -42,8 +42,7 @@ void Answers::set(std::wstring_view text)
 {
     const std::wstring member = takeWord(text);
     if (member == L"off" && text.empty()) return clear();
-    if (member.find(L'.') == std::wstring::npos)
-        throw std::runtime_error("answer: Class.Member is missing");
+    if (member.find(L'.') == std::wstring::npos) throw std::runtime_error("answer: Class.Member is missing");
     const std::wstring kind = takeWord(text);
     planned_.insert_or_assign(lowerCase(member), valueOf(kind, text));
 }

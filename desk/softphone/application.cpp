@@ -93,8 +93,7 @@ Application::Application(Phone& phone)
     : EventObject(phone, L"Application", {applicationId, applicationClassId, applicationEventsId}),
       user(make<UserObject>(phone)), line(make<Line>(phone)), history(make<History>(phone)),
       addressBook(make<AddressBook>(phone))
-{
-}
+{}
 
 const std::vector<MemberRow<Application>>& Application::members()
 {

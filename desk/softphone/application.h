@@ -16,8 +16,7 @@ class History final : public EventObject<History> {
 public:
     explicit History(Phone& phone) noexcept
         : EventObject(phone, L"History", {historyId, historyClassId, historyEventsId})
-    {
-    }
+    {}
     static const std::vector<MemberRow<History>>& members();
 };
 
@@ -25,8 +24,7 @@ class AddressBook final : public EventObject<AddressBook> {
 public:
     explicit AddressBook(Phone& phone) noexcept
         : EventObject(phone, L"AddressBook", {addressBookId, addressBookClassId, addressBookEventsId})
-    {
-    }
+    {}
     static const std::vector<MemberRow<AddressBook>>& members();
 };
 

@@ -15,8 +15,7 @@ public:
     // `owner` and `phone` outlive this.
     ClassInfo(IUnknown* owner, Phone& phone, REFGUID classId, REFGUID source) noexcept
         : Part(owner), phone_(phone), classId_(classId), source_(source)
-    {
-    }
+    {}
 
     // For the owner's answer, as the phone's settings have it; null when the
     // question is for another interface.

@@ -42,9 +42,7 @@ bool switchOf(std::wstring_view text)
 
 }
 
-Control::Control(Softphone& softphone, std::function<void()> quit) : softphone_(softphone), quit_(std::move(quit))
-{
-}
+Control::Control(Softphone& softphone, std::function<void()> quit) : softphone_(softphone), quit_(std::move(quit)) {}
 
 std::optional<std::wstring> Control::command(const std::wstring& word, std::wstring_view rest)
 {

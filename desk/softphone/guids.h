@@ -27,8 +27,10 @@ constexpr std::uint32_t numberOf(const char* text, int digits)
 
 constexpr GUID guidOf(const char (&text)[37])
 {
-    GUID guid{numberOf(text, 8), static_cast<unsigned short>(numberOf(text + 9, 4)),
-              static_cast<unsigned short>(numberOf(text + 14, 4)), {}};
+    GUID guid{numberOf(text, 8),
+              static_cast<unsigned short>(numberOf(text + 9, 4)),
+              static_cast<unsigned short>(numberOf(text + 14, 4)),
+              {}};
     for (int index = 0; index < 8; ++index)
         guid.Data4[index] = static_cast<unsigned char>(numberOf(text + (index < 2 ? 19 : 20) + 2 * index, 2));
     return guid;

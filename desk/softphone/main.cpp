@@ -45,8 +45,7 @@ class Pavex final : public desk::Partner {
 public:
     explicit Pavex(desk::Program& program)
         : program_(program), softphone_(program.recorder()),
-          window_(softphone_, {[this] { end(); }, [this] { program_.recorder().die(); }}),
-          control_(softphone_, [this] {
+          window_(softphone_, {[this] { end(); }, [this] { program_.recorder().die(); }}), control_(softphone_, [this] {
               limitEnd();
               startThread(requestExit, nullptr);
           })
@@ -109,6 +108,5 @@ int WINAPI WinMain(HINSTANCE, HINSTANCE, LPSTR, int)
 {
     const desk::ProgramDescription description{
         pipeName, {{progId, applicationClassId, L"Pavex softphone", libraryId}}, L"pavex.store.txt"};
-    return desk::runProgram(description,
-                            [](desk::Program& program) { return std::make_unique<Pavex>(program); });
+    return desk::runProgram(description, [](desk::Program& program) { return std::make_unique<Pavex>(program); });
 }

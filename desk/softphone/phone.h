@@ -24,7 +24,10 @@ struct Discovery {
 struct Phone {
     explicit Phone(Recorder& calls) noexcept : recorder(calls) {}
 
-    void tellChanged() const { if (changed) changed(); }
+    void tellChanged() const
+    {
+        if (changed) changed();
+    }
 
     Recorder& recorder;
     Contents contents;

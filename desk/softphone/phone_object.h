@@ -22,8 +22,7 @@ public:
     // GUID_NULL for a class that the library does not describe.
     PhoneObject(Phone& phone, const wchar_t* className, REFGUID id) noexcept
         : RecordedTable<Class>(phone.recorder, className), phone_(phone), id_(id)
-    {
-    }
+    {}
 
     Phone& phone() const noexcept { return phone_; }
 
@@ -73,8 +72,7 @@ public:
     EventObject(Phone& phone, const wchar_t* className, const EventClass& ids) noexcept
         : PhoneObject<Class>(phone, className, ids.interfaceId), events(this, ids.source),
           classInfo_(this, phone, ids.classId, ids.source)
-    {
-    }
+    {}
 
     automation::server::EventPoint events;
 

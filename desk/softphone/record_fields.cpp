@@ -76,8 +76,11 @@ std::function<void(const std::wstring&)> into(std::wstring& target)
 
 Setters settersOf(Party& party)
 {
-    return {{L"number", into(party.number)},      {L"lastname", into(party.lastName)}, {L"last", into(party.lastName)},
-            {L"firstname", into(party.firstName)}, {L"first", into(party.firstName)}};
+    return {{L"number", into(party.number)},
+            {L"lastname", into(party.lastName)},
+            {L"last", into(party.lastName)},
+            {L"firstname", into(party.firstName)},
+            {L"first", into(party.firstName)}};
 }
 
 void add(Fields& fields, const Party& party)
@@ -120,9 +123,9 @@ std::wstring lineOf(const Fields& fields)
 User userOf(const Fields& fields)
 {
     User user;
-    assign(fields, {{L"firsttext", into(user.firstText)},
-                   {L"secondtext", into(user.secondText)},
-                   {L"number", into(user.number)}});
+    assign(
+        fields,
+        {{L"firsttext", into(user.firstText)}, {L"secondtext", into(user.secondText)}, {L"number", into(user.number)}});
     return user;
 }
 

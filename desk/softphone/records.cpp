@@ -20,11 +20,9 @@ const std::vector<MemberRow<HistoryItem>>& HistoryItem::members()
 {
     using Self = HistoryItem;
     static const std::vector<MemberRow<Self>> rows{
-        {L"IdHigh", 1, readOnly, 0, 0,
-         [](Self& self, const IncomingCall&) -> Value { return self.record.id.high; }},
+        {L"IdHigh", 1, readOnly, 0, 0, [](Self& self, const IncomingCall&) -> Value { return self.record.id.high; }},
         {L"IdLow", 2, readOnly, 0, 0, [](Self& self, const IncomingCall&) -> Value { return self.record.id.low; }},
-        {L"Incoming", 3, readOnly, 0, 0,
-         [](Self& self, const IncomingCall&) -> Value { return self.record.incoming; }},
+        {L"Incoming", 3, readOnly, 0, 0, [](Self& self, const IncomingCall&) -> Value { return self.record.incoming; }},
         {L"Number", 4, readOnly, 0, 0,
          [](Self& self, const IncomingCall&) -> Value { return self.record.party.number; }},
         {L"LastName", 5, readOnly, 0, 0,
@@ -46,8 +44,7 @@ const std::vector<MemberRow<Entry>>& Entry::members()
 {
     using Self = Entry;
     static const std::vector<MemberRow<Self>> rows{
-        {L"IdHigh", 11, readOnly, 0, 0,
-         [](Self& self, const IncomingCall&) -> Value { return self.record.id.high; }},
+        {L"IdHigh", 11, readOnly, 0, 0, [](Self& self, const IncomingCall&) -> Value { return self.record.id.high; }},
         {L"IdLow", 12, readOnly, 0, 0, [](Self& self, const IncomingCall&) -> Value { return self.record.id.low; }},
         {L"Number", 13, readOnly, 0, 0,
          [](Self& self, const IncomingCall&) -> Value { return self.record.party.number; }},

@@ -16,8 +16,7 @@ class HistoryItem final : public PhoneObject<HistoryItem> {
 public:
     HistoryItem(Phone& phone, HistoryRecord record)
         : PhoneObject(phone, L"HistoryItem", historyItemId), record(std::move(record))
-    {
-    }
+    {}
     static const std::vector<MemberRow<HistoryItem>>& members();
 
     const HistoryRecord record;

@@ -19,9 +19,7 @@ namespace {
 
 }
 
-Softphone::Softphone(Recorder& recorder) : phone_(recorder), application_(make<Application>(phone_))
-{
-}
+Softphone::Softphone(Recorder& recorder) : phone_(recorder), application_(make<Application>(phone_)) {}
 
 void Softphone::ring(CallRecord call)
 {
@@ -52,9 +50,7 @@ void Softphone::removeHistory(RecordId id)
 {
     if (!phone_.contents.history.remove(id)) refuseUnknown(id);
     phone_.tellChanged();
-    raise([this, id] {
-        application_->history->events.raise(PAVEX_ON_HISTORIC_DELETE_ITEM, {id.high, id.low});
-    });
+    raise([this, id] { application_->history->events.raise(PAVEX_ON_HISTORIC_DELETE_ITEM, {id.high, id.low}); });
 }
 
 RecordId Softphone::addEntry(EntryRecord record)
@@ -71,9 +67,7 @@ void Softphone::removeEntry(RecordId id)
 {
     if (!phone_.contents.entries.remove(id)) refuseUnknown(id);
     phone_.tellChanged();
-    raise([this, id] {
-        application_->addressBook->events.raise(PAVEX_ON_REPERTORY_DELETE_ENTRY, {id.high, id.low});
-    });
+    raise([this, id] { application_->addressBook->events.raise(PAVEX_ON_REPERTORY_DELETE_ENTRY, {id.high, id.low}); });
 }
 
 void Softphone::quit()

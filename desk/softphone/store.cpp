@@ -10,14 +10,10 @@ namespace {
 
 void take(Contents& contents, const StoreRecord& record)
 {
-    if (record.kind == L"user")
-        contents.user = userOf(record.fields);
-    else if (record.kind == L"entry")
-        contents.entries.add(entryRecordOf(record.fields));
-    else if (record.kind == L"history")
-        contents.history.add(historyRecordOf(record.fields));
-    else
-        throw std::runtime_error("is none of user, entry, history");
+    if (record.kind == L"user") contents.user = userOf(record.fields);
+    else if (record.kind == L"entry") contents.entries.add(entryRecordOf(record.fields));
+    else if (record.kind == L"history") contents.history.add(historyRecordOf(record.fields));
+    else throw std::runtime_error("is none of user, entry, history");
 }
 
 }

@@ -171,12 +171,8 @@ LRESULT Window::paintLine(HDC device) const
 LRESULT Window::onMessage(UINT message, WPARAM wParam, LPARAM lParam)
 {
     switch (message) {
-    case WM_CLOSE:
-        handlers_.close();
-        return 0;
-    case giveUpMessage:
-        handlers_.giveUp();
-        return 0;
+    case WM_CLOSE: handlers_.close(); return 0;
+    case giveUpMessage: handlers_.giveUp(); return 0;
     case WM_TIMER:
         KillTimer(handle(), refreshTimer);
         show();
@@ -192,8 +188,7 @@ LRESULT Window::onMessage(UINT message, WPARAM wParam, LPARAM lParam)
             action();
         }
         return 0;
-    default:
-        return leaveToWindows(message, wParam, lParam);
+    default: return leaveToWindows(message, wParam, lParam);
     }
 }
 

@@ -39,8 +39,7 @@ std::vector<BYTE> systemIdentifier()
 
 }
 
-OwnUserAndSystem::OwnUserAndSystem()
-    : user_(processUser()), system_(systemIdentifier())
+OwnUserAndSystem::OwnUserAndSystem() : user_(processUser()), system_(systemIdentifier())
 {
     const PSID user = reinterpret_cast<const TOKEN_USER*>(user_.data())->User.Sid;
     list_.resize(sizeof(ACL) + 2 * sizeof(ACCESS_ALLOWED_ACE) + GetLengthSid(user) + GetLengthSid(system_.data()));

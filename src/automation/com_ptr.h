@@ -20,7 +20,10 @@ public:
     ComPtr(std::nullptr_t) noexcept {}
 
     // Takes a reference of its own.
-    explicit ComPtr(Interface* pointer) noexcept : pointer_(pointer) { if (pointer_) pointer_->AddRef(); }
+    explicit ComPtr(Interface* pointer) noexcept : pointer_(pointer)
+    {
+        if (pointer_) pointer_->AddRef();
+    }
 
     // Takes over the caller's reference.
     static ComPtr adopt(Interface* pointer) noexcept
@@ -32,11 +35,16 @@ public:
 
     ComPtr(const ComPtr& other) noexcept : ComPtr(other.pointer_) {}
     ComPtr(ComPtr&& other) noexcept : pointer_(std::exchange(other.pointer_, nullptr)) {}
-    ComPtr& operator=(ComPtr other) noexcept { std::swap(pointer_, other.pointer_); return *this; }
+    ComPtr& operator=(ComPtr other) noexcept
+    {
+        std::swap(pointer_, other.pointer_);
+        return *this;
+    }
     ~ComPtr() { reset(); }
 
     template <class Derived>
-    ComPtr(const ComPtr<Derived>& other) noexcept : ComPtr(static_cast<Interface*>(other.get())) {}
+    ComPtr(const ComPtr<Derived>& other) noexcept : ComPtr(static_cast<Interface*>(other.get()))
+    {}
 
     Interface* get() const noexcept { return pointer_; }
     Interface* operator->() const noexcept { return pointer_; }
@@ -50,7 +58,11 @@ public:
     }
 
     // Lends the emptied pointer for a callee to fill.
-    Interface** receive() noexcept { reset(); return &pointer_; }
+    Interface** receive() noexcept
+    {
+        reset();
+        return &pointer_;
+    }
     void** receiveVoid() noexcept { return reinterpret_cast<void**>(receive()); }
 
 private:

@@ -14,9 +14,7 @@ Enumeration::Enumeration(const Object& collection)
     if ((value.type() != VT_UNKNOWN && value.type() != VT_DISPATCH) || !V_UNKNOWN(&value.variant()))
         throw AutomationError(L"enumeration", DISP_E_TYPEMISMATCH);
     const OutgoingCall scope;
-    check(V_UNKNOWN(&value.variant())->QueryInterface(IID_IEnumVARIANT,
-                                                      enumerator_.receiveVoid()),
-          L"IEnumVARIANT");
+    check(V_UNKNOWN(&value.variant())->QueryInterface(IID_IEnumVARIANT, enumerator_.receiveVoid()), L"IEnumVARIANT");
 }
 
 bool Enumeration::next(Value& element)
@@ -33,8 +31,8 @@ void Enumeration::fetch()
     std::array<VARIANT, 64> block{};
     ULONG count = 0;
     const OutgoingCall scope;
-    const HRESULT result = scope.retryWhileBusy(
-        [&] { return enumerator_->Next(static_cast<ULONG>(block.size()), block.data(), &count); });
+    const HRESULT result =
+        scope.retryWhileBusy([&] { return enumerator_->Next(static_cast<ULONG>(block.size()), block.data(), &count); });
     check(result, L"Next");
     for (ULONG index = 0; index < count; ++index) *fetched_.emplace_back().receive() = block[index];
     atEnd_ = result != S_OK || count == 0;

@@ -7,10 +7,10 @@
 
 namespace automation {
 
-AutomationError::AutomationError(std::wstring member, HRESULT code, std::wstring source,
-                                 std::wstring description, unsigned argument)
-    : member_(std::move(member)), code_(code), source_(std::move(source)),
-      description_(std::move(description)), argument_(argument)
+AutomationError::AutomationError(std::wstring member, HRESULT code, std::wstring source, std::wstring description,
+                                 unsigned argument)
+    : member_(std::move(member)), code_(code), source_(std::move(source)), description_(std::move(description)),
+      argument_(argument)
 {
     char number[16];
     std::snprintf(number, sizeof number, "0x%08lX", static_cast<unsigned long>(code_));

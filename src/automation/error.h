@@ -13,8 +13,8 @@ class AutomationError : public std::exception {
 public:
     static constexpr unsigned noArgument = ~0u;
 
-    AutomationError(std::wstring member, HRESULT code, std::wstring source = {},
-                    std::wstring description = {}, unsigned argument = noArgument);
+    AutomationError(std::wstring member, HRESULT code, std::wstring source = {}, std::wstring description = {},
+                    unsigned argument = noArgument);
 
     // The member that was called, "" where the failure belongs to none.
     const std::wstring& member() const noexcept { return member_; }

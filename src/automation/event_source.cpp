@@ -5,8 +5,8 @@
 #include "automation/owners.h"
 
 #include <ocidl.h>
-#include <olectl.h>
 #include <oleauto.h>
+#include <olectl.h>
 
 #include <algorithm>
 #include <cwchar>
@@ -37,7 +37,10 @@ public:
     {
         if (FAILED(type->GetFuncDesc(index, &function_))) function_ = nullptr;
     }
-    ~Function() { if (function_) type_->ReleaseFuncDesc(function_); }
+    ~Function()
+    {
+        if (function_) type_->ReleaseFuncDesc(function_);
+    }
     Function(const Function&) = delete;
     Function& operator=(const Function&) = delete;
     explicit operator bool() const { return function_ != nullptr; }
@@ -64,8 +67,7 @@ ComPtr<ITypeInfo> implementedType(ITypeInfo* coclass, UINT index)
 {
     ComPtr<ITypeInfo> type;
     HREFTYPE reference = 0;
-    if (SUCCEEDED(coclass->GetRefTypeOfImplType(index, &reference)))
-        coclass->GetRefTypeInfo(reference, type.receive());
+    if (SUCCEEDED(coclass->GetRefTypeOfImplType(index, &reference))) coclass->GetRefTypeInfo(reference, type.receive());
     return type;
 }
 
@@ -79,8 +81,8 @@ ComPtr<ITypeInfo> sourceOfClass(ITypeInfo* coclass, REFIID wanted)
         if (FAILED(coclass->GetImplTypeFlags(index, &flags)) || !(flags & IMPLTYPEFLAG_FSOURCE)) continue;
         ComPtr<ITypeInfo> type = implementedType(coclass, index);
         if (!type) continue;
-        const bool isWanted = wanted == IID_NULL ? (flags & IMPLTYPEFLAG_FDEFAULT) != 0
-                                                 : wanted == interfaceIdOf(type.get());
+        const bool isWanted =
+            wanted == IID_NULL ? (flags & IMPLTYPEFLAG_FDEFAULT) != 0 : wanted == interfaceIdOf(type.get());
         if (isWanted) return type;
     }
     return nullptr;

@@ -67,10 +67,8 @@ Object Object::create(const wchar_t* progId)
 
     ComPtr<IDispatch> dispatch;
     const OutgoingCall scope;
-    result = scope.retryWhileBusy([&] {
-        return CoCreateInstance(classId, nullptr, CLSCTX_SERVER, IID_IDispatch,
-                                dispatch.receiveVoid());
-    });
+    result = scope.retryWhileBusy(
+        [&] { return CoCreateInstance(classId, nullptr, CLSCTX_SERVER, IID_IDispatch, dispatch.receiveVoid()); });
     if (FAILED(result)) throw AutomationError(progId, result);
     return Object(dispatch.get());
 }
@@ -105,8 +103,8 @@ DISPID Object::lookUp(Member member, const OutgoingCall& scope) const
 {
     DISPID id = DISPID_UNKNOWN;
     auto name = const_cast<LPOLESTR>(member.name());
-    const HRESULT result = scope.retryWhileBusy(
-        [&] { return dispatch_->GetIDsOfNames(IID_NULL, &name, 1, LOCALE_USER_DEFAULT, &id); });
+    const HRESULT result =
+        scope.retryWhileBusy([&] { return dispatch_->GetIDsOfNames(IID_NULL, &name, 1, LOCALE_USER_DEFAULT, &id); });
     if (FAILED(result)) throw AutomationError(member.text(), result);
     names_->remember(member.name(), id);
     return id;
@@ -124,8 +122,7 @@ Value Object::invoke(Member member, WORD flags, std::initializer_list<Value> arg
 
     std::vector<VARIANT> reversed;
     reversed.reserve(arguments.size());
-    for (auto argument = arguments.end(); argument != arguments.begin();)
-        reversed.push_back((--argument)->variant());
+    for (auto argument = arguments.end(); argument != arguments.begin();) reversed.push_back((--argument)->variant());
     DISPID putName = DISPID_PROPERTYPUT;
     const bool isPut = (flags & DISPATCH_PROPERTYPUT) != 0;
     const UINT count = static_cast<UINT>(reversed.size());

@@ -45,7 +45,10 @@ private:
 
 using SharedNames = std::shared_ptr<MemberNames>;
 
-inline SharedNames sharedNames() { return std::make_shared<MemberNames>(); }
+inline SharedNames sharedNames()
+{
+    return std::make_shared<MemberNames>();
+}
 
 class Object {
 public:

@@ -19,8 +19,7 @@ EventArguments argumentsOf(const DISPPARAMS& parameters)
 {
     EventArguments arguments;
     arguments.reserve(parameters.cArgs);
-    for (UINT index = parameters.cArgs; index-- > 0;)
-        arguments.push_back(Value::copyOf(parameters.rgvarg[index]));
+    for (UINT index = parameters.cArgs; index-- > 0;) arguments.push_back(Value::copyOf(parameters.rgvarg[index]));
     return arguments;
 }
 
@@ -46,10 +45,7 @@ public:
     }
 
     STDMETHODIMP GetTypeInfo(UINT, LCID, ITypeInfo**) noexcept override { return E_NOTIMPL; }
-    STDMETHODIMP GetIDsOfNames(REFIID, LPOLESTR*, UINT, LCID, DISPID*) noexcept override
-    {
-        return DISP_E_UNKNOWNNAME;
-    }
+    STDMETHODIMP GetIDsOfNames(REFIID, LPOLESTR*, UINT, LCID, DISPID*) noexcept override { return DISP_E_UNKNOWNNAME; }
 
     // An event that cannot be kept is lost; its source has done its part.
     STDMETHODIMP Invoke(DISPID id, REFIID, LCID, WORD, DISPPARAMS* parameters, VARIANT*, EXCEPINFO*,
@@ -81,8 +77,7 @@ Subscription::Subscription(const Object& object, const wchar_t* progId, EventHan
     const EventSource source = findEventSource(object, progId);
     const OutgoingCall scope;
     ComPtr<IConnectionPointContainer> container;
-    check(object.dispatch()->QueryInterface(IID_IConnectionPointContainer,
-                                            container.receiveVoid()),
+    check(object.dispatch()->QueryInterface(IID_IConnectionPointContainer, container.receiveVoid()),
           L"IConnectionPointContainer");
     check(container->FindConnectionPoint(source.interfaceId, point_.receive()), L"FindConnectionPoint");
     sink_ = ComPtr<EventSink>::adopt(new EventSink(source, handlers));

@@ -25,8 +25,8 @@ std::wstring wide(std::string_view text)
 bool equalWithoutCase(std::wstring_view a, std::wstring_view b)
 {
     return a.size() == b.size() &&
-           CompareStringW(LOCALE_INVARIANT, NORM_IGNORECASE, a.data(), static_cast<int>(a.size()),
-                          b.data(), static_cast<int>(b.size())) == CSTR_EQUAL;
+           CompareStringW(LOCALE_INVARIANT, NORM_IGNORECASE, a.data(), static_cast<int>(a.size()), b.data(),
+                          static_cast<int>(b.size())) == CSTR_EQUAL;
 }
 
 }

@@ -50,7 +50,10 @@ public:
     Part(const Part&) = delete;
     Part& operator=(const Part&) = delete;
 
-    STDMETHODIMP QueryInterface(REFIID iid, void** result) noexcept final { return owner_->QueryInterface(iid, result); }
+    STDMETHODIMP QueryInterface(REFIID iid, void** result) noexcept final
+    {
+        return owner_->QueryInterface(iid, result);
+    }
     STDMETHODIMP_(ULONG) AddRef() noexcept final { return owner_->AddRef(); }
     STDMETHODIMP_(ULONG) Release() noexcept final { return owner_->Release(); }
 

@@ -135,14 +135,10 @@ DATE Value::asDate() const
 Object Value::object() const
 {
     switch (type()) {
-    case VT_EMPTY:
-        return Object();
-    case VT_DISPATCH:
-        return Object(V_DISPATCH(&variant_));
-    case VT_UNKNOWN:
-        return Object::query(V_UNKNOWN(&variant_));
-    default:
-        throw AutomationError(L"object", DISP_E_TYPEMISMATCH);
+    case VT_EMPTY: return Object();
+    case VT_DISPATCH: return Object(V_DISPATCH(&variant_));
+    case VT_UNKNOWN: return Object::query(V_UNKNOWN(&variant_));
+    default: throw AutomationError(L"object", DISP_E_TYPEMISMATCH);
     }
 }
 

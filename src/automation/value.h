@@ -30,17 +30,30 @@ public:
 
     Value(const Value& other);
     Value(Value&& other) noexcept : variant_(other.variant_) { VariantInit(&other.variant_); }
-    Value& operator=(Value other) noexcept { std::swap(variant_, other.variant_); return *this; }
+    Value& operator=(Value other) noexcept
+    {
+        std::swap(variant_, other.variant_);
+        return *this;
+    }
     ~Value() { clear(); }
 
     VARTYPE type() const noexcept { return V_VT(&variant_); }
     const VARIANT& variant() const noexcept { return variant_; }
 
     // Frees what is held and lends the empty VARIANT for a callee to fill.
-    VARIANT* receive() noexcept { clear(); return &variant_; }
+    VARIANT* receive() noexcept
+    {
+        clear();
+        return &variant_;
+    }
 
     // Gives the VARIANT away; the value is empty afterwards.
-    VARIANT release() noexcept { VARIANT given = variant_; VariantInit(&variant_); return given; }
+    VARIANT release() noexcept
+    {
+        VARIANT given = variant_;
+        VariantInit(&variant_);
+        return given;
+    }
 
     // Conversions of OLE Automation in the user's locale. All throw
     // AutomationError (type mismatch, overflow) when there is none.

@@ -29,8 +29,7 @@ std::optional<std::wstring> fromUtf8(std::string_view bytes)
 {
     const int size = static_cast<int>(bytes.size());
     std::wstring text(bytes.size(), L'\0');
-    const int length =
-        MultiByteToWideChar(CP_UTF8, MB_ERR_INVALID_CHARS, bytes.data(), size, text.data(), size);
+    const int length = MultiByteToWideChar(CP_UTF8, MB_ERR_INVALID_CHARS, bytes.data(), size, text.data(), size);
     if (length == 0) return std::nullopt;
     text.resize(static_cast<std::size_t>(length));
     return text;

@@ -16,9 +16,11 @@ class OpenedKey {
 public:
     OpenedKey(HKEY root, const std::wstring& subkey, REGSAM access)
         : root_(root), open_(RegOpenKeyExA(root, ansi(subkey).c_str(), 0, access, &key_) == ERROR_SUCCESS)
+    {}
+    ~OpenedKey()
     {
+        if (open_ && !root_) RegCloseKey(key_);
     }
-    ~OpenedKey() { if (open_ && !root_) RegCloseKey(key_); }
     OpenedKey(const OpenedKey&) = delete;
     OpenedKey& operator=(const OpenedKey&) = delete;
 
@@ -53,9 +55,9 @@ std::wstring RegSetString(HKEY hInKey, const std::wstring& subkey, const std::ws
 {
     const OpenedKey key(hInKey, subkey, KEY_ALL_ACCESS);
     const std::string text = ansi(Value);
-    const bool written = key && RegSetValueExA(key.get(), ansi(valname).c_str(), 0, REG_SZ,
-                                               reinterpret_cast<const BYTE*>(text.c_str()),
-                                               static_cast<DWORD>(text.size())) == ERROR_SUCCESS;
+    const bool written =
+        key && RegSetValueExA(key.get(), ansi(valname).c_str(), 0, REG_SZ, reinterpret_cast<const BYTE*>(text.c_str()),
+                              static_cast<DWORD>(text.size())) == ERROR_SUCCESS;
     return automation::textFromBoolean(written);
 }
 

@@ -29,8 +29,7 @@ void makeFolderOf(const std::wstring& path)
 
 IdentifierStore::IdentifierStore(std::wstring path, StoreOptions options)
     : path_(std::move(path)), options_(options), compactFrom_(options.compactionFloor)
-{
-}
+{}
 
 void IdentifierStore::insert(const IdentifierRecord& record)
 {
@@ -115,7 +114,9 @@ void IdentifierStore::repair(OpenStore& store, bool damaged) const
     std::wstring kept;
     try {
         kept = setAside(path_);
-        { const LogFile letGo = std::move(store.file); }
+        {
+            const LogFile letGo = std::move(store.file);
+        }
         moveReplacementIntoPlace(path_, options_.patience);
     } catch (const StoreError&) {
         dropReplacement(path_);
@@ -173,7 +174,9 @@ void IdentifierStore::compact()
     try {
         // Windows replaces no file that is open. Whoever opens it in between
         // finds all records, in the old file or in the new one.
-        { const LogFile letGo = std::move(store.file); }
+        {
+            const LogFile letGo = std::move(store.file);
+        }
         moveReplacementIntoPlace(path_, options_.patience);
         store.file = LogFile(path_, OPEN_EXISTING, options_.patience);
         store.end = store.file.size();

@@ -17,8 +17,7 @@ bool isWriteProtected(const std::wstring& path)
 
 }
 
-LogFile::LogFile(std::wstring path, DWORD disposition, DWORD patience)
-    : path_(std::move(path))
+LogFile::LogFile(std::wstring path, DWORD disposition, DWORD patience) : path_(std::move(path))
 {
     const DWORD result = retryWhile(isInUse, patience, [&]() -> DWORD {
         if (isWriteProtected(path_)) return ERROR_ACCESS_DENIED;
@@ -28,8 +27,7 @@ LogFile::LogFile(std::wstring path, DWORD disposition, DWORD patience)
     });
     if (result == ERROR_SHARING_VIOLATION)
         throw systemError(L"The identifier store " + path_ + L" is in use by another program", result);
-    if (!handle_)
-        throw systemError(L"The identifier store " + path_ + L" cannot be opened", result);
+    if (!handle_) throw systemError(L"The identifier store " + path_ + L" cannot be opened", result);
 }
 
 std::uint64_t LogFile::size() const
@@ -45,7 +43,8 @@ std::size_t LogFile::read(std::uint64_t offset, std::span<std::uint8_t> target) 
     std::size_t filled = 0;
     while (filled < target.size()) {
         DWORD count = 0;
-        if (!ReadFile(handle_.get(), target.data() + filled, static_cast<DWORD>(target.size() - filled), &count, nullptr))
+        if (!ReadFile(handle_.get(), target.data() + filled, static_cast<DWORD>(target.size() - filled), &count,
+                      nullptr))
             fail(L"read");
         if (count == 0) break;
         filled += count;

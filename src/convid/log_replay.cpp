@@ -67,10 +67,8 @@ bool onlyZeros(BlockReader& reader, std::uint64_t offset)
 
 void apply(LogEntry& entry, RecordIndex& index)
 {
-    if (entry.removes)
-        index.remove(entry.record.idOrvel, entry.record.typApplication);
-    else
-        index.put(std::move(entry.record));
+    if (entry.removes) index.remove(entry.record.idOrvel, entry.record.typApplication);
+    else index.put(std::move(entry.record));
 }
 
 void replayEntries(BlockReader& reader, std::uint64_t offset, Replay& result, RecordIndex& index)
@@ -85,9 +83,7 @@ void replayEntries(BlockReader& reader, std::uint64_t offset, Replay& result, Re
             offset += size;
             result.end = offset;
             break;
-        case EntryState::unfinished:
-            result.torn = true;
-            return;
+        case EntryState::unfinished: result.torn = true; return;
         case EntryState::bad:
             if (!result.damaged && onlyZeros(reader, offset)) {
                 result.torn = true;

@@ -60,10 +60,8 @@ bool isConnectionLoss(DWORD code)
     case ERROR_SEM_TIMEOUT:
     case ERROR_NETWORK_UNREACHABLE:
     case ERROR_HOST_UNREACHABLE:
-    case ERROR_CONNECTION_ABORTED:
-        return true;
-    default:
-        return false;
+    case ERROR_CONNECTION_ABORTED: return true;
+    default: return false;
     }
 }
 
@@ -151,8 +149,8 @@ DWORD replacePatiently(DWORD patience, const std::function<DWORD()>& replace)
 void moveReplacementIntoPlace(const std::wstring& path, DWORD patience)
 {
     const DWORD result = replacePatiently(patience, [&]() -> DWORD {
-        const BOOL moved = MoveFileExW(replacementOf(path).c_str(), path.c_str(),
-                                       MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH);
+        const BOOL moved =
+            MoveFileExW(replacementOf(path).c_str(), path.c_str(), MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH);
         return moved ? ERROR_SUCCESS : GetLastError();
     });
     if (result == ERROR_SUCCESS) return;

@@ -32,12 +32,8 @@ void report(const std::wstring& text)
 int carryOut(Task task)
 {
     switch (task) {
-    case Task::registerServer:
-        server::registerClass(classRegistration, server::programPath());
-        return 0;
-    case Task::unregisterServer:
-        server::unregisterClass(classRegistration);
-        return 0;
+    case Task::registerServer: server::registerClass(classRegistration, server::programPath()); return 0;
+    case Task::unregisterServer: server::unregisterClass(classRegistration); return 0;
     case Task::serve: {
         ServerProcess process;
         const automation::Apartment apartment;
@@ -45,8 +41,7 @@ int carryOut(Task task)
         process.run(patienceForFirstClient);
         return 0;
     }
-    case Task::wrong:
-        break;
+    case Task::wrong: break;
     }
     report(L"usage: PavexConvId /RegServer | /UnregServer | -Embedding");
     return wrongCommandLine;

@@ -19,8 +19,7 @@ public:
     // `store` is held so that the process stays as long as any object of it.
     RecordObject(std::shared_ptr<IdentifierStore> store, RecordPointer record)
         : store_(std::move(store)), record_(std::move(record))
-    {
-    }
+    {}
 
     static const std::vector<automation::server::MemberRow<RecordObject>>& members();
 
@@ -34,8 +33,7 @@ class RecordCollection final : public automation::server::TableDispatch<RecordCo
 public:
     RecordCollection(std::shared_ptr<IdentifierStore> store, std::vector<RecordPointer> records)
         : store_(std::move(store)), records_(std::move(records))
-    {
-    }
+    {}
 
     static const std::vector<automation::server::MemberRow<RecordCollection>>& members();
 

@@ -27,8 +27,7 @@ Object groupCalendars(LotusSession& session)
 bool lists(const Object& calendar, const std::wstring& fullName)
 {
     const auto members = automation::elementsOf(calendar.get(L"GetItemValue", {L"Members"}));
-    return std::any_of(members.begin(), members.end(),
-                       [&](const Value& member) { return member.text() == fullName; });
+    return std::any_of(members.begin(), members.end(), [&](const Value& member) { return member.text() == fullName; });
 }
 
 }

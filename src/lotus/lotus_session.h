@@ -21,8 +21,7 @@ class OpenBooks;
 struct LotusSession {
     LotusSession(Host& host, GroupwareState& groupware, const Dictionary& dictionary)
         : host(host), groupware(groupware), dictionary(dictionary)
-    {
-    }
+    {}
 
     Host& host;
     GroupwareState& groupware;

@@ -67,8 +67,7 @@ std::shared_ptr<OpenBook> askBook(const LotusSession& session, const LotusAddres
                                   const std::function<void(OpenBook&)>& ask)
 {
     const std::shared_ptr<OpenBook> open = openBooks(session)->book(session, book);
-    if (open->isOpen())
-        try {
+    if (open->isOpen()) try {
             ask(*open);
             return open;
         } catch (const automation::AutomationError&) {
@@ -218,8 +217,7 @@ bool SearchInPublicAdressBookByMail(LotusSession& session, const std::wstring& m
         if (!person.number.empty() && show) openDocument(book, document, false);
         found = true;
     };
-    trapErrors(search,
-               [&] { logNoAccess(session, book, L"SearchInPublicAdressBookByMail"); });
+    trapErrors(search, [&] { logNoAccess(session, book, L"SearchInPublicAdressBookByMail"); });
     return found;
 }
 

@@ -188,8 +188,7 @@ void DumpLotusAddressBooks(LotusSession& session)
     trapErrors([&] {
         std::wstring text;
         for (std::size_t k = 0; k < session.LotusAddressBooks.size(); ++k)
-            text += dumpOf(session.LotusAddressBooks[k], k,
-                           static_cast<std::int16_t>(k) == session.nSelectedPersonal);
+            text += dumpOf(session.LotusAddressBooks[k], k, static_cast<std::int16_t>(k) == session.nSelectedPersonal);
         WriteLotusLog(session, text);
     });
 }

@@ -34,8 +34,8 @@ bool addColumns(OutlookSession& session, const Object& columns)
         columns.call(L"Add", {name});
         return GetTickCount() - start <= longestUnasked;
     };
-    const bool isUnasked = std::all_of(telephoneFields.begin(), telephoneFields.end(), add) && add(L"EntryID") &&
-                           add(L"MessageClass");
+    const bool isUnasked =
+        std::all_of(telephoneFields.begin(), telephoneFields.end(), add) && add(L"EntryID") && add(L"MessageClass");
     session.tablesAreGuarded = !isUnasked;
     return isUnasked;
 }

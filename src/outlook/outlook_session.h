@@ -31,8 +31,7 @@ struct OutlookMemberNames {
 struct OutlookSession {
     OutlookSession(Host& host, GroupwareState& groupware, Dictionary& dictionary)
         : host(host), groupware(groupware), dictionary(dictionary)
-    {
-    }
+    {}
 
     Host& host;
     GroupwareState& groupware;

@@ -17,8 +17,7 @@ constexpr const char* features = "AllApplication";
 auto comparedSwitches(const Configuration& configuration)
 {
     return std::tuple(configuration.bgWithLotus, configuration.bgWithOutlook, configuration.bgWithPopUp,
-                      configuration.bgSetNewContact, configuration.bgWithRepertory,
-                      configuration.bgWithCallBackMail);
+                      configuration.bgSetNewContact, configuration.bgWithRepertory, configuration.bgWithCallBackMail);
 }
 
 std::int16_t number(const IniFile& ini, const char* key, const char* fallback)

@@ -80,18 +80,12 @@ LRESULT CALLBACK FormWindow::procedure(HWND window, UINT message, WPARAM wParam,
 LRESULT FormWindow::handle(UINT message, WPARAM wParam, LPARAM lParam)
 {
     switch (message) {
-    case WM_TIMER:
-        timer(wParam);
-        return 0;
+    case WM_TIMER: timer(wParam); return 0;
     case WM_MOUSEMOVE: // also the notification icon's callback message
         mouseMove(wParam, lParam);
         return 0;
-    case runDeferredMessage:
-        runDeferred();
-        return 0;
-    case WM_CLOSE:
-        events_.Form_Terminate();
-        return 0;
+    case runDeferredMessage: runDeferred(); return 0;
+    case WM_CLOSE: events_.Form_Terminate(); return 0;
     case WM_ENDSESSION:
         if (!wParam) return 0;
         ReplyMessage(0); // no call goes out as long as its sender waits
@@ -100,8 +94,7 @@ LRESULT FormWindow::handle(UINT message, WPARAM wParam, LPARAM lParam)
     case longCallMessage:
         if (automation::OutgoingCall::inProgress()) events_.callIsLong();
         return 0;
-    default:
-        return DefWindowProcW(window_, message, wParam, lParam);
+    default: return DefWindowProcW(window_, message, wParam, lParam);
     }
 }
 

@@ -11,11 +11,11 @@
 #include "common/groupware_state.h"
 #include "common/host.h"
 #include "common/ini_file.h"
-#include "shell/process_lookup.h"
 #include "lotus/lotus_session.h"
 #include "outlook/outlook_session.h"
 #include "shell/call_watch.h"
 #include "shell/form_window.h"
+#include "shell/process_lookup.h"
 #include "shell/tray_icon_data.h"
 #include "softphone/pavex_interface.h"
 #include "softphone/softphone_session.h"
@@ -117,19 +117,19 @@ private:
     SoftphoneSession softphone_;
     PavexInterface gPavexInterface;
     std::optional<FILETIME> gIniFileDate; // modification time when last read
-    std::optional<FILETIME> staleKill_;   // the file's time when its "kill" could not be set back
-    std::optional<FILETIME> killReadAt_;  // modification time when "kill" was last looked at between ticks
+    std::optional<FILETIME> staleKill_; // the file's time when its "kill" could not be set back
+    std::optional<FILETIME> killReadAt_; // modification time when "kill" was last looked at between ticks
     bool bProcessWatchReady = false;
     HANDLE hPavexProcess = nullptr;
     HANDLE hOutlookProcess = nullptr;
     HANDLE hNotesProcess = nullptr;
     DWORD notesProcessId_ = 0; // found once and kept, also when Notes restarts
     TrayIconData trayIconData_;
-    int iconOffers_ = 0;       // still to be made to the shell, unless the icon stands
-    bool inTick_ = false;      // a tick is under way, or waits in a message box of its own
+    int iconOffers_ = 0; // still to be made to the shell, unless the icon stands
+    bool inTick_ = false; // a tick is under way, or waits in a message box of its own
     enum class Question { none, waits, open } question_ = Question::none; // the icon's
-    bool mapWasTold_ = false;  // StopAll has called the map server, in vain perhaps
-    bool ending_ = false;      // "The End !!!" is on the screen
+    bool mapWasTold_ = false; // StopAll has called the map server, in vain perhaps
+    bool ending_ = false; // "The End !!!" is on the screen
     bool sessionEnds_ = false; // that of Windows: nobody is there to answer a box
     CallWatch callWatch_;
 };

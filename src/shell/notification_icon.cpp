@@ -18,8 +18,8 @@ constexpr int ticksOfAMinute = 60'000 / FormWindow::tickInterval;
 void Hublink::AddTrayIcon()
 {
     const HICON icon = LoadIconW(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(IDI_HUBLINK));
-    trayIconData_ = FillTrayIconData(hWnd(), 1, NIF_MESSAGE | NIF_ICON | NIF_TIP, WM_MOUSEMOVE, icon,
-                                     "Orvel - Hublink\0"s);
+    trayIconData_ =
+        FillTrayIconData(hWnd(), 1, NIF_MESSAGE | NIF_ICON | NIF_TIP, WM_MOUSEMOVE, icon, "Orvel - Hublink\0"s);
     iconOffers_ = 1 + ticksOfAMinute;
     offerTrayIcon();
 }
@@ -40,7 +40,8 @@ void Hublink::Form_MouseMove(int, int, double X, double)
     question_ = Question::waits;
     // A question inside a call would hold it up; one that may never end is another matter.
     if (callWatch_.callIsLong()) return askWhetherToStop();
-    trapErrors([this] { window_.outsideCalls([this] { askWhetherToStop(); }); }, [this] { question_ = Question::none; });
+    trapErrors([this] { window_.outsideCalls([this] { askWhetherToStop(); }); },
+               [this] { question_ = Question::none; });
 }
 
 void Hublink::askWhetherToStop()
@@ -50,8 +51,7 @@ void Hublink::askWhetherToStop()
     question_ = Question::open;
     trapErrors([&] {
         SetForegroundWindow(hWnd()); // else the question would not get the focus
-        stop = messageBox(L"Do you want to really stop Hublink ?",
-                          MB_YESNO | MB_ICONQUESTION | MB_DEFBUTTON2) == IDYES;
+        stop = messageBox(L"Do you want to really stop Hublink ?", MB_YESNO | MB_ICONQUESTION | MB_DEFBUTTON2) == IDYES;
     });
     question_ = Question::none;
     if (stop) StopConnector();

@@ -6,7 +6,6 @@ SingleInstance::SingleInstance()
     : mutex_(CreateMutexW(nullptr, FALSE, L"Local\\Hublink running")),
       // One that runs with other rights lets nobody open its mutex.
       first_(mutex_ && GetLastError() != ERROR_ALREADY_EXISTS)
-{
-}
+{}
 
 }

@@ -24,10 +24,9 @@ constexpr const wchar_t* iniFileName = L"pavexconnector.ini";
 Hublink::Hublink(Desktop desktop, CallWatch::Times callTimes)
     : desktop_(std::move(desktop)), dictionary_(desktop_.programFolder), window_(*this),
       outlook_(*this, groupware_, dictionary_), lotus_(*this, groupware_, dictionary_),
-      softphone_(*this, groupware_, outlook_, lotus_),
-      gPavexInterface(softphone_), trayIconData_(), callWatch_(callTimes)
-{
-}
+      softphone_(*this, groupware_, outlook_, lotus_), gPavexInterface(softphone_), trayIconData_(),
+      callWatch_(callTimes)
+{}
 
 Hublink::~Hublink()
 {

@@ -29,8 +29,8 @@ void closeIdentifierMap(const SoftphoneSession& session)
 void insertId(const Object& map, const std::wstring& idAppli, const std::wstring& idOrvel, MapApplication application,
               MapCollection collection)
 {
-    map.call(L"InsertId", {idAppli, idOrvel, static_cast<std::int32_t>(application),
-                           static_cast<std::int32_t>(collection)});
+    map.call(L"InsertId",
+             {idAppli, idOrvel, static_cast<std::int32_t>(application), static_cast<std::int32_t>(collection)});
 }
 
 std::wstring mappedId(const Object& map, const std::wstring& idOrvel, MapApplication application)
@@ -39,8 +39,8 @@ std::wstring mappedId(const Object& map, const std::wstring& idOrvel, MapApplica
     constexpr std::int32_t capacity = 1024;
     Value idAppli(std::wstring(capacity, L'\0'));
     Value length(capacity);
-    const Value result = map.get(L"ConvertIdOrvel", {idOrvel, byRef(idAppli), byRef(length),
-                                                     static_cast<std::int32_t>(application)});
+    const Value result =
+        map.get(L"ConvertIdOrvel", {idOrvel, byRef(idAppli), byRef(length), static_cast<std::int32_t>(application)});
     if (result.int32() == 0) return L"";
     return idAppli.text().substr(0, static_cast<std::size_t>(std::max(length.int32(), std::int32_t{0})));
 }

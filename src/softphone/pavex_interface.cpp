@@ -69,8 +69,7 @@ EventHandlers PavexInterface::historyHandlers()
                      if (walks == session_.historyWalks) histo_OnHistoricNewItem(item);
                  });
              }},
-            {L"OnHistoricDeleteItem",
-             [this](EventArguments arguments) {
+            {L"OnHistoricDeleteItem", [this](EventArguments arguments) {
                  const std::int32_t high = arguments.at(0).int32();
                  const std::int32_t low = arguments.at(1).int32();
                  session_.host.defer([this, high, low] { histo_OnHistoricDeleteItem(high, low); });
@@ -86,8 +85,7 @@ EventHandlers PavexInterface::addressBookHandlers()
                      if (walks == session_.repertoryWalks) adressbookPavex_OnRepertoryNewEntry(entry);
                  });
              }},
-            {L"OnRepertoryDeleteEntry",
-             [this](EventArguments arguments) {
+            {L"OnRepertoryDeleteEntry", [this](EventArguments arguments) {
                  const std::int32_t high = arguments.at(0).int32();
                  const std::int32_t low = arguments.at(1).int32();
                  session_.host.defer([this, high, low] { adressbookPavex_OnRepertoryDeleteEntry(high, low); });

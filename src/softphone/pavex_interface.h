@@ -48,7 +48,10 @@ public:
     void adressbookPavex_OnRepertoryDeleteEntry(std::int32_t, std::int32_t) {}
 
     // What the link offers at any time; each is told of where its subject is.
-    void DoCallAction(bool force, bool sendCallBackMessage) { hublink::DoCallAction(session_, force, sendCallBackMessage); }
+    void DoCallAction(bool force, bool sendCallBackMessage)
+    {
+        hublink::DoCallAction(session_, force, sendCallBackMessage);
+    }
     void DisplayGroupwareInfo() { hublink::DisplayGroupwareInfo(session_); }
     void PurgeId() { hublink::PurgeId(session_); }
     void PurgeIdRepertory() { hublink::PurgeIdRepertory(session_); }
@@ -60,7 +63,10 @@ public:
     {
         hublink::CreateOutlookContactFromPavex(session_, entry);
     }
-    void CreateLotusContactFromPavex(const SoftphoneEntry& entry) { hublink::CreateLotusContactFromPavex(session_, entry); }
+    void CreateLotusContactFromPavex(const SoftphoneEntry& entry)
+    {
+        hublink::CreateLotusContactFromPavex(session_, entry);
+    }
     void InitHisto() { hublink::InitHisto(session_); }
     void SetHistoItemOutlook(const SoftphoneHistoryItem& item, bool newContact)
     {

@@ -23,8 +23,7 @@ struct SoftphoneMemberNames {
 struct SoftphoneSession {
     SoftphoneSession(Host& host, GroupwareState& groupware, OutlookSession& outlook, LotusSession& lotus)
         : host(host), groupware(groupware), outlook(outlook), lotus(lotus)
-    {
-    }
+    {}
 
     Host& host;
     GroupwareState& groupware;

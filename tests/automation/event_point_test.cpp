@@ -45,8 +45,14 @@ TEST(EventPoint, Subscribers_AreCalledInTheOrderOfTheirSubscription)
     std::string order;
     RawPartner first;
     RawPartner second;
-    first.onCall = [&](const RawPartner::Call&) { order += "1"; return S_OK; };
-    second.onCall = [&](const RawPartner::Call&) { order += "2"; return S_OK; };
+    first.onCall = [&](const RawPartner::Call&) {
+        order += "1";
+        return S_OK;
+    };
+    second.onCall = [&](const RawPartner::Call&) {
+        order += "2";
+        return S_OK;
+    };
     const DWORD one = advise(*thing.get(), first);
     const DWORD two = advise(*thing.get(), second);
     EXPECT_EQ(thing->events.raise(7, {}), 2);

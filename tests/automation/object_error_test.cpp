@@ -160,10 +160,9 @@ TEST(ObjectError, FailureThatConcernsNoArgument_NamesNone)
 TEST(ObjectError, EmptyReference_FailsWithObjectNotSet)
 {
     const Object empty;
-    for (const auto& use : {std::function<void()>([&] { empty.get(L"Name"); }),
-                            std::function<void()>([&] { empty.call(L"Name"); }),
-                            std::function<void()>([&] { empty.put(L"Name", L"x"); }),
-                            std::function<void()>([&] { empty.get(9); })})
+    for (const auto& use :
+         {std::function<void()>([&] { empty.get(L"Name"); }), std::function<void()>([&] { empty.call(L"Name"); }),
+          std::function<void()>([&] { empty.put(L"Name", L"x"); }), std::function<void()>([&] { empty.get(9); })})
         EXPECT_EQ(errorOf(use).code(), automation::objectNotSet);
     EXPECT_EQ(errorOf([&] { empty.get(L"Name"); }).member(), L"Name");
 }

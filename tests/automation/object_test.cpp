@@ -202,7 +202,8 @@ TEST(Object, Arguments_ArriveWithTheirExactTypes)
 {
     RawPartner partner({{L"Echo", 2}});
     const Object object(&partner);
-    object.call(L"Echo", {std::int16_t{0}, std::int32_t{0}, true, L"text", Value::date(1.5), Object(&partner), Value()});
+    object.call(L"Echo",
+                {std::int16_t{0}, std::int32_t{0}, true, L"text", Value::date(1.5), Object(&partner), Value()});
     EXPECT_EQ(partner.invocations.at(0).types,
               (std::vector<VARTYPE>{VT_I2, VT_I4, VT_BOOL, VT_BSTR, VT_DATE, VT_DISPATCH, VT_EMPTY}));
 }

@@ -100,12 +100,17 @@ TEST(OutgoingCall, BusyServer_ThenAnotherFailure_EndsWithThatFailure)
 
 TEST(OutgoingCall, AnyOtherAnswer_IsNotAskedAgain)
 {
-    for (const HRESULT code : {S_OK, S_FALSE, E_FAIL, E_PENDING, RPC_E_SERVERCALL_REJECTED, RPC_E_CALL_CANCELED,
-                               RPC_E_DISCONNECTED, RPC_E_SERVERFAULT, RPC_E_SERVER_DIED, RPC_E_CANTCALLOUT_ININPUTSYNCCALL,
-                               HRESULT_FROM_WIN32(RPC_S_SERVER_UNAVAILABLE), HRESULT_FROM_WIN32(RPC_S_SERVER_TOO_BUSY)}) {
+    for (const HRESULT code :
+         {S_OK, S_FALSE, E_FAIL, E_PENDING, RPC_E_SERVERCALL_REJECTED, RPC_E_CALL_CANCELED, RPC_E_DISCONNECTED,
+          RPC_E_SERVERFAULT, RPC_E_SERVER_DIED, RPC_E_CANTCALLOUT_ININPUTSYNCCALL,
+          HRESULT_FROM_WIN32(RPC_S_SERVER_UNAVAILABLE), HRESULT_FROM_WIN32(RPC_S_SERVER_TOO_BUSY)}) {
         int attempts = 0;
         const OutgoingCall scope;
-        EXPECT_EQ(scope.retryWhileBusy([&] { ++attempts; return code; }), code);
+        EXPECT_EQ(scope.retryWhileBusy([&] {
+            ++attempts;
+            return code;
+        }),
+                  code);
         EXPECT_EQ(attempts, 1) << std::hex << code;
     }
 }
@@ -146,8 +151,14 @@ TEST(OutgoingCall, InProgress_InsideACallAndANameLookUpOnly)
 {
     RawPartner partner({{L"Look", 1}});
     int seen = 0;
-    partner.onLookUp = [&] { seen += OutgoingCall::inProgress(); return S_OK; };
-    partner.onCall = [&](const RawPartner::Call&) { seen += OutgoingCall::inProgress(); return S_OK; };
+    partner.onLookUp = [&] {
+        seen += OutgoingCall::inProgress();
+        return S_OK;
+    };
+    partner.onCall = [&](const RawPartner::Call&) {
+        seen += OutgoingCall::inProgress();
+        return S_OK;
+    };
     const Object object(&partner);
     EXPECT_FALSE(OutgoingCall::inProgress());
     object.get(L"Look");
@@ -197,7 +208,9 @@ TEST(OutgoingCall, InProgress_ConcernsTheCallingThreadOnly)
 TEST(OutgoingCall, InProgress_WhileAnObjectsReferenceIsGivenBack)
 {
     Proxy proxy;
-    { const Object temporary(&proxy); }
+    {
+        const Object temporary(&proxy);
+    }
     Object replaced(&proxy);
     replaced = Object();
     EXPECT_EQ(proxy.releases, (std::vector{true, true}));
@@ -207,7 +220,9 @@ TEST(OutgoingCall, InProgress_WhileAnObjectsReferenceIsGivenBack)
 TEST(OutgoingCall, InProgress_WhileAValueGivesItsObjectsBack)
 {
     Proxy proxy;
-    { const automation::Value value{Object(&proxy)}; }
+    {
+        const automation::Value value{Object(&proxy)};
+    }
     automation::Value refilled{Object(&proxy)};
     refilled.receive();
     {
@@ -239,7 +254,9 @@ TEST(OutgoingCall, BeginOfOutermost_IsKeptWhileOneIsOut)
         const DWORD first = begin;
         EXPECT_NE(first, 0u);
         Sleep(50);
-        { const OutgoingCall inner; }
+        {
+            const OutgoingCall inner;
+        }
         EXPECT_EQ(begin, first);
     }
     EXPECT_EQ(begin, 0u);

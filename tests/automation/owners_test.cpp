@@ -41,8 +41,8 @@ TEST(Owners, HandleThatIsMovedOn_IsClosedOnce_ByItsLastOwner)
 
 TEST(Owners, HandleOfAFileThatCannotBeOpened_IsNone)
 {
-    EXPECT_FALSE(automation::orNone(CreateFileW(L"C:\\nowhere\\nothing", GENERIC_READ, 0, nullptr, OPEN_EXISTING, 0,
-                                                nullptr)));
+    EXPECT_FALSE(
+        automation::orNone(CreateFileW(L"C:\\nowhere\\nothing", GENERIC_READ, 0, nullptr, OPEN_EXISTING, 0, nullptr)));
     WIN32_FIND_DATAW entry;
     EXPECT_FALSE(automation::orNone<automation::FileSearch>(FindFirstFileW(L"C:\\nowhere\\*", &entry)));
 }

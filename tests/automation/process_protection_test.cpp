@@ -18,8 +18,8 @@ DWORD exitCode(const std::wstring& arguments, const std::wstring& folder)
     STARTUPINFOW startup{};
     startup.cb = sizeof startup;
     PROCESS_INFORMATION process{};
-    EXPECT_TRUE(CreateProcessW(nullptr, line.data(), nullptr, nullptr, FALSE, 0, nullptr, folder.c_str(), &startup,
-                               &process));
+    EXPECT_TRUE(
+        CreateProcessW(nullptr, line.data(), nullptr, nullptr, FALSE, 0, nullptr, folder.c_str(), &startup, &process));
     WaitForSingleObject(process.hProcess, patience);
     DWORD code = STILL_ACTIVE;
     GetExitCodeProcess(process.hProcess, &code);

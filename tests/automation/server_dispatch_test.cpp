@@ -68,10 +68,8 @@ const std::vector<server::MemberRow<Clumsy>>& Clumsy::members()
              call.arguments.write({{0, call.arguments.value(1)}});
              return {};
          }},
-        {L"Optional", 3, server::method, 0, 1,
-         [](Clumsy&, Call call) -> Value { return call.arguments.given(0); }},
-        {L"Refer", 4, server::method, 1, 1,
-         [](Clumsy&, Call call) -> Value { return call.arguments.object(0); }},
+        {L"Optional", 3, server::method, 0, 1, [](Clumsy&, Call call) -> Value { return call.arguments.given(0); }},
+        {L"Refer", 4, server::method, 1, 1, [](Clumsy&, Call call) -> Value { return call.arguments.object(0); }},
         {L"Busy", 5, server::method, 0, 0, [](Clumsy&, Call) -> Value { throw server::Failure{E_PENDING}; }},
         {L"Inner", 6, server::method, 0, 0, [](Clumsy&, Call) -> Value { throw AutomationError(L"x", E_ABORT); }},
         {L"NoMemory", 7, server::method, 0, 0, [](Clumsy&, Call) -> Value { throw std::bad_alloc(); }},
@@ -295,7 +293,9 @@ TEST(Dispatch, OtherInterfaces_AreNotOffered)
 TEST(Registration, RegisteredClass_CanBeCreated_UntilItIsRemoved)
 {
     const server::ClassRegistration registration{
-        L"HublinkTest.Partner", {0x6a0c1d40, 0x52f7, 0x4e0b, {0x9d, 0x31, 0x77, 0x20, 0x15, 0xe8, 0x4a, 0x10}}, L"Test"};
+        L"HublinkTest.Partner",
+        {0x6a0c1d40, 0x52f7, 0x4e0b, {0x9d, 0x31, 0x77, 0x20, 0x15, 0xe8, 0x4a, 0x10}},
+        L"Test"};
     server::registerClass(registration, L"C:\\nowhere\\partner.exe");
     {
         int created = 0;

@@ -3,8 +3,8 @@
 // OnOther 8) and a second source `_OtherEvents` (OnSecond 9) of class `Thing`.
 #pragma once
 
-#include "automation/server/event_point.h"
 #include "automation/server/dispatch.h"
+#include "automation/server/event_point.h"
 #include "support/scratch_folder.h"
 
 #include <ocidl.h>
@@ -57,8 +57,7 @@ class Thing final : public automation::server::Dispatch {
 public:
     explicit Thing(const ThingManners& manners)
         : events(static_cast<IDispatch*>(this), manners.raises), manners_(manners), classInfo_(this, manners_)
-    {
-    }
+    {}
 
     automation::server::EventPoint events;
 

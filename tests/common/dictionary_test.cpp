@@ -45,7 +45,7 @@ protected:
 
 // The dictionaries that are shipped.
 const std::set<std::wstring> languages{L"1031", L"1033", L"1034", L"1036", L"1040"};
-const char* const keys[] = {"ST_FILTRE_LST1", "ST_FILTRE_LST2", "ST_FILTRE_LST3",    "ST_FILTRE_LST4",
+const char* const keys[] = {"ST_FILTRE_LST1", "ST_FILTRE_LST2", "ST_FILTRE_LST3",     "ST_FILTRE_LST4",
                             "ST_FILTRE_LST5", "ST_FILTRE_LST6", "TI_NAMECALL_UNKNOWN"};
 
 Dictionary shipped(const std::wstring& language)

@@ -103,7 +103,12 @@ TEST(ErrorTrap, Handler_RunsAfterAnErrorOnly)
 {
     const support::TrappedErrors trapped;
     std::string order;
-    trapErrors([&] { order += "body "; fail(); }, [&] { order += "handler"; });
+    trapErrors(
+        [&] {
+            order += "body ";
+            fail();
+        },
+        [&] { order += "handler"; });
     EXPECT_EQ(order, "body handler");
     EXPECT_EQ(trapped.procedures.size(), 1u);
 }

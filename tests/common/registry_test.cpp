@@ -82,7 +82,8 @@ TEST_F(Registry, ValueOfAnotherType_GivesEmptyText)
     set("Expand", REG_EXPAND_SZ, terminated("text"));
     set("Several", REG_MULTI_SZ, terminated(terminated("text")));
     set("None", REG_NONE, "abcd");
-    for (const wchar_t* name : {L"Number", L"Binary", L"Expand", L"Several", L"None"}) EXPECT_EQ(get(name), L"") << name;
+    for (const wchar_t* name : {L"Number", L"Binary", L"Expand", L"Several", L"None"})
+        EXPECT_EQ(get(name), L"") << name;
 }
 
 TEST_F(Registry, TextOf300Bytes_GivesNotString)

@@ -18,9 +18,17 @@ using Ids = std::vector<DISPID>;
 class Record final : public RawPartner {
 public:
     Record()
-        : RawPartner({{L"Number", 10}, {L"LastName", 11}, {L"FirstName", 12}, {L"Incoming", 13},
-                      {L"DestinationNumber", 14}, {L"BeginDate", 15}, {L"EndDate", 16}, {L"State", 17},
-                      {L"Acknowledged", 18}, {L"IdHigh", 19}, {L"IdLow", 20}})
+        : RawPartner({{L"Number", 10},
+                      {L"LastName", 11},
+                      {L"FirstName", 12},
+                      {L"Incoming", 13},
+                      {L"DestinationNumber", 14},
+                      {L"BeginDate", 15},
+                      {L"EndDate", 16},
+                      {L"State", 17},
+                      {L"Acknowledged", 18},
+                      {L"IdHigh", 19},
+                      {L"IdLow", 20}})
     {
         onCall = [](const Call& call) {
             *call.result = Value(std::int32_t{call.id}).release();

@@ -108,7 +108,9 @@ TEST_F(Store, Identifiers_AreComparedExactly)
 
 TEST_F(Store, IdentifiersOf1023Characters_AndUnicode_AndWithNulInside_ComeBackUnchanged)
 {
-    const std::wstring withNul(L"12\0" L"34\0", 6);
+    const std::wstring withNul(L"12\0"
+                               L"34\0",
+                               6);
     Records expected;
     for (const auto& inserted : {record(std::wstring(1023, L'7'), std::wstring(1023, L'E'), 0, 1),
                                  record(unicodeIdentifier(1023), unicodeIdentifier(1022), 1, 0),
@@ -184,7 +186,8 @@ TEST_F(Store, TwoHundredThousandRecords_AreAllFound)
     // Written as one block: one flushed insertion each would take minutes.
     convid::Bytes bytes = convid::fileHeader();
     for (int number = 0; number < 200'000; ++number) {
-        const auto entry = convid::insertEntry(record(L"31250." + std::to_wstring(number), std::wstring(140, L'A'), number % 2, 1));
+        const auto entry =
+            convid::insertEntry(record(L"31250." + std::to_wstring(number), std::wstring(140, L'A'), number % 2, 1));
         bytes.insert(bytes.end(), entry.begin(), entry.end());
     }
     writeContents(path, bytes);

@@ -174,7 +174,8 @@ TEST_F(Map, EmptyIdentifier_IsAnErrorWithADescription)
     EXPECT_EQ(error.code(), E_INVALIDARG);
     EXPECT_EQ(error.source(), L"PavexConvId");
     EXPECT_EQ(error.description(), L"idAppli is empty");
-    EXPECT_EQ(errorOf([&] { map.call(L"InsertId", {L"e", L"", outlook, addressBook}); }).description(), L"idOrvel is empty");
+    EXPECT_EQ(errorOf([&] { map.call(L"InsertId", {L"e", L"", outlook, addressBook}); }).description(),
+              L"idOrvel is empty");
 }
 
 TEST_F(Map, MemberNames_AreFoundWithoutRegardToCase)
@@ -204,7 +205,8 @@ TEST_F(Map, Collection_HasCountItemsAndTheirMembers)
     EXPECT_EQ(first.get(L"idAppli").text(), L"entry");
     EXPECT_EQ(first.get(L"typApplication").type(), VT_I4);
     EXPECT_EQ(first.get(L"typApplication").int32(), outlook);
-    EXPECT_EQ(contacts.get(automation::Member(DISPID{DISPID_VALUE}), {std::int32_t{1}}).object().get(L"idOrvel").text(), L"5.7");
+    EXPECT_EQ(contacts.get(automation::Member(DISPID{DISPID_VALUE}), {std::int32_t{1}}).object().get(L"idOrvel").text(),
+              L"5.7");
     for (const std::int32_t outside : {0, 2, -1})
         EXPECT_EQ(errorOf([&] { contacts.get(L"Item", {outside}); }).code(), DISP_E_BADINDEX);
     EXPECT_EQ(map.get(L"idCollection", {std::int32_t{7}}).object().get(L"Count").int32(), 0);

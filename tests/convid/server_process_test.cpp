@@ -51,7 +51,8 @@ void CALLBACK lockAndUnlock(HWND, UINT, UINT_PTR timer, DWORD)
     KillTimer(nullptr, timer);
     automation::ComPtr<IClassFactory> factory;
     ASSERT_EQ(CoGetClassObject(convid::classRegistration.classId, CLSCTX_LOCAL_SERVER, nullptr, IID_IClassFactory,
-                               factory.receiveVoid()), S_OK);
+                               factory.receiveVoid()),
+              S_OK);
     ASSERT_EQ(factory->LockServer(TRUE), S_OK);
     ASSERT_EQ(factory->LockServer(FALSE), S_OK);
     unlocked = true;

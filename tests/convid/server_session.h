@@ -12,7 +12,10 @@ namespace convid_tests {
 
 std::wstring serverProgram();
 
-inline std::vector<DWORD> servers() { return support::processesNamed(L"PavexConvId.exe"); }
+inline std::vector<DWORD> servers()
+{
+    return support::processesNamed(L"PavexConvId.exe");
+}
 
 // True when `condition` becomes true within `patience` milliseconds.
 template <class Condition>

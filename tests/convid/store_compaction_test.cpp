@@ -102,8 +102,8 @@ TEST_F(Compaction, FileReadByAnotherProgramWhileReplaced_InsertionStillSucceeds_
 {
     IdentifierStore store(path, compactsEarly);
     store.insert(version(0));
-    const HANDLE reader = CreateFileW(path.c_str(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr,
-                                      OPEN_EXISTING, 0, nullptr);
+    const HANDLE reader =
+        CreateFileW(path.c_str(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr, OPEN_EXISTING, 0, nullptr);
     ASSERT_NE(reader, INVALID_HANDLE_VALUE);
     for (int number = 1; number < 60; ++number) ASSERT_NO_THROW(store.insert(version(number)));
     CloseHandle(reader);
@@ -118,7 +118,8 @@ TEST_F(Compaction, FileReadByAnotherProgramWhileReplaced_InsertionStillSucceeds_
 TEST_F(Compaction, ProcessKilledAtAnyMoment_LosesNoAnsweredInsertion)
 {
     for (int round = 0; round < 40 && !HasFailure(); ++round) {
-        const HANDLE shared = CreateFileMappingW(INVALID_HANDLE_VALUE, nullptr, PAGE_READWRITE, 0, 4, L"convid-answered");
+        const HANDLE shared =
+            CreateFileMappingW(INVALID_HANDLE_VALUE, nullptr, PAGE_READWRITE, 0, 4, L"convid-answered");
         auto* const answered = static_cast<volatile LONG*>(MapViewOfFile(shared, FILE_MAP_WRITE, 0, 0, 4));
         ASSERT_TRUE(answered);
         *answered = -1;

@@ -133,7 +133,8 @@ TEST_F(DamagedStore, BytesInsertedOrMissingInTheMiddle_LoseOnlyTheEntryTheyAreIn
     expectRecovery(longer, without(holds), true);
 
     auto shorter = whole;
-    shorter.erase(shorter.begin() + static_cast<std::ptrdiff_t>(begin) + 5, shorter.begin() + static_cast<std::ptrdiff_t>(end) - 3);
+    shorter.erase(shorter.begin() + static_cast<std::ptrdiff_t>(begin) + 5,
+                  shorter.begin() + static_cast<std::ptrdiff_t>(end) - 3);
     expectRecovery(shorter, without(holds), true);
 }
 

@@ -13,7 +13,8 @@ TemporaryFolder::TemporaryFolder()
     wchar_t temporary[MAX_PATH];
     GetTempPathW(MAX_PATH, temporary);
     static int number = 0;
-    path_ = std::wstring(temporary) + L"convid-" + std::to_wstring(GetCurrentProcessId()) + L"-" + std::to_wstring(++number);
+    path_ = std::wstring(temporary) + L"convid-" + std::to_wstring(GetCurrentProcessId()) + L"-" +
+            std::to_wstring(++number);
     CreateDirectoryW(path_.c_str(), nullptr);
 }
 
@@ -48,8 +49,8 @@ void TemporaryFolder::clear() const
 
 std::vector<std::uint8_t> contents(const std::wstring& path)
 {
-    const HANDLE file = CreateFileW(path.c_str(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr,
-                                    OPEN_EXISTING, 0, nullptr);
+    const HANDLE file =
+        CreateFileW(path.c_str(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr, OPEN_EXISTING, 0, nullptr);
     EXPECT_NE(file, INVALID_HANDLE_VALUE) << "cannot be read: error " << GetLastError();
     if (file == INVALID_HANDLE_VALUE) return {};
     std::vector<std::uint8_t> bytes(GetFileSize(file, nullptr));

@@ -51,7 +51,8 @@ Bytes ofNewerVersion(Bytes store)
     Bytes header = convid::fileHeader();
     header[versionAt] = 9;
     const std::uint32_t sum = convid::crc32(convid::ByteView(header).first(versionAt + 4));
-    for (std::size_t byte = 0; byte < 4; ++byte) header[versionAt + 4 + byte] = static_cast<std::uint8_t>(sum >> 8 * byte);
+    for (std::size_t byte = 0; byte < 4; ++byte)
+        header[versionAt + 4 + byte] = static_cast<std::uint8_t>(sum >> 8 * byte);
     std::copy(header.begin(), header.end(), store.begin());
     return store;
 }

@@ -184,8 +184,9 @@ int main(int argc, char** argv)
 {
     Options options;
     if (!read(options, argc, argv)) {
-        std::fprintf(stderr, "usage: deaths [--in outlook | lotus | both] [--seed N] [--each N] [--minutes N] [--only KIND] "
-                             "[--part I --of N] [--tell each]\n");
+        std::fprintf(stderr,
+                     "usage: deaths [--in outlook | lotus | both] [--seed N] [--each N] [--minutes N] [--only KIND] "
+                     "[--part I --of N] [--tell each]\n");
         return 2;
     }
     try {

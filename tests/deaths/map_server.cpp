@@ -63,7 +63,8 @@ std::vector<MapRecord> MapServer::records(std::int32_t application) const
         while (all.next(element)) {
             const Object record = element.object();
             if (record.get(L"typApplication").int32() == application)
-                found.push_back({record.get(L"idOrvel").text(), record.get(L"idAppli").text(), application, collection});
+                found.push_back(
+                    {record.get(L"idOrvel").text(), record.get(L"idAppli").text(), application, collection});
         }
     }
     return found;

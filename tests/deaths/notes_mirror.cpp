@@ -77,7 +77,8 @@ std::string NotesMirror::iniSections() const
 std::wstring NotesMirror::startingRecords() const
 {
     std::wstring text = L"[database]\nFile=names.nsf\n[view]\nName=Phones\nKey=Phone\nForm=Person\n" +
-                        person(L"903", knownNumber) + person(L"905", dottedNumber) + person(mappedContact, mappedNumber);
+                        person(L"903", knownNumber) + person(L"905", dottedNumber) +
+                        person(mappedContact, mappedNumber);
     text += L"[database]\nFile=calls.nsf\n[view]\nName=Calls\nKey=BeginDate\n";
     for (std::size_t n = 0; n < deaths::calls().size(); ++n) {
         const Call& call = deaths::calls()[n];
@@ -93,15 +94,15 @@ std::vector<MapRecord> NotesMirror::startingMap() const
     for (const Entry& entry : entries())
         if (entry.number == mappedNumber) map.push_back({entry.id, mappedContact, mapApplication(), 1});
     for (std::size_t n = 0; n < deaths::calls().size(); ++n)
-        if (deaths::calls()[n].isMirrored)
-            map.push_back({deaths::calls()[n].id, mirroredId(n), mapApplication(), 0});
+        if (deaths::calls()[n].isMirrored) map.push_back({deaths::calls()[n].id, mirroredId(n), mapApplication(), 0});
     return map;
 }
 
 std::vector<Mirror> NotesMirror::contacts() const
 {
     std::vector<Mirror> found;
-    for (const StoreRecord& record : documents(L"names.nsf")) found.push_back(mirror(record, valueOf(record, L"Phone")));
+    for (const StoreRecord& record : documents(L"names.nsf"))
+        found.push_back(mirror(record, valueOf(record, L"Phone")));
     return found;
 }
 

@@ -62,9 +62,9 @@ Mirror mirror(const StoreRecord& record, const std::wstring& key)
 std::wstring OutlookMirror::startingRecords() const
 {
     std::wstring text;
-    for (const auto& [number, id] : {std::pair(std::wstring(knownNumber), entryId(3)),
-                                     std::pair(std::wstring(L"01.00.05"), entryId(5)),
-                                     std::pair(std::wstring(mappedNumber), mappedContactId)})
+    for (const auto& [number, id] :
+         {std::pair(std::wstring(knownNumber), entryId(3)), std::pair(std::wstring(L"01.00.05"), entryId(5)),
+          std::pair(std::wstring(mappedNumber), mappedContactId)})
         text += L"[contact]\nEntryID=" + id + L"\nFirstName=Known\nLastName=Contact" + number.substr(5) +
                 L"\nBusinessTelephoneNumber=" + number + L"\n";
     for (std::size_t n = 0; n < deaths::calls().size(); ++n) {
@@ -83,8 +83,7 @@ std::vector<MapRecord> OutlookMirror::startingMap() const
     for (const Entry& entry : entries())
         if (entry.number == mappedNumber) map.push_back({entry.id, mappedContactId, mapApplication(), 1});
     for (std::size_t n = 0; n < deaths::calls().size(); ++n)
-        if (deaths::calls()[n].isMirrored)
-            map.push_back({deaths::calls()[n].id, mirroredId(n), mapApplication(), 0});
+        if (deaths::calls()[n].isMirrored) map.push_back({deaths::calls()[n].id, mirroredId(n), mapApplication(), 0});
     return map;
 }
 

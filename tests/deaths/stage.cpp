@@ -34,7 +34,8 @@ void Stage::require(bool holds, const char* failure)
     if (!holds) throw std::runtime_error(failure);
 }
 
-Stage::Stage(std::vector<const Groupware*> groupware) : groupware_(std::move(groupware)), partners_(1 + groupware_.size())
+Stage::Stage(std::vector<const Groupware*> groupware)
+    : groupware_(std::move(groupware)), partners_(1 + groupware_.size())
 {
     desk_.startSoftphone(softphoneStore());
     std::string names;
@@ -46,7 +47,8 @@ Stage::Stage(std::vector<const Groupware*> groupware) : groupware_(std::move(gro
     }
     desk::player::writeFile(desk_.iniFile(), "[Application]\r\ntype=" + names +
                                                  "\r\ntempo=0\r\ntempo1=0\r\n[AllApplication]\r\nNewContact=true\r\n"
-                                                 "Histo=true\r\nRepertory=true\r\n" + sections);
+                                                 "Histo=true\r\nRepertory=true\r\n" +
+                                                 sections);
     learn();
 }
 
@@ -137,9 +139,10 @@ void Stage::plan(const Trial& trial, const std::wstring& action)
     const auto isAlike = [&](const PartnerCall& other) {
         return other.kind == call.kind && automation::equalWithoutCase(other.member, call.member);
     };
-    const auto place = 1 + std::count_if(calls.begin(), calls.begin() + static_cast<std::ptrdiff_t>(trial.call), isAlike);
-    ask(trial.partner, L"fault on " + call.member + L" " + call.kind + L" at " + std::to_wstring(place) + L" " + action +
-                           (trial.after ? L" after" : L""));
+    const auto place =
+        1 + std::count_if(calls.begin(), calls.begin() + static_cast<std::ptrdiff_t>(trial.call), isAlike);
+    ask(trial.partner, L"fault on " + call.member + L" " + call.kind + L" at " + std::to_wstring(place) + L" " +
+                           action + (trial.after ? L" after" : L""));
 }
 
 State Stage::stateOf(const Groupware& groupware) const
@@ -251,8 +254,8 @@ Verdict Stage::attempt(const Trial& trial)
 std::wstring Stage::text(const Trial& trial) const
 {
     const PartnerCall& call = callsOf(trial.partner)[trial.call];
-    return trial.text() + L" call " + std::to_wstring(trial.call + 1) + L" of " +
-           nameOf(trial.partner) + L", " + call.text.substr(0, longestCall);
+    return trial.text() + L" call " + std::to_wstring(trial.call + 1) + L" of " + nameOf(trial.partner) + L", " +
+           call.text.substr(0, longestCall);
 }
 
 // What the mishap may double in that groupware: one at another's call nothing.

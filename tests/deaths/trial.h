@@ -20,8 +20,8 @@ struct Trial {
     // "Hublink dies before"
     std::wstring text() const
     {
-        static const wchar_t* const names[] = {L"Hublink dies",        L"the groupware dies", L"the softphone dies",
-                                               L"the map server dies", L"busy",               L"failure"};
+        static const wchar_t* const names[] = {
+            L"Hublink dies", L"the groupware dies", L"the softphone dies", L"the map server dies", L"busy", L"failure"};
         const bool isDeath = mishap != Mishap::busy && mishap != Mishap::fails;
         return std::wstring(names[static_cast<int>(mishap)]) + (!isDeath ? L" at" : after ? L" after" : L" before");
     }

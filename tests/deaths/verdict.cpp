@@ -13,8 +13,7 @@ class Judge {
 public:
     Judge(const State& state, const Groupware& groupware, const Permission& permission, const State* whole)
         : state_(state), groupware_(groupware), permission_(permission), whole_(whole)
-    {
-    }
+    {}
 
     Verdict verdict()
     {

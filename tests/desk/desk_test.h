@@ -87,8 +87,7 @@ protected:
 
     bool outlookIsAskedFor(const std::wstring& member)
     {
-        return desk::player::waitUntil(
-            [&] { return desk.outlook(L"calls").find(member) != std::wstring::npos; }, soon);
+        return desk::player::waitUntil([&] { return desk.outlook(L"calls").find(member) != std::wstring::npos; }, soon);
     }
 
     // Waits for a message box of the program with that text; answers it with OK.

@@ -9,7 +9,8 @@ protected:
     // The user opens a mail from that sender, in front of all windows; its universal identifier.
     std::wstring reads(const std::wstring& sender)
     {
-        const std::wstring mail = desk.notes(L"add mail\\anna.nsf\nForm=Memo\nSubject=New\nFrom=" + desk::escaped(sender));
+        const std::wstring mail =
+            desk.notes(L"add mail\\anna.nsf\nForm=Memo\nSubject=New\nFrom=" + desk::escaped(sender));
         desk.notes(L"open " + mail);
         desk.notes(L"front " + mail);
         return mail;
@@ -21,7 +22,9 @@ protected:
         for (int tick = 0; tick < 2; ++tick) {
             const std::wstring before = desk.notes(L"calls");
             PostMessageW(FindWindowW(L"Hublink", nullptr), WM_TIMER, documentTimer, 0);
-            const auto begins = [&] { return count(desk.notes(L"calls"), databaseAsked) > count(before, databaseAsked); };
+            const auto begins = [&] {
+                return count(desk.notes(L"calls"), databaseAsked) > count(before, databaseAsked);
+            };
             ASSERT_TRUE(desk::player::waitUntil(begins, soon));
         }
         ASSERT_TRUE(desk::player::waitUntil([] { return idle(); }, soon));
@@ -47,7 +50,8 @@ protected:
         std::size_t found = 0;
         for (const auto& log : desk::parseStore(desk.notes(L"documents connector.nsf")))
             if (const std::wstring* body = log.find(L"Body"))
-                for (const std::wstring& line : desk::linesOf(*body)) found += line.find(L"Error acces") != std::wstring::npos;
+                for (const std::wstring& line : desk::linesOf(*body))
+                    found += line.find(L"Error acces") != std::wstring::npos;
         return found;
     }
 
@@ -77,7 +81,9 @@ TEST_F(WithNotes, MailInFrontInTheFrameOfASecondProcess_GetsItsSendersNumber)
     const std::wstring mail = reads(L"claire.petit@example.com");
     DWORD inFront = 0;
     ASSERT_TRUE(desk::player::waitUntil(
-        [&] { return GetWindowThreadProcessId(GetForegroundWindow(), &inFront) && inFront != desk.notesProcess().id(); },
+        [&] {
+            return GetWindowThreadProcessId(GetForegroundWindow(), &inFront) && inFront != desk.notesProcess().id();
+        },
         soon));
     documentTick();
     EXPECT_EQ(numberOf(mail), L"4711");

@@ -116,7 +116,9 @@ TEST_F(OutlookAtTheDesk, CallersWithStrangeNumbers_GetOneContactEach_AndNobodyEl
     desk.setDefault("AllApplication", "NewContact", "true");
     start(people);
     std::size_t expected = 2;
-    for (const wchar_t* number : {L"0'or[LastName]>'", L"01'23", L"\"", L"[LastName]", L"*", L"01\x01" L"23"}) {
+    for (const wchar_t* number : {L"0'or[LastName]>'", L"01'23", L"\"", L"[LastName]", L"*",
+                                  L"01\x01"
+                                  L"23"}) {
         ++expected;
         for (int call = 0; call < 2; ++call) {
             desk.outlook(L"close-windows");
@@ -131,7 +133,8 @@ TEST_F(OutlookAtTheDesk, CallersWithStrangeNumbers_GetOneContactEach_AndNobodyEl
 TEST_F(OutlookAtTheDesk, KnownUnderDotsBehindAThousandOthers_IsShown_AndNoContactIsWalkedOver)
 {
     std::string records;
-    for (int n = 0; n < 1000; ++n) records += "[contact]\nLastName=Other\nHomeTelephoneNumber=08." + std::to_string(1000 + n) + "\n";
+    for (int n = 0; n < 1000; ++n)
+        records += "[contact]\nLastName=Other\nHomeTelephoneNumber=08." + std::to_string(1000 + n) + "\n";
     start(records + std::string(people));
     desk.outlook(L"clear");
     ring(L"0456");

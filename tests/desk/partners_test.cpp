@@ -30,7 +30,8 @@ protected:
         return found;
     }
 
-    bool serves() {
+    bool serves()
+    {
         desk.outlook(L"close-windows");
         ring(L"Number=0123 Incoming=true");
         return desk.outlookShows(L"Marc Durand - Contact");
@@ -57,7 +58,8 @@ TEST_F(Partners, OutlookBusyForAWhile_TheCallIsServedAllTheSame)
     start(people);
     desk.outlook(L"fault on Items.Find at 1 busy 4");
     desk.outlook(L"fault on ContactItem.Display at 1 busy 3");
-    EXPECT_TRUE(serves()) << "Outlook was asked:\n" << desk::utf8(desk.outlook(L"record")) << "\nthe softphone:\n"
+    EXPECT_TRUE(serves()) << "Outlook was asked:\n"
+                          << desk::utf8(desk.outlook(L"record")) << "\nthe softphone:\n"
                           << desk::utf8(desk.softphone(L"record"));
 }
 
@@ -110,7 +112,8 @@ TEST_F(Partners, CallObjectsOfTheWrongShape_EndQuietly_AndTheNextCallIsServed)
         desk.softphone(fault);
         ring(L"Number=0123 Incoming=true");
         EXPECT_TRUE(desk::player::waitUntil(
-            [&, asked = member + std::wstring(L" get")] { return timesAsked(desk.softphone(L"calls"), asked) > 0; }, soon))
+            [&, asked = member + std::wstring(L" get")] { return timesAsked(desk.softphone(L"calls"), asked) > 0; },
+            soon))
             << desk::utf8(fault) << " was not met";
         desk.softphone(L"fault off");
         desk.softphone(L"answer off");

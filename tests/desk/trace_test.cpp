@@ -112,8 +112,8 @@ TEST_F(Trace, InitialisationWithinTheBoxOfAnEntry_FindsItUnmapped_AndItsContactI
     EXPECT_TRUE(boxShows(L"First Init Outlook"));
     EXPECT_TRUE(boxShows(L"Start Connector Initialization"));
     EXPECT_TRUE(boxShows(L"Start repertory Synchronisation "));
-    EXPECT_TRUE(desk::player::waitUntil(
-        [&] { return desk::player::messageBoxes(L"Hublink").at(0).window != firstBox; }, soon));
+    EXPECT_TRUE(
+        desk::player::waitUntil([&] { return desk::player::messageBoxes(L"Hublink").at(0).window != firstBox; }, soon));
     EXPECT_TRUE(boxShows(entryLine)) << "the entry is not mapped yet";
     EXPECT_TRUE(boxShows(L"Repertory Synchronisation Ok"));
     EXPECT_TRUE(boxShows(L"Connector Initialization  Ok"));

@@ -9,10 +9,7 @@ using automation::Object;
 
 class BehaviourTest : public NotesTest {
 protected:
-    VARTYPE typeOf(const wchar_t* item)
-    {
-        return person(L"Durand").get(L"GetItemValue", {item}).type();
-    }
+    VARTYPE typeOf(const wchar_t* item) { return person(L"Durand").get(L"GetItemValue", {item}).type(); }
 
     Object local() { return session().get(L"GetDatabase", {L"", L"local.nsf"}).object(); }
 };
@@ -93,8 +90,8 @@ TEST_F(BehaviourTest, PathOfALocalDatabase_IsCompleteBelowTheDataFolder_WhileItI
 
 TEST_F(BehaviourTest, Store_KeepsThem)
 {
-    for (const wchar_t* request : {L"arrays typed", L"server-name off", L"data-folder C:\\Data", L"missing text",
-                                   L"identifiers own"})
+    for (const wchar_t* request :
+         {L"arrays typed", L"server-name off", L"data-folder C:\\Data", L"missing text", L"identifiers own"})
         notes.ask(request);
     notes.load(desk::storeText(notes.model().records()));
     EXPECT_TRUE(notes.model().behaviour.typedArrays);

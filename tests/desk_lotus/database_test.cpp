@@ -50,8 +50,8 @@ TEST_F(DatabaseTest, MissingDatabase_IsAnObjectThatIsNotOpen_AndCannotBeUsed)
     EXPECT_EQ(missing.get(L"FilePath").text(), L"x\\y.nsf");
     EXPECT_EQ(missing.get(L"FileName").text(), L"y.nsf");
     EXPECT_EQ(missing.get(L"Title").text(), L"");
-    for (const wchar_t* member : {L"GetView", L"CreateDocument", L"GetDocumentByID", L"GetDocumentByUNID", L"IsFTIndexed",
-                                  L"LastModified"}) {
+    for (const wchar_t* member :
+         {L"GetView", L"CreateDocument", L"GetDocumentByID", L"GetDocumentByUNID", L"IsFTIndexed", L"LastModified"}) {
         const auto failure = failureOf([&] {
             if (std::wstring_view(member).starts_with(L"Get")) missing.get(member, {L"x"});
             else missing.get(member);

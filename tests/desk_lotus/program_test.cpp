@@ -20,8 +20,7 @@ class RunningNotes : public support::RunningPartner {
 public:
     explicit RunningNotes(std::string_view store = {})
         : RunningPartner({L"nlnotes.exe", L"nlnotes", L"Notes.NotesSession"}, store)
-    {
-    }
+    {}
 };
 
 constexpr std::string_view book = R"([environment]
@@ -114,7 +113,8 @@ TEST(NotesProgram, BothClasses_AreOneProcess_AndItsRecordsReachTheFile)
     EXPECT_EQ(currentName(), L"Bob Baker");
     EXPECT_TRUE(document.get(L"Save", {true, false}).truth());
     // Nobody asks: the file follows by itself.
-    EXPECT_TRUE(soon([&] { return support::readFile(notes.storeFile()).find("Name=Bob Baker\n") != std::string::npos; }));
+    EXPECT_TRUE(
+        soon([&] { return support::readFile(notes.storeFile()).find("Name=Bob Baker\n") != std::string::npos; }));
     session().call(L"SetEnvironmentVar", {L"Town", L"Rome"});
     EXPECT_TRUE(soon([&] { return support::readFile(notes.storeFile()).find("$Town=Rome\n") != std::string::npos; }));
 }
@@ -125,8 +125,9 @@ TEST(NotesProgram, ArraysAndObjects_CrossTheProcessBoundary)
     const Object marc = person(L"marc durand");
     EXPECT_EQ(marc.get(L"GetItemValue", {L"Phone"}).type(), VT_ARRAY | VT_VARIANT);
     EXPECT_EQ(automation::elementsOf(marc.get(L"Phone"))[0].text(), L"0612345678");
-    EXPECT_EQ(automation::elementsOf(people().get(L"GetNextDocument", {person(L"Ann Abel")}).object().get(L"Name"))[0].text(),
-              L"Marc Durand");
+    EXPECT_EQ(
+        automation::elementsOf(people().get(L"GetNextDocument", {person(L"Ann Abel")}).object().get(L"Name"))[0].text(),
+        L"Marc Durand");
     EXPECT_EQ(people().get(L"FTSearch", {L"[Phone] CONTAINS \"0612345678\"", std::int16_t{0}}).int32(), 1);
     const Object item = marc.get(L"GetFirstItem", {L"Phone"}).object();
     marc.get(L"ReplaceItemValue", {L"Copy", item});
@@ -239,7 +240,8 @@ TEST(NotesProgram, FrontAndBack_MoveTheForegroundForReal)
     EXPECT_TRUE(soon([&] { return GetForegroundWindow() == windowOf(L"Ann Abel"); }));
     EXPECT_EQ(currentName(), L"Ann Abel");
     EXPECT_EQ(notes.ask(L"show book.nsf"), L"ok");
-    EXPECT_TRUE(soon([&] { return GetForegroundWindow() == FindWindowW(L"DeskNotesMain", L"Book - People - Lotus Notes"); }));
+    EXPECT_TRUE(
+        soon([&] { return GetForegroundWindow() == FindWindowW(L"DeskNotesMain", L"Book - People - Lotus Notes"); }));
     EXPECT_EQ(currentName(), L"Nothing");
     EXPECT_EQ(notes.ask(L"back"), L"ok");
     EXPECT_TRUE(soon([&] { return !inFront(); }));

@@ -116,8 +116,8 @@ TEST(Query, OperatorInQuotes_IsAWord)
 TEST(Query, PunctuationAroundAWord_IsNotPartOfIt)
 {
     EXPECT_EQ(wordsOf(L"The end. \"Joan\" wrote: Marc's well-known (cat), x=1; 'y' - z"),
-              (std::vector<std::wstring>{L"the", L"end", L"joan", L"wrote", L"marc's", L"well-known", L"cat", L"x", L"1",
-                                         L"y", L"z"}));
+              (std::vector<std::wstring>{L"the", L"end", L"joan", L"wrote", L"marc's", L"well-known", L"cat", L"x",
+                                         L"1", L"y", L"z"}));
     EXPECT_TRUE(wordsOf(L" .. - \"\" ").empty());
 }
 
@@ -147,8 +147,9 @@ TEST(Query, Hits_AreCounted)
 
 TEST(Query, WhatMakesNoSense_IsRefused)
 {
-    for (const wchar_t* query : {L"", L"  ", L"\"open", L"[Phone", L"[Phone]", L"[Phone] CONTAINS", L"[Phone] CONTAINS \"\"",
-                                 L"cat OR", L"OR cat", L"(cat", L"cat)", L"cat [Phone] = x", L"[] = x", L"CONTAINS x",
-                                 L"[Phone] CONTAINS [Office]", L"NOT", L"[Phone] IS PRESENT x"})
+    for (const wchar_t* query :
+         {L"", L"  ", L"\"open", L"[Phone", L"[Phone]", L"[Phone] CONTAINS", L"[Phone] CONTAINS \"\"", L"cat OR",
+          L"OR cat", L"(cat", L"cat)", L"cat [Phone] = x", L"[] = x", L"CONTAINS x", L"[Phone] CONTAINS [Office]",
+          L"NOT", L"[Phone] IS PRESENT x"})
         EXPECT_TRUE(isBad(query)) << desk::utf8(query);
 }

@@ -132,8 +132,7 @@ TEST_F(ViewTest, NumbersAndDatesAsKeys_AreComparedAsSuch)
 {
     notes.load(L"[database]\nFile=n.nsf\n[view]\nName=V\nKey=K\n[document]\nK:number=20\n[document]\nK=20\n"
                L"[document]\nK:date=2023-03-15\n[document]\nK:number=-1.5\n");
-    const Object shown =
-        session().get(L"GetDatabase", {L"", L"n"}).object().get(L"GetView", {L"V"}).object();
+    const Object shown = session().get(L"GetDatabase", {L"", L"n"}).object().get(L"GetView", {L"V"}).object();
     const auto idOf = [&](const Value& key) {
         const Object found = shown.get(L"GetDocumentByKey", {key, true}).object();
         return found ? found.get(L"NoteID").text() : L"Nothing";
@@ -184,8 +183,9 @@ TEST_F(ViewTest, NextOfADocumentThatIsNotThere_IsAnError)
     const Object shown = view(L"People");
     const Object memo = view(L"($Phones)").get(L"GetLastDocument").object();
     EXPECT_TRUE(memo);
-    EXPECT_EQ(failureOf([&] { shown.get(L"GetNextDocument", {contacts().get(L"GetDocumentByID", {L"8FE"})}); }).source(),
-              L"Lotus Notes");
+    EXPECT_EQ(
+        failureOf([&] { shown.get(L"GetNextDocument", {contacts().get(L"GetDocumentByID", {L"8FE"})}); }).source(),
+        L"Lotus Notes");
     EXPECT_NE(failureOf([&] { shown.get(L"GetNextDocument", {Object()}); }).code(), S_OK);
     const Object ann = person(L"Abel");
     notes.ask(L"delete 8FA@books\\contacts.nsf");

@@ -12,7 +12,10 @@ protected:
         return workspace().get(L"EditDocument", {edit, document}).object();
     }
 
-    Object compose() { return workspace().get(L"ComposeDocument", {L"Mail1/Paris/Acme", L"books\\contacts.nsf", L"Person"}).object(); }
+    Object compose()
+    {
+        return workspace().get(L"ComposeDocument", {L"Mail1/Paris/Acme", L"books\\contacts.nsf", L"Person"}).object();
+    }
 
     Object current() { return workspace().get(L"CurrentDocument").object(); }
 
@@ -84,8 +87,7 @@ TEST_F(WorkspaceTest, EditDocument_OfADisplayedDocument_WithoutANewInstance_Brin
     display(person(L"Durand"), false);
     display(person(L"Abel"), false);
     EXPECT_EQ(windows(), L"Marc Durand;Ann Abel*;");
-    const Object again =
-        workspace().get(L"EditDocument", {true, person(L"Durand"), false, L"", true, false}).object();
+    const Object again = workspace().get(L"EditDocument", {true, person(L"Durand"), false, L"", true, false}).object();
     EXPECT_EQ(windows(), L"Marc Durand*;Ann Abel;");
     EXPECT_TRUE(again.get(L"EditMode").truth());
 }
@@ -109,7 +111,8 @@ TEST_F(WorkspaceTest, UserLooksAtAView_NoDocumentIsCurrent)
     notes.ask(L"show local.nsf");
     EXPECT_FALSE(current());
     EXPECT_EQ(windows(), L"Marc Durand;");
-    EXPECT_EQ(workspace().get(L"CurrentDatabase").object().get(L"Database").object().get(L"FilePath").text(), L"local.nsf");
+    EXPECT_EQ(workspace().get(L"CurrentDatabase").object().get(L"Database").object().get(L"FilePath").text(),
+              L"local.nsf");
     EXPECT_FALSE(workspace().get(L"CurrentView").object()) << "this database has none";
     notes.ask(L"show books\\contacts.nsf ($phones)");
     const Object shown = workspace().get(L"CurrentView").object();
@@ -319,7 +322,8 @@ TEST_F(WorkspaceTest, OpenDatabase_ShowsItsView_AndAddsTheIcon)
     EXPECT_EQ(notes.ask(L"icons"), L"CN=Mail1/OU=Paris/O=Acme!!books\\contacts.nsf\thighlighted") << "temporarily";
     EXPECT_EQ(failureOf([&] { workspace().call(L"OpenDatabase", {L"", L"local.nsf", L"People"}); }).description(),
               L"Cannot locate view: People");
-    EXPECT_EQ(failureOf([&] { workspace().call(L"OpenDatabase", {L"", L"no.nsf"}); }).description(), L"File does not exist");
+    EXPECT_EQ(failureOf([&] { workspace().call(L"OpenDatabase", {L"", L"no.nsf"}); }).description(),
+              L"File does not exist");
     workspace().get(L"CurrentDatabase").object();
     notes.ask(L"show books\\contacts.nsf");
     workspace().get(L"CurrentDatabase").object().call(L"OpenView", {L"($Phones)"});

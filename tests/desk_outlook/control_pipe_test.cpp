@@ -34,8 +34,7 @@ TEST(ControlPipe, ManyRequests_EachGetsItsOwnAnswerThenTheNotice)
 {
     std::atomic<int> answered = 0;
     {
-        const desk::ControlPipe pipe(L"echo", [](const std::wstring& request) { return request; },
-                                     [&] { ++answered; });
+        const desk::ControlPipe pipe(L"echo", [](const std::wstring& request) { return request; }, [&] { ++answered; });
         for (int request = 0; request < 50; ++request)
             ASSERT_EQ(desk::ask(L"echo", std::to_wstring(request)), std::to_wstring(request));
     }
@@ -73,12 +72,13 @@ TEST(Ask, PartnerThatDoesNotAnswer_FailsInTime)
 {
     const HANDLE go = CreateEventW(nullptr, TRUE, FALSE, nullptr);
     {
-        const desk::ControlPipe pipe(L"slow",
-                                     [&](const std::wstring&) {
-                                         WaitForSingleObject(go, 5000);
-                                         return L"late";
-                                     },
-                                     [] {});
+        const desk::ControlPipe pipe(
+            L"slow",
+            [&](const std::wstring&) {
+                WaitForSingleObject(go, 5000);
+                return L"late";
+            },
+            [] {});
         EXPECT_EQ(failureOf(L"slow", L"ping", 300), "the partner \"slow\" did not answer in time");
         SetEvent(go);
         EXPECT_EQ(desk::ask(L"slow", L"again"), L"late") << "the pipe serves on after a client that left";

@@ -168,12 +168,13 @@ TEST_F(Control, Quit_IsCounted)
 TEST_F(Control, Settings_ComeBackTheSame_AndOnlyThoseThatAreNotUsual)
 {
     const std::wstring store = L"[outlook]\nVersion=2003\nGuard=deny 0x80040102\nMissingCell=null\n"
-                               L"LongestText=127\nRowOrder=reversed\nArrayShape=rows\nHiddenColumn=EntryID\nIdentifiers=4\nCreation=fails 200\n";
+                               L"LongestText=127\nRowOrder=reversed\nArrayShape=rows\nHiddenColumn="
+                               L"EntryID\nIdentifiers=4\nCreation=fails 200\n";
     outlook.load(store);
     EXPECT_EQ(desk::storeText(outlook.model().records()), store);
     for (const wchar_t* usual :
-         {L"version 2016", L"guard off", L"missingcell empty", L"longesttext 255", L"roworder folder", L"arrayshape columns",
-          L"hiddencolumn ", L"identifiers 0", L"creation works"})
+         {L"version 2016", L"guard off", L"missingcell empty", L"longesttext 255", L"roworder folder",
+          L"arrayshape columns", L"hiddencolumn ", L"identifiers 0", L"creation works"})
         EXPECT_EQ(outlook.ask(usual), L"ok");
     EXPECT_EQ(desk::storeText(outlook.model().records()), L"");
 }

@@ -129,8 +129,9 @@ TEST(FaultPlan, Hang_ForSomeTimeOrForEver)
 TEST(FaultPlan, Answer_OfEachKind)
 {
     const std::pair<const wchar_t*, VARTYPE> answers[] = {
-        {L"Nothing", VT_DISPATCH}, {L"EMPTY", VT_EMPTY}, {L"NULL", VT_NULL}, {L"ERROR 0x8004010F", VT_ERROR},
-        {L"I4 12", VT_I4}, {L"BOOL True", VT_BOOL}, {L"BSTR two\\nlines", VT_BSTR}, {L"BSTR", VT_BSTR}};
+        {L"Nothing", VT_DISPATCH},       {L"EMPTY", VT_EMPTY}, {L"NULL", VT_NULL},
+        {L"ERROR 0x8004010F", VT_ERROR}, {L"I4 12", VT_I4},    {L"BOOL True", VT_BOOL},
+        {L"BSTR two\\nlines", VT_BSTR},  {L"BSTR", VT_BSTR}};
     for (const auto& [value, type] : answers) {
         FaultPlan plan;
         plan.add(std::wstring(L"on Save answer ") + value);
@@ -165,8 +166,7 @@ TEST(FaultPlan, BadTexts_AreRefusedWithTheReason)
     EXPECT_EQ(refusal(L"at 1 busy after"), "\"after\" is no number (how often busy)");
     EXPECT_EQ(refusal(L"at 1 hang on"), "\"on\" is no number (milliseconds)");
     EXPECT_EQ(refusal(L"at 1 answer I4 x"), "\"x\" is no number (32-bit integer)");
-    const std::string unknownAnswer =
-        "fault: answer needs Nothing, EMPTY, NULL, ERROR, I4, BOOL or BSTR and its value";
+    const std::string unknownAnswer = "fault: answer needs Nothing, EMPTY, NULL, ERROR, I4, BOOL or BSTR and its value";
     EXPECT_EQ(refusal(L"at 1 answer"), unknownAnswer);
     EXPECT_EQ(refusal(L"at 1 answer BOOL yes"), unknownAnswer);
     EXPECT_EQ(refusal(L"at 1 answer Nothing at all"), unknownAnswer);

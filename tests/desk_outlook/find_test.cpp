@@ -91,10 +91,10 @@ TEST_F(Find, UnknownAndForbiddenFields_AreErrors)
 
 TEST_F(Find, TelephoneFields_MayAllBeSearched)
 {
-    for (const wchar_t* field : {L"AssistantTelephoneNumber", L"BusinessTelephoneNumber", L"CallbackTelephoneNumber",
-                                 L"CompanyMainTelephoneNumber", L"ISDNNumber", L"RadioTelephoneNumber",
-                                 L"Business2TelephoneNumber", L"CarTelephoneNumber", L"Home2TelephoneNumber",
-                                 L"HomeTelephoneNumber", L"MobileTelephoneNumber", L"OtherTelephoneNumber",
-                                 L"PrimaryTelephoneNumber", L"BusinessFaxNumber", L"PagerNumber"})
+    for (const wchar_t* field :
+         {L"AssistantTelephoneNumber", L"BusinessTelephoneNumber", L"CallbackTelephoneNumber",
+          L"CompanyMainTelephoneNumber", L"ISDNNumber", L"RadioTelephoneNumber", L"Business2TelephoneNumber",
+          L"CarTelephoneNumber", L"Home2TelephoneNumber", L"HomeTelephoneNumber", L"MobileTelephoneNumber",
+          L"OtherTelephoneNumber", L"PrimaryTelephoneNumber", L"BusinessFaxNumber", L"PagerNumber"})
         EXPECT_EQ(find(std::wstring(L"[") + field + L"] = '555'"), L"-") << desk::utf8(field);
 }

@@ -23,8 +23,7 @@ class RunningOutlook : public support::RunningPartner {
 public:
     explicit RunningOutlook(std::string_view store = {})
         : RunningPartner({L"OUTLOOK.exe", L"outlook", L"Outlook.Application"}, store)
-    {
-    }
+    {}
 };
 
 Object outlookObject()
@@ -81,7 +80,8 @@ TEST(OutlookProgram, Client_GetsTheRunningOne_AndItsRecordsReachTheFile)
               L"Marc Durand");
     newContact(application, L"Ann Abel").call(L"Save");
     // Nobody asks: the file follows by itself.
-    EXPECT_TRUE(soon([&] { return support::readFile(outlook.storeFile()).find("FullName=Ann Abel\n") != std::string::npos; }));
+    EXPECT_TRUE(
+        soon([&] { return support::readFile(outlook.storeFile()).find("FullName=Ann Abel\n") != std::string::npos; }));
     automation::Enumeration each(items);
     std::wstring names;
     for (Value item; each.next(item);) names += item.object().get(L"FullName").text() + L";";

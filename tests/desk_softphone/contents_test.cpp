@@ -21,12 +21,11 @@ std::string failureOf(const std::wstring& store)
 
 TEST(SoftphoneFields, Values_MayHoldBlanksQuotesAndLineEnds)
 {
-    const Fields fields = parseFields(
-        L" number=0123  last=\"O'Brien \\\"Jim\\\" \\\\ \\n=\"\tfirst=\"\"  incoming=true ");
-    EXPECT_EQ(fields, (Fields{{L"number", L"0123"},
-                              {L"last", L"O'Brien \"Jim\" \\ \n="},
-                              {L"first", L""},
-                              {L"incoming", L"true"}}));
+    const Fields fields =
+        parseFields(L" number=0123  last=\"O'Brien \\\"Jim\\\" \\\\ \\n=\"\tfirst=\"\"  incoming=true ");
+    EXPECT_EQ(
+        fields,
+        (Fields{{L"number", L"0123"}, {L"last", L"O'Brien \"Jim\" \\ \n="}, {L"first", L""}, {L"incoming", L"true"}}));
     EXPECT_EQ(parseFields(lineOf(fields)), fields);
 }
 

@@ -57,9 +57,8 @@ TEST_F(SoftphoneEvents, EachObject_TellsItsOwn_ByName)
 TEST_F(SoftphoneEvents, NewCall_CarriesTheCall)
 {
     Object call;
-    const Subscription subscription(line(), L"", {{L"onlinenewcall", [&](EventArguments arguments) {
-                                                       call = arguments.at(0).object();
-                                                   }}});
+    const Subscription subscription(
+        line(), L"", {{L"onlinenewcall", [&](EventArguments arguments) { call = arguments.at(0).object(); }}});
     softphone.ring({{L"0123", L"Weber", L"Max"}, true, L"99"});
     EXPECT_EQ(call.get(L"Number").text(), L"0123");
     EXPECT_EQ(call.get(L"LastName").text(), L"Weber");

@@ -1,5 +1,5 @@
-#include "automation/subscription.h"
 #include "automation/error.h"
+#include "automation/subscription.h"
 #include "desk/common/control_pipe.h"
 #include "desk/softphone/guids.h"
 #include "support/running_partner.h"
@@ -133,14 +133,13 @@ TEST_F(SoftphoneProcess, ClientsShareOneApplication)
 TEST_F(SoftphoneProcess, Call_ReachesTheClientWithItsFields)
 {
     std::wstring call;
-    const Subscription subscription(
-        application().get(10).object(), progId, {{L"OnLineNewCall", [&](EventArguments arguments) {
-                                                      const Object given = arguments.at(0).object();
-                                                      call = given.get(L"Number").text() + L"|" +
-                                                             given.get(L"LastName").text() + L"|" +
-                                                             (given.get(L"Incoming").truth() ? L"in" : L"out") + L"|" +
-                                                             given.get(L"DestinationNumber").text();
-                                                  }}});
+    const Subscription subscription(application().get(10).object(), progId,
+                                    {{L"OnLineNewCall", [&](EventArguments arguments) {
+                                          const Object given = arguments.at(0).object();
+                                          call = given.get(L"Number").text() + L"|" + given.get(L"LastName").text() +
+                                                 L"|" + (given.get(L"Incoming").truth() ? L"in" : L"out") + L"|" +
+                                                 given.get(L"DestinationNumber").text();
+                                      }}});
     EXPECT_EQ(tell(L"subscribers"), L"Application 0\nLine 1\nHistory 0\nAddressBook 0");
     tell(L"call number=0123 last=\"\x00C9mile \\\"X\\\"\" incoming=true destination=99");
     EXPECT_TRUE(waitFor([&] { return !call.empty(); }));
@@ -170,7 +169,8 @@ TEST_F(SoftphoneProcess, QuitCommand_DoesTheSame_AndTheSoftphoneCanBeStartedAgai
         EXPECT_EQ(softphone.process().exitCode(), 0u);
     }
     EXPECT_EQ(quits, 1);
-    EXPECT_NE(support::readFile(softphone.storeFile()).find("[entry]\nId=7.8\nNumber=\nLastName=Blanc\n"), std::string::npos);
+    EXPECT_NE(support::readFile(softphone.storeFile()).find("[entry]\nId=7.8\nNumber=\nLastName=Blanc\n"),
+              std::string::npos);
     softphone.start();
     EXPECT_EQ(application().get(12).object().get(4, {7L, 8L}).object().get(L"LastName").text(), L"Blanc");
 }

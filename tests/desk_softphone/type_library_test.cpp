@@ -39,13 +39,20 @@ using Members = std::map<std::wstring, DISPID>;
 TEST(SoftphoneTypeLibrary, Description_IsFoundUnderEachIdentifier)
 {
     const std::pair<GUID, const wchar_t*> names[] = {
-        {applicationClassId, L"Application"},     {lineClassId, L"Line"},
-        {historyClassId, L"History"},             {addressBookClassId, L"AddressBook"},
-        {applicationId, L"IPavexApplication"},    {userId, L"IPavexUser"},
-        {lineId, L"IPavexLine"},                  {historyId, L"IPavexHistory"},
-        {historyItemId, L"IPavexHistoryItem"},    {addressBookId, L"IPavexAddressBook"},
-        {lineEventsId, L"IPavexLineEvents"},      {applicationEventsId, L"IPavexApplicationEvents"},
-        {historyEventsId, L"IPavexHistoryEvents"}, {addressBookEventsId, L"IPavexAddressBookEvents"},
+        {applicationClassId, L"Application"},
+        {lineClassId, L"Line"},
+        {historyClassId, L"History"},
+        {addressBookClassId, L"AddressBook"},
+        {applicationId, L"IPavexApplication"},
+        {userId, L"IPavexUser"},
+        {lineId, L"IPavexLine"},
+        {historyId, L"IPavexHistory"},
+        {historyItemId, L"IPavexHistoryItem"},
+        {addressBookId, L"IPavexAddressBook"},
+        {lineEventsId, L"IPavexLineEvents"},
+        {applicationEventsId, L"IPavexApplicationEvents"},
+        {historyEventsId, L"IPavexHistoryEvents"},
+        {addressBookEventsId, L"IPavexAddressBookEvents"},
     };
     TypeLibrary library;
     for (const auto& [id, name] : names) EXPECT_EQ(nameOf(library.describe(id).get(), MEMBERID_NIL), name);

@@ -57,8 +57,9 @@ Found planted(const std::string& file, const std::string& included)
 TEST(Layering, ProjectsSources_KeepTheLayers)
 {
     const Files files = projectSources();
-    for (const char* known : {"src/shell/hublink.h", "src/softphone/pavex_interface.h", "src/outlook/initialisation.cpp",
-                              "src/common/host.h", "src/automation/object.h", "src/automation/server/dispatch.h"})
+    for (const char* known :
+         {"src/shell/hublink.h", "src/softphone/pavex_interface.h", "src/outlook/initialisation.cpp",
+          "src/common/host.h", "src/automation/object.h", "src/automation/server/dispatch.h"})
         EXPECT_TRUE(files.contains(known)) << known << " was not read";
     EXPECT_GT(std::count_if(files.begin(), files.end(),
                             [](const auto& file) { return !layering::includesOf(file.second).empty(); }),
@@ -68,7 +69,8 @@ TEST(Layering, ProjectsSources_KeepTheLayers)
 
 TEST(Layering, ArrowsDownwards_AreAllowed)
 {
-    for (const char* target : {"shell/log.h", "softphone/a.h", "outlook/a.h", "lotus/a.h", "common/a.h", "automation/a.h"})
+    for (const char* target :
+         {"shell/log.h", "softphone/a.h", "outlook/a.h", "lotus/a.h", "common/a.h", "automation/a.h"})
         EXPECT_EQ(planted("src/shell/x.cpp", target), Found{}) << target;
     for (const char* target : {"softphone/a.h", "outlook/a.h", "lotus/a.h", "common/a.h", "automation/a.h"})
         EXPECT_EQ(planted("src/softphone/x.cpp", target), Found{}) << target;
@@ -83,10 +85,14 @@ TEST(Layering, ArrowsDownwards_AreAllowed)
 TEST(Layering, ArrowsUpwards_AreNoticed)
 {
     const std::pair<const char*, const char*> upwards[] = {
-        {"src/softphone/x.cpp", "shell/hublink.h"}, {"src/outlook/x.h", "softphone/a.h"},
-        {"src/lotus/x.h", "softphone/a.h"},         {"src/outlook/x.cpp", "shell/a.h"},
-        {"src/common/x.cpp", "outlook/a.h"},        {"src/common/x.h", "lotus/a.h"},
-        {"src/common/x.h", "shell/a.h"},            {"src/automation/x.cpp", "common/a.h"},
+        {"src/softphone/x.cpp", "shell/hublink.h"},
+        {"src/outlook/x.h", "softphone/a.h"},
+        {"src/lotus/x.h", "softphone/a.h"},
+        {"src/outlook/x.cpp", "shell/a.h"},
+        {"src/common/x.cpp", "outlook/a.h"},
+        {"src/common/x.h", "lotus/a.h"},
+        {"src/common/x.h", "shell/a.h"},
+        {"src/automation/x.cpp", "common/a.h"},
         {"src/automation/server/x.cpp", "shell/a.h"},
     };
     for (const auto& [file, included] : upwards)
@@ -96,8 +102,8 @@ TEST(Layering, ArrowsUpwards_AreNoticed)
 TEST(Layering, ArrowsAcross_AreNoticed)
 {
     const std::pair<const char*, const char*> across[] = {
-        {"src/outlook/x.cpp", "lotus/a.h"},    {"src/lotus/x.cpp", "outlook/a.h"},
-        {"src/convid/x.cpp", "common/a.h"},    {"src/shell/x.cpp", "convid/a.h"},
+        {"src/outlook/x.cpp", "lotus/a.h"},     {"src/lotus/x.cpp", "outlook/a.h"},
+        {"src/convid/x.cpp", "common/a.h"},     {"src/shell/x.cpp", "convid/a.h"},
         {"desk/softphone/x.cpp", "common/a.h"}, {"desk/outlook/x.cpp", "outlook/a.h"},
         {"src/shell/x.cpp", "desk/common/a.h"}, {"src/automation/x.cpp", "desk/common/a.h"},
     };
@@ -119,8 +125,9 @@ TEST(Layering, FileOutsideTheRooms_IsNoticed)
 
 TEST(Layering, HeadersThatIncludeEachOther_AreNoticed)
 {
-    EXPECT_EQ(violations({{"src/common/a.h", "#include \"common/b.h\"\n"}, {"src/common/b.h", "#include \"common/a.h\"\n"}}),
-              Found{"circle: common/a.h > common/b.h > common/a.h"});
+    EXPECT_EQ(
+        violations({{"src/common/a.h", "#include \"common/b.h\"\n"}, {"src/common/b.h", "#include \"common/a.h\"\n"}}),
+        Found{"circle: common/a.h > common/b.h > common/a.h"});
 }
 
 TEST(Layering, HeadersThatIncludeEachOtherOnADetour_AreNoticed)
@@ -143,7 +150,8 @@ TEST(Layering, TwoWaysToTheSameHeader_AreNoCircle)
 
 TEST(Layering, IncludeLines_AreReadInEverySpelling)
 {
-    EXPECT_EQ(layering::includesOf("#include \"a.h\"\r\n  #  include\t\"b.h\" // why\n#include <c.h>\n// #include \"d.h\"\n"
-                                   "#include \"e.h\""),
-              (Found{"a.h", "b.h", "e.h"}));
+    EXPECT_EQ(
+        layering::includesOf("#include \"a.h\"\r\n  #  include\t\"b.h\" // why\n#include <c.h>\n// #include \"d.h\"\n"
+                             "#include \"e.h\""),
+        (Found{"a.h", "b.h", "e.h"}));
 }

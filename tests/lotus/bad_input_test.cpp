@@ -115,12 +115,44 @@ const std::vector<Sender>& senders()
 
 const std::vector<const wchar_t*>& numbers()
 {
-    static const std::vector<const wchar_t*> all{
-        L"\"", L"\"\"", L"06\"12", L"\" OR [Name] CONTAINS \"Zola", L"0299\" OR \"06", L"*", L"?", L"0*", L"02??",
-        L"*31#0299", L"#", L"-", L".", L" ", L"+", L"()", L"[]", L"[Phone] IS PRESENT", L"AND", L"OR", L"NOT", L"NOT 1",
-        L"anonymous", L"private", L"sip:claire@pbx.example", L"<sip:0299@pbx>;tag=1", L"'", L"0299'or[Name]>'",
-        L"0299;ext=1", L"0299,,,1", L"\\", L"%s%n", L"\r\n", L"\x01", L"0", L"00000000000000000000000000",
-        L"0299\u200B", L"\uFF10\uFF12\uFF19\uFF19"};
+    static const std::vector<const wchar_t*> all{L"\"",
+                                                 L"\"\"",
+                                                 L"06\"12",
+                                                 L"\" OR [Name] CONTAINS \"Zola",
+                                                 L"0299\" OR \"06",
+                                                 L"*",
+                                                 L"?",
+                                                 L"0*",
+                                                 L"02??",
+                                                 L"*31#0299",
+                                                 L"#",
+                                                 L"-",
+                                                 L".",
+                                                 L" ",
+                                                 L"+",
+                                                 L"()",
+                                                 L"[]",
+                                                 L"[Phone] IS PRESENT",
+                                                 L"AND",
+                                                 L"OR",
+                                                 L"NOT",
+                                                 L"NOT 1",
+                                                 L"anonymous",
+                                                 L"private",
+                                                 L"sip:claire@pbx.example",
+                                                 L"<sip:0299@pbx>;tag=1",
+                                                 L"'",
+                                                 L"0299'or[Name]>'",
+                                                 L"0299;ext=1",
+                                                 L"0299,,,1",
+                                                 L"\\",
+                                                 L"%s%n",
+                                                 L"\r\n",
+                                                 L"\x01",
+                                                 L"0",
+                                                 L"00000000000000000000000000",
+                                                 L"0299\u200B",
+                                                 L"\uFF10\uFF12\uFF19\uFF19"};
     return all;
 }
 

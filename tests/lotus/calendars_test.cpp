@@ -71,10 +71,8 @@ TEST_F(GroupCalendars, CallsOfNotes_InTheirOrder)
               (Lines{L"NotesSession.GetDatabase method (BSTR \"CN=Mail1/O=Acme\", BSTR \"mail\\\\anna.nsf\")",
                      L"NotesDatabase.GetView method (BSTR \"(GroupCalendarFolder)\")",
                      L"NotesView.FTSearch method (BSTR \"[Form] CONTAINS \"(GroupCalendar)\"\", I2 0)",
-                     L"NotesView.GetNthDocument method (I4 1)",
-                     L"NotesDocument.GetItemValue method (BSTR \"Members\")",
-                     L"NotesView.GetNthDocument method (I4 2)",
-                     L"NotesDocument.GetItemValue method (BSTR \"Members\")",
+                     L"NotesView.GetNthDocument method (I4 1)", L"NotesDocument.GetItemValue method (BSTR \"Members\")",
+                     L"NotesView.GetNthDocument method (I4 2)", L"NotesDocument.GetItemValue method (BSTR \"Members\")",
                      L"NotesUIWorkspace.EditDocument method (BOOL False, DISPATCH)"}));
 }
 
@@ -240,14 +238,15 @@ TEST_F(GroupCalendars, FailsAtAnyCall_EndsQuietly_WithNoMoreThanWasOpened)
     prepare();
     show();
     const std::size_t callsForTwo = callsMade(notes.recorder());
-    atEachCall(notes.recorder(), fails, prepare, [&] { show(); },
-                        [&](const std::wstring& call) {
-                            ++failures;
+    atEachCall(
+        notes.recorder(), fails, prepare, [&] { show(); },
+        [&](const std::wstring& call) {
+            ++failures;
                             // The last two calls are the second calendar and its members.
-                            const bool openedBefore = failures > callsForTwo - 2;
-                            const bool isOpened = openedBefore || asksForMail(call);
-                            EXPECT_EQ(shown(), isOpened ? Lines{first} : Lines{}) << desk::utf8(call);
-                        });
+            const bool openedBefore = failures > callsForTwo - 2;
+            const bool isOpened = openedBefore || asksForMail(call);
+            EXPECT_EQ(shown(), isOpened ? Lines{first} : Lines{}) << desk::utf8(call);
+        });
     EXPECT_EQ(failures, callsForTwo);
 }
 
@@ -258,8 +257,9 @@ TEST_F(GroupCalendars, NotesIsBusyAtAnyCall_NothingIsLost)
         open();
         sales = calendar(L"a", L"Members=Claire Petit/Acme");
     };
-    atEachCall(notes.recorder(), isBusy, prepare, [&] { show(); },
-                        [&](const std::wstring& call) { EXPECT_EQ(shown(), Lines{sales}) << desk::utf8(call); });
+    atEachCall(
+        notes.recorder(), isBusy, prepare, [&] { show(); },
+        [&](const std::wstring& call) { EXPECT_EQ(shown(), Lines{sales}) << desk::utf8(call); });
 }
 
 TEST_F(GroupCalendars, CalendarThatHasGoneMeanwhile_EndsIt_TheEarlierOnesStay)

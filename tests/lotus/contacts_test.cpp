@@ -27,8 +27,8 @@ protected:
     }
 };
 
-const Fields marc{{L"Form", L"Person"},       {L"Type", L"PersonType"}, {L"OfficePhoneNumber", L"012345"},
-                  {L"FirstName", L"Marc"},    {L"LastName", L"Durand"}, {L"FullName", L"Marc Durand"}};
+const Fields marc{{L"Form", L"Person"},    {L"Type", L"PersonType"}, {L"OfficePhoneNumber", L"012345"},
+                  {L"FirstName", L"Marc"}, {L"LastName", L"Durand"}, {L"FullName", L"Marc Durand"}};
 
 const Lines marcIsWritten{L"NotesSession.GetDatabase method (BSTR \"\", BSTR \"names.nsf\")",
                           L"NotesDatabase.CreateDocument method ()",
@@ -52,8 +52,8 @@ TEST_F(LotusContacts, Silent_IsWrittenAndSavedAtOnce_AndNotShown)
 {
     ready();
     const std::wstring noteId = create(false);
-    EXPECT_EQ(record(), marcIsWrittenThen({L"NotesDocument.Save method (BOOL True, BOOL True)",
-                                           L"NotesDocument.NoteID get ()"}));
+    EXPECT_EQ(record(),
+              marcIsWrittenThen({L"NotesDocument.Save method (BOOL True, BOOL True)", L"NotesDocument.NoteID get ()"}));
     EXPECT_EQ(contact(), marc);
     EXPECT_EQ(noteId, field(documents(ownBook)[0], L"@NoteID"));
     EXPECT_EQ(windows(), L"");
@@ -63,10 +63,9 @@ TEST_F(LotusContacts, Shown_IsOpenedForEditing_AndLeftForTheUserToSave)
 {
     ready();
     EXPECT_FALSE(create(true).empty());
-    EXPECT_EQ(record(),
-              marcIsWrittenThen({L"NotesUIWorkspace.OpenDatabase method (BSTR \"\", BSTR \"names.nsf\")",
-                                 L"NotesUIWorkspace.EditDocument method (BOOL True, DISPATCH)",
-                                 L"NotesDocument.NoteID get ()"}));
+    EXPECT_EQ(record(), marcIsWrittenThen({L"NotesUIWorkspace.OpenDatabase method (BSTR \"\", BSTR \"names.nsf\")",
+                                           L"NotesUIWorkspace.EditDocument method (BOOL True, DISPATCH)",
+                                           L"NotesDocument.NoteID get ()"}));
     EXPECT_EQ(field(documents(ownBook).at(0), L"@Unsaved"), L"True");
     EXPECT_EQ(windows(), L"New Person\tPerson\tunsaved\tedit\tfront");
     notes.ask(L"close-windows");
@@ -121,8 +120,12 @@ TEST_F(LotusContacts, NoNames_TheFullNameIsABlank)
 {
     ready();
     CreateContactDocument(session, {L"+33-1 23.x", L"", L""}, false);
-    EXPECT_EQ(contact(), (Fields{marc[0], marc[1], {L"OfficePhoneNumber", L"+33-123x"}, {L"FirstName", L""},
-                                 {L"LastName", L""}, {L"FullName", L" "}}));
+    EXPECT_EQ(contact(), (Fields{marc[0],
+                                 marc[1],
+                                 {L"OfficePhoneNumber", L"+33-123x"},
+                                 {L"FirstName", L""},
+                                 {L"LastName", L""},
+                                 {L"FullName", L" "}}));
 }
 
 TEST_F(LotusContacts, SelectedPersonalBook_IsTheOneWrittenTo)
@@ -133,9 +136,12 @@ TEST_F(LotusContacts, SelectedPersonalBook_IsTheOneWrittenTo)
     EXPECT_EQ(contact(), Fields{});
     const auto staff = documents(L"books\\company.nsf");
     ASSERT_EQ(staff.size(), 1u);
-    EXPECT_EQ(itemsOf(staff[0]),
-              (Fields{{L"Form", L"Employee"}, {L"Type", L"EmployeeType"}, {L"Phone", L"012345"},
-                      {L"GivenName", L"Marc"}, {L"Name", L"Durand"}, {L"WholeName", L"Marc Durand"}}));
+    EXPECT_EQ(itemsOf(staff[0]), (Fields{{L"Form", L"Employee"},
+                                         {L"Type", L"EmployeeType"},
+                                         {L"Phone", L"012345"},
+                                         {L"GivenName", L"Marc"},
+                                         {L"Name", L"Durand"},
+                                         {L"WholeName", L"Marc Durand"}}));
 }
 
 TEST_F(LotusContacts, NoPersonalBookOrNoSession_CreatesNothing)
@@ -170,22 +176,24 @@ TEST_F(LotusContacts, BookCannotBeOpened_FailsQuietly)
 TEST_F(LotusContacts, SilentFailsAtAnyCall_ResultIsEmpty_AndNothingIsSavedBeforeTheSave)
 {
     std::wstring noteId;
-    atEachCall(notes.recorder(), fails, [&] { again(); }, [&] { noteId = create(false); },
-                        [&](const std::wstring& call) {
-                            EXPECT_EQ(noteId, L"") << desk::utf8(call);
-                            const bool saved = call == L"NotesDocument.NoteID get ()";
-                            EXPECT_EQ(contact(), saved ? marc : Fields{}) << desk::utf8(call);
-                        });
+    atEachCall(
+        notes.recorder(), fails, [&] { again(); }, [&] { noteId = create(false); },
+        [&](const std::wstring& call) {
+            EXPECT_EQ(noteId, L"") << desk::utf8(call);
+            const bool saved = call == L"NotesDocument.NoteID get ()";
+            EXPECT_EQ(contact(), saved ? marc : Fields{}) << desk::utf8(call);
+        });
 }
 
 TEST_F(LotusContacts, NotesIsBusyAtAnyCall_NothingIsLost)
 {
     std::wstring noteId;
-    atEachCall(notes.recorder(), isBusy, [&] { again(); }, [&] { noteId = create(false); },
-                        [&](const std::wstring& call) {
-                            EXPECT_FALSE(noteId.empty()) << desk::utf8(call);
-                            EXPECT_EQ(contact(), marc) << desk::utf8(call);
-                        });
+    atEachCall(
+        notes.recorder(), isBusy, [&] { again(); }, [&] { noteId = create(false); },
+        [&](const std::wstring& call) {
+            EXPECT_FALSE(noteId.empty()) << desk::utf8(call);
+            EXPECT_EQ(contact(), marc) << desk::utf8(call);
+        });
 }
 
 TEST_F(LotusContacts, KnownCaller_IsShownForReading_AndNothingIsCreated)

@@ -126,10 +126,14 @@ TEST_F(CurrentCall, FailsAtAnyOtherCall_ResultIsEmpty_AndTheSaveIsWholeOrNone)
             isPlaceAsked |= isMail;
             const bool isFound = isMail || asksForMail(failed) || failed.find(L".CurrentView") != std::wstring::npos;
             EXPECT_EQ(number, searching || isFound ? L"0299" : L"") << desk::utf8(failed);
-            EXPECT_EQ(saved(historyBase, L"InfoSupdocNoteId"),
-                      isFound || isSaved ? noteIdOf(ownBook) : searching ? L"" : L"FFF") << desk::utf8(failed);
-            EXPECT_EQ(saved(historyBase, L"InfoSupBase"),
-                      isFound || isSaved ? L"names.nsf" : searching ? L"" : L"b.nsf") << desk::utf8(failed);
+            EXPECT_EQ(saved(historyBase, L"InfoSupdocNoteId"), isFound || isSaved ? noteIdOf(ownBook)
+                                                               : searching        ? L""
+                                                                                  : L"FFF")
+                << desk::utf8(failed);
+            EXPECT_EQ(saved(historyBase, L"InfoSupBase"), isFound || isSaved ? L"names.nsf"
+                                                          : searching        ? L""
+                                                                             : L"b.nsf")
+                << desk::utf8(failed);
             isSaved |= failed.find(L".Save ") != std::wstring::npos;
         });
     EXPECT_TRUE(isSaved);
@@ -142,11 +146,12 @@ TEST_F(CurrentCall, NotesIsBusyAtAnyCall_NothingIsLost)
         open();
         front(historyBase, call(L"0299", L"FFF"));
     };
-    atEachCall(notes.recorder(), isBusy, prepare, [&] { number = update(); },
-                        [&](const std::wstring& busy) {
-                            EXPECT_EQ(number, L"0299") << desk::utf8(busy);
-                            EXPECT_EQ(saved(historyBase, L"InfoSupdocNoteId"), noteIdOf(ownBook)) << desk::utf8(busy);
-                        });
+    atEachCall(
+        notes.recorder(), isBusy, prepare, [&] { number = update(); },
+        [&](const std::wstring& busy) {
+            EXPECT_EQ(number, L"0299") << desk::utf8(busy);
+            EXPECT_EQ(saved(historyBase, L"InfoSupdocNoteId"), noteIdOf(ownBook)) << desk::utf8(busy);
+        });
 }
 
 TEST_F(CurrentDocument, NothingInFront_EndsQuietly)

@@ -29,24 +29,27 @@ TEST_F(CurrentMail, CallsOfNotes_InTheirOrder)
     front(mailFile, std::wstring(fromClaire) + L"Tel=0300");
     session.bAlwaysVerifyPhoneNumber = true;
     update();
-    EXPECT_EQ(record(),
-              (Lines{L"NotesUIWorkspace.CurrentDatabase get ()", L"NotesUIDatabase.Database get ()",
-                     L"NotesUIWorkspace.CurrentView get ()", L"NotesDatabase.Server get ()",
-                     L"NotesDatabase.FilePath get ()", L"NotesUIWorkspace.CurrentDocument get ()",
-                     L"NotesUIDocument.Document get ()", L"NotesDocument.GetFirstItem method (BSTR \"Tel\")",
-                     L"NotesDocument.GetItemValue method (BSTR \"Tel\")",
-                     L"NotesDocument.GetItemValue method (BSTR \"From\")",
-                     L"NotesSession.GetDatabase method (BSTR \"\", BSTR \"names.nsf\")",
-                     L"NotesDatabase.GetView method (BSTR \"($Mails)\")",
-                     L"NotesView.GetDocumentByKey method (BSTR \"claire@example.com\", BOOL True)",
-                     L"NotesDocument.GetItemValue method (BSTR \"LastName\")",
-                     L"NotesDocument.GetItemValue method (BSTR \"FirstName\")",
-                     L"NotesDocument.GetItemValue method (BSTR \"OfficePhoneNumber\")",
-                     L"NotesUIDocument.EditMode get ()",
-                     L"NotesDocument.ReplaceItemValue method (BSTR \"Tel\", BSTR \"0299\")",
-                     L"NotesDocument.Save method (BOOL True, BOOL True)",
-                     L"NotesUIWorkspace.EditDocument method (BOOL False, DISPATCH)",
-                     L"NotesUIDocument.Close method ()"}));
+    EXPECT_EQ(record(), (Lines{L"NotesUIWorkspace.CurrentDatabase get ()",
+                               L"NotesUIDatabase.Database get ()",
+                               L"NotesUIWorkspace.CurrentView get ()",
+                               L"NotesDatabase.Server get ()",
+                               L"NotesDatabase.FilePath get ()",
+                               L"NotesUIWorkspace.CurrentDocument get ()",
+                               L"NotesUIDocument.Document get ()",
+                               L"NotesDocument.GetFirstItem method (BSTR \"Tel\")",
+                               L"NotesDocument.GetItemValue method (BSTR \"Tel\")",
+                               L"NotesDocument.GetItemValue method (BSTR \"From\")",
+                               L"NotesSession.GetDatabase method (BSTR \"\", BSTR \"names.nsf\")",
+                               L"NotesDatabase.GetView method (BSTR \"($Mails)\")",
+                               L"NotesView.GetDocumentByKey method (BSTR \"claire@example.com\", BOOL True)",
+                               L"NotesDocument.GetItemValue method (BSTR \"LastName\")",
+                               L"NotesDocument.GetItemValue method (BSTR \"FirstName\")",
+                               L"NotesDocument.GetItemValue method (BSTR \"OfficePhoneNumber\")",
+                               L"NotesUIDocument.EditMode get ()",
+                               L"NotesDocument.ReplaceItemValue method (BSTR \"Tel\", BSTR \"0299\")",
+                               L"NotesDocument.Save method (BOOL True, BOOL True)",
+                               L"NotesUIWorkspace.EditDocument method (BOOL False, DISPATCH)",
+                               L"NotesUIDocument.Close method ()"}));
 }
 
 TEST_F(CurrentMail, WithANumber_IsNeverLookedUpAgain_UnlessItShallBeVerified)
@@ -259,11 +262,12 @@ TEST_F(CurrentMail, NotesIsBusyAtAnyCall_NothingIsLost)
         open();
         front(mailFile, fromClaire);
     };
-    atEachCall(notes.recorder(), isBusy, prepare, [&] { number = update(); },
-                        [&](const std::wstring& busy) {
-                            EXPECT_EQ(number, L"0299") << desk::utf8(busy);
-                            EXPECT_EQ(saved(mailFile, L"Tel"), L"0299") << desk::utf8(busy);
-                        });
+    atEachCall(
+        notes.recorder(), isBusy, prepare, [&] { number = update(); },
+        [&](const std::wstring& busy) {
+            EXPECT_EQ(number, L"0299") << desk::utf8(busy);
+            EXPECT_EQ(saved(mailFile, L"Tel"), L"0299") << desk::utf8(busy);
+        });
 }
 
 // As the vendor's help has it: the path of a local database is complete, and

@@ -71,8 +71,11 @@ protected:
     }
 };
 
-const Lines fiveOfAnyCall{L"BSTR \"CallState\", I4 3)", L"BSTR \"In\", BOOL False)", L"BSTR \"Ack\", I2 0)",
-                          L"BSTR \"Begin\", DATE 2023-03-15 06:00:00)", L"BSTR \"End\", DATE 2023-03-15 12:00:00)",
+const Lines fiveOfAnyCall{L"BSTR \"CallState\", I4 3)",
+                          L"BSTR \"In\", BOOL False)",
+                          L"BSTR \"Ack\", I2 0)",
+                          L"BSTR \"Begin\", DATE 2023-03-15 06:00:00)",
+                          L"BSTR \"End\", DATE 2023-03-15 12:00:00)",
                           L"BSTR \"Kind\", BSTR \"Outgoing call answered\")"};
 
 Lines before(Lines lines, const Lines& more)
@@ -87,21 +90,25 @@ TEST_F(LotusHistory, CallWithoutANumber_CallsOfNotesInTheirOrder)
 {
     ready();
     const std::wstring noteId = create(call(L""));
-    EXPECT_EQ(record(),
-              (Lines{L"NotesDatabase.CreateDocument method ()", L"NotesDocument.Form put (BSTR \"Call\")",
-                     L"NotesDocument.Type put (BSTR \"CallType\")",
-                     L"NotesDocument.AppendItemValue method (BSTR \"CallState\", I4 3)",
-                     L"NotesDocument.AppendItemValue method (BSTR \"In\", BOOL False)",
-                     L"NotesDocument.AppendItemValue method (BSTR \"Ack\", I2 0)",
-                     L"NotesDocument.AppendItemValue method (BSTR \"Begin\", DATE 2023-03-15 06:00:00)",
-                     L"NotesDocument.AppendItemValue method (BSTR \"End\", DATE 2023-03-15 12:00:00)",
-                     L"NotesDocument.AppendItemValue method (BSTR \"Kind\", BSTR \"Outgoing call answered\")",
-                     L"NotesDocument.Save method (BOOL True, BOOL True)", L"NotesDocument.NoteID get ()",
-                     L"NotesUIWorkspace.CurrentDatabase get ()"}));
+    EXPECT_EQ(record(), (Lines{L"NotesDatabase.CreateDocument method ()", L"NotesDocument.Form put (BSTR \"Call\")",
+                               L"NotesDocument.Type put (BSTR \"CallType\")",
+                               L"NotesDocument.AppendItemValue method (BSTR \"CallState\", I4 3)",
+                               L"NotesDocument.AppendItemValue method (BSTR \"In\", BOOL False)",
+                               L"NotesDocument.AppendItemValue method (BSTR \"Ack\", I2 0)",
+                               L"NotesDocument.AppendItemValue method (BSTR \"Begin\", DATE 2023-03-15 06:00:00)",
+                               L"NotesDocument.AppendItemValue method (BSTR \"End\", DATE 2023-03-15 12:00:00)",
+                               L"NotesDocument.AppendItemValue method (BSTR \"Kind\", BSTR \"Outgoing call answered\")",
+                               L"NotesDocument.Save method (BOOL True, BOOL True)", L"NotesDocument.NoteID get ()",
+                               L"NotesUIWorkspace.CurrentDatabase get ()"}));
     EXPECT_EQ(noteId, field(documents(historyBase).at(0), L"@NoteID"));
-    EXPECT_EQ(saved(), (Fields{{L"Form", L"Call"}, {L"Type", L"CallType"}, {L"CallState:number", L"3"},
-                               {L"In:number", L"0"}, {L"Ack:number", L"0"}, {L"Begin:date", L"2023-03-15 06:00:00"},
-                               {L"End:date", L"2023-03-15 12:00:00"}, {L"Kind", L"Outgoing call answered"}}));
+    EXPECT_EQ(saved(), (Fields{{L"Form", L"Call"},
+                               {L"Type", L"CallType"},
+                               {L"CallState:number", L"3"},
+                               {L"In:number", L"0"},
+                               {L"Ack:number", L"0"},
+                               {L"Begin:date", L"2023-03-15 06:00:00"},
+                               {L"End:date", L"2023-03-15 12:00:00"},
+                               {L"Kind", L"Outgoing call answered"}}));
 }
 
 TEST_F(LotusHistory, CallWithoutANumber_GetsNoneOfTheSixItems_AndNobodyIsSearched)
@@ -109,8 +116,7 @@ TEST_F(LotusHistory, CallWithoutANumber_GetsNoneOfTheSixItems_AndNobodyIsSearche
     ready();
     add(L"names.nsf", L"Form=Person\nLastName=No number\nOfficePhoneNumber=");
     create(call(L""));
-    for (const wchar_t* item :
-         {L"Number", L"Last", L"First", L"InfoSupdocNoteId", L"InfoSupServer", L"InfoSupBase"})
+    for (const wchar_t* item : {L"Number", L"Last", L"First", L"InfoSupdocNoteId", L"InfoSupServer", L"InfoSupBase"})
         EXPECT_EQ(field(documents(historyBase).at(0), item), L"(none)") << desk::utf8(item);
     EXPECT_EQ(calls(L"NotesSession.GetDatabase method"), 0u);
 }
@@ -121,12 +127,11 @@ TEST_F(LotusHistory, KnownParty_HasTheBooksNames_AndTheLinkToItsDocument)
     addMarc();
     const std::wstring noteId = field(documents(L"names.nsf").at(0), L"@NoteID");
     create(call(L"0 1.23"));
-    EXPECT_EQ(appended(), before({L"BSTR \"Number\", BSTR \"0123\")", L"BSTR \"First\", BSTR \"Marc\")",
-                                  L"BSTR \"Last\", BSTR \"Durand\")",
-                                  L"BSTR \"InfoSupdocNoteId\", BSTR \"" + noteId + L"\")",
-                                  L"BSTR \"InfoSupServer\", BSTR \"\")",
-                                  L"BSTR \"InfoSupBase\", BSTR \"names.nsf\")"},
-                                 fiveOfAnyCall));
+    EXPECT_EQ(appended(),
+              before({L"BSTR \"Number\", BSTR \"0123\")", L"BSTR \"First\", BSTR \"Marc\")",
+                      L"BSTR \"Last\", BSTR \"Durand\")", L"BSTR \"InfoSupdocNoteId\", BSTR \"" + noteId + L"\")",
+                      L"BSTR \"InfoSupServer\", BSTR \"\")", L"BSTR \"InfoSupBase\", BSTR \"names.nsf\")"},
+                     fiveOfAnyCall));
 }
 
 TEST_F(LotusHistory, PartyOfTheSecondBook_IsLinkedToThatBook)
@@ -148,9 +153,8 @@ TEST_F(LotusHistory, UnknownParty_HasTheSoftphonesNames_AndAnEmptyLink)
     addMarc();
     create(call(L"0 4.56"));
     EXPECT_EQ(appended(), before({L"BSTR \"Number\", BSTR \"0456\")", L"BSTR \"First\", BSTR \"Softphone-First\")",
-                                  L"BSTR \"Last\", BSTR \"Softphone-Last\")",
-                                  L"BSTR \"InfoSupdocNoteId\", BSTR \"\")", L"BSTR \"InfoSupServer\", BSTR \"\")",
-                                  L"BSTR \"InfoSupBase\", BSTR \"\")"},
+                                  L"BSTR \"Last\", BSTR \"Softphone-Last\")", L"BSTR \"InfoSupdocNoteId\", BSTR \"\")",
+                                  L"BSTR \"InfoSupServer\", BSTR \"\")", L"BSTR \"InfoSupBase\", BSTR \"\")"},
                                  fiveOfAnyCall));
 }
 
@@ -271,10 +275,9 @@ TEST_F(LotusHistory, ViewCannotBeRefreshed_TheResultStays)
 {
     ready();
     notes.ask(L"show pavexhistory.nsf Calls");
-    for (const wchar_t* fails : {L"on NotesUIWorkspace.CurrentDatabase fail 0x80004005",
-                                 L"on NotesUIDatabase.Database fail 0x80004005",
-                                 L"on NotesDatabase.FileName fail 0x80004005",
-                                 L"on NotesUIWorkspace.ViewRefresh fail 0x80004005"}) {
+    for (const wchar_t* fails :
+         {L"on NotesUIWorkspace.CurrentDatabase fail 0x80004005", L"on NotesUIDatabase.Database fail 0x80004005",
+          L"on NotesDatabase.FileName fail 0x80004005", L"on NotesUIWorkspace.ViewRefresh fail 0x80004005"}) {
         fault(fails);
         const std::wstring noteId = create(call(L""));
         EXPECT_EQ(noteId, field(documents(historyBase).back(), L"@NoteID")) << desk::utf8(fails);
@@ -300,13 +303,14 @@ TEST_F(LotusHistory, FailsAtAnyCall_NothingIsSavedUntilTheSave_AndTheResultStays
     };
     bool isSaved = false;
     bool hasResult = false;
-    atEachCall(notes.recorder(), fails, prepare, [&] { noteId = create(call(L"")); },
-                        [&](const std::wstring& failed) {
-                            EXPECT_EQ(documents(historyBase).size(), isSaved ? 1u : 0u) << desk::utf8(failed);
-                            EXPECT_EQ(noteId.empty(), !hasResult) << desk::utf8(failed);
-                            hasResult |= failed.find(L".NoteID get") != std::wstring::npos;
-                            isSaved |= failed.find(L".Save method") != std::wstring::npos;
-                        });
+    atEachCall(
+        notes.recorder(), fails, prepare, [&] { noteId = create(call(L"")); },
+        [&](const std::wstring& failed) {
+            EXPECT_EQ(documents(historyBase).size(), isSaved ? 1u : 0u) << desk::utf8(failed);
+            EXPECT_EQ(noteId.empty(), !hasResult) << desk::utf8(failed);
+            hasResult |= failed.find(L".NoteID get") != std::wstring::npos;
+            isSaved |= failed.find(L".Save method") != std::wstring::npos;
+        });
     EXPECT_TRUE(hasResult);
 }
 
@@ -320,24 +324,25 @@ TEST_F(LotusHistory, SearchFailsAtAnyCall_TheCallIsSaved_UnderTheSoftphonesNames
     bool searching = false;
     std::size_t calls = 0;
     int mailAddresses = 0;
-    atEachCall(notes.recorder(), fails, prepare, [&] { noteId = create(call(L"0123")); },
-                        [&](const std::wstring& failed) {
-                            searching |= failed.starts_with(L"NotesSession.");
-                            searching &= failed.find(L".AppendItemValue") == std::wstring::npos;
-                            if (!searching) return;
-                            if (asksForMail(failed)) {
-                                EXPECT_EQ(field(documents(historyBase).at(0), L"Last"), L"Durand");
-                                ++mailAddresses;
-                                return;
-                            }
-                            ++calls;
-                            EXPECT_FALSE(noteId.empty()) << desk::utf8(failed);
-                            const auto document = documents(historyBase).at(0);
-                            EXPECT_EQ(field(document, L"Last"), L"Softphone-Last") << desk::utf8(failed);
-                            EXPECT_EQ(field(document, L"First"), L"Softphone-First") << desk::utf8(failed);
-                            EXPECT_EQ(field(document, L"InfoSupdocNoteId"), L"") << desk::utf8(failed);
-                            EXPECT_EQ(field(document, L"InfoSupBase"), L"") << desk::utf8(failed);
-                        });
+    atEachCall(
+        notes.recorder(), fails, prepare, [&] { noteId = create(call(L"0123")); },
+        [&](const std::wstring& failed) {
+            searching |= failed.starts_with(L"NotesSession.");
+            searching &= failed.find(L".AppendItemValue") == std::wstring::npos;
+            if (!searching) return;
+            if (asksForMail(failed)) {
+                EXPECT_EQ(field(documents(historyBase).at(0), L"Last"), L"Durand");
+                ++mailAddresses;
+                return;
+            }
+            ++calls;
+            EXPECT_FALSE(noteId.empty()) << desk::utf8(failed);
+            const auto document = documents(historyBase).at(0);
+            EXPECT_EQ(field(document, L"Last"), L"Softphone-Last") << desk::utf8(failed);
+            EXPECT_EQ(field(document, L"First"), L"Softphone-First") << desk::utf8(failed);
+            EXPECT_EQ(field(document, L"InfoSupdocNoteId"), L"") << desk::utf8(failed);
+            EXPECT_EQ(field(document, L"InfoSupBase"), L"") << desk::utf8(failed);
+        });
     EXPECT_GE(calls, 7u);
     EXPECT_EQ(mailAddresses, 2);
 }
@@ -354,11 +359,12 @@ TEST_F(LotusHistory, NotesIsBusyAtAnyCall_NothingIsLost)
     create(call(L"0123"));
     const Fields whole = saved();
     ASSERT_EQ(whole.size(), 14u);
-    atEachCall(notes.recorder(), isBusy, prepare, [&] { noteId = create(call(L"0123")); },
-                        [&](const std::wstring& busy) {
-                            EXPECT_FALSE(noteId.empty()) << desk::utf8(busy);
-                            EXPECT_EQ(saved(), whole) << desk::utf8(busy);
-                        });
+    atEachCall(
+        notes.recorder(), isBusy, prepare, [&] { noteId = create(call(L"0123")); },
+        [&](const std::wstring& busy) {
+            EXPECT_FALSE(noteId.empty()) << desk::utf8(busy);
+            EXPECT_EQ(saved(), whole) << desk::utf8(busy);
+        });
 }
 
 TEST_F(LotusHistory, SessionNotReady_AsksNotesNothing)
@@ -397,8 +403,8 @@ TEST_F(LotusHistory, SessionObjectIsGone_TheCallIsSaved_UnderTheSoftphonesNames)
 TEST_F(LotusHistory, ItemThatLacksAMember_FailsQuietly_AndNothingIsSaved)
 {
     ready();
-    for (const wchar_t* missing : {L"Number", L"LastName", L"FirstName", L"State", L"Incoming", L"Acknowledged",
-                                   L"BeginDate", L"EndDate"}) {
+    for (const wchar_t* missing :
+         {L"Number", L"LastName", L"FirstName", L"State", L"Incoming", L"Acknowledged", L"BeginDate", L"EndDate"}) {
         Members members = call(L"0456");
         members.erase(missing);
         EXPECT_EQ(create(members), L"") << desk::utf8(missing);

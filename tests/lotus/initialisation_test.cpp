@@ -116,8 +116,7 @@ TEST_F(LotusSessionTest, Initialisation_WritesTwoLinesAndTheDump_IntoANewLogDocu
                                   L"Type=\n"
                                   L"\n3/15/2023 12:00:00 PM Base Mail CN=Mail1/O=Acme mail\\akeller.nsf\n"
                                   L"Base Pavex History hs h.nsf hm");
-    EXPECT_EQ(session.LotusLogText,
-              L"Base Mail CN=Mail1/O=Acme mail\\akeller.nsf\nBase Pavex History hs h.nsf hm");
+    EXPECT_EQ(session.LotusLogText, L"Base Mail CN=Mail1/O=Acme mail\\akeller.nsf\nBase Pavex History hs h.nsf hm");
     EXPECT_EQ(trapped.errors, std::vector<std::string>{});
 }
 
@@ -147,8 +146,11 @@ TEST_F(LotusSessionTest, NotesRelease5_IsToldByTheVersionsExactText)
     const struct {
         const wchar_t* version;
         bool is5;
-    } versions[] = {{L"Release 5.0.8 |June 18, 2001", true}, {L"Build 2, Release 5", true},
-                    {L"Release 8.5.3|September 15, 2011", false}, {L"release 5.0", false}, {L"", false}};
+    } versions[] = {{L"Release 5.0.8 |June 18, 2001", true},
+                    {L"Build 2, Release 5", true},
+                    {L"Release 8.5.3|September 15, 2011", false},
+                    {L"release 5.0", false},
+                    {L"", false}};
     for (const auto& each : versions) {
         notes.model().version = each.version;
         session.NotesRelease5 = !each.is5;

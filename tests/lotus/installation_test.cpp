@@ -57,7 +57,8 @@ protected:
         const struct {
             const wchar_t* file;
             const wchar_t* sign;
-        } files[] = {{L"ConnectorIni.dll", L"dll "}, {L"pavexconnectorconfig.nsf", L"config "},
+        } files[] = {{L"ConnectorIni.dll", L"dll "},
+                     {L"pavexconnectorconfig.nsf", L"config "},
                      {L"pavexhistory.nsf", L"history "}};
         for (const auto& each : files)
             if (support::readFile(folder.file(std::wstring(name) + L"\\" + each.file)) == "ours") found += each.sign;

@@ -51,8 +51,7 @@ TEST_F(LotusLog, FirstLine_OpensADocument_WithItsItemsInOrder)
     WriteLotusLog(session, L"first");
     EXPECT_EQ(record(),
               (std::vector<std::wstring>{
-                  L"NotesDatabase.CreateDocument method ()",
-                  L"NotesDocument.Form put (BSTR \"Log\")",
+                  L"NotesDatabase.CreateDocument method ()", L"NotesDocument.Form put (BSTR \"Log\")",
                   L"NotesDocument.Type put (BSTR \"LogType\")",
                   L"NotesDocument.AppendItemValue method (BSTR \"From\", BSTR \"Connector Pavex \")",
                   L"NotesDocument.AppendItemValue method (BSTR \"Text\", BSTR \"\\n3/15/2023 12:00:00 PM first\")",
@@ -69,14 +68,14 @@ TEST_F(LotusLog, FurtherLine_StandsBelowTheOthers_InTheSameDocument)
     forgetCalls();
     host.time += 0.25;
     WriteLotusLog(session, L"second\nof two lines");
-    EXPECT_EQ(record(),
-              (std::vector<std::wstring>{
-                  L"NotesDocument.GetItemValue method (BSTR \"Text\")",
-                  L"NotesDocument.RemoveItem method (BSTR \"Text\")",
-                  L"NotesDocument.AppendItemValue method (BSTR \"Text\", BSTR \"\\n3/15/2023 12:00:00 PM first\\n"
-                  L"3/15/2023 6:00:00 PM second\\nof two lines\")",
-                  L"NotesDocument.AppendItemValue method (BSTR \"Finish\", DATE 2023-03-15 18:00:00)",
-                  L"NotesDocument.Save method (BOOL True, BOOL True)"}));
+    EXPECT_EQ(
+        record(),
+        (std::vector<std::wstring>{
+            L"NotesDocument.GetItemValue method (BSTR \"Text\")", L"NotesDocument.RemoveItem method (BSTR \"Text\")",
+            L"NotesDocument.AppendItemValue method (BSTR \"Text\", BSTR \"\\n3/15/2023 12:00:00 PM first\\n"
+            L"3/15/2023 6:00:00 PM second\\nof two lines\")",
+            L"NotesDocument.AppendItemValue method (BSTR \"Finish\", DATE 2023-03-15 18:00:00)",
+            L"NotesDocument.Save method (BOOL True, BOOL True)"}));
     ASSERT_EQ(documents(L"log.nsf").size(), 1u);
     const desk::StoreRecord document = documents(L"log.nsf")[0];
     EXPECT_EQ(field(document, L"Start:date"), L"2023-03-15 12:00:00");

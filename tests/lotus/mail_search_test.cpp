@@ -15,10 +15,7 @@ class LotusMailSearch : public LotusTest {
 protected:
     LotusMailSearch() { ready(); }
 
-    bool search(const std::wstring& mail, bool show = false)
-    {
-        return SearchByMail(session, mail, person, show);
-    }
+    bool search(const std::wstring& mail, bool show = false) { return SearchByMail(session, mail, person, show); }
 
     Lines callsOf(const std::wstring& member)
     {
@@ -50,14 +47,13 @@ TEST_F(LotusMailSearch, PersonInTheMailView_GivesTheFirstFilledNumber)
     EXPECT_EQ(phone, L"06.12") << "as it stands there";
     EXPECT_EQ(lastName, L"Durand");
     EXPECT_EQ(firstName, L"Marc");
-    EXPECT_EQ(record(),
-              (Lines{L"NotesSession.GetDatabase method (BSTR \"\", BSTR \"names.nsf\")",
-                     L"NotesDatabase.GetView method (BSTR \"($Mails)\")",
-                     L"NotesView.GetDocumentByKey method (BSTR \"marc.d@acme.fr\", BOOL True)",
-                     L"NotesDocument.GetItemValue method (BSTR \"LastName\")",
-                     L"NotesDocument.GetItemValue method (BSTR \"FirstName\")",
-                     L"NotesDocument.GetItemValue method (BSTR \"OfficePhoneNumber\")",
-                     L"NotesDocument.GetItemValue method (BSTR \"CellPhoneNumber\")"}));
+    EXPECT_EQ(record(), (Lines{L"NotesSession.GetDatabase method (BSTR \"\", BSTR \"names.nsf\")",
+                               L"NotesDatabase.GetView method (BSTR \"($Mails)\")",
+                               L"NotesView.GetDocumentByKey method (BSTR \"marc.d@acme.fr\", BOOL True)",
+                               L"NotesDocument.GetItemValue method (BSTR \"LastName\")",
+                               L"NotesDocument.GetItemValue method (BSTR \"FirstName\")",
+                               L"NotesDocument.GetItemValue method (BSTR \"OfficePhoneNumber\")",
+                               L"NotesDocument.GetItemValue method (BSTR \"CellPhoneNumber\")"}));
 }
 
 TEST_F(LotusMailSearch, MailWithDotsAndSpaces_IsLookedUpUnchanged_AndOnce)
@@ -139,7 +135,8 @@ TEST_F(LotusMailSearch, FailureAtEveryCall_IsLogged_AndTheOtherBookSearched)
         EXPECT_EQ(lastName, L"Zola") << n;
         EXPECT_EQ(lastLogLine(), n == count ? L"\n3/15/2023 12:00:00 PM no error"
                                             : L"\n3/15/2023 12:00:00 PM Error acces  names.nsf in "
-                                              L"SearchInPublicAdressBookByMail") << n;
+                                              L"SearchInPublicAdressBookByMail")
+            << n;
     }
 }
 

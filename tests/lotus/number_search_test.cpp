@@ -75,15 +75,14 @@ TEST_F(LotusNumberSearch, PhoneView_IsAskedInThisOrder)
 {
     add(L"names.nsf", durand);
     search(L"014567");
-    EXPECT_EQ(record(), (Lines{L"NotesSession.GetDatabase method (BSTR \"\", BSTR \"names.nsf\")",
-                               L"NotesDatabase.GetView method (BSTR \"($Phones)\")",
-                               keyed(L"014567"),
-                               L"NotesDocument.GetItemValue method (BSTR \"LastName\")",
-                               L"NotesDocument.GetItemValue method (BSTR \"FirstName\")",
-                               L"NotesDocument.GetItemValue method (BSTR \"FullName\")",
-                               L"NotesDocument.GetItemValue method (BSTR \"MailAddress\")",
-                               L"NotesDocument.GetItemValue method (BSTR \"InternetAddress\")",
-                               L"NotesDocument.NoteID get ()"}));
+    EXPECT_EQ(record(),
+              (Lines{L"NotesSession.GetDatabase method (BSTR \"\", BSTR \"names.nsf\")",
+                     L"NotesDatabase.GetView method (BSTR \"($Phones)\")", keyed(L"014567"),
+                     L"NotesDocument.GetItemValue method (BSTR \"LastName\")",
+                     L"NotesDocument.GetItemValue method (BSTR \"FirstName\")",
+                     L"NotesDocument.GetItemValue method (BSTR \"FullName\")",
+                     L"NotesDocument.GetItemValue method (BSTR \"MailAddress\")",
+                     L"NotesDocument.GetItemValue method (BSTR \"InternetAddress\")", L"NotesDocument.NoteID get ()"}));
 }
 
 TEST_F(LotusNumberSearch, NumberWithDotsAndSpaces_IsLookedUpWithoutThem_ThenUnchanged)
@@ -124,9 +123,8 @@ TEST_F(LotusNumberSearch, BookWithAMainViewOnly_IsSearchedByFullText_ForOneDocum
     EXPECT_TRUE(search(L"06.12"));
     EXPECT_EQ(person.LastName, L"Other") << "the first of the view";
     EXPECT_EQ(callsOf(L"NotesView.").back(), L"NotesView.GetFirstDocument method ()");
-    EXPECT_EQ(callsOf(L"NotesView.FTSearch"),
-              Lines{L"NotesView.FTSearch method (BSTR \"[Phone] CONTAINS \"0612\" OR "
-                    L"[Mobile] CONTAINS \"0612\"\", I2 1)"});
+    EXPECT_EQ(callsOf(L"NotesView.FTSearch"), Lines{L"NotesView.FTSearch method (BSTR \"[Phone] CONTAINS \"0612\" OR "
+                                                    L"[Mobile] CONTAINS \"0612\"\", I2 1)"});
     EXPECT_EQ(callsOf(L"NotesDatabase.GetView").back(), L"NotesDatabase.GetView method (BSTR \"Staff\")");
     EXPECT_EQ(book.Base, L"books\\company.nsf");
 }
@@ -215,7 +213,8 @@ TEST_F(LotusNumberSearch, MailAddressThatCannotBeRead_IsNone_AndThePersonIsFound
         fault(L"on NotesDocument.GetItemValue at " + std::wstring(*item == L'M' ? L"4" : L"5") + L" fail 0x80004005");
         EXPECT_TRUE(searchAndShow(L"014567")) << desk::utf8(item);
         EXPECT_EQ(record().at(*item == L'M' ? 6 : 7),
-                  L"NotesDocument.GetItemValue method (BSTR \"" + std::wstring(item) + L"\")") << "the one that failed";
+                  L"NotesDocument.GetItemValue method (BSTR \"" + std::wstring(item) + L"\")")
+            << "the one that failed";
         EXPECT_EQ(person.FullName + L"|" + person.Mail + L"|" + person.NoteId, L"Marc Durand||8F6") << desk::utf8(item);
         EXPECT_TRUE(notes.ask(L"windows").ends_with(L"\tread\tfront")) << desk::utf8(item);
     }
@@ -241,8 +240,8 @@ TEST_F(LotusNumberSearch, NumberThatNoQueryCanSay_IsAskedForByKeyOnly_AndNothing
 {
     add(company, L"Form=Employee\nName=Zola\nPhone=0612\n");
     const std::wstring before = lastLogLine();
-    for (const wchar_t* number : {L"06\"12", L"\"", L"06*", L"06??", L"*", L"#", L"-/-", L" . ",
-                                  L"x\" OR [Name] CONTAINS \"Zola"}) {
+    for (const wchar_t* number :
+         {L"06\"12", L"\"", L"06*", L"06??", L"*", L"#", L"-/-", L" . ", L"x\" OR [Name] CONTAINS \"Zola"}) {
         forgetCalls();
         EXPECT_FALSE(search(number)) << desk::utf8(number);
         EXPECT_GE(calls(L"NotesView.GetDocumentByKey method"), 1u) << desk::utf8(number);
@@ -354,11 +353,11 @@ TEST_F(LotusNumberSearch, ShownDocumentThatIsOpenAlready_TheOldCopyIsClosedAfter
 {
     notes.ask(L"open " + add(L"names.nsf", durand) + L" edit");
     EXPECT_TRUE(searchAndShow(L"014567"));
-    EXPECT_EQ(callsOf(L"NotesUI"), (Lines{L"NotesUIWorkspace.CurrentDocument get ()",
-                                          L"NotesUIDocument.Document get ()",
-                                          L"NotesUIWorkspace.OpenDatabase method (BSTR \"\", BSTR \"names.nsf\")",
-                                          L"NotesUIWorkspace.EditDocument method (BOOL False, DISPATCH)",
-                                          L"NotesUIDocument.Close method ()"}));
+    EXPECT_EQ(
+        callsOf(L"NotesUI"),
+        (Lines{L"NotesUIWorkspace.CurrentDocument get ()", L"NotesUIDocument.Document get ()",
+               L"NotesUIWorkspace.OpenDatabase method (BSTR \"\", BSTR \"names.nsf\")",
+               L"NotesUIWorkspace.EditDocument method (BOOL False, DISPATCH)", L"NotesUIDocument.Close method ()"}));
     const Lines windows = split(notes.ask(L"windows"), L'\n');
     ASSERT_EQ(windows.size(), 1u);
     EXPECT_TRUE(windows[0].ends_with(L"\tread\tfront")) << "the copy for reading, not the user's own";
@@ -465,7 +464,8 @@ TEST_F(LotusNumberSearch, TypedArrays_AreReadAsAnyOther)
 // What docs/settings.md recommends a view by telephone number for.
 TEST_F(LotusNumberSearch, PersonThatTheFullTextIndexDoesNotKnowYet_IsFoundByTheTelephoneViewOnly)
 {
-    notes.load(std::wstring(notesDatabases) + L"\n[database]\nFile=indexed.nsf\nFullTextIndex=True\n"
+    notes.load(std::wstring(notesDatabases) +
+               L"\n[database]\nFile=indexed.nsf\nFullTextIndex=True\n"
                L"[view]\nName=Main\nForm=Person\n[view]\nName=Phones\nKey=OfficePhoneNumber\nForm=Person\n");
     LotusAddressBook indexed = session.LotusAddressBooks[0];
     indexed.Base = L"indexed.nsf";

@@ -38,7 +38,8 @@ protected:
     // What the books tell of their last change, in seconds of another clock.
     void savedAt(int second)
     {
-        const std::wstring time = L" 2023-03-15 09:00:" + std::wstring(second < 10 ? L"0" : L"") + std::to_wstring(second);
+        const std::wstring time =
+            L" 2023-03-15 09:00:" + std::wstring(second < 10 ? L"0" : L"") + std::to_wstring(second);
         notes.ask(std::wstring(L"modified ") + ownBook + time);
         notes.ask(std::wstring(L"modified ") + company + time);
     }
@@ -259,9 +260,9 @@ TEST_F(LotusOpenBooks, NumberThatDecidesAboutANewContact_IsLookedForInTheViewAsI
     add(ownBook, L"Form=Person\nLastName=New\nOfficePhoneNumber=0612\n");
     forgetCalls();
     EXPECT_EQ(FindNoteIdInPersonalBook(session, L"0612"), L"8FA");
-    EXPECT_EQ(record(), (Lines{L"NotesDatabase.GetView method (BSTR \"($Phones)\")",
-                               L"NotesView.GetDocumentByKey method (BSTR \"0612\", BOOL True)",
-                               L"NotesDocument.NoteID get ()"}));
+    EXPECT_EQ(record(),
+              (Lines{L"NotesDatabase.GetView method (BSTR \"($Phones)\")",
+                     L"NotesView.GetDocumentByKey method (BSTR \"0612\", BOOL True)", L"NotesDocument.NoteID get ()"}));
 }
 
 TEST_F(LotusOpenBooks, SettingsThatAreReadAgain_LetNothingServe)
@@ -389,9 +390,9 @@ TEST_F(LotusOpenBooks, LastingFailure_HasTheOutcomeOfASessionInWhichNothingWasOp
         return name + L"|" + notes.ask(L"windows") + L"|" + lastLogLine();
     };
     for (const wchar_t* planned :
-         {L"on NotesDatabase.* fail 0x800706BA", L"on NotesView.* fail 0x800706BA", L"on NotesDocument.* fail 0x800706BA",
-          L"on NotesUIWorkspace.* fail 0x800706BA", L"on NotesView.GetDocumentByKey answer Nothing",
-          L"on NotesDocument.NoteID fail 0x80004005"})
+         {L"on NotesDatabase.* fail 0x800706BA", L"on NotesView.* fail 0x800706BA",
+          L"on NotesDocument.* fail 0x800706BA", L"on NotesUIWorkspace.* fail 0x800706BA",
+          L"on NotesView.GetDocumentByKey answer Nothing", L"on NotesDocument.NoteID fail 0x80004005"})
         EXPECT_EQ(after(true, planned), after(false, planned)) << desk::utf8(planned);
 }
 

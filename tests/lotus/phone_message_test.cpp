@@ -51,9 +51,12 @@ TEST_F(PhoneMessage, IsComposedInTheUsersMail_FieldByField_WithTheCursorInTheBod
                      L"NotesUIDocument.FieldSetText method (BSTR \"PhoneNumber\", BSTR \"01.23\")",
                      L"NotesUIDocument.FieldSetText method (BSTR \"PhoneReason\", BSTR \"T\")",
                      L"NotesUIDocument.GotoField method (BSTR \"Body\")"}));
-    EXPECT_EQ(message(), (Fields{{L"Form", L"Phone Message"}, {L"SendTo", L"claire@example.com"},
-                                 {L"PhoneCaller", L"Marc Durand"}, {L"PhoneNumber", L"01.23"},
-                                 {L"PhoneReason", L"T"}, {L"Body", L""}}));
+    EXPECT_EQ(message(), (Fields{{L"Form", L"Phone Message"},
+                                 {L"SendTo", L"claire@example.com"},
+                                 {L"PhoneCaller", L"Marc Durand"},
+                                 {L"PhoneNumber", L"01.23"},
+                                 {L"PhoneReason", L"T"},
+                                 {L"Body", L""}}));
     EXPECT_EQ(notes.model().workspace().current()->currentField->spelling, L"Body");
 }
 
@@ -163,11 +166,12 @@ TEST_F(PhoneMessage, FailsAtAnyCall_IsFalse_OrGoesToTheFullName_WhereTheMailAddr
         add(L"names.nsf", claire + std::wstring(L"FullName=C"));
     };
     int sentByName = 0;
-    atEachCall(notes.recorder(), fails, prepare, [&] { sent = send(); },
-                        [&](const std::wstring& call) {
-                            EXPECT_EQ(sent, asksForMail(call)) << desk::utf8(call);
-                            sentByName += sent && sendTo() == L"C";
-                        });
+    atEachCall(
+        notes.recorder(), fails, prepare, [&] { sent = send(); },
+        [&](const std::wstring& call) {
+            EXPECT_EQ(sent, asksForMail(call)) << desk::utf8(call);
+            sentByName += sent && sendTo() == L"C";
+        });
     EXPECT_EQ(sentByName, 2);
 }
 
@@ -178,14 +182,18 @@ TEST_F(PhoneMessage, NotesIsBusyAtAnyCall_NothingIsLost)
         again();
         add(L"names.nsf", claire + std::wstring(L"FullName=C"));
     };
-    atEachCall(notes.recorder(), isBusy, prepare, [&] { sent = send(); },
-                        [&](const std::wstring& call) {
-                            EXPECT_TRUE(sent) << desk::utf8(call);
-                            EXPECT_EQ(message(), (Fields{{L"Form", L"Phone Message"}, {L"SendTo", L"C"},
-                                                         {L"PhoneCaller", L"Marc Durand"}, {L"PhoneNumber", L"01.23"},
-                                                         {L"PhoneReason", L"T"}, {L"Body", L""}}))
-                                << desk::utf8(call);
-                        });
+    atEachCall(
+        notes.recorder(), isBusy, prepare, [&] { sent = send(); },
+        [&](const std::wstring& call) {
+            EXPECT_TRUE(sent) << desk::utf8(call);
+            EXPECT_EQ(message(), (Fields{{L"Form", L"Phone Message"},
+                                         {L"SendTo", L"C"},
+                                         {L"PhoneCaller", L"Marc Durand"},
+                                         {L"PhoneNumber", L"01.23"},
+                                         {L"PhoneReason", L"T"},
+                                         {L"Body", L""}}))
+                << desk::utf8(call);
+        });
 }
 
 }

@@ -200,8 +200,8 @@ TEST_F(LotusSettings, ServerNameMark_IsReplacedByTheSessionsServer_InTheBooksOnl
 TEST_F(LotusSettings, ServerNameThatNotesDoesNotTell_IsTheMailServer_AndTheReadingGoesOn)
 {
     session.MailServer = L"CN=Mail1/O=Acme";
-    const std::string ini = oneBook("base=a.nsf|<server name>|m|t|e\nLastName=Last") +
-                            "[lotus call log description]\nState=read\n";
+    const std::string ini =
+        oneBook("base=a.nsf|<server name>|m|t|e\nLastName=Last") + "[lotus call log description]\nState=read\n";
     const auto expectMailServer = [&](const char* why) {
         session.LotusAddressBooks.clear();
         session.LotusCallLog.State.clear();
@@ -364,35 +364,34 @@ TEST_F(LotusSettings, Dump_ListsEveryBook_AsOneEntryOfTheLog)
     session.LotusAddressBooks[1].PersonalAddressBook = true;
     session.NewLogDocument = true;
     DumpLotusAddressBooks(session);
-    EXPECT_EQ(field(documents(L"log.nsf").back(), L"Text"),
-              L"\n3/15/2023 12:00:00 PM Base 0\n"
-              "Server=\n"
-              "Base=names.nsf\n"
-              "Personnal Contacts selected\n"
-              "MainView=People\n"
-              "View (mail)=($Mails)\n"
-              "View (Tel)=($Phones)\n"
-              "FirstName=FirstName\n"
-              "LastName=LastName\n"
-              "FullName=FullName\n"
-              "PhoneNumber=OfficePhoneNumber CellPhoneNumber\n"
-              "Mail=MailAddress InternetAddress\n"
-              "Form=Person\n"
-              "Type=PersonType\n"
-              "Base 1\n"
-              "Server=CN=Mail1/O=Acme\n"
-              "Base=books\\company.nsf\n"
-              "Personnal Contacts\n"
-              "MainView=Staff\n"
-              "View (mail)=\n"
-              "View (Tel)=\n"
-              "FirstName=GivenName\n"
-              "LastName=Name\n"
-              "FullName=WholeName\n"
-              "PhoneNumber=Phone\n"
-              "Mail=Mail\n"
-              "Form=Employee\n"
-              "Type=EmployeeType\n");
+    EXPECT_EQ(field(documents(L"log.nsf").back(), L"Text"), L"\n3/15/2023 12:00:00 PM Base 0\n"
+                                                            "Server=\n"
+                                                            "Base=names.nsf\n"
+                                                            "Personnal Contacts selected\n"
+                                                            "MainView=People\n"
+                                                            "View (mail)=($Mails)\n"
+                                                            "View (Tel)=($Phones)\n"
+                                                            "FirstName=FirstName\n"
+                                                            "LastName=LastName\n"
+                                                            "FullName=FullName\n"
+                                                            "PhoneNumber=OfficePhoneNumber CellPhoneNumber\n"
+                                                            "Mail=MailAddress InternetAddress\n"
+                                                            "Form=Person\n"
+                                                            "Type=PersonType\n"
+                                                            "Base 1\n"
+                                                            "Server=CN=Mail1/O=Acme\n"
+                                                            "Base=books\\company.nsf\n"
+                                                            "Personnal Contacts\n"
+                                                            "MainView=Staff\n"
+                                                            "View (mail)=\n"
+                                                            "View (Tel)=\n"
+                                                            "FirstName=GivenName\n"
+                                                            "LastName=Name\n"
+                                                            "FullName=WholeName\n"
+                                                            "PhoneNumber=Phone\n"
+                                                            "Mail=Mail\n"
+                                                            "Form=Employee\n"
+                                                            "Type=EmployeeType\n");
 }
 
 TEST_F(LotusSettings, DumpOfABookThatIsNotPersonal_HasNoLineAboutIt)

@@ -30,12 +30,13 @@ protected:
 
 TEST(BuildPhoneFilter, ThirteenClausesInOrder_ToTheBlank)
 {
-    EXPECT_EQ(BuildPhoneFilter(L"012"),
-              L"[BusinessTelephoneNumber] = '012' or [AssistantTelephoneNumber] = '012' or "
-              L"[CallbackTelephoneNumber] = '012' or [CompanyMainTelephoneNumber] = '012' or [ISDNNumber] = '012' or "
-              L"[RadioTelephoneNumber] = '012' or [Business2TelephoneNumber] = '012' or [CarTelephoneNumber] = '012' or "
-              L"[Home2TelephoneNumber] = '012' or [HomeTelephoneNumber] = '012' or [MobileTelephoneNumber] = '012' or "
-              L"[OtherTelephoneNumber] = '012' or [PrimaryTelephoneNumber] = '012'");
+    EXPECT_EQ(
+        BuildPhoneFilter(L"012"),
+        L"[BusinessTelephoneNumber] = '012' or [AssistantTelephoneNumber] = '012' or "
+        L"[CallbackTelephoneNumber] = '012' or [CompanyMainTelephoneNumber] = '012' or [ISDNNumber] = '012' or "
+        L"[RadioTelephoneNumber] = '012' or [Business2TelephoneNumber] = '012' or [CarTelephoneNumber] = '012' or "
+        L"[Home2TelephoneNumber] = '012' or [HomeTelephoneNumber] = '012' or [MobileTelephoneNumber] = '012' or "
+        L"[OtherTelephoneNumber] = '012' or [PrimaryTelephoneNumber] = '012'");
 }
 
 TEST(BuildPhoneFilter, QuoteInTheNumber_IsDoubled_AndNothingElseIsTouched)
@@ -105,7 +106,8 @@ TEST_F(ContactLookup, NumberWithDashes_DoesNotMatchTheBareNumber)
 
 TEST_F(ContactLookup, TwoContactsWithTheNumber_TheWalkTakesTheFirstInFolderOrder)
 {
-    open(L"[contact]\nLastName=First\nCarTelephoneNumber=01.23\n[contact]\nLastName=Second\nCarTelephoneNumber=01 23\n");
+    open(
+        L"[contact]\nLastName=First\nCarTelephoneNumber=01.23\n[contact]\nLastName=Second\nCarTelephoneNumber=01 23\n");
     EXPECT_FALSE(find(L"0123").empty());
     EXPECT_EQ(lastName, L"First");
     EXPECT_EQ(field(L"contact", 1, L"CarTelephoneNumber"), L"01 23") << "the walk stops at the first";

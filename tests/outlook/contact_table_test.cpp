@@ -43,7 +43,8 @@ protected:
 std::wstring people(int number)
 {
     std::wstring records;
-    for (int n = 0; n < number; ++n) records += L"[contact]\nLastName=P\nHomeTelephoneNumber=5 5." + std::to_wstring(n) + L"\n";
+    for (int n = 0; n < number; ++n)
+        records += L"[contact]\nLastName=P\nHomeTelephoneNumber=5 5." + std::to_wstring(n) + L"\n";
     return records;
 }
 
@@ -315,8 +316,9 @@ TEST_F(ContactTable, ArrayWhoseShapeCannotBeTold_TheWalkRuns)
 
 TEST_F(ContactTable, NamedContactThatCannotBeRead_TheWalkRuns)
 {
-    for (const wchar_t* fault : {L"on ContactItem.* get from 1 fail 0x80004005", L"on NameSpace.GetItemFromID answer Nothing",
-                                 L"on NameSpace.GetItemFromID fail 0x8004010F"}) {
+    for (const wchar_t* fault :
+         {L"on ContactItem.* get from 1 fail 0x80004005", L"on NameSpace.GetItemFromID answer Nothing",
+          L"on NameSpace.GetItemFromID fail 0x8004010F"}) {
         openAs(Version::v2016, people(3) + personWith(L"9.9"));
         recorder.faults.add(fault);
         const bool isFound = walkFinds(L"99");
@@ -406,7 +408,9 @@ TEST_F(ContactTable, WithoutAnEvent_EachQuestionReadsTheTable)
 {
     openAs(Version::v2016, people(3));
     EXPECT_FALSE(walkFinds(L"99"));
-    { const AnswersOfOneEvent answers(session); }
+    {
+        const AnswersOfOneEvent answers(session);
+    }
     EXPECT_FALSE(walkFinds(L"99"));
     EXPECT_EQ(calls(L"Folder.GetTable method"), 2u);
 }

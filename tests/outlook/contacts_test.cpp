@@ -26,11 +26,11 @@ TEST_F(Contacts, FromAnEntry_GetsExactlyThreeProperties_TheNumberStripped)
     EXPECT_EQ(field(L"contact", 0, L"BusinessTelephoneNumber"), L"012345");
     std::vector<std::wstring> made = carriedOut();
     made.resize(7); // the log line follows
-    EXPECT_EQ(made, (std::vector<std::wstring>{
-                        L"Folder.Items get ()", L"Items.Add method ()", L"ContactItem.FirstName put (BSTR \"Marc\")",
-                        L"ContactItem.LastName put (BSTR \"Durand\")",
-                        L"ContactItem.BusinessTelephoneNumber put (BSTR \"012345\")",
-                        L"ContactItem.Close method (I2 0)", L"ContactItem.EntryID get ()"}));
+    EXPECT_EQ(made, (std::vector<std::wstring>{L"Folder.Items get ()", L"Items.Add method ()",
+                                               L"ContactItem.FirstName put (BSTR \"Marc\")",
+                                               L"ContactItem.LastName put (BSTR \"Durand\")",
+                                               L"ContactItem.BusinessTelephoneNumber put (BSTR \"012345\")",
+                                               L"ContactItem.Close method (I2 0)", L"ContactItem.EntryID get ()"}));
 }
 
 TEST_F(Contacts, FromAnEntry_LeavesItsLineInTheLogItem)
@@ -80,7 +80,8 @@ TEST_F(Contacts, FromTexts_Displayed_OpensAfterSaving_ThenTheLine)
     std::vector<std::wstring> methods;
     for (const std::wstring& call : record())
         if (call.find(L" method (") != std::wstring::npos && call.starts_with(L"ContactItem.")) methods.push_back(call);
-    EXPECT_EQ(methods, (std::vector<std::wstring>{L"ContactItem.Close method (I2 0)", L"ContactItem.Display method ()"}));
+    EXPECT_EQ(methods,
+              (std::vector<std::wstring>{L"ContactItem.Close method (I2 0)", L"ContactItem.Display method ()"}));
     EXPECT_EQ(logBody(), L"3/15/2023 12:00:00 PM New contact 012345 Durand Marc");
 }
 

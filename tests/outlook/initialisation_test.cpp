@@ -102,7 +102,8 @@ TEST_F(OutlookSettings, ChangedTemplate_IsFalse_AndEndsTheSession)
 TEST_F(OutlookSettings, NonNumericLanguage_EndsTheReading_WithWhatWasRead)
 {
     session.nLanguage = 5;
-    write("CallBackMailSyntaxe=read\r\nquitoutlook=true\r\nlanguage=abc\r\nExtension=true\r\nDllExtensionName=Name\r\n");
+    write(
+        "CallBackMailSyntaxe=read\r\nquitoutlook=true\r\nlanguage=abc\r\nExtension=true\r\nDllExtensionName=Name\r\n");
     EXPECT_FALSE(ReadOutlookIni(session));
     EXPECT_EQ(session.szCallBackMailSyntaxe, L"read");
     EXPECT_TRUE(session.bQuitOutlook);
@@ -139,7 +140,8 @@ TEST_F(OutlookSettings, Extension_EveryPlaceholderIsReplaced_AndTheValueRegister
 TEST_F(OutlookSettings, ExtensionWithoutAPath_TakesTheProgramsFolder)
 {
     host.folder = L"D:\\Hublink";
-    write("Extension=true\r\nDllExtension=a.dll\r\nDllExtensionName=Hub\r\nRegisteDllExtension=<PathDllExtension>\\<DllExtension>\r\n");
+    write("Extension=true\r\nDllExtension=a.dll\r\nDllExtensionName=Hub\r\nRegisteDllExtension=<PathDllExtension>\\<"
+          "DllExtension>\r\n");
     ReadOutlookIni(session);
     EXPECT_EQ(session.szRegisteDllExtension, L"D:\\Hublink\\a.dll");
 }
@@ -184,9 +186,9 @@ TEST_F(OutlookSessionTest, HeldApplication_IsReused_AndTheFoldersFetchedInOrder)
     InitOutlook(session);
     EXPECT_TRUE(session.bOutlookInit);
     EXPECT_EQ(carriedOut(), (std::vector<std::wstring>{L"Application.GetNamespace method (BSTR \"MAPI\")",
-                                                 L"NameSpace.GetDefaultFolder method (I2 10)",
-                                                 L"NameSpace.GetDefaultFolder method (I2 6)",
-                                                 L"NameSpace.GetDefaultFolder method (I2 11)"}));
+                                                       L"NameSpace.GetDefaultFolder method (I2 10)",
+                                                       L"NameSpace.GetDefaultFolder method (I2 6)",
+                                                       L"NameSpace.GetDefaultFolder method (I2 11)"}));
     EXPECT_EQ(session.OutlookContacts.get(L"Name").text(), L"Contacts");
     EXPECT_EQ(session.OutlookInbox.get(L"Name").text(), L"Inbox");
     EXPECT_EQ(session.OutlookJournal.get(L"Name").text(), L"Journal");

@@ -64,8 +64,8 @@ TEST_F(LogItem, FirstLine_CreatesTheItem_WithStartEqualToEnd)
     EXPECT_EQ(carriedOut(),
               (std::vector<std::wstring>{
                   L"Application.CreateItem method (I2 4)", L"JournalItem.Subject put (BSTR \"Connector Log\")",
-                  L"JournalItem.Start put (DATE 2023-03-15 12:00:00)", L"JournalItem.End put (DATE 2023-03-15 12:00:00)",
-                  L"JournalItem.Type put (BSTR \"Pavex Connector\")",
+                  L"JournalItem.Start put (DATE 2023-03-15 12:00:00)",
+                  L"JournalItem.End put (DATE 2023-03-15 12:00:00)", L"JournalItem.Type put (BSTR \"Pavex Connector\")",
                   L"JournalItem.Body put (BSTR \"3/15/2023 12:00:00 PM Start Connector Initialization\")",
                   L"JournalItem.Close method (I2 0)"}));
 }
@@ -163,15 +163,14 @@ TEST_F(Journal, ItemOfACall_IsFilledInOrder)
     for (const std::wstring& call : carriedOut())
         if (call.starts_with(L"Application.") || call.starts_with(L"JournalItem.") || call.starts_with(L"Recipients."))
             made.push_back(call);
-    EXPECT_EQ(made, (std::vector<std::wstring>{
-                        L"Application.CreateItem method (I2 4)",
-                        L"JournalItem.Subject put (BSTR \"* Marc Durand (0123456)\")",
-                        L"JournalItem.Start put (DATE 2023-03-15 06:00:00)",
-                        L"JournalItem.End put (DATE 2023-03-15 12:00:00)",
-                        L"JournalItem.Type put (BSTR \"Phone Call\")", L"JournalItem.Recipients get ()",
-                        L"Recipients.Add method (BSTR \"Marc Durand\")",
-                        L"JournalItem.Body put (BSTR \"Incoming call answered\")", L"JournalItem.Close method (I2 0)",
-                        L"JournalItem.EntryID get ()"}));
+    EXPECT_EQ(
+        made,
+        (std::vector<std::wstring>{
+            L"Application.CreateItem method (I2 4)", L"JournalItem.Subject put (BSTR \"* Marc Durand (0123456)\")",
+            L"JournalItem.Start put (DATE 2023-03-15 06:00:00)", L"JournalItem.End put (DATE 2023-03-15 12:00:00)",
+            L"JournalItem.Type put (BSTR \"Phone Call\")", L"JournalItem.Recipients get ()",
+            L"Recipients.Add method (BSTR \"Marc Durand\")", L"JournalItem.Body put (BSTR \"Incoming call answered\")",
+            L"JournalItem.Close method (I2 0)", L"JournalItem.EntryID get ()"}));
 }
 
 TEST_F(Journal, KnownCallerWithContactCreation_IsTheRecipient_AndNoSecondContactIsMade)

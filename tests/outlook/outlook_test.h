@@ -3,11 +3,11 @@
 #pragma once
 
 #include "common/text.h"
-#include "desk/common/text.h"
 #include "desk/common/store_file.h"
+#include "desk/common/text.h"
 #include "desk/outlook/outlook.h"
-#include "outlook/outlook_session.h"
 #include "outlook/initialisation.h"
+#include "outlook/outlook_session.h"
 #include "support/outlook_records.h"
 #include "support/scratch_folder.h"
 #include "support/test_host.h"

@@ -17,7 +17,8 @@ using Records = std::vector<desk::StoreRecord>;
 
 constexpr int comparisons = 5'000; // in each of the two halves
 constexpr int changes = 2'000;
-constexpr const wchar_t* numbers[] = {L"", L"12", L"1.2", L" 1 2", L"1-2", L"..", L"21", L"+12", L"1 2.", L"abc", L"1.2.3"};
+constexpr const wchar_t* numbers[] = {L"",   L"12",  L"1.2",  L" 1 2", L"1-2",  L"..",
+                                      L"21", L"+12", L"1 2.", L"abc",  L"1.2.3"};
 constexpr std::size_t lengths[] = {126, 127, 128, 254, 255, 256, 257, 10'000};
 
 // Folders with numbers in all layouts, doubles, none, texts longer than a table
@@ -34,7 +35,8 @@ public:
     {
         std::wstring records;
         const unsigned strangersBefore = oneOf(300) ? 480 + below(600) : 0;
-        for (unsigned n = 0; n < strangersBefore; ++n) records += L"[contact]\nHomeTelephoneNumber=7 7." + std::to_wstring(n) + L"\n";
+        for (unsigned n = 0; n < strangersBefore; ++n)
+            records += L"[contact]\nHomeTelephoneNumber=7 7." + std::to_wstring(n) + L"\n";
         for (unsigned items = oneOf(20) ? 15 : below(7); items > 0; --items) records += item();
         return records;
     }
@@ -128,9 +130,11 @@ protected:
             const std::wstring name = std::wstring(call.className) + L"." + call.member;
             if (name == L"Items.GetFirst") break; // the walk itself
             byIdentifier = byIdentifier || name == L"NameSpace.GetItemFromID";
-            const bool isOfTable = name.starts_with(L"Table.") || name.starts_with(L"Columns.") || name == L"Folder.GetTable";
+            const bool isOfTable =
+                name.starts_with(L"Table.") || name.starts_with(L"Columns.") || name == L"Folder.GetTable";
             const bool isJudged = byIdentifier && name.ends_with(L"Number") && call.kind == desk::CallKind::get;
-            if (isOfTable || isJudged || name == L"NameSpace.GetItemFromID") calls.push_back(name + L" " + nameOf(call.kind));
+            if (isOfTable || isJudged || name == L"NameSpace.GetItemFromID")
+                calls.push_back(name + L" " + nameOf(call.kind));
         }
         return calls;
     }
@@ -192,8 +196,9 @@ void TableAndWalk::compareHalf(unsigned seed)
         for (const std::wstring& fault : faultsAt(calls)) {
             load(version, records);
             recorder.faults.add(fault);
-            ASSERT_EQ(lookUp(number), walked)
-                << desk::utf8(fault) << "\n" << desk::utf8(number) << "\n" << desk::utf8(text);
+            ASSERT_EQ(lookUp(number), walked) << desk::utf8(fault) << "\n"
+                                              << desk::utf8(number) << "\n"
+                                              << desk::utf8(text);
             ++failures;
         }
     }
@@ -237,9 +242,9 @@ TEST_F(TableAndWalk, FoldersThatChangeWhileTheTableIsRead_GiveTheSame)
         const bool hasHappened = calls(L"Table.GetArray method") > 0;
         const std::wstring context = word + L" " + rest + L"\n" + number + L"\n" + text;
         if (word == L"change" && hasHappened)
-            ASSERT_TRUE(firstLine(seen) == firstLine(before) || firstLine(seen) == firstLine(after)) << desk::utf8(context);
-        else
-            ASSERT_EQ(seen, hasHappened ? after : before) << desk::utf8(context);
+            ASSERT_TRUE(firstLine(seen) == firstLine(before) || firstLine(seen) == firstLine(after))
+                << desk::utf8(context);
+        else ASSERT_EQ(seen, hasHappened ? after : before) << desk::utf8(context);
         decisive += hasHappened && firstLine(before) != firstLine(after);
     }
     EXPECT_GT(decisive, changes / 20) << "changes that make no difference show nothing";

@@ -18,7 +18,8 @@ public:
     {
         const auto start = at<IMAGE_DOS_HEADER>(0).e_lfanew;
         headers_ = at<IMAGE_NT_HEADERS32>(static_cast<DWORD>(start));
-        if (headers_.OptionalHeader.Magic != IMAGE_NT_OPTIONAL_HDR32_MAGIC) throw std::runtime_error("no 32-bit program");
+        if (headers_.OptionalHeader.Magic != IMAGE_NT_OPTIONAL_HDR32_MAGIC)
+            throw std::runtime_error("no 32-bit program");
         firstSection_ = static_cast<DWORD>(start) + offsetof(IMAGE_NT_HEADERS32, OptionalHeader) +
                         headers_.FileHeader.SizeOfOptionalHeader;
     }
@@ -26,7 +27,10 @@ public:
     const IMAGE_OPTIONAL_HEADER32& header() const { return headers_.OptionalHeader; }
 
     template <class Type>
-    Type inMemory(DWORD address) const { return at<Type>(offsetOf(address)); }
+    Type inMemory(DWORD address) const
+    {
+        return at<Type>(offsetOf(address));
+    }
 
     std::string text(DWORD address) const { return bytes_.c_str() + offsetOf(address); }
 

@@ -30,10 +30,8 @@ const std::map<std::string, std::set<std::string>>& ofWindowsXp()
          "RegCloseKey RegCreateKeyExW RegDeleteKeyW RegDeleteValueA RegEnumKeyW RegOpenKeyExA "
          "RegOpenKeyExW RegQueryValueExA RegQueryValueW RegSetValueExA RegSetValueExW "
          "SetSecurityDescriptorDacl SetSecurityDescriptorGroup SetSecurityDescriptorOwner"},
-        {"comctl32.dll",
-         "InitCommonControls"},
-        {"gdi32.dll",
-         "GetDeviceCaps"},
+        {"comctl32.dll", "InitCommonControls"},
+        {"gdi32.dll", "GetDeviceCaps"},
         {"kernel32.dll",
          "CloseHandle CompareFileTime CompareStringW CopyFileW CreateDirectoryW CreateEventW CreateFileW "
          "CreateMutexW CreateProcessW CreateSemaphoreW CreateThread CreateToolhelp32Snapshot "
@@ -61,21 +59,18 @@ const std::map<std::string, std::set<std::string>>& ofWindowsXp()
          "isspace localeconv malloc memchr memcmp memcpy memmove memset modf qsort rand realloc setlocale "
          "signal sprintf strchr strcmp strcpy strerror strlen strncmp strncpy strstr strtol strtoul "
          "vfprintf vsprintf wcschr wcscmp wcslen wcsncmp wcsstr wcstol wcstoul"},
-        {"ole32.dll",
-         "CLSIDFromProgID CLSIDFromString CoAddRefServerProcess CoCreateInstance CoDisconnectObject "
-         "CoFreeUnusedLibraries CoGetClassObject CoInitializeEx CoInitializeSecurity CoLockObjectExternal "
-         "CoMarshalInterThreadInterfaceInStream CoRegisterClassObject CoRegisterMessageFilter "
-         "CoReleaseServerProcess CoResumeClassObjects CoRevokeClassObject CoTaskMemFree CoUninitialize "
-         "StringFromGUID2"},
-        {"oleaut32.dll",
-         "LoadRegTypeLib LoadTypeLibEx SafeArrayAccessData SafeArrayDestroy SafeArrayGetDim "
-         "SafeArrayGetElemsize SafeArrayGetLBound SafeArrayGetUBound SafeArrayGetVartype SafeArrayLock "
-         "SafeArrayUnaccessData SafeArrayUnlock SysAllocString SysAllocStringLen SysFreeString "
-         "SysStringLen SystemTimeToVariantTime UnRegisterTypeLib VarBstrFromBool VarBstrFromDate "
-         "VarI2FromStr VarI4FromStr VariantChangeType VariantChangeTypeEx VariantClear VariantCopy "
-         "VariantCopyInd VariantInit VariantTimeToSystemTime VarR8FromStr"},
-        {"shell32.dll",
-         "CommandLineToArgvW Shell_NotifyIconA SHGetFolderPathW"},
+        {"ole32.dll", "CLSIDFromProgID CLSIDFromString CoAddRefServerProcess CoCreateInstance CoDisconnectObject "
+                      "CoFreeUnusedLibraries CoGetClassObject CoInitializeEx CoInitializeSecurity CoLockObjectExternal "
+                      "CoMarshalInterThreadInterfaceInStream CoRegisterClassObject CoRegisterMessageFilter "
+                      "CoReleaseServerProcess CoResumeClassObjects CoRevokeClassObject CoTaskMemFree CoUninitialize "
+                      "StringFromGUID2"},
+        {"oleaut32.dll", "LoadRegTypeLib LoadTypeLibEx SafeArrayAccessData SafeArrayDestroy SafeArrayGetDim "
+                         "SafeArrayGetElemsize SafeArrayGetLBound SafeArrayGetUBound SafeArrayGetVartype SafeArrayLock "
+                         "SafeArrayUnaccessData SafeArrayUnlock SysAllocString SysAllocStringLen SysFreeString "
+                         "SysStringLen SystemTimeToVariantTime UnRegisterTypeLib VarBstrFromBool VarBstrFromDate "
+                         "VarI2FromStr VarI4FromStr VariantChangeType VariantChangeTypeEx VariantClear VariantCopy "
+                         "VariantCopyInd VariantInit VariantTimeToSystemTime VarR8FromStr"},
+        {"shell32.dll", "CommandLineToArgvW Shell_NotifyIconA SHGetFolderPathW"},
         {"user32.dll",
          "CharLowerBuffW ClientToScreen CreateWindowExW DefWindowProcW DestroyWindow DispatchMessageW "
          "EndDialog EndMenu EnumChildWindows EnumThreadWindows EnumWindows FindWindowExW FindWindowW "
@@ -158,12 +153,13 @@ TEST(InstalledPrograms, Manifest_TakesNoMoreRightsThanTheUsers_AndKnowsTheSystem
 {
     for (const wchar_t* program : installed) {
         const std::string manifest = manifestOf(beside(program));
-        for (const char* part : {"<requestedExecutionLevel level=\"asInvoker\" uiAccess=\"false\"/>",
-                                 "{e2011457-1546-43c5-a5fe-008deee3d3f0}", "{35138b9a-5d96-4fbd-8e2d-a2440225f93a}",
-                                 "{4a2f28e3-53b9-4441-ba9c-d69d4a4a6e38}", "{1f676c76-80e1-4239-95bb-83d0f6d0da78}",
-                                 "{8e0f7a12-bfb3-4fe8-b9a5-48fd50a15a9a}",
-                                 "name=\"Microsoft.Windows.Common-Controls\" version=\"6.0.0.0\"",
-                                 "<dpiAware xmlns=\"http://schemas.microsoft.com/SMI/2005/WindowsSettings\">true</dpiAware>"})
+        for (const char* part :
+             {"<requestedExecutionLevel level=\"asInvoker\" uiAccess=\"false\"/>",
+              "{e2011457-1546-43c5-a5fe-008deee3d3f0}", "{35138b9a-5d96-4fbd-8e2d-a2440225f93a}",
+              "{4a2f28e3-53b9-4441-ba9c-d69d4a4a6e38}", "{1f676c76-80e1-4239-95bb-83d0f6d0da78}",
+              "{8e0f7a12-bfb3-4fe8-b9a5-48fd50a15a9a}",
+              "name=\"Microsoft.Windows.Common-Controls\" version=\"6.0.0.0\"",
+              "<dpiAware xmlns=\"http://schemas.microsoft.com/SMI/2005/WindowsSettings\">true</dpiAware>"})
             EXPECT_NE(manifest.find(part), std::string::npos) << automation::ansi(program) << " lacks " << part;
     }
 }

@@ -29,12 +29,14 @@ protected:
 
 struct Feature {
     const char* key;
-    bool Configuration::*value;
+    bool Configuration::* value;
 };
 
 constexpr Feature features[] = {
-    {"PopUp", &Configuration::bgWithPopUp},         {"NewContact", &Configuration::bgSetNewContact},
-    {"Histo", &Configuration::bgWithHisto},         {"Repertory", &Configuration::bgWithRepertory},
+    {"PopUp", &Configuration::bgWithPopUp},
+    {"NewContact", &Configuration::bgSetNewContact},
+    {"Histo", &Configuration::bgWithHisto},
+    {"Repertory", &Configuration::bgWithRepertory},
     {"CallBackMail", &Configuration::bgWithCallBackMail},
 };
 

@@ -111,17 +111,20 @@ Hublink& FormTest::form()
 {
     if (!form_) {
         form_ = std::make_unique<Hublink>(Desktop{
-            programFolder,
-            [this](const std::wstring& text, UINT flags) {
-                boxes.push_back({text, flags});
-                return onBox ? onBox(text) : IDOK;
-            },
-            [this] {
-                ++ended;
-                if (onEnd) onEnd();
-            },
-            [this](DWORD message, TrayIconData& data) { return onIcon ? onIcon(message) : notifyShell(message, data); },
-        }, callTimes);
+                                              programFolder,
+                                              [this](const std::wstring& text, UINT flags) {
+                                                  boxes.push_back({text, flags});
+                                                  return onBox ? onBox(text) : IDOK;
+                                              },
+                                              [this] {
+                                                  ++ended;
+                                                  if (onEnd) onEnd();
+                                              },
+                                              [this](DWORD message, TrayIconData& data) {
+                                                  return onIcon ? onIcon(message) : notifyShell(message, data);
+                                              },
+                                          },
+                                          callTimes);
     }
     return *form_;
 }

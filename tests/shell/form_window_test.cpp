@@ -26,7 +26,10 @@ protected:
         boxes.clear();
     }
 
-    void defer(char letter) { form().defer([this, letter] { order += letter; }); }
+    void defer(char letter)
+    {
+        form().defer([this, letter] { order += letter; });
+    }
 
     // Quitting it tells whether a sender waited meanwhile.
     void openOutlookToBeQuit()

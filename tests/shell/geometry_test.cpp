@@ -36,9 +36,9 @@ private:
 class Framed : public testing::Test {
 protected:
     Framed()
-        : window(CreateWindowW(L"STATIC", L"", WS_OVERLAPPEDWINDOW, 100, 80, 400, 300, nullptr, nullptr, nullptr, nullptr))
-    {
-    }
+        : window(
+              CreateWindowW(L"STATIC", L"", WS_OVERLAPPEDWINDOW, 100, 80, 400, 300, nullptr, nullptr, nullptr, nullptr))
+    {}
     ~Framed() override { DestroyWindow(window); }
 
     const HWND window;

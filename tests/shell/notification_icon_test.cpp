@@ -120,7 +120,8 @@ TEST_F(Icon, Record_IsThatOfTheForm)
     EXPECT_EQ(record.uID, 1u);
     EXPECT_EQ(record.uFlags, 7u);
     EXPECT_EQ(record.uCallbackMessage, 0x200u);
-    EXPECT_EQ(std::string(record.szTip, sizeof record.szTip), std::string("Orvel - Hublink\0", 16) + std::string(48, ' '));
+    EXPECT_EQ(std::string(record.szTip, sizeof record.szTip),
+              std::string("Orvel - Hublink\0", 16) + std::string(48, ' '));
 }
 
 TEST_F(Icon, RightPress_AsksWhetherToStop)

@@ -66,8 +66,7 @@ TEST_F(StopRequestInFile, WithEveryEncoding_IsSetBack_AndStopsNothing)
         const std::string ansi = "[Application]\r\n; r\xE9glages\r\n" + rest;
         const std::string utf8 = "[Application]\r\n; r\xC3\xA9glages\r\n" + rest;
         const std::string marked = "\xEF\xBB\xBF;\r\n" + utf8;
-        const std::string utf16 =
-            support::utf16File(L"[Application]\r\n; r\u00E9glages\r\n" + automation::wide(rest));
+        const std::string utf16 = support::utf16File(L"[Application]\r\n; r\u00E9glages\r\n" + automation::wide(rest));
         for (const std::string& content : {ansi, utf8, marked, utf16}) {
             writeIni(content);
             startAgain();

@@ -47,7 +47,7 @@ TEST_F(AddressBook, NewEntries_BecomeContacts_FromTheLastDown_AndAreMapped)
     entry(2, L"04 56", L"Petit", L"Claire");
     start();
     EXPECT_EQ(synchronisationLines(), (Lines{L"Start repertory Synchronisation ", L"1 In OutLook 0456 Petit Claire",
-                              L"2 In OutLook 0123 Durand Marc", L"Repertory Synchronisation Ok"}));
+                                             L"2 In OutLook 0123 Durand Marc", L"Repertory Synchronisation Ok"}));
     EXPECT_EQ(field(L"contact", 0, L"LastName"), L"Petit");
     EXPECT_EQ(field(L"contact", 0, L"BusinessTelephoneNumber"), L"0456");
     EXPECT_EQ(mapped(L"1.2"), field(L"contact", 0, L"EntryID"));
@@ -130,7 +130,7 @@ TEST_F(AddressBook, ErrorInTheLoopItself_LogsPbIn_AndTheRestWaits)
     softphoneCalls.faults.add(L"on Entry.Number at 3 fail 0x80004005"); // the third's is read twice
     start();
     EXPECT_EQ(synchronisationLines(), (Lines{L"Start repertory Synchronisation ", L"1 In OutLook 0456 Petit Claire",
-                              L"Pb In Repertory Synchronisation"}));
+                                             L"Pb In Repertory Synchronisation"}));
     EXPECT_EQ(count(L"contact"), 1u);
     link.InitConnector(true);
     EXPECT_EQ(count(L"contact"), 3u);

@@ -36,7 +36,8 @@ TEST_F(Attachment, Members_AreBoundByTheirDispatchIdentifiers_InOrder)
     EXPECT_EQ(desk::linesOf(softphoneCalls.record()),
               (Lines{L"Application.Attached put (BOOL True)", L"Application.Line get ()", L"Application.User get ()",
                      L"User.FirstText get ()", L"User.SecondText get ()", L"Application.History get ()",
-                     L"Application.AddressBook get ()"})) << "and no name is looked up";
+                     L"Application.AddressBook get ()"}))
+        << "and no name is looked up";
 }
 
 TEST_F(Attachment, SubscribesToTheApplication_BeforeItTellsItThatItIsAttached)

@@ -272,7 +272,8 @@ TEST_F(CallHandling, CallMembers_AreLookedUpOnceForAllCalls)
 TEST_F(CallHandling, NumbersWithDots_OneTableServesTheWholeCall_AndNoWalkRuns)
 {
     start(L"[contact]\nFirstName=Marc\nLastName=Durand\nMobileTelephoneNumber=01.23\n"
-          L"[contact]\nFirstName=Claire\nLastName=Petit\nBusinessTelephoneNumber=47 11\nEmail1Address=claire@example.com\n");
+          L"[contact]\nFirstName=Claire\nLastName=Petit\nBusinessTelephoneNumber=47 "
+          L"11\nEmail1Address=claire@example.com\n");
     session.bReplacePhoneNumber = false;
     for (unsigned long rings = 1; rings <= 2; ++rings) {
         ring(incoming(L"0123", L"4711"));

@@ -17,8 +17,7 @@ public:
     // `calls` outlives the object.
     FallibleMap(automation::ComPtr<IDispatch> map, desk::Recorder& calls, const wchar_t* className = L"Map")
         : map_(std::move(map)), calls_(calls), className_(className)
-    {
-    }
+    {}
 
     STDMETHODIMP GetTypeInfoCount(UINT* count) override { return map_->GetTypeInfoCount(count); }
     STDMETHODIMP GetTypeInfo(UINT index, LCID locale, ITypeInfo** type) override
@@ -42,8 +41,8 @@ public:
         if (FAILED(planned)) return planned;
         const HRESULT carriedOut = map_->Invoke(id, iid, locale, flags, parameters, result, exception, refused);
         if (SUCCEEDED(carriedOut) && V_VT(result) == VT_DISPATCH)
-            V_DISPATCH(result) = new FallibleMap(automation::ComPtr<IDispatch>::adopt(V_DISPATCH(result)), calls_,
-                                                 L"Collection");
+            V_DISPATCH(result) =
+                new FallibleMap(automation::ComPtr<IDispatch>::adopt(V_DISPATCH(result)), calls_, L"Collection");
         return carriedOut;
     }
 

@@ -12,7 +12,8 @@ class IdentifierMap : public LinkTest {
 protected:
     void put(const wchar_t* idAppli, const wchar_t* idOrvel, std::int32_t application, std::int32_t collection)
     {
-        store->insert({.idOrvel = idOrvel, .idAppli = idAppli, .typApplication = application, .collection = collection});
+        store->insert(
+            {.idOrvel = idOrvel, .idAppli = idAppli, .typApplication = application, .collection = collection});
     }
 
     // Entries of the softphone, 1.1 and so on, each mapped.
@@ -223,9 +224,9 @@ TEST_F(IdentifierMap, Purge_AsksEachListForItsCountOnce_AndForEachRecordOnce)
     putEntries(5);
     start();
     link.PurgeId();
-    EXPECT_EQ(desk::linesOf(softphoneCalls.totals()),
-              (std::vector<std::wstring>{L"1 AddressBook.Count get", L"5 AddressBook.Find method",
-                                         L"1 History.Count get"}));
+    EXPECT_EQ(
+        desk::linesOf(softphoneCalls.totals()),
+        (std::vector<std::wstring>{L"1 AddressBook.Count get", L"5 AddressBook.Find method", L"1 History.Count get"}));
 }
 
 // A server that writes into the caller's text and tells how much is meant.

@@ -101,11 +101,10 @@ protected:
         return record ? record->idAppli : L"";
     }
 
-    static constexpr automation::server::ClassRegistration pavexClass{
-        .progId = desk::softphone::progId,
-        .classId = desk::softphone::applicationClassId,
-        .description = L"softphone of a test",
-        .typeLibrary = {}};
+    static constexpr automation::server::ClassRegistration pavexClass{.progId = desk::softphone::progId,
+                                                                      .classId = desk::softphone::applicationClassId,
+                                                                      .description = L"softphone of a test",
+                                                                      .typeLibrary = {}};
 
     support::ScratchFolder folder;
     TestHost host;

@@ -213,11 +213,12 @@ TEST_F(NotesCall, DocumentVariable_IsClearedBeforeTheSearch_AndSetLast)
     Lines sets;
     for (const std::wstring& line : desk::linesOf(outlookCalls.record()))
         if (line.starts_with(L"NotesSession.") && line.find(L"lookup") == std::wstring::npos) sets.push_back(line);
-    EXPECT_EQ(sets, (Lines{L"NotesSession.SetEnvironmentVar method (BSTR \"CTI_InfoLastCall_docid\", BSTR \"\")",
-                           L"NotesSession.GetDatabase method (BSTR \"Mail1/Acme\", BSTR \"public.nsf\")",
-                           L"NotesSession.SetEnvironmentVar method (BSTR \"CTI_InfoLastCall_Server\", BSTR \"Mail1/Acme\")",
-                           L"NotesSession.SetEnvironmentVar method (BSTR \"CTI_InfoLastCall_Base\", BSTR \"public.nsf\")",
-                           L"NotesSession.SetEnvironmentVar method (BSTR \"CTI_InfoLastCall_docid\", BSTR \"8FA\")"}));
+    EXPECT_EQ(sets,
+              (Lines{L"NotesSession.SetEnvironmentVar method (BSTR \"CTI_InfoLastCall_docid\", BSTR \"\")",
+                     L"NotesSession.GetDatabase method (BSTR \"Mail1/Acme\", BSTR \"public.nsf\")",
+                     L"NotesSession.SetEnvironmentVar method (BSTR \"CTI_InfoLastCall_Server\", BSTR \"Mail1/Acme\")",
+                     L"NotesSession.SetEnvironmentVar method (BSTR \"CTI_InfoLastCall_Base\", BSTR \"public.nsf\")",
+                     L"NotesSession.SetEnvironmentVar method (BSTR \"CTI_InfoLastCall_docid\", BSTR \"8FA\")"}));
 }
 
 TEST_F(NotesCall, NotesGoneWithoutNotice_CallEndsQuietly)
@@ -237,7 +238,9 @@ TEST_F(NotesCall, VariableThatCannotBeSet_EndsThePublishing_WithTheNamesThatWere
         const wchar_t* at; // of the four, in their order
         const wchar_t* lastName;
         const wchar_t* base;
-    } variables[] = {{L"1", L"", L"(none)"}, {L"2", L"Petit", L"(none)"}, {L"3", L"Petit", L"(none)"},
+    } variables[] = {{L"1", L"", L"(none)"},
+                     {L"2", L"Petit", L"(none)"},
+                     {L"3", L"Petit", L"(none)"},
                      {L"4", L"Petit", L"public.nsf"}};
     for (const auto& variable : variables) {
         notes.load(databases);

@@ -43,10 +43,9 @@ TEST_F(NotesSynchronisation, NewEntry_BecomesAContactInEach_NotesFirst_WithOneCo
 {
     entry(1, L"01.23.45", L"Durand", L"Marc");
     start();
-    EXPECT_EQ(synchronisationLines(),
-              (Lines{L"Start repertory Synchronisation ", L"1 In lotus 012345 Durand Marc",
-                     L"2 In OutLook 012345 Durand Marc", L"Repertory Synchronisation Ok",
-                     L"start History Synchronisation ", L"History Synchronisation Ok"}));
+    EXPECT_EQ(synchronisationLines(), (Lines{L"Start repertory Synchronisation ", L"1 In lotus 012345 Durand Marc",
+                                             L"2 In OutLook 012345 Durand Marc", L"Repertory Synchronisation Ok",
+                                             L"start History Synchronisation ", L"History Synchronisation Ok"}));
     EXPECT_EQ(noteField(L"Person", 2, L"Phone"), L"012345");
     EXPECT_EQ(noteField(L"Person", 2, L"@Unsaved"), L"(none)");
     EXPECT_EQ(mapped(L"2.1", 1), noteField(L"Person", 2, L"@NoteID"));

@@ -58,9 +58,8 @@ TEST_F(QueuedEvent, RecordsThatComeWhileTheyAreCounted_AreMirroredOnce)
     support::RawPartner counting;
     counting.onCall = [&](const support::RawPartner::Call& call) {
         if (call.id == softphone::records::count) pavex.addEntry({{1, 1}, {L"0123", L"Durand", L"Marc"}});
-        automation::Value answer = call.id == softphone::records::count
-                                       ? book.get(call.id)
-                                       : book.get(call.id, {V_I4(&call.argument(0))});
+        automation::Value answer =
+            call.id == softphone::records::count ? book.get(call.id) : book.get(call.id, {V_I4(&call.argument(0))});
         *call.result = answer.release();
         return S_OK;
     };

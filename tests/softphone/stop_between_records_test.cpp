@@ -26,7 +26,8 @@ protected:
     void putRecords(int records)
     {
         for (int n = 0; n < records; ++n)
-            store->insert({.idOrvel = L"9." + std::to_wstring(n), .idAppli = L"A", .typApplication = 0, .collection = 1});
+            store->insert(
+                {.idOrvel = L"9." + std::to_wstring(n), .idAppli = L"A", .typApplication = 0, .collection = 1});
     }
 
     int stopAt = 0; // the look at which the user wants to stop

@@ -61,8 +61,16 @@ public:
 
     STDMETHODIMP_(ULONG) AddRef() override { return ++references; }
     STDMETHODIMP_(ULONG) Release() override { return --references; }
-    STDMETHODIMP GetTypeInfoCount(UINT* count) override { *count = 0; return S_OK; }
-    STDMETHODIMP GetTypeInfo(UINT, LCID, ITypeInfo** type) override { *type = nullptr; return E_NOTIMPL; }
+    STDMETHODIMP GetTypeInfoCount(UINT* count) override
+    {
+        *count = 0;
+        return S_OK;
+    }
+    STDMETHODIMP GetTypeInfo(UINT, LCID, ITypeInfo** type) override
+    {
+        *type = nullptr;
+        return E_NOTIMPL;
+    }
 
     STDMETHODIMP GetIDsOfNames(REFIID, LPOLESTR* names, UINT, LCID, DISPID* id) override
     {
@@ -78,8 +86,7 @@ public:
                         EXCEPINFO* exception, UINT* refused) override
     {
         Invocation invocation{id, flags, {}, {}};
-        for (UINT index = parameters->cArgs; index-- > 0;)
-            invocation.types.push_back(V_VT(&parameters->rgvarg[index]));
+        for (UINT index = parameters->cArgs; index-- > 0;) invocation.types.push_back(V_VT(&parameters->rgvarg[index]));
         for (UINT index = 0; index < parameters->cNamedArgs; ++index)
             invocation.named.push_back(parameters->rgdispidNamedArgs[index]);
         invocations.push_back(std::move(invocation));

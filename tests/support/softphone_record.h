@@ -46,5 +46,6 @@ inline automation::Object record(std::map<std::wstring, automation::Value> membe
 
 inline hublink::SoftphoneEntry softphoneEntry(const wchar_t* number, const wchar_t* lastName, const wchar_t* firstName)
 {
-    return hublink::SoftphoneEntry(support::record({{L"Number", number}, {L"LastName", lastName}, {L"FirstName", firstName}}));
+    return hublink::SoftphoneEntry(
+        support::record({{L"Number", number}, {L"LastName", lastName}, {L"FirstName", firstName}}));
 }

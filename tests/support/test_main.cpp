@@ -2,8 +2,8 @@
 // each test that nothing was left behind, and a watchdog, since a test that
 // hangs would otherwise name nobody.
 #include "automation/apartment.h"
-#include "automation/subscription.h"
 #include "automation/server/dispatch.h"
+#include "automation/subscription.h"
 
 #include <gtest/gtest.h>
 

@@ -25,8 +25,7 @@ public:
               procedures.push_back(bareName(place.function_name()));
               errors.emplace_back(error);
           }))
-    {
-    }
+    {}
     ~TrappedErrors() { hublink::setDiagnosticHook(std::move(previous_)); }
     TrappedErrors(const TrappedErrors&) = delete;
     TrappedErrors& operator=(const TrappedErrors&) = delete;

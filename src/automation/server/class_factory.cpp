@@ -13,8 +13,7 @@ class Factory final : public Unknown<IClassFactory> {
 public:
     Factory(ClassFactory::Creator create, std::function<void()> unused)
         : create_(std::move(create)), unused_(std::move(unused))
-    {
-    }
+    {}
 
     STDMETHODIMP CreateInstance(IUnknown* outer, REFIID iid, void** result) noexcept override
     {
@@ -26,10 +25,8 @@ public:
     STDMETHODIMP LockServer(BOOL lock) noexcept override
     {
         return atBorder([&] {
-            if (lock)
-                CoAddRefServerProcess();
-            else if (CoReleaseServerProcess() == 0 && unused_)
-                unused_();
+            if (lock) CoAddRefServerProcess();
+            else if (CoReleaseServerProcess() == 0 && unused_) unused_();
             return S_OK;
         });
     }

@@ -66,8 +66,7 @@ bool isGone(HRESULT result)
 int EventPoint::raise(DISPID event, std::initializer_list<Value> arguments)
 {
     std::vector<VARIANT> reversed;
-    for (auto argument = arguments.end(); argument != arguments.begin();)
-        reversed.push_back((--argument)->variant());
+    for (auto argument = arguments.end(); argument != arguments.begin();) reversed.push_back((--argument)->variant());
     DISPPARAMS parameters{reversed.data(), nullptr, static_cast<UINT>(reversed.size()), 0};
 
     int reached = 0;

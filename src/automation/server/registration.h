@@ -2,8 +2,8 @@
 #pragma once
 
 #include <windows.h>
-#include <objbase.h>
 #include <cguid.h>
+#include <objbase.h>
 
 #include <string>
 
