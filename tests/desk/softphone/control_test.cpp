@@ -1,4 +1,4 @@
-#include "desk_softphone/softphone_in_process.h"
+#include "softphone_in_process.h"
 
 #include "automation/subscription.h"
 #include "desk/common/text.h"

@@ -1,4 +1,4 @@
-#include "desk_outlook/outlook_fixture.h"
+#include "outlook_fixture.h"
 
 #include <stdexcept>
 

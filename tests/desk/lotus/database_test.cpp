@@ -1,4 +1,4 @@
-#include "desk_lotus/notes_fixture.h"
+#include "notes_fixture.h"
 
 #include <cmath>
 

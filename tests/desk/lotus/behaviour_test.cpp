@@ -1,5 +1,5 @@
 // What real clients do in one installation and not in another.
-#include "desk_lotus/notes_fixture.h"
+#include "notes_fixture.h"
 
 #include "automation/error.h"
 

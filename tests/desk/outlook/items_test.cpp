@@ -1,5 +1,5 @@
 #include "automation/enumeration.h"
-#include "desk_outlook/outlook_fixture.h"
+#include "outlook_fixture.h"
 
 namespace {
 
