@@ -1,6 +1,5 @@
-#include "automation/conversion.h"
+#include "common/connector_settings.h"
 #include "common/error_trap.h"
-#include "common/text.h"
 #include "shell/file_time.h"
 #include "shell/hublink.h"
 
@@ -10,29 +9,11 @@ namespace hublink {
 
 namespace {
 
-constexpr const char* application = "Application";
-constexpr const char* features = "AllApplication";
-
 // The switches whose change the reader reports; "Histo" is not among them.
 auto comparedSwitches(const Configuration& configuration)
 {
     return std::tuple(configuration.bgWithLotus, configuration.bgWithOutlook, configuration.bgWithPopUp,
                       configuration.bgSetNewContact, configuration.bgWithRepertory, configuration.bgWithCallBackMail);
-}
-
-std::int16_t number(const IniFile& ini, const char* key, const char* fallback)
-{
-    return automation::int16FromText(ini.read(application, key, fallback));
-}
-
-void chooseGroupwares(Configuration& configuration, const std::wstring& list)
-{
-    configuration.bgWithLotus = false;
-    configuration.bgWithOutlook = false;
-    for (const std::wstring& name : split(list, L',')) {
-        if (name == L"LOTUS") configuration.bgWithLotus = true;
-        if (name == L"OUTLOOK") configuration.bgWithOutlook = true;
-    }
 }
 
 }
@@ -44,13 +25,8 @@ bool Hublink::ReadConnectorIni()
         const auto before = comparedSwitches(configuration_);
         const IniFile ini(configuration_.szFileConnectorIni);
         if (killIfAsked(ini)) return;
-        configuration_.Trace = ini.readSwitch(application, "trace", "false");
-        readGroupwares(ini);
-        if (!configuration_.bgWithLotus && !configuration_.bgWithOutlook) return gPavexInterface.Kill();
-        configuration_.tempo = number(ini, "tempo", "200");
-        configuration_.tempo1 = number(ini, "tempo1", "20");
-        configuration_.gnb_echec = number(ini, "TryCnxNumber", "10") != 0 ? VARIANT_TRUE : VARIANT_FALSE;
-        readFeatures(ini);
+        readConnectorSettings(ini, configuration_);
+        if (!namesGroupware(configuration_)) return gPavexInterface.Kill();
         unchanged = comparedSwitches(configuration_) == before;
     });
     return unchanged;
@@ -60,7 +36,7 @@ bool Hublink::ReadConnectorIni()
 // counts no more until somebody changes the file.
 bool Hublink::isToStop(const IniFile& ini) const
 {
-    if (!ini.readSwitch(application, "kill", "false")) return false;
+    if (!asksForStop(ini)) return false;
     const std::optional<FILETIME> changed = modificationTime(configuration_.szFileConnectorIni);
     return !staleKill_ || !changed || !sameTime(*changed, *staleKill_);
 }
@@ -68,7 +44,7 @@ bool Hublink::isToStop(const IniFile& ini) const
 bool Hublink::killIfAsked(const IniFile& ini)
 {
     if (!isToStop(ini)) return false;
-    ini.write(application, "kill", "false");
+    takeStopRequestBack(ini);
     gPavexInterface.Kill();
     return true;
 }
@@ -81,25 +57,9 @@ void Hublink::obeyKill()
     if (!changed || (killReadAt_ && sameTime(*changed, *killReadAt_))) return;
     const IniFile ini(configuration_.szFileConnectorIni);
     // Whoever changed the file may hold it for a moment longer.
-    if (ini.read(application, "kill", "").empty()) return;
+    if (!tellsWhetherToStop(ini)) return;
     killReadAt_ = changed;
     killIfAsked(ini);
-}
-
-void Hublink::readGroupwares(const IniFile& ini)
-{
-    chooseGroupwares(configuration_, ini.read(application, "type", ""));
-    const std::wstring replacement = ini.read(application, "type1", "");
-    if (!replacement.empty()) chooseGroupwares(configuration_, replacement);
-}
-
-void Hublink::readFeatures(const IniFile& ini)
-{
-    configuration_.bgWithPopUp = ini.readSwitch(features, "PopUp", "");
-    configuration_.bgSetNewContact = ini.readSwitch(features, "NewContact", "");
-    configuration_.bgWithHisto = ini.readSwitch(features, "Histo", "");
-    configuration_.bgWithRepertory = ini.readSwitch(features, "Repertory", "");
-    configuration_.bgWithCallBackMail = ini.readSwitch(features, "CallBackMail", "");
 }
 
 }

@@ -103,8 +103,6 @@ private:
     void obeyKill();
     bool isRunning(const wchar_t* fileName, HANDLE& handle);
     bool isToStop(const IniFile& ini) const;
-    void readGroupwares(const IniFile& ini);
-    void readFeatures(const IniFile& ini);
 
     const Desktop desktop_;
     Configuration configuration_;

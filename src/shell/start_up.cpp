@@ -1,7 +1,8 @@
 #include "automation/conversion.h"
+#include "common/connector_settings.h"
 #include "common/error_trap.h"
 #include "common/files.h"
-#include "common/registry.h"
+#include "common/installation.h"
 #include "lotus/initialisation.h"
 #include "shell/file_time.h"
 #include "shell/hublink.h"
@@ -12,14 +13,6 @@
 #include <utility>
 
 namespace hublink {
-
-namespace {
-
-constexpr const wchar_t* appPathsKey = L"SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\App Paths\\Pavex.exe";
-constexpr const wchar_t* userKey = L"Software\\Orvel\\Pavex\\Name";
-constexpr const wchar_t* iniFileName = L"pavexconnector.ini";
-
-}
 
 Hublink::Hublink(Desktop desktop, CallWatch::Times callTimes)
     : desktop_(std::move(desktop)), dictionary_(desktop_.programFolder), window_(*this),
@@ -48,24 +41,22 @@ void Hublink::Form_Load()
         groupware_.nbInitFailure = 0;
         requireLotusInitialisation(lotus_);
         initProcessHandle();
-        configuration_.szPathPavex = RegGetString(HKEY_LOCAL_MACHINE, appPathsKey, L"Path");
-        configuration_.szServer = RegGetString(HKEY_CURRENT_USER, userKey, L"HostZRB");
-        configuration_.szUserName = RegGetString(HKEY_CURRENT_USER, userKey, L"Man");
+        readInstallation(configuration_);
         if (!configuration_.szPathPavex.empty()) {
             const std::wstring today = automation::textFromDate(std::floor(now()));
             configuration_.szPathLogFile = configuration_.szPathPavex + L"\\ConnectorId\\log\\log" + today + L".log";
         }
         AddTrayIcon();
         watchCalls();
-        const std::wstring folder = configuration_.szPathPavex + L"\\Connector";
+        const std::wstring folder = connectorFolder(configuration_);
         CopieFileIfNotExist(folder, iniFileName, desktop_.programFolder);
         configuration_.szFileConnectorIni = folder + L"\\" + iniFileName;
         // A stop request that an earlier run left behind must not end this one,
         // also where the file cannot be written.
         const IniFile ini(configuration_.szFileConnectorIni);
-        ini.write("Application", "kill", "false");
+        takeStopRequestBack(ini);
         gIniFileDate = modificationTime(configuration_.szFileConnectorIni);
-        if (ini.readSwitch("Application", "kill", "false")) staleKill_ = gIniFileDate;
+        if (asksForStop(ini)) staleKill_ = gIniFileDate;
         killReadAt_ = gIniFileDate;
         ReadConnectorIni();
         gPavexInterface.Class_Initialize();

@@ -1,0 +1,28 @@
+// The general sections of the connector's ini file: "Application" and
+// "AllApplication". The groupwares' own sections are read in their rooms.
+#pragma once
+
+#include "common/configuration.h"
+#include "common/ini_file.h"
+
+namespace hublink {
+
+// Reads every key but "kill" into `configuration`. Without a groupware in use
+// the reading ends behind their names. Throws AutomationError at a number that
+// is none. What was not reached stays as it was.
+void readConnectorSettings(const IniFile& ini, Configuration& configuration);
+
+// Whether a groupware is in use.
+bool namesGroupware(const Configuration& configuration);
+
+// "kill", by which another program asks the connector to stop.
+bool asksForStop(const IniFile& ini);
+
+// Whether the file answers the question: not when its "kill" is missing or
+// empty, nor while another program keeps the file to itself.
+bool tellsWhetherToStop(const IniFile& ini);
+
+// Sets it back. False when the file could not be written.
+bool takeStopRequestBack(const IniFile& ini);
+
+}
