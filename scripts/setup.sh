@@ -1,16 +1,17 @@
 #!/usr/bin/env bash
 # Installs what the build and the desk need on a bare Debian 12. Quick and
 # silent when everything is there already.
-#   scripts/setup.sh          the compiler, Wine and a virtual screen
+#   scripts/setup.sh          the compiler, the packager, Wine and a virtual screen
 #   scripts/setup.sh check    the tools of ./check as well
 set -euo pipefail
 
 packages=(
     g++-mingw-w64-i686-win32 mingw-w64-tools cmake ninja-build googletest
     wine wine32:i386 fonts-wine fonts-liberation
+    wixl msitools
     xvfb xauth x11-utils xdotool imagemagick procps util-linux
 )
-what="the compiler, Wine and a virtual screen (about a minute, 300 MB)"
+what="the compiler, the packager, Wine and a virtual screen (about a minute, 300 MB)"
 if [ "${1:-}" = check ]; then
     # Of one version, for another one lays out otherwise.
     packages+=(clang-format-19 clang-tidy-19 shellcheck)

@@ -72,6 +72,11 @@ bool tellsWhetherToStop(const IniFile& ini)
     return !ini.read(application, kill, "").empty();
 }
 
+bool askForStop(const IniFile& ini)
+{
+    return ini.write(application, kill, "true");
+}
+
 bool takeStopRequestBack(const IniFile& ini)
 {
     return ini.write(application, kill, "false");

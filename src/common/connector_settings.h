@@ -22,6 +22,9 @@ bool asksForStop(const IniFile& ini);
 // empty, nor while another program keeps the file to itself.
 bool tellsWhetherToStop(const IniFile& ini);
 
+// Asks it. False when the file could not be written.
+bool askForStop(const IniFile& ini);
+
 // Sets it back. False when the file could not be written.
 bool takeStopRequestBack(const IniFile& ini);
 

@@ -20,6 +20,7 @@ const std::map<std::string, Rooms>& allowed()
         {"common", {"automation"}},
         {"automation", {}},
         {"convid", {"automation"}},
+        {"setup", {"common", "automation"}},
         {"desk", {"automation"}},
     };
     return rooms;

@@ -134,7 +134,7 @@ ProgramVersion versionOf(const std::wstring& path)
     std::string resource(GetFileVersionInfoSizeW(path.c_str(), nullptr), '\0');
     if (!GetFileVersionInfoW(path.c_str(), 0, static_cast<DWORD>(resource.size()), resource.data())) return {};
     const auto text = [&](const wchar_t* name) { return versionText(resource, name); };
-    return {text(L"FileVersion"), text(L"ProductVersion"), versionNumbers(resource), text(L"FileDescription"),
+    return {text(L"FileVersion"),  text(L"ProductVersion"),   versionNumbers(resource), text(L"FileDescription"),
             text(L"InternalName"), text(L"OriginalFilename"), text(L"ProductName")};
 }
 

@@ -25,11 +25,13 @@ const std::map<std::string, std::set<std::string>>& ofWindowsXp()
 {
     static const std::pair<const char*, const char*> libraries[] = {
         {"advapi32.dll",
-         "AddAccessAllowedAce CreateWellKnownSid CryptAcquireContextA CryptGenRandom CryptReleaseContext "
-         "GetLengthSid GetTokenInformation InitializeAcl InitializeSecurityDescriptor OpenProcessToken "
+         "AddAccessAllowedAce CreateProcessAsUserW CreateWellKnownSid CryptAcquireContextA CryptGenRandom "
+         "CryptReleaseContext GetLengthSid GetNamedSecurityInfoW GetTokenInformation InitializeAcl "
+         "InitializeSecurityDescriptor OpenProcessToken "
          "RegCloseKey RegCreateKeyExW RegDeleteKeyW RegDeleteValueA RegEnumKeyW RegOpenKeyExA "
-         "RegOpenKeyExW RegQueryValueExA RegQueryValueW RegSetValueExA RegSetValueExW "
-         "SetSecurityDescriptorDacl SetSecurityDescriptorGroup SetSecurityDescriptorOwner"},
+         "RegOpenKeyExW RegQueryValueExA RegQueryValueExW RegQueryValueW RegSetValueExA RegSetValueExW "
+         "SetEntriesInAclW SetNamedSecurityInfoW SetSecurityDescriptorDacl SetSecurityDescriptorGroup "
+         "SetSecurityDescriptorOwner"},
         {"comctl32.dll", "InitCommonControls"},
         {"gdi32.dll", "GetDeviceCaps"},
         {"kernel32.dll",
@@ -38,19 +40,21 @@ const std::map<std::string, std::set<std::string>>& ofWindowsXp()
          "DeleteCriticalSection DeleteFileW DuplicateHandle EnterCriticalSection FlushFileBuffers "
          "FormatMessageW FreeLibrary GetCommandLineW GetCurrentDirectoryW GetCurrentProcess "
          "GetCurrentProcessId GetCurrentThread GetCurrentThreadId GetExitCodeProcess GetExitCodeThread "
-         "GetFileAttributesExW GetFileAttributesW GetFileSizeEx GetFileTime GetLastError GetLocalTime "
+         "GetFileAttributesExW GetFileAttributesW GetFileSize GetFileSizeEx GetFileTime GetLastError GetLocalTime "
          "GetModuleFileNameW GetModuleHandleA GetModuleHandleW GetPrivateProfileSectionNamesA "
          "GetPrivateProfileStringA GetPrivateProfileStringW GetProcAddress GetProcessTimes GetStartupInfoA "
          "GetStdHandle GetSystemTimeAsFileTime GetTickCount GetUserDefaultUILanguage GetVersionExW "
          "InitializeCriticalSection IsDBCSLeadByteEx LeaveCriticalSection LoadLibraryA LoadLibraryW "
          "LocalFree lstrlenW MoveFileExW MultiByteToWideChar OpenProcess OutputDebugStringA "
          "OutputDebugStringW Process32FirstW Process32NextW ProcessIdToSessionId QueryPerformanceCounter "
-         "QueryPerformanceFrequency ReadFile ReleaseSemaphore ResetEvent ResumeThread SetEndOfFile "
+         "QueryPerformanceFrequency ReadFile ReleaseSemaphore RemoveDirectoryW ResetEvent ResumeThread SetEndOfFile "
          "SetErrorMode SetEvent SetFileAttributesW SetFilePointerEx SetFileTime SetLastError "
          "SetThreadPriority SetUnhandledExceptionFilter Sleep TerminateProcess TlsAlloc TlsFree "
          "TlsGetValue TlsSetValue TryEnterCriticalSection VirtualProtect VirtualQuery "
          "WaitForMultipleObjects WaitForSingleObject WideCharToMultiByte WriteFile "
          "WritePrivateProfileStringA"},
+        {"msi.dll",
+         "MsiCloseHandle MsiCreateRecord MsiGetPropertyW MsiProcessMessage MsiRecordSetStringW MsiSetPropertyW"},
         {"msvcrt.dll",
          "__getmainargs __initenv __mb_cur_max __p__acmdln __p__commode __p__fmode __set_app_type "
          "__setusermatherr _amsg_exit _assert _beginthreadex _cexit _close _endthreadex _errno _exit "
@@ -81,6 +85,8 @@ const std::map<std::string, std::set<std::string>>& ofWindowsXp()
          "MsgWaitForMultipleObjectsEx PeekMessageW PostMessageW PostQuitMessage PostThreadMessageW "
          "RegisterClassW ReleaseDC ReplyMessage SendMessageTimeoutW SendMessageW SetForegroundWindow "
          "SetTimer SetWindowLongW TranslateMessage UnregisterClassW wsprintfW"},
+        {"userenv.dll", "CreateEnvironmentBlock DestroyEnvironmentBlock"},
+        {"wtsapi32.dll", "WTSQueryUserToken"},
     };
     static const auto functions = [] {
         std::map<std::string, std::set<std::string>> result;
@@ -132,6 +138,15 @@ TEST(InstalledPrograms, Imports_HoldWhatProtectsTheProcess)
     }
     const programs::Executable hublink = executable(beside(L"hublink.exe"));
     EXPECT_TRUE(hublink.imports.at("comctl32.dll").contains("InitCommonControls"));
+}
+
+// They run inside Windows Installer.
+TEST(CustomActions, Imports_AreAllThereInWindowsXp)
+{
+    const programs::Executable found = executable(beside(L"hublink_setup.dll"));
+    EXPECT_TRUE(found.imports.at("msi.dll").contains("MsiGetPropertyW")) << "the table was not read";
+    for (const std::string& import : tooNew(found))
+        ADD_FAILURE() << "the custom actions do not work in Windows XP: " << import;
 }
 
 TEST(InstalledPrograms, FunctionOfALaterWindows_IsNoticed)

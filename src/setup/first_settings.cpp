@@ -1,0 +1,125 @@
+#include "setup/first_settings.h"
+
+#include "automation/owners.h"
+#include "automation/text.h"
+#include "common/ini_file.h"
+
+#include <stdexcept>
+
+namespace hublink::setup {
+
+namespace {
+
+constexpr const wchar_t* settingsKey = L"SOFTWARE\\Hublink\\Settings";
+constexpr const wchar_t* madeFolderName = L"Connector folder";
+
+void require(LSTATUS result, const char* what)
+{
+    if (result != ERROR_SUCCESS) throw std::runtime_error(std::string(what) + ": error " + std::to_string(result));
+}
+
+automation::RegistryKey rememberedKey()
+{
+    HKEY opened = nullptr;
+    require(RegCreateKeyExW(HKEY_LOCAL_MACHINE, settingsKey, 0, nullptr, 0, KEY_READ | KEY_WRITE, nullptr, &opened,
+                            nullptr),
+            "the settings cannot be remembered");
+    return automation::RegistryKey(opened);
+}
+
+void store(const automation::RegistryKey& key, const wchar_t* name, const std::wstring& value)
+{
+    require(RegSetValueExW(key.get(), name, 0, REG_SZ, reinterpret_cast<const BYTE*>(value.c_str()),
+                           static_cast<DWORD>((value.size() + 1) * sizeof(wchar_t))),
+            "a setting cannot be remembered");
+}
+
+std::wstring stored(const automation::RegistryKey& key, const wchar_t* name)
+{
+    DWORD size = 0;
+    DWORD type = REG_NONE;
+    if (RegQueryValueExW(key.get(), name, nullptr, &type, nullptr, &size) != ERROR_SUCCESS || type != REG_SZ) return {};
+    std::wstring value(size / sizeof(wchar_t), L'\0');
+    require(RegQueryValueExW(key.get(), name, nullptr, nullptr, reinterpret_cast<BYTE*>(value.data()), &size),
+            "a remembered setting cannot be read");
+    return value.c_str();
+}
+
+}
+
+const std::vector<SettingProperty>& settingProperties()
+{
+    static const std::vector<SettingProperty> properties{
+        {L"TRACE", "Application", "trace"},
+        {L"TYPE", "Application", "type"},
+        {L"TYPE1", "Application", "type1"},
+        {L"TEMPO", "Application", "tempo"},
+        {L"TEMPO1", "Application", "tempo1"},
+        {L"TRYCNXNUMBER", "Application", "TryCnxNumber"},
+        {L"POPUP", "AllApplication", "PopUp"},
+        {L"NEWCONTACT", "AllApplication", "NewContact"},
+        {L"HISTO", "AllApplication", "Histo"},
+        {L"REPERTORY", "AllApplication", "Repertory"},
+        {L"CALLBACKMAIL", "AllApplication", "CallBackMail"},
+        {L"CALLBACKMAILSYNTAXE", "outlook", "CallBackMailSyntaxe"},
+        {L"REPLACEPHONENUMBER", "outlook", "ReplacePhoneNumber"},
+        {L"QUITOUTLOOK", "outlook", "quitoutlook"},
+        {L"LANGUAGE", "outlook", "language"},
+        {L"EXTENSION", "outlook", "Extension"},
+        {L"DLLEXTENSION", "outlook", "DllExtension"},
+        {L"DLLEXTENSIONNAME", "outlook", "DllExtensionName"},
+        {L"PATHDLLEXTENSION", "outlook", "PathDllExtension"},
+        {L"REGISTEDLLEXTENSION", "outlook", "RegisteDllExtension"},
+        {L"NBPUBLICADDRESSBOOK", "lotus", "NbPublicAddressBook"},
+        {L"ORDER", "lotus", "Order"},
+        {L"SHOWGRPWAGENDA", "lotus", "ShowGrpwAgenda"},
+        {L"POPUPGRPWAGENDA", "lotus", "PopUpGrpwAgenda"},
+        {L"CALLINMAIL", "lotus", "CallInMail"},
+        {L"ALWAYSVERIFYPHONENUMBER", "lotus", "AlwaysVerifyPhoneNumber"},
+    };
+    return properties;
+}
+
+void addGiven(const Package& package, ActionData& data)
+{
+    for (const SettingProperty& each : settingProperties())
+        if (const std::wstring value = package.property(each.name); !value.empty()) data.add(each.name, value);
+}
+
+void writeInto(const std::wstring& iniFile, const ActionData& data)
+{
+    const IniFile ini(iniFile);
+    for (const SettingProperty& each : settingProperties()) {
+        const std::wstring value = data.value(each.name);
+        if (!value.empty() && !ini.write(each.section, each.key, automation::ansi(value).c_str()))
+            throw std::runtime_error("cannot write " + std::string(each.key) + " into " + automation::ansi(iniFile));
+    }
+}
+
+ActionData remember(const ActionData& given)
+{
+    const automation::RegistryKey key = rememberedKey();
+    ActionData all;
+    for (const SettingProperty& each : settingProperties()) {
+        if (const std::wstring value = given.value(each.name); !value.empty()) store(key, each.name, value);
+        if (const std::wstring known = stored(key, each.name); !known.empty()) all.add(each.name, known);
+    }
+    return all;
+}
+
+void rememberMadeFolder(const std::wstring& folder)
+{
+    store(rememberedKey(), madeFolderName, folder);
+}
+
+std::wstring madeFolder()
+{
+    return stored(rememberedKey(), madeFolderName);
+}
+
+void forgetAll()
+{
+    RegDeleteKeyW(HKEY_LOCAL_MACHINE, settingsKey);
+}
+
+}
