@@ -3,7 +3,7 @@
 #include "automation/error.h"
 #include "convid/class_identity.h"
 #include "convid/server_process.h"
-#include "server_session.h"
+#include "server_fixture.h"
 
 #include <algorithm>
 
@@ -65,7 +65,7 @@ void CALLBACK beat(HWND, UINT, UINT_PTR, DWORD)
 
 }
 
-using Server = ServerSession;
+using Server = ServerFixture;
 
 TEST_F(Server, RegisteredAndUnregistered_IsKnownAndUnknown)
 {

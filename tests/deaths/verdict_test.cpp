@@ -9,9 +9,9 @@ namespace {
 
 using namespace deaths;
 
-class VerdictTest : public testing::Test {
+class DeathsVerdict : public testing::Test {
 protected:
-    VerdictTest()
+    DeathsVerdict()
     {
         std::size_t next = 0;
         const auto add = [&](std::vector<Mirror>& mirrors, const std::wstring& key) {
@@ -33,12 +33,12 @@ protected:
 
 }
 
-TEST_F(VerdictTest, EverythingOnce_IsGood)
+TEST_F(DeathsVerdict, EverythingOnce_IsGood)
 {
     EXPECT_TRUE(verdict().good());
 }
 
-TEST_F(VerdictTest, RecordMissing_IsLost_WhateverIsPermitted)
+TEST_F(DeathsVerdict, RecordMissing_IsLost_WhateverIsPermitted)
 {
     state.calls.erase(state.calls.begin() + 3);
     const Verdict found = verdict({{calls()[3].id}, {}});
@@ -46,19 +46,19 @@ TEST_F(VerdictTest, RecordMissing_IsLost_WhateverIsPermitted)
     EXPECT_FALSE(found.good());
 }
 
-TEST_F(VerdictTest, MapRecordMissing_IsLost)
+TEST_F(DeathsVerdict, MapRecordMissing_IsLost)
 {
     state.map.erase(state.map.begin());
     EXPECT_EQ(verdict().lost, 1);
 }
 
-TEST_F(VerdictTest, MappedToTheRecordOfAnother_IsLost)
+TEST_F(DeathsVerdict, MappedToTheRecordOfAnother_IsLost)
 {
     std::swap(state.map[0].groupwareId, state.map[1].groupwareId);
     EXPECT_EQ(verdict().lost, 2);
 }
 
-TEST_F(VerdictTest, RecordThereTwice_IsPermittedOnlyByName_AndOnlyOnce)
+TEST_F(DeathsVerdict, RecordThereTwice_IsPermittedOnlyByName_AndOnlyOnce)
 {
     state.calls.push_back({L"copy", calls()[5].begin, L""});
     EXPECT_EQ(verdict().doubledForbidden, 1);
@@ -70,14 +70,14 @@ TEST_F(VerdictTest, RecordThereTwice_IsPermittedOnlyByName_AndOnlyOnce)
     EXPECT_EQ(verdict({{calls()[5].id}, {}}).doubledForbidden, 1);
 }
 
-TEST_F(VerdictTest, ContactOfAStrangerTwice_IsRefused)
+TEST_F(DeathsVerdict, ContactOfAStrangerTwice_IsRefused)
 {
     state.contacts.push_back({L"copy", strangers[0], L""});
     EXPECT_EQ(verdict().doubledForbidden, 1);
     EXPECT_EQ(verdict({{}, {strangers[0]}}).doubledAsAllowed, 1);
 }
 
-TEST_F(VerdictTest, ContactOfAStrangerThatIsMissing_IsPermittedOnlyByItsNumber)
+TEST_F(DeathsVerdict, ContactOfAStrangerThatIsMissing_IsPermittedOnlyByItsNumber)
 {
     std::erase_if(state.contacts, [](const Mirror& contact) { return contact.key == strangers[1]; });
     EXPECT_EQ(verdict().lost, 1);
@@ -87,13 +87,13 @@ TEST_F(VerdictTest, ContactOfAStrangerThatIsMissing_IsPermittedOnlyByItsNumber)
     EXPECT_EQ(permitted.missingAsAllowed, 1);
 }
 
-TEST_F(VerdictTest, RecordWithAFieldLess_IsNotWhole)
+TEST_F(DeathsVerdict, RecordWithAFieldLess_IsNotWhole)
 {
     state.calls[7].content = L"half";
     EXPECT_EQ(verdict().deviations.size(), 1u);
 }
 
-TEST_F(VerdictTest, RecordThatNobodyHas_AndMapRecordOfADeletedOne_AreRefused)
+TEST_F(DeathsVerdict, RecordThatNobodyHas_AndMapRecordOfADeletedOne_AreRefused)
 {
     state.contacts.push_back({L"odd", L"4711", L""});
     state.map.push_back({goneCall, L"odd", 0, 0});

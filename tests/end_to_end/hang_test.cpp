@@ -1,6 +1,6 @@
 // Partners that do not answer any more: a user who wants to stop the program can.
 // Each of these takes the two spells of ten seconds that the program is patient for.
-#include "notes_desk_test.h"
+#include "notes_desk_fixture.h"
 #include "support/processes.h"
 
 namespace {
@@ -8,7 +8,7 @@ namespace {
 using desk::player::messageBoxes;
 using desk::player::waitUntil;
 
-class Hang : public NotesDeskTest {
+class Hang : public NotesDeskFixture {
 protected:
     static constexpr DWORD patiently = 45'000; // milliseconds: two spells, and a busy machine
 

@@ -1,10 +1,10 @@
-#include "notes_desk_test.h"
+#include "notes_desk_fixture.h"
 
 #include <cwchar>
 
 namespace {
 
-class WithNotes : public NotesDeskTest {
+class NotesAtTheDesk : public NotesDeskFixture {
 protected:
     // The user opens a mail from that sender, in front of all windows; its universal identifier.
     std::wstring reads(const std::wstring& sender)
@@ -61,7 +61,7 @@ protected:
 
 }
 
-TEST_F(WithNotes, SoftphoneQuits_TheLogGetsItsLastLine_AndTheProgramEndsAtTheNextTick)
+TEST_F(NotesAtTheDesk, SoftphoneQuits_TheLogGetsItsLastLine_AndTheProgramEndsAtTheNextTick)
 {
     startWithNotes();
     desk.softphone(L"quit");
@@ -71,7 +71,7 @@ TEST_F(WithNotes, SoftphoneQuits_TheLogGetsItsLastLine_AndTheProgramEndsAtTheNex
     EXPECT_TRUE(desk.notesProcess().running());
 }
 
-TEST_F(WithNotes, MailInFrontInTheFrameOfASecondProcess_GetsItsSendersNumber)
+TEST_F(NotesAtTheDesk, MailInFrontInTheFrameOfASecondProcess_GetsItsSendersNumber)
 {
     const std::wstring program = desk::player::ownFolder() + L"\\notes2.exe";
     const std::wstring installed = std::wstring(desk::player::partnersFolder) + L"\\notes2.exe";
@@ -96,7 +96,7 @@ TEST_F(WithNotes, MailInFrontInTheFrameOfASecondProcess_GetsItsSendersNumber)
     EXPECT_EQ(numberOf(unseen), L"") << "another program is in front";
 }
 
-TEST_F(WithNotes, MailsFromStrangeSendersInFront_GetNobodysNumber_AndNoLineIsWritten)
+TEST_F(NotesAtTheDesk, MailsFromStrangeSendersInFront_GetNobodysNumber_AndNoLineIsWritten)
 {
     startWithNotes();
     for (const wchar_t* sender : {L"\"Petit, Claire\" <claire.petit@example.com>", L"*", L"?laire.petit@example.com",
@@ -113,7 +113,7 @@ TEST_F(WithNotes, MailsFromStrangeSendersInFront_GetNobodysNumber_AndNoLineIsWri
     EXPECT_EQ(errorLines(), 0u);
 }
 
-TEST_F(WithNotes, StrangeNumbersRing_NobodyIsShown_AndNoLineIsWritten)
+TEST_F(NotesAtTheDesk, StrangeNumbersRing_NobodyIsShown_AndNoLineIsWritten)
 {
     desk.setDefault("AllApplication", "PopUp", "true");
     desk.setDefault("AllApplication", "NewContact", "false");

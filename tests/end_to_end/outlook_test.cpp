@@ -1,5 +1,5 @@
 // Outlook as users have it: guarded, updated, of an old version, refusing; and strange callers.
-#include "desk_test.h"
+#include "desk_fixture.h"
 
 namespace {
 
@@ -7,7 +7,7 @@ constexpr std::string_view people = "[contact]\nFirstName=Marc\nLastName=Durand\
                                     "Email1Address=marc@example.com\n"
                                     "[contact]\nFirstName=Claire\nLastName=Petit\nBusinessTelephoneNumber=04.56\n";
 
-class OutlookAtTheDesk : public DeskTest {
+class OutlookAtTheDesk : public DeskFixture {
 protected:
     void ring(const std::wstring& number)
     {

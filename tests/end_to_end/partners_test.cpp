@@ -1,5 +1,5 @@
 // Partners that are busy, slow, wrong or die.
-#include "desk_test.h"
+#include "desk_fixture.h"
 
 #include "automation/object.h"
 #include "desk/common/control_pipe.h"
@@ -7,7 +7,7 @@
 
 namespace {
 
-class Partners : public DeskTest {
+class Partners : public DeskFixture {
 protected:
     void ring(const std::wstring& fields) { desk.softphone(L"call " + fields); }
     using Counts = std::pair<std::int32_t, std::int32_t>; // calls, entries

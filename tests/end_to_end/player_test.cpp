@@ -1,5 +1,5 @@
 // The player keeps hold of the partner that serves, however it was started.
-#include "desk_test.h"
+#include "desk_fixture.h"
 
 #include "automation/object.h"
 
@@ -7,7 +7,7 @@ namespace {
 
 using automation::Object;
 
-class Player : public DeskTest {};
+class Player : public DeskFixture {};
 
 }
 

@@ -1,10 +1,10 @@
 // Programs that are restarted at once: their next process is there before a tick
 // could have seen that they were gone.
-#include "notes_desk_test.h"
+#include "notes_desk_fixture.h"
 
 namespace {
 
-class Restart : public NotesDeskTest {
+class Restart : public NotesDeskFixture {
 protected:
     // A tick sees which process runs; after the restart one drops the session, the
     // next one opens it again.

@@ -1,5 +1,5 @@
 // A program that is asked to stop while it is at work, and by whom.
-#include "notes_desk_test.h"
+#include "notes_desk_fixture.h"
 
 namespace {
 
@@ -22,7 +22,7 @@ std::string thousandsOfEntries()
     return records;
 }
 
-class StopInASynchronisation : public NotesDeskTest {
+class StopInASynchronisation : public NotesDeskFixture {
 protected:
     void startSynchronisation()
     {
@@ -42,7 +42,7 @@ protected:
     }
 };
 
-class SentMessage : public DeskTest {
+class SentMessage : public DeskFixture {
 protected:
     // With Outlook to be quit at the end, and "trace" on.
     void startTraced()
@@ -56,7 +56,7 @@ protected:
     }
 };
 
-using SentMessageWithNotes = NotesDeskTest;
+using SentMessageWithNotes = NotesDeskFixture;
 
 }
 

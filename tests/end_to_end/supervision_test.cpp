@@ -1,14 +1,14 @@
-#include "desk_test.h"
+#include "desk_fixture.h"
 
 namespace {
 
-class Supervision : public DeskTest {};
+class SupervisionAtTheDesk : public DeskFixture {};
 
 constexpr std::string_view marc = "[contact]\nFirstName=Marc\nLastName=Durand\nBusinessTelephoneNumber=0123\n";
 
 }
 
-TEST_F(Supervision, SoftphoneKilled_IsLoggedAtTheNextTick_AndTheProcessEndsAtTheFollowingOne)
+TEST_F(SupervisionAtTheDesk, SoftphoneKilled_IsLoggedAtTheNextTick_AndTheProcessEndsAtTheFollowingOne)
 {
     start();
     desk.softphone(L"die"); // withdrawn first: a killed class stays dead for a while under some systems
@@ -23,7 +23,7 @@ TEST_F(Supervision, SoftphoneKilled_IsLoggedAtTheNextTick_AndTheProcessEndsAtThe
     EXPECT_TRUE(desk.outlookProcess().running());
 }
 
-TEST_F(Supervision, SoftphoneQuits_TheProcessEndsAtTheNextTick_AndOutlookStays)
+TEST_F(SupervisionAtTheDesk, SoftphoneQuits_TheProcessEndsAtTheNextTick_AndOutlookStays)
 {
     start();
     desk.softphone(L"quit");
@@ -36,7 +36,7 @@ TEST_F(Supervision, SoftphoneQuits_TheProcessEndsAtTheNextTick_AndOutlookStays)
     EXPECT_TRUE(desk.outlookProcess().running()) << "\"quitoutlook\" is off";
 }
 
-TEST_F(Supervision, QuitOutlookOn_OutlookIsClosedWithTheProgram)
+TEST_F(SupervisionAtTheDesk, QuitOutlookOn_OutlookIsClosedWithTheProgram)
 {
     start();
     desk.setIni("outlook", "quitoutlook", "true");
@@ -47,7 +47,7 @@ TEST_F(Supervision, QuitOutlookOn_OutlookIsClosedWithTheProgram)
     EXPECT_TRUE(desk.outlookProcess().ended(soon));
 }
 
-TEST_F(Supervision, OutlookClosedAndOpenedAgain_TheSessionIsOpenedAgain_AndACallIsServed)
+TEST_F(SupervisionAtTheDesk, OutlookClosedAndOpenedAgain_TheSessionIsOpenedAgain_AndACallIsServed)
 {
     start(marc);
     desk.closeOutlook();
@@ -62,7 +62,7 @@ TEST_F(Supervision, OutlookClosedAndOpenedAgain_TheSessionIsOpenedAgain_AndACall
         << "the log item belonged to the Outlook that went: no line follows";
 }
 
-TEST_F(Supervision, IniFileTouchedWithoutAChange_IsReloaded_AndTheSessionOpenedAgain)
+TEST_F(SupervisionAtTheDesk, IniFileTouchedWithoutAChange_IsReloaded_AndTheSessionOpenedAgain)
 {
     start();
     const std::string text = desk::player::readFile(desk.iniFile());
@@ -78,7 +78,7 @@ TEST_F(Supervision, IniFileTouchedWithoutAChange_IsReloaded_AndTheSessionOpenedA
     EXPECT_EQ(desk.outlook(L"calls"), L"") << "once";
 }
 
-TEST_F(Supervision, KillInTheIniFile_EndsTheProgram_AndIsSetBack)
+TEST_F(SupervisionAtTheDesk, KillInTheIniFile_EndsTheProgram_AndIsSetBack)
 {
     start();
     desk.setIni("Application", "kill", "true");
@@ -89,7 +89,7 @@ TEST_F(Supervision, KillInTheIniFile_EndsTheProgram_AndIsSetBack)
     EXPECT_TRUE(ends());
 }
 
-TEST_F(Supervision, IniFileRemoved_NothingIsReloadedUntilItIsBack_AndTheOtherStepsGoOn)
+TEST_F(SupervisionAtTheDesk, IniFileRemoved_NothingIsReloadedUntilItIsBack_AndTheOtherStepsGoOn)
 {
     start();
     const std::string text = desk::player::readFile(desk.iniFile());
@@ -112,7 +112,7 @@ TEST_F(Supervision, IniFileRemoved_NothingIsReloadedUntilItIsBack_AndTheOtherSte
     EXPECT_TRUE(outlookIsAskedFor(L"NameSpace.GetDefaultFolder"));
 }
 
-TEST_F(Supervision, FileThatNamesNoGroupware_StopsTheProgramAtItsFirstTick)
+TEST_F(SupervisionAtTheDesk, FileThatNamesNoGroupware_StopsTheProgramAtItsFirstTick)
 {
     desk.startSoftphone();
     desk.startOutlook();
@@ -123,7 +123,7 @@ TEST_F(Supervision, FileThatNamesNoGroupware_StopsTheProgramAtItsFirstTick)
     EXPECT_EQ(desk.outlook(L"calls"), L"");
 }
 
-TEST_F(Supervision, IniFileCannotBeInstalled_StopsTheProgramAtItsFirstTick)
+TEST_F(SupervisionAtTheDesk, IniFileCannotBeInstalled_StopsTheProgramAtItsFirstTick)
 {
     desk.startSoftphone();
     desk::player::setRegistryText(HKEY_LOCAL_MACHINE,
@@ -134,7 +134,7 @@ TEST_F(Supervision, IniFileCannotBeInstalled_StopsTheProgramAtItsFirstTick)
     EXPECT_EQ(desk.hublinkProcess().exitCode(), 0u);
 }
 
-TEST_F(Supervision, DirectoryInTheIniFilesPlace_StopsTheProgramAtItsFirstTick)
+TEST_F(SupervisionAtTheDesk, DirectoryInTheIniFilesPlace_StopsTheProgramAtItsFirstTick)
 {
     desk.startSoftphone();
     desk::player::makeFolder(desk.iniFile());
@@ -143,7 +143,7 @@ TEST_F(Supervision, DirectoryInTheIniFilesPlace_StopsTheProgramAtItsFirstTick)
     RemoveDirectoryW(desk.iniFile().c_str());
 }
 
-TEST_F(Supervision, BinaryJunkInTheIniFile_NamesNoGroupware_AndStopsTheProgram)
+TEST_F(SupervisionAtTheDesk, BinaryJunkInTheIniFile_NamesNoGroupware_AndStopsTheProgram)
 {
     start();
     std::string junk(100'000, '\0');
@@ -156,7 +156,7 @@ TEST_F(Supervision, BinaryJunkInTheIniFile_NamesNoGroupware_AndStopsTheProgram)
     EXPECT_EQ(desk.hublinkProcess().exitCode(), 0u);
 }
 
-TEST_F(Supervision, ValuesOfSeveralThousandCharacters_AreCut_AndTheProgramGoesOn)
+TEST_F(SupervisionAtTheDesk, ValuesOfSeveralThousandCharacters_AreCut_AndTheProgramGoesOn)
 {
     const std::string longText(5000, 'x');
     desk.startSoftphone();
@@ -170,7 +170,7 @@ TEST_F(Supervision, ValuesOfSeveralThousandCharacters_AreCut_AndTheProgramGoesOn
     EXPECT_TRUE(desk.outlookShows(L"Marc Durand - Contact"));
 }
 
-TEST_F(Supervision, StaleStopRequest_DoesNotStopANewRun)
+TEST_F(SupervisionAtTheDesk, StaleStopRequest_DoesNotStopANewRun)
 {
     desk.startSoftphone();
     desk.startOutlook();
@@ -180,7 +180,7 @@ TEST_F(Supervision, StaleStopRequest_DoesNotStopANewRun)
     EXPECT_FALSE(ends(6000));
 }
 
-TEST_F(Supervision, SecondStart_EndsWithZero_AndTouchesNothing)
+TEST_F(SupervisionAtTheDesk, SecondStart_EndsWithZero_AndTouchesNothing)
 {
     start();
     desk.outlook(L"clear");
@@ -194,7 +194,7 @@ TEST_F(Supervision, SecondStart_EndsWithZero_AndTouchesNothing)
     EXPECT_TRUE(desk.hublinkProcess().running());
 }
 
-TEST_F(Supervision, FormClosed_AsksForAStop)
+TEST_F(SupervisionAtTheDesk, FormClosed_AsksForAStop)
 {
     start();
     PostMessageW(FindWindowW(L"Hublink", nullptr), WM_CLOSE, 0, 0);

@@ -1,11 +1,11 @@
-#include "desk_test.h"
+#include "desk_fixture.h"
 
 #include "automation/enumeration.h"
 #include "automation/object.h"
 
 namespace {
 
-class Trace : public DeskTest {
+class Trace : public DeskFixture {
 protected:
     void startWithTrace(std::string_view softphone = {}, const std::string& features = {})
     {

@@ -1,6 +1,6 @@
 // Senders and numbers as they are found in the wild: whoever they do not name
 // is neither shown nor written into a mail, and the log is left in peace.
-#include "current_document_test.h"
+#include "current_document_fixture.h"
 #include "lotus/contacts.h"
 #include "lotus/search.h"
 
@@ -10,7 +10,7 @@ namespace {
 
 constexpr const wchar_t* company = L"CN=Mail1/O=Acme!!books\\company.nsf";
 
-class BadInput : public CurrentDocument {
+class BadInput : public CurrentDocumentFixture {
 protected:
     // Claire Petit is found by key, Emile Zola by full text; both have a number.
     BadInput()

@@ -9,7 +9,7 @@ namespace {
 constexpr const wchar_t* claire = L"Form=Person\nLastName=Petit\nFirstName=Claire\nFullName=Claire Petit/Acme\n"
                                   L"OfficePhoneNumber=0299\nMailAddress=claire@example.com";
 
-class GroupCalendars : public LotusDocumentsTest {
+class GroupCalendars : public LotusDocumentsFixture {
 protected:
     // Switched on, with Claire Petit in the user's own address book.
     void open()

@@ -7,7 +7,7 @@ namespace hublink {
 
 namespace {
 
-class LotusContacts : public LotusDocumentsTest {
+class LotusContacts : public LotusDocumentsFixture {
 protected:
     std::wstring create(bool show = false)
     {

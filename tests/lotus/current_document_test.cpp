@@ -1,10 +1,12 @@
-#include "current_document_test.h"
+#include "current_document_fixture.h"
 
 namespace hublink {
 
 namespace {
 
-class CurrentCall : public CurrentDocument {
+using CurrentDocument = CurrentDocumentFixture;
+
+class CurrentCall : public CurrentDocumentFixture {
 protected:
     CurrentCall() { open(); }
 

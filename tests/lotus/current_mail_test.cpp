@@ -1,4 +1,4 @@
-#include "current_document_test.h"
+#include "current_document_fixture.h"
 
 namespace hublink {
 
@@ -6,7 +6,7 @@ namespace {
 
 constexpr const wchar_t* fromClaire = L"Form=Memo\nFrom=claire@example.com\nSubject=Hello\n";
 
-class CurrentMail : public CurrentDocument {
+class CurrentMail : public CurrentDocumentFixture {
 protected:
     CurrentMail() { open(); }
 };

@@ -37,9 +37,9 @@ Key=CalendarName
 Form=(GroupCalendar)
 )";
 
-class LotusDocumentsTest : public LotusTest {
+class LotusDocumentsFixture : public LotusFixture {
 protected:
-    LotusDocumentsTest() { loadNotes(); }
+    LotusDocumentsFixture() { loadNotes(); }
 
     // Notes and the session as they are after `ready`, whatever happened since.
     void again()

@@ -6,7 +6,7 @@ namespace hublink {
 
 namespace {
 
-class LotusDocuments : public LotusTest {
+class LotusDocuments : public LotusFixture {
 protected:
     automation::Object database(const wchar_t* server, const wchar_t* file)
     {

@@ -6,7 +6,7 @@ namespace hublink {
 
 namespace {
 
-class LotusFailure : public LotusTest {
+class LotusFailure : public LotusFixture {
 protected:
     LotusFailure() { writeIni(describedBooks); }
 

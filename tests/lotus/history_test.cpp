@@ -13,7 +13,7 @@ constexpr const wchar_t* refresh = L"NotesUIWorkspace.ViewRefresh method";
 
 using Members = std::map<std::wstring, Value>;
 
-class LotusHistory : public LotusDocumentsTest {
+class LotusHistory : public LotusDocumentsFixture {
 protected:
     // An answered outgoing call; a test says what is otherwise.
     static Members call(const wchar_t* number)

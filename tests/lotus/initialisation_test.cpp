@@ -8,7 +8,7 @@ namespace hublink {
 
 namespace {
 
-class LotusSessionTest : public LotusTest {
+class LotusInitialisation : public LotusFixture {
 protected:
     using Lines = std::vector<std::wstring>;
 
@@ -24,7 +24,7 @@ protected:
 
 }
 
-TEST_F(LotusSessionTest, SwitchedOff_CreatesNoSession_AndResetsBothFlags)
+TEST_F(LotusInitialisation, SwitchedOff_CreatesNoSession_AndResetsBothFlags)
 {
     host.settings.bgWithLotus = false;
     host.settings.Trace = true;
@@ -39,7 +39,7 @@ TEST_F(LotusSessionTest, SwitchedOff_CreatesNoSession_AndResetsBothFlags)
     EXPECT_EQ(host.messages, Lines{});
 }
 
-TEST_F(LotusSessionTest, SwitchedOffAndOnAgain_KeepsTheSessionObject_AndReinitialises)
+TEST_F(LotusInitialisation, SwitchedOffAndOnAgain_KeepsTheSessionObject_AndReinitialises)
 {
     ready();
     IDispatch* const before = session.NotesSession.dispatch();
@@ -54,7 +54,7 @@ TEST_F(LotusSessionTest, SwitchedOffAndOnAgain_KeepsTheSessionObject_AndReinitia
     EXPECT_EQ(logBodies().size(), 1u) << "no new log document was asked for";
 }
 
-TEST_F(LotusSessionTest, Initialisation_CallsNotesInThisOrder)
+TEST_F(LotusInitialisation, Initialisation_CallsNotesInThisOrder)
 {
     groupware.PavexUserName = L"Anna Keller";
     writeIni(describedBooks);
@@ -91,7 +91,7 @@ TEST_F(LotusSessionTest, Initialisation_CallsNotesInThisOrder)
                              L"NotesDocument.Save method (BOOL True, BOOL True)"}));
 }
 
-TEST_F(LotusSessionTest, Initialisation_SpellsTheNamesAsNotesUsersDo)
+TEST_F(LotusInitialisation, Initialisation_SpellsTheNamesAsNotesUsersDo)
 {
     writeIni(describedBooks);
     init();
@@ -103,7 +103,7 @@ TEST_F(LotusSessionTest, Initialisation_SpellsTheNamesAsNotesUsersDo)
                             L"Type", L"AppendItemValue", L"save", L"GetItemValue", L"RemoveItem", L"NotesVersion"}));
 }
 
-TEST_F(LotusSessionTest, Initialisation_WritesTwoLinesAndTheDump_IntoANewLogDocument)
+TEST_F(LotusInitialisation, Initialisation_WritesTwoLinesAndTheDump_IntoANewLogDocument)
 {
     ready("[lotus]\nNbPublicAddressBook=1\nOrder=1\n[lotus base description 1]\nbase=a.nsf|s|m|t|e\nLastName=L\n"
           "[lotus call log description]\nbase=h.nsf|hs|hm|ht|he\n"
@@ -120,7 +120,7 @@ TEST_F(LotusSessionTest, Initialisation_WritesTwoLinesAndTheDump_IntoANewLogDocu
     EXPECT_EQ(trapped.errors, std::vector<std::string>{});
 }
 
-TEST_F(LotusSessionTest, Initialisation_FillsTheSession)
+TEST_F(LotusInitialisation, Initialisation_FillsTheSession)
 {
     ready();
     EXPECT_FALSE(session.LotusMustInit);
@@ -134,14 +134,14 @@ TEST_F(LotusSessionTest, Initialisation_FillsTheSession)
     EXPECT_EQ(host.messages, Lines{}) << "the trace is off";
 }
 
-TEST_F(LotusSessionTest, Initialisation_TellsNotesTheSoftphonesUser)
+TEST_F(LotusInitialisation, Initialisation_TellsNotesTheSoftphonesUser)
 {
     groupware.PavexUserName = L"Durand Marc";
     ready();
     EXPECT_EQ(session.NotesSession.get(L"GetEnvironmentString", {L"CTI_PavexUserName"}).text(), L"Durand Marc");
 }
 
-TEST_F(LotusSessionTest, NotesRelease5_IsToldByTheVersionsExactText)
+TEST_F(LotusInitialisation, NotesRelease5_IsToldByTheVersionsExactText)
 {
     const struct {
         const wchar_t* version;
@@ -160,7 +160,7 @@ TEST_F(LotusSessionTest, NotesRelease5_IsToldByTheVersionsExactText)
     }
 }
 
-TEST_F(LotusSessionTest, CallLogWithoutABaseFile_OpensNoHistoryDatabase_AndIsReadyAllTheSame)
+TEST_F(LotusInitialisation, CallLogWithoutABaseFile_OpensNoHistoryDatabase_AndIsReadyAllTheSame)
 {
     ready("[lotus personnel log description]\nbase=log.nsf||||\nBody=Text\nEvents=What\nForm=Log\nTypeForm=LogType\n"
           "StartTime=Start\nFinishTime=Finish\nServer=From\n");
@@ -168,7 +168,7 @@ TEST_F(LotusSessionTest, CallLogWithoutABaseFile_OpensNoHistoryDatabase_AndIsRea
     EXPECT_EQ(session.LotusLogText, L"Base Mail CN=Mail1/O=Acme mail\\akeller.nsf\nBase Pavex History   ");
 }
 
-TEST_F(LotusSessionTest, SettingsThatEndAtAnError_LeaveBothLogLines)
+TEST_F(LotusInitialisation, SettingsThatEndAtAnError_LeaveBothLogLines)
 {
     ready();
     session.LotusMustInit = true;
@@ -179,7 +179,7 @@ TEST_F(LotusSessionTest, SettingsThatEndAtAnError_LeaveBothLogLines)
                                      L"Base Pavex History  pavexhistory.nsf Calls");
 }
 
-TEST_F(LotusSessionTest, SecondInitialisation_DoesNothing_WhileNoneIsWanted)
+TEST_F(LotusInitialisation, SecondInitialisation_DoesNothing_WhileNoneIsWanted)
 {
     ready();
     host.settings.Trace = true;
@@ -191,7 +191,7 @@ TEST_F(LotusSessionTest, SecondInitialisation_DoesNothing_WhileNoneIsWanted)
     EXPECT_EQ(host.messages, Lines{});
 }
 
-TEST_F(LotusSessionTest, Reinitialisation_OpensANewLogDocument_OnlyWhenAskedTo)
+TEST_F(LotusInitialisation, Reinitialisation_OpensANewLogDocument_OnlyWhenAskedTo)
 {
     ready();
     session.LotusMustInit = true;
@@ -205,7 +205,7 @@ TEST_F(LotusSessionTest, Reinitialisation_OpensANewLogDocument_OnlyWhenAskedTo)
     EXPECT_NE(logBodies()[0].find(start, 1), std::wstring::npos) << "the second reading is in the first document";
 }
 
-TEST_F(LotusSessionTest, NewDocumentAskedForBeforehand_StaysAskedFor)
+TEST_F(LotusInitialisation, NewDocumentAskedForBeforehand_StaysAskedFor)
 {
     session.NewLogDocument = true;
     writeIni(describedBooks);
@@ -214,7 +214,7 @@ TEST_F(LotusSessionTest, NewDocumentAskedForBeforehand_StaysAskedFor)
     EXPECT_TRUE(session.NewLogDocument);
 }
 
-TEST_F(LotusSessionTest, WithTrace_TheFirstInitialisationAndTheNextAreShown)
+TEST_F(LotusInitialisation, WithTrace_TheFirstInitialisationAndTheNextAreShown)
 {
     host.settings.Trace = true;
     host.onMessage = [this](const std::wstring&) {
@@ -229,7 +229,7 @@ TEST_F(LotusSessionTest, WithTrace_TheFirstInitialisationAndTheNextAreShown)
     EXPECT_EQ(host.messages, (Lines{L"First Init lotus", L"ReInit lotus"}));
 }
 
-TEST_F(LotusSessionTest, BusyOnceAtEveryCall_LosesNothing)
+TEST_F(LotusInitialisation, BusyOnceAtEveryCall_LosesNothing)
 {
     ready();
     const Lines undisturbed = logBodies();

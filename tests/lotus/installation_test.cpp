@@ -39,7 +39,7 @@ private:
     HKEY key_ = nullptr;
 };
 
-class LotusInstallation : public LotusTest {
+class LotusInstallation : public LotusFixture {
 protected:
     LotusInstallation()
     {

@@ -6,7 +6,7 @@ namespace hublink {
 
 namespace {
 
-class LotusLog : public LotusTest {
+class LotusLog : public LotusFixture {
 protected:
     // A session whose log document is still to be opened.
     void readyWithoutADocument()

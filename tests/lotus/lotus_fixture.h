@@ -126,9 +126,9 @@ FinishTime=Finish
 Server=From
 )";
 
-class LotusTest : public testing::Test {
+class LotusFixture : public testing::Test {
 protected:
-    LotusTest()
+    LotusFixture()
     {
         host.settings.bgWithLotus = true;
         host.settings.szFileConnectorIni = folder.file(L"pavexconnector.ini");

@@ -11,7 +11,7 @@ using Lines = std::vector<std::wstring>;
 
 constexpr const wchar_t* company = L"CN=Mail1/O=Acme!!books\\company.nsf";
 
-class LotusMailSearch : public LotusTest {
+class LotusMailSearch : public LotusFixture {
 protected:
     LotusMailSearch() { ready(); }
 

@@ -13,7 +13,7 @@ constexpr const wchar_t* company = L"CN=Mail1/O=Acme!!books\\company.nsf";
 constexpr const wchar_t* durand = L"Form=Person\nLastName=Durand\nFirstName=Marc\nFullName=Marc Durand\n"
                                   L"OfficePhoneNumber=014567\nMailAddress=\nInternetAddress=marc@acme.fr\n";
 
-class LotusNumberSearch : public LotusTest {
+class LotusNumberSearch : public LotusFixture {
 protected:
     LotusNumberSearch() { ready(); }
 

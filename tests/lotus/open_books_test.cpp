@@ -23,7 +23,7 @@ constexpr const wchar_t* durand = L"Form=Person\nLastName=Durand\nFirstName=Marc
 constexpr const wchar_t* abel = L"Form=Person\nLastName=Abel\nFirstName=Ann\nOfficePhoneNumber=014567\n";
 
 // Book 1, keyed, has Marc Durand; book 2 is searched by full text.
-class LotusOpenBooks : public LotusTest {
+class LotusOpenBooks : public LotusFixture {
 protected:
     LotusOpenBooks()
     {

@@ -8,7 +8,7 @@ namespace {
 
 constexpr const wchar_t* claire = L"Form=Person\nLastName=Petit\nFirstName=Claire\nOfficePhoneNumber=0299\n";
 
-class PhoneMessage : public LotusDocumentsTest {
+class PhoneMessage : public LotusDocumentsFixture {
 protected:
     // Anna Keller's call to Claire Petit went elsewhere; 01.23 called.
     bool send(const wchar_t* callerFirstName = L"Marc", const wchar_t* callerLastName = L"Durand")

@@ -16,7 +16,7 @@ bool enough(const LotusPerson& person, const wchar_t* wanted)
     return WantedFieldsPresent(person, wanted);
 }
 
-class LotusItems : public LotusTest {
+class LotusItems : public LotusFixture {
 protected:
     // A document of log.nsf with these items.
     automation::Object document(const std::wstring& items)

@@ -7,7 +7,7 @@ namespace hublink {
 
 namespace {
 
-class LotusSettings : public LotusTest {
+class LotusSettings : public LotusFixture {
 protected:
     void read(const std::string& ini)
     {

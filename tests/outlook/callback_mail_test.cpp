@@ -1,12 +1,12 @@
 #include "outlook/callback_mail.h"
 
-#include "outlook_test.h"
+#include "outlook_fixture.h"
 
 namespace hublink {
 
 namespace {
 
-class CallbackMail : public OutlookTest {};
+class CallbackMail : public OutlookFixture {};
 
 }
 

@@ -1,6 +1,6 @@
 #include "outlook/contact_lookup.h"
 
-#include "outlook_test.h"
+#include "outlook_fixture.h"
 
 namespace hublink {
 
@@ -10,7 +10,7 @@ constexpr const wchar_t* marcWithDots =
     L"[contact]\nFirstName=Marc\nLastName=Durand\nHomeTelephoneNumber=01 23.45.67\nEmail1Address=marc@example.com\n";
 constexpr const wchar_t* marcStripped = L"[contact]\nFirstName=Marc\nLastName=Durand\nHomeTelephoneNumber=01234567\n";
 
-class ContactLookup : public OutlookTest {
+class ContactLookup : public OutlookFixture {
 protected:
     std::wstring find(const std::wstring& number)
     {

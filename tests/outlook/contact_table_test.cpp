@@ -2,7 +2,7 @@
 
 #include "outlook/contact_lookup.h"
 #include "outlook/contacts.h"
-#include "outlook_test.h"
+#include "outlook_fixture.h"
 
 namespace hublink {
 
@@ -10,7 +10,7 @@ namespace {
 
 using desk::outlook::Version;
 
-class ContactTable : public OutlookTest {
+class ContactTable : public OutlookFixture {
 protected:
     void openAs(Version version, const std::wstring& records)
     {

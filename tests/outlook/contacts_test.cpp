@@ -1,20 +1,20 @@
 #include "outlook/contacts.h"
 
-#include "outlook_test.h"
+#include "outlook_fixture.h"
 #include "support/softphone_record.h"
 
 namespace hublink {
 
 namespace {
 
-class Contacts : public OutlookTest {
+class OutlookContacts : public OutlookFixture {
 protected:
     std::wstring logBody() { return field(L"journal", 0, L"Body"); }
 };
 
 }
 
-TEST_F(Contacts, FromAnEntry_GetsExactlyThreeProperties_TheNumberStripped)
+TEST_F(OutlookContacts, FromAnEntry_GetsExactlyThreeProperties_TheNumberStripped)
 {
     open();
     const auto entry = softphoneEntry(L"01 23.45", L"Durand", L"Marc");
@@ -33,7 +33,7 @@ TEST_F(Contacts, FromAnEntry_GetsExactlyThreeProperties_TheNumberStripped)
                                                L"ContactItem.Close method (I2 0)", L"ContactItem.EntryID get ()"}));
 }
 
-TEST_F(Contacts, FromAnEntry_LeavesItsLineInTheLogItem)
+TEST_F(OutlookContacts, FromAnEntry_LeavesItsLineInTheLogItem)
 {
     open();
     CreateOutlookContact(session, softphoneEntry(L"01 23.45", L"Durand", L"Marc"));
@@ -41,7 +41,7 @@ TEST_F(Contacts, FromAnEntry_LeavesItsLineInTheLogItem)
     EXPECT_EQ(logBody(), L"3/15/2023 12:00:00 PM New contact 012345 Durand Marc");
 }
 
-TEST_F(Contacts, FromAnEntry_IsSavedWithCloseZero_AndNotDisplayed)
+TEST_F(OutlookContacts, FromAnEntry_IsSavedWithCloseZero_AndNotDisplayed)
 {
     open();
     CreateOutlookContact(session, softphoneEntry(L"1", L"A", L"B"));
@@ -52,7 +52,7 @@ TEST_F(Contacts, FromAnEntry_IsSavedWithCloseZero_AndNotDisplayed)
     EXPECT_TRUE(closedWithZero);
 }
 
-TEST_F(Contacts, FromAnEntryWithoutAName_FailsQuietly_WithoutALogLine)
+TEST_F(OutlookContacts, FromAnEntryWithoutAName_FailsQuietly_WithoutALogLine)
 {
     open();
     EXPECT_EQ(CreateOutlookContact(session, SoftphoneEntry(automation::Object())), L"");
@@ -61,7 +61,7 @@ TEST_F(Contacts, FromAnEntryWithoutAName_FailsQuietly_WithoutALogLine)
     EXPECT_EQ(session.szLastLogText, L"");
 }
 
-TEST_F(Contacts, SavingFails_EmptyIdentifier_AndNoLogLine)
+TEST_F(OutlookContacts, SavingFails_EmptyIdentifier_AndNoLogLine)
 {
     open();
     recorder.faults.add(L"on ContactItem.Close fail 0x80004005");
@@ -70,7 +70,7 @@ TEST_F(Contacts, SavingFails_EmptyIdentifier_AndNoLogLine)
     EXPECT_EQ(count(L"journal"), 0u);
 }
 
-TEST_F(Contacts, FromTexts_Displayed_OpensAfterSaving_ThenTheLine)
+TEST_F(OutlookContacts, FromTexts_Displayed_OpensAfterSaving_ThenTheLine)
 {
     open();
     const std::wstring id = NewOutlookContact(session, {L"01.23 45", L"Durand", L"Marc"}, true);
@@ -85,7 +85,7 @@ TEST_F(Contacts, FromTexts_Displayed_OpensAfterSaving_ThenTheLine)
     EXPECT_EQ(logBody(), L"3/15/2023 12:00:00 PM New contact 012345 Durand Marc");
 }
 
-TEST_F(Contacts, FromTexts_NotDisplayed_OpensNothing)
+TEST_F(OutlookContacts, FromTexts_NotDisplayed_OpensNothing)
 {
     open();
     EXPECT_FALSE(NewOutlookContact(session, {L"0123", L"", L""}, false).empty());
@@ -93,7 +93,7 @@ TEST_F(Contacts, FromTexts_NotDisplayed_OpensNothing)
     EXPECT_EQ(logBody(), L"3/15/2023 12:00:00 PM New contact 0123  ");
 }
 
-TEST_F(Contacts, LastLogText_HoldsTheMostRecentLineOnly)
+TEST_F(OutlookContacts, LastLogText_HoldsTheMostRecentLineOnly)
 {
     open();
     NewOutlookContact(session, {L"1", L"A", L"B"}, false);
@@ -101,7 +101,7 @@ TEST_F(Contacts, LastLogText_HoldsTheMostRecentLineOnly)
     EXPECT_EQ(session.szLastLogText, L"New contact 2 C D");
 }
 
-TEST_F(Contacts, IdentifierUnreadableAfterSaving_NothingIsReturned_TheContactStays_WithoutALogLine)
+TEST_F(OutlookContacts, IdentifierUnreadableAfterSaving_NothingIsReturned_TheContactStays_WithoutALogLine)
 {
     open();
     recorder.faults.add(L"on ContactItem.EntryID get fail 0x80004005");
@@ -113,7 +113,7 @@ TEST_F(Contacts, IdentifierUnreadableAfterSaving_NothingIsReturned_TheContactSta
     outlook.command(L"close-windows", L"");
 }
 
-TEST_F(Contacts, DisplayFails_NothingIsReturned_TheContactStays_WithoutALogLine)
+TEST_F(OutlookContacts, DisplayFails_NothingIsReturned_TheContactStays_WithoutALogLine)
 {
     open();
     recorder.faults.add(L"on ContactItem.Display fail 0x80004005");
@@ -123,7 +123,7 @@ TEST_F(Contacts, DisplayFails_NothingIsReturned_TheContactStays_WithoutALogLine)
     EXPECT_EQ(count(L"journal"), 0u);
 }
 
-TEST_F(Contacts, GuardThatRefuses_DoesNotKeepAContactFromBeingMade)
+TEST_F(OutlookContacts, GuardThatRefuses_DoesNotKeepAContactFromBeingMade)
 {
     open();
     outlook.command(L"guard", L"deny");

@@ -1,13 +1,13 @@
 #include "outlook/initialisation.h"
 
 #include "outlook/settings.h"
-#include "outlook_test.h"
+#include "outlook_fixture.h"
 
 namespace hublink {
 
 namespace {
 
-class OutlookSettings : public OutlookTest {
+class OutlookSettings : public OutlookFixture {
 protected:
     OutlookSettings()
     {
@@ -20,7 +20,7 @@ protected:
     support::ScratchFolder folder;
 };
 
-class OutlookSessionTest : public OutlookSettings {
+class OutlookInitialisation : public OutlookSettings {
 protected:
     automation::Object application() { return automation::Object(outlook.application().get()); }
 };
@@ -169,7 +169,7 @@ TEST_F(OutlookSettings, ExtensionUnchanged_IsRegisteredAtEveryCall)
     EXPECT_EQ(key.value("Hub"), "4.0");
 }
 
-TEST_F(OutlookSessionTest, SwitchedOff_EndsTheSession_AndTouchesNothing)
+TEST_F(OutlookInitialisation, SwitchedOff_EndsTheSession_AndTouchesNothing)
 {
     session.OutlookApp = application();
     session.bOutlookInit = true;
@@ -180,7 +180,7 @@ TEST_F(OutlookSessionTest, SwitchedOff_EndsTheSession_AndTouchesNothing)
     EXPECT_EQ(recorder.calls().size(), 0u);
 }
 
-TEST_F(OutlookSessionTest, HeldApplication_IsReused_AndTheFoldersFetchedInOrder)
+TEST_F(OutlookInitialisation, HeldApplication_IsReused_AndTheFoldersFetchedInOrder)
 {
     session.OutlookApp = application();
     InitOutlook(session);
@@ -194,7 +194,7 @@ TEST_F(OutlookSessionTest, HeldApplication_IsReused_AndTheFoldersFetchedInOrder)
     EXPECT_EQ(session.OutlookJournal.get(L"Name").text(), L"Journal");
 }
 
-TEST_F(OutlookSessionTest, SecondInitWhileInitialised_NeitherReadsTheIniNorTouchesOutlook)
+TEST_F(OutlookInitialisation, SecondInitWhileInitialised_NeitherReadsTheIniNorTouchesOutlook)
 {
     open();
     write("CallBackMailSyntaxe=changed\r\n");
@@ -203,7 +203,7 @@ TEST_F(OutlookSessionTest, SecondInitWhileInitialised_NeitherReadsTheIniNorTouch
     EXPECT_EQ(recorder.calls().size(), 0u);
 }
 
-TEST_F(OutlookSessionTest, WithTrace_AReinitialisationIsShown)
+TEST_F(OutlookInitialisation, WithTrace_AReinitialisationIsShown)
 {
     host.settings.Trace = true;
     session.OutlookApp = application();
@@ -211,7 +211,7 @@ TEST_F(OutlookSessionTest, WithTrace_AReinitialisationIsShown)
     EXPECT_EQ(host.messages, (std::vector<std::wstring>{L"ReInit Outlook"}));
 }
 
-TEST_F(OutlookSessionTest, Failure_ClearsTheApplication_AndCounts)
+TEST_F(OutlookInitialisation, Failure_ClearsTheApplication_AndCounts)
 {
     host.settings.Trace = true;
     session.OutlookApp = application();
@@ -223,7 +223,7 @@ TEST_F(OutlookSessionTest, Failure_ClearsTheApplication_AndCounts)
     EXPECT_EQ(host.messages, (std::vector<std::wstring>{L"ReInit Outlook", L"Pb Init Outlook"}));
 }
 
-TEST_F(OutlookSessionTest, FailureCounter_IsComparedForEqualityOnly_AndNeverStops)
+TEST_F(OutlookInitialisation, FailureCounter_IsComparedForEqualityOnly_AndNeverStops)
 {
     recorder.faults.add(L"on NameSpace.GetDefaultFolder fail 0x80004005");
     for (const std::int16_t limit : {std::int16_t{-1}, std::int16_t{0}}) {
@@ -237,7 +237,7 @@ TEST_F(OutlookSessionTest, FailureCounter_IsComparedForEqualityOnly_AndNeverStop
     EXPECT_EQ(host.stops, 0);
 }
 
-TEST_F(OutlookSessionTest, FailureCounterEqualToTheLimit_Stops)
+TEST_F(OutlookInitialisation, FailureCounterEqualToTheLimit_Stops)
 {
     groupware.nbInitFailure = -2; // it cannot get there by itself
     host.settings.gnb_echec = -1;
@@ -247,7 +247,7 @@ TEST_F(OutlookSessionTest, FailureCounterEqualToTheLimit_Stops)
     EXPECT_EQ(host.stops, 1);
 }
 
-TEST_F(OutlookSessionTest, FailureCounterOverflow_EndsTheHandlerOnly)
+TEST_F(OutlookInitialisation, FailureCounterOverflow_EndsTheHandlerOnly)
 {
     groupware.nbInitFailure = 32767;
     session.OutlookApp = application();
@@ -259,7 +259,7 @@ TEST_F(OutlookSessionTest, FailureCounterOverflow_EndsTheHandlerOnly)
     EXPECT_EQ(host.stops, 0);
 }
 
-TEST_F(OutlookSessionTest, ANonNumericLanguage_DoesNotKeepTheSessionClosed)
+TEST_F(OutlookInitialisation, ANonNumericLanguage_DoesNotKeepTheSessionClosed)
 {
     write("language=abc\r\n");
     session.OutlookApp = application();

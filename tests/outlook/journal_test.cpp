@@ -1,7 +1,7 @@
 #include "outlook/journal.h"
 
 #include "outlook/log_item.h"
-#include "outlook_test.h"
+#include "outlook_fixture.h"
 #include "support/softphone_record.h"
 
 namespace hublink {
@@ -10,9 +10,9 @@ namespace {
 
 using automation::Value;
 
-class LogItem : public OutlookTest {};
+class LogItem : public OutlookFixture {};
 
-class Journal : public OutlookTest {
+class Journal : public OutlookFixture {
 protected:
     // A call of the softphone's history; what is not given is a plain answered outgoing one.
     struct Call {

@@ -3,7 +3,7 @@
 #include "outlook/contact_lookup.h"
 #include "outlook/contact_table.h"
 #include "outlook/telephone_fields.h"
-#include "outlook_test.h"
+#include "outlook_fixture.h"
 
 #include <algorithm>
 #include <random>
@@ -77,7 +77,7 @@ private:
     std::mt19937 random_;
 };
 
-class TableAndWalk : public OutlookTest {
+class TableAndWalk : public OutlookFixture {
 protected:
     TableAndWalk() { open(); }
 

@@ -1,5 +1,5 @@
 // Reading the ini file's general sections.
-#include "form_test.h"
+#include "form_fixture.h"
 
 namespace hublink {
 
@@ -7,7 +7,7 @@ using shell_tests::iniText;
 
 namespace {
 
-class ConnectorIni : public shell_tests::FormTest {
+class ConnectorIni : public shell_tests::FormFixture {
 protected:
     ConnectorIni()
     {

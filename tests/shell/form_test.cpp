@@ -1,4 +1,4 @@
-#include "form_test.h"
+#include "form_fixture.h"
 
 #include "automation/text.h"
 #include "common/ini_file.h"
@@ -83,7 +83,7 @@ HiddenClass::HiddenClass(const std::wstring& progId)
 
 HiddenClass::~HiddenClass() = default;
 
-FormTest::FormTest()
+FormFixture::FormFixture()
 {
     SetCurrentDirectoryW(L"C:\\");
     folder.folder(L"pavex");
@@ -100,14 +100,14 @@ FormTest::FormTest()
     };
 }
 
-FormTest::~FormTest()
+FormFixture::~FormFixture()
 {
     onBox = nullptr;
     form_.reset();
     pump();
 }
 
-Hublink& FormTest::form()
+Hublink& FormFixture::form()
 {
     if (!form_) {
         form_ = std::make_unique<Hublink>(Desktop{
@@ -129,24 +129,24 @@ Hublink& FormTest::form()
     return *form_;
 }
 
-Hublink& FormTest::load()
+Hublink& FormFixture::load()
 {
     form().Form_Load();
     return form();
 }
 
-Hublink& FormTest::startAgain()
+Hublink& FormFixture::startAgain()
 {
     form_.reset();
     return load();
 }
 
-std::wstring FormTest::iniValue(const char* section, const char* key) const
+std::wstring FormFixture::iniValue(const char* section, const char* key) const
 {
     return IniFile(iniPath()).read(section, key, "(none)");
 }
 
-void FormTest::touchIni() const
+void FormFixture::touchIni() const
 {
     const auto before = modificationTime(iniPath());
     ASSERT_TRUE(before);
@@ -158,33 +158,33 @@ void FormTest::touchIni() const
     CloseHandle(file);
 }
 
-void FormTest::pump()
+void FormFixture::pump()
 {
     MSG message;
     while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) DispatchMessageW(&message);
 }
 
-bool FormTest::iconIsShown()
+bool FormFixture::iconIsShown()
 {
     TrayIconData data = FillTrayIconData(form().hWnd(), 1, NIF_TIP, 0, nullptr, std::string("Orvel - Hublink\0", 16));
     return Shell_NotifyIconA(NIM_MODIFY, reinterpret_cast<NOTIFYICONDATAA*>(&data)) != FALSE;
 }
 
-std::vector<std::wstring> FormTest::boxTexts() const
+std::vector<std::wstring> FormFixture::boxTexts() const
 {
     std::vector<std::wstring> texts;
     for (const Box& box : boxes) texts.push_back(box.text);
     return texts;
 }
 
-bool FormTest::wasShown(const std::wstring& text) const
+bool FormFixture::wasShown(const std::wstring& text) const
 {
     for (const Box& box : boxes)
         if (box.text == text) return true;
     return false;
 }
 
-void FormTest::openOutlook()
+void FormFixture::openOutlook()
 {
     form().outlook().OutlookApp = automation::Object(&outlook);
     form().outlook().bOutlookInit = true;

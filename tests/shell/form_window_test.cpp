@@ -1,5 +1,5 @@
 // The window's messages, and work done from the message loop.
-#include "form_test.h"
+#include "form_fixture.h"
 
 #include "automation/error.h"
 #include "automation/outgoing_call.h"
@@ -17,7 +17,7 @@ bool aSenderWaits()
     return (InSendMessageEx(nullptr) & (ISMEX_SEND | ISMEX_REPLIED)) == ISMEX_SEND;
 }
 
-class Window : public shell_tests::FormTest {
+class Window : public shell_tests::FormFixture {
 protected:
     Window()
     {

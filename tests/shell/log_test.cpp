@@ -1,5 +1,5 @@
 // The one logging entry.
-#include "form_test.h"
+#include "form_fixture.h"
 
 namespace hublink {
 
@@ -7,7 +7,7 @@ using shell_tests::iniText;
 
 namespace {
 
-class Log : public shell_tests::FormTest {
+class Log : public shell_tests::FormFixture {
 protected:
     void start(bool trace)
     {

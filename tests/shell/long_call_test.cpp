@@ -1,5 +1,5 @@
 // A call that is out for long: what the form does inside it.
-#include "form_test.h"
+#include "form_fixture.h"
 
 #include "automation/message_filter.h"
 #include "automation/outgoing_call.h"
@@ -15,7 +15,7 @@ namespace {
 
 constexpr DISPID quit = 1;
 
-class LongCall : public shell_tests::FormTest {
+class LongCall : public shell_tests::FormFixture {
 protected:
     LongCall()
     {

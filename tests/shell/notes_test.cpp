@@ -1,6 +1,6 @@
 // What the form does about Notes: the log, the supervision, the reload, the
 // timer that follows the document in front.
-#include "form_test.h"
+#include "form_fixture.h"
 
 #include "automation/outgoing_call.h"
 #include "desk/lotus/in_process.h"
@@ -17,7 +17,7 @@ constexpr const char* lotusSections =
     "[lotus personnel log description]\r\nbase=log.nsf||||\r\nBody=Body\r\nEvents=Events\r\nForm=Log\r\n"
     "TypeForm=Log\r\nStartTime=StartTime\r\nFinishTime=FinishTime\r\nServer=Server\r\n";
 
-class NotesShell : public shell_tests::FormTest {
+class NotesShell : public shell_tests::FormFixture {
 protected:
     NotesShell()
     {

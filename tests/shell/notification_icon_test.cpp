@@ -1,5 +1,5 @@
 // The icon's record, its message and its question.
-#include "form_test.h"
+#include "form_fixture.h"
 
 #include "automation/outgoing_call.h"
 #include "shell/screen_scale.h"
@@ -15,7 +15,7 @@ using shell_tests::question;
 
 namespace {
 
-class Icon : public shell_tests::FormTest {
+class Icon : public shell_tests::FormFixture {
 protected:
     Icon()
     {

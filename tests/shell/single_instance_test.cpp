@@ -1,5 +1,5 @@
 // One Hublink a user session: with this test's own claim, and with the real program.
-#include "form_test.h"
+#include "form_fixture.h"
 
 #include "automation/text.h"
 #include "shell/file_time.h"
@@ -11,7 +11,7 @@ using shell_tests::iniText;
 
 namespace {
 
-using SecondStart = shell_tests::FormTest;
+using SecondStart = shell_tests::FormFixture;
 
 // Runs the built program; its exit code, or none if it goes on running.
 std::optional<DWORD> runProgram()

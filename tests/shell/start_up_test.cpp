@@ -1,5 +1,5 @@
 // The start-up sequence, from the registry to the link.
-#include "form_test.h"
+#include "form_fixture.h"
 
 #include "automation/conversion.h"
 #include "automation/text.h"
@@ -11,7 +11,7 @@ using shell_tests::iniText;
 
 namespace {
 
-using StartUp = shell_tests::FormTest;
+using StartUp = shell_tests::FormFixture;
 
 // Today in the user's short date format.
 std::wstring today()

@@ -1,6 +1,6 @@
 // "kill" in the ini file at a start, whatever state the file is in: a request that
 // an earlier run left never stops a new one.
-#include "form_test.h"
+#include "form_fixture.h"
 
 #include "automation/text.h"
 
@@ -12,7 +12,7 @@ using shell_tests::iniText;
 
 namespace {
 
-class StopRequestInFile : public shell_tests::FormTest {
+class StopRequestInFile : public shell_tests::FormFixture {
 protected:
     // Starts on a file that asks for a stop, or does not, with `access` for others
     // as long as the form lives.

@@ -1,5 +1,5 @@
 // The stop request, and the end of the process.
-#include "form_test.h"
+#include "form_fixture.h"
 
 namespace hublink {
 
@@ -7,7 +7,7 @@ using shell_tests::iniText;
 
 namespace {
 
-class Stop : public shell_tests::FormTest {
+class Stop : public shell_tests::FormFixture {
 protected:
     void start(bool trace = true)
     {

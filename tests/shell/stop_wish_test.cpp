@@ -1,5 +1,5 @@
 // A user's wish to stop, let through in the middle of a long work.
-#include "form_test.h"
+#include "form_fixture.h"
 
 #include "automation/outgoing_call.h"
 #include "shell/file_time.h"
@@ -11,7 +11,7 @@ using shell_tests::question;
 
 namespace {
 
-class StopWish : public shell_tests::FormTest {
+class StopWish : public shell_tests::FormFixture {
 protected:
     StopWish()
     {

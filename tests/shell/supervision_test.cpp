@@ -1,5 +1,5 @@
 // The supervision tick.
-#include "form_test.h"
+#include "form_fixture.h"
 
 #include "automation/outgoing_call.h"
 #include "support/handle_count.h"
@@ -15,7 +15,7 @@ using shell_tests::iniText;
 
 namespace {
 
-class Supervision : public shell_tests::FormTest {
+class Supervision : public shell_tests::FormFixture {
 protected:
     void start(const std::string& content = iniText("trace=true\r\n"))
     {

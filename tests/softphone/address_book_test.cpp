@@ -1,4 +1,4 @@
-#include "link_test.h"
+#include "link_fixture.h"
 
 #include "softphone/identifier_map.h"
 
@@ -8,7 +8,7 @@ namespace {
 
 using Lines = std::vector<std::wstring>;
 
-class AddressBook : public LinkTest {
+class AddressBook : public LinkFixture {
 protected:
     AddressBook()
     {

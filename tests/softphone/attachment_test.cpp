@@ -1,10 +1,10 @@
-#include "link_test.h"
+#include "link_fixture.h"
 
 namespace hublink {
 
 namespace {
 
-class Attachment : public LinkTest {};
+class Attachment : public LinkFixture {};
 
 using Lines = std::vector<std::wstring>;
 

@@ -1,4 +1,4 @@
-#include "link_test.h"
+#include "link_fixture.h"
 
 namespace hublink {
 
@@ -9,7 +9,7 @@ constexpr const wchar_t* people =
     L"[contact]\nFirstName=Claire\nLastName=Petit\nBusinessTelephoneNumber=4711\nEmail1Address=claire@example.com\n"
     L"[contact]\nFirstName=Paul\nLastName=Mute\nBusinessTelephoneNumber=4712\n";
 
-class CallHandling : public LinkTest {
+class CallHandling : public LinkFixture {
 protected:
     CallHandling()
     {

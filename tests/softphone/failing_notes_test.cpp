@@ -1,7 +1,7 @@
 // Every call to Notes fails once, in turn, while a forwarded call rings: what is
 // served without the failing call still is, and the next call is served as if
 // nothing had been.
-#include "notes_link_test.h"
+#include "notes_link_fixture.h"
 
 namespace hublink {
 
@@ -9,7 +9,7 @@ namespace {
 
 using Lines = std::vector<std::wstring>;
 
-class FailingNotes : public NotesLinkTest {
+class FailingNotes : public NotesLinkFixture {
 protected:
     FailingNotes()
     {

@@ -1,7 +1,7 @@
 // Every call to a partner fails once, in turn: its procedure ends quietly, what
 // does not depend on it is done all the same, and the next call on the line is
 // served as if nothing had been.
-#include "notes_link_test.h"
+#include "notes_link_fixture.h"
 
 #include <algorithm>
 
@@ -24,7 +24,7 @@ std::wstring memberAndKind(const std::wstring& line)
     return line.substr(0, line.find(L" ("));
 }
 
-class FailingPartner : public NotesLinkTest {
+class FailingPartner : public NotesLinkFixture {
 protected:
     FailingPartner()
     {

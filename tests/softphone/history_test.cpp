@@ -1,4 +1,4 @@
-#include "link_test.h"
+#include "link_fixture.h"
 
 namespace hublink {
 
@@ -6,7 +6,7 @@ namespace {
 
 using Lines = std::vector<std::wstring>;
 
-class History : public LinkTest {
+class History : public LinkFixture {
 protected:
     History()
     {

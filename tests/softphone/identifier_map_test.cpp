@@ -1,4 +1,4 @@
-#include "link_test.h"
+#include "link_fixture.h"
 
 #include "softphone/identifier_map.h"
 #include "softphone/softphone_members.h"
@@ -8,7 +8,7 @@ namespace hublink {
 
 namespace {
 
-class IdentifierMap : public LinkTest {
+class IdentifierMap : public LinkFixture {
 protected:
     void put(const wchar_t* idAppli, const wchar_t* idOrvel, std::int32_t application, std::int32_t collection)
     {

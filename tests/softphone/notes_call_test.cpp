@@ -1,5 +1,5 @@
 // A call with Notes in use, alone or besides Outlook.
-#include "notes_link_test.h"
+#include "notes_link_fixture.h"
 
 #include "lotus/initialisation.h"
 #include "softphone/last_call.h"
@@ -10,7 +10,7 @@ namespace {
 
 using Lines = std::vector<std::wstring>;
 
-class NotesCall : public NotesLinkTest {
+class NotesCall : public NotesLinkFixture {
 protected:
     NotesCall()
     {

@@ -1,5 +1,5 @@
 // Both synchronisations with Notes in use, alone or besides Outlook.
-#include "notes_link_test.h"
+#include "notes_link_fixture.h"
 
 #include "automation/error.h"
 #include "lotus/initialisation.h"
@@ -10,7 +10,7 @@ namespace {
 
 using Lines = std::vector<std::wstring>;
 
-class NotesSynchronisation : public NotesLinkTest {
+class NotesSynchronisation : public NotesLinkFixture {
 protected:
     NotesSynchronisation()
     {

@@ -1,5 +1,5 @@
 // Events that arrive while a synchronisation is under way.
-#include "link_test.h"
+#include "link_fixture.h"
 #include "softphone/softphone_members.h"
 #include "support/raw_partner.h"
 
@@ -7,7 +7,7 @@ namespace hublink {
 
 namespace {
 
-class QueuedEvent : public LinkTest {
+class QueuedEvent : public LinkFixture {
 protected:
     QueuedEvent()
     {

@@ -1,12 +1,12 @@
 // A user's wish to stop is let through before each record of a long work.
 #include "automation/outgoing_call.h"
-#include "link_test.h"
+#include "link_fixture.h"
 
 namespace hublink {
 
 namespace {
 
-class StopBetweenRecords : public LinkTest {
+class StopBetweenRecords : public LinkFixture {
 protected:
     StopBetweenRecords()
     {

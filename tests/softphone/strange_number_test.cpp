@@ -1,6 +1,6 @@
 // Calls with numbers that no telephone has: nobody else is shown, nobody else is
 // written to, and who calls twice has one contact.
-#include "link_test.h"
+#include "link_fixture.h"
 
 #include "common/phone_number.h"
 #include "support/strange_numbers.h"
@@ -17,7 +17,7 @@ constexpr const wchar_t* bystanders =
     L"[contact]\nFirstName=Alice\nCompanyName=Pavex\nHomeTelephoneNumber=1=1\n";
 constexpr std::size_t bystandersCount = 4;
 
-class StrangeNumber : public LinkTest {
+class StrangeNumber : public LinkFixture {
 protected:
     StrangeNumber()
     {

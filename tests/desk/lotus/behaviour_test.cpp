@@ -7,7 +7,7 @@ namespace {
 
 using automation::Object;
 
-class BehaviourTest : public NotesTest {
+class NotesBehaviour : public NotesFixture {
 protected:
     VARTYPE typeOf(const wchar_t* item) { return person(L"Durand").get(L"GetItemValue", {item}).type(); }
 
@@ -15,7 +15,7 @@ protected:
 };
 
 // A database with a full-text index, a view of all and one document.
-class StaleIndex : public NotesTest {
+class StaleIndex : public NotesFixture {
 protected:
     StaleIndex()
     {
@@ -33,7 +33,7 @@ protected:
 
 }
 
-TEST_F(BehaviourTest, Arrays_AreOfVariants_OrOfTextsAndOfDoubles)
+TEST_F(NotesBehaviour, Arrays_AreOfVariants_OrOfTextsAndOfDoubles)
 {
     EXPECT_EQ(typeOf(L"LastName"), VT_ARRAY | VT_VARIANT);
     notes.ask(L"arrays typed");
@@ -47,7 +47,7 @@ TEST_F(BehaviourTest, Arrays_AreOfVariants_OrOfTextsAndOfDoubles)
     EXPECT_EQ(typeOf(L"Age"), VT_ARRAY | VT_VARIANT);
 }
 
-TEST_F(BehaviourTest, ServerName_IsAnUnknownName_WhereTheClassHasNone)
+TEST_F(NotesBehaviour, ServerName_IsAnUnknownName_WhereTheClassHasNone)
 {
     EXPECT_EQ(session().get(L"ServerName").text(), L"");
     notes.ask(L"server-name off");
@@ -56,7 +56,7 @@ TEST_F(BehaviourTest, ServerName_IsAnUnknownName_WhereTheClassHasNone)
     EXPECT_EQ(session().get(L"ServerName").text(), L"");
 }
 
-TEST_F(BehaviourTest, Identifiers_AreTheClasss_OrEachObjectsOwn)
+TEST_F(NotesBehaviour, Identifiers_AreTheClasss_OrEachObjectsOwn)
 {
     const auto idOf = [](const Object& object, std::wstring name) {
         DISPID id = DISPID_UNKNOWN;
@@ -76,7 +76,7 @@ TEST_F(BehaviourTest, Identifiers_AreTheClasss_OrEachObjectsOwn)
     EXPECT_EQ(first(durand, L"LastName").text(), L"Martin");
 }
 
-TEST_F(BehaviourTest, PathOfALocalDatabase_IsCompleteBelowTheDataFolder_WhileItIsOpen)
+TEST_F(NotesBehaviour, PathOfALocalDatabase_IsCompleteBelowTheDataFolder_WhileItIsOpen)
 {
     EXPECT_EQ(local().get(L"FilePath").text(), L"local.nsf");
     notes.ask(L"data-folder C:\\Notes\\Data");
@@ -88,7 +88,7 @@ TEST_F(BehaviourTest, PathOfALocalDatabase_IsCompleteBelowTheDataFolder_WhileItI
     EXPECT_EQ(local().get(L"FilePath").text(), L"local.nsf");
 }
 
-TEST_F(BehaviourTest, Store_KeepsThem)
+TEST_F(NotesBehaviour, Store_KeepsThem)
 {
     for (const wchar_t* request :
          {L"arrays typed", L"server-name off", L"data-folder C:\\Data", L"missing text", L"identifiers own"})

@@ -7,7 +7,7 @@ namespace {
 using automation::Object;
 using automation::Value;
 
-class ControlTest : public NotesTest {
+class NotesControl : public NotesFixture {
 protected:
     std::string refused(std::wstring_view request)
     {
@@ -81,13 +81,13 @@ Body:richtext=x
 
 }
 
-TEST_F(ControlTest, Store_IsWrittenAsItWasRead)
+TEST_F(NotesControl, Store_IsWrittenAsItWasRead)
 {
     notes.load(complete);
     EXPECT_EQ(stored(), complete);
 }
 
-TEST_F(ControlTest, DocumentsWithoutIdentifiers_GetTheSameOnesEachTime)
+TEST_F(NotesControl, DocumentsWithoutIdentifiers_GetTheSameOnesEachTime)
 {
     notes.load(books);
     const std::wstring before = stored();
@@ -99,7 +99,7 @@ TEST_F(ControlTest, DocumentsWithoutIdentifiers_GetTheSameOnesEachTime)
     EXPECT_EQ(person(L"Durand").get(L"UniversalID").text(), universal);
 }
 
-TEST_F(ControlTest, BadStore_IsRefusedWithItsLine_AndChangesNothing)
+TEST_F(NotesControl, BadStore_IsRefusedWithItsLine_AndChangesNothing)
 {
     EXPECT_EQ(badStore(L"[potato]\n"), "line 1: [potato] is no kind of record");
     EXPECT_EQ(badStore(L"[document]\nA=b\n"), "line 1: [document] stands before the first [database]");
@@ -119,7 +119,7 @@ TEST_F(ControlTest, BadStore_IsRefusedWithItsLine_AndChangesNothing)
     EXPECT_TRUE(person(L"Durand"));
 }
 
-TEST_F(ControlTest, DatabasesAndEnvironment_AreListed)
+TEST_F(NotesControl, DatabasesAndEnvironment_AreListed)
 {
     notes.ask(L"available local.nsf off");
     EXPECT_EQ(notes.ask(L"databases"), L"CN=Mail1/OU=Paris/O=Acme!!books\\contacts.nsf\tContacts\t3\n"
@@ -127,7 +127,7 @@ TEST_F(ControlTest, DatabasesAndEnvironment_AreListed)
     EXPECT_EQ(notes.ask(L"environment"), L"$Dialer=on\nLocation=Office");
 }
 
-TEST_F(ControlTest, Documents_AreListedByDatabase_ThenWhatIsDisplayedUnsaved)
+TEST_F(NotesControl, Documents_AreListedByDatabase_ThenWhatIsDisplayedUnsaved)
 {
     EXPECT_EQ(notes.ask(L"documents local.nsf").substr(0, 40), L"[document]\n@Database=local.nsf\n@NoteID=8");
     const Object marc = person(L"Durand");
@@ -142,7 +142,7 @@ TEST_F(ControlTest, Documents_AreListedByDatabase_ThenWhatIsDisplayedUnsaved)
     EXPECT_EQ(notes.ask(L"documents local.nsf").find(L"Duroc"), std::wstring::npos);
 }
 
-TEST_F(ControlTest, AddChangeDelete_ActOnSavedDocuments)
+TEST_F(NotesControl, AddChangeDelete_ActOnSavedDocuments)
 {
     const std::wstring id = notes.ask(L"add local.nsf\nForm=Person\nPhone=1\nPhone+=2\n");
     EXPECT_EQ(id.size(), 32u);
@@ -157,7 +157,7 @@ TEST_F(ControlTest, AddChangeDelete_ActOnSavedDocuments)
     EXPECT_EQ(notes.changes(), 3);
 }
 
-TEST_F(ControlTest, UserOpensADocument_InACopyOfItsOwn)
+TEST_F(NotesControl, UserOpensADocument_InACopyOfItsOwn)
 {
     const Object marc = person(L"Durand");
     EXPECT_EQ(notes.ask(L"open 8F6@books\\contacts.nsf edit"), L"ok");
@@ -170,7 +170,7 @@ TEST_F(ControlTest, UserOpensADocument_InACopyOfItsOwn)
     EXPECT_EQ(refused(L"open 777@books\\contacts.nsf"), "there is no document \"777@books\\contacts.nsf\"");
 }
 
-TEST_F(ControlTest, Windows_AreSavedAndClosedByTheUser)
+TEST_F(NotesControl, Windows_AreSavedAndClosedByTheUser)
 {
     const Object made = contacts().get(L"CreateDocument").object();
     made.put(L"Form", L"Person");
@@ -192,7 +192,7 @@ TEST_F(ControlTest, Windows_AreSavedAndClosedByTheUser)
     EXPECT_FALSE(person(L"Newest"));
 }
 
-TEST_F(ControlTest, Loading_ClosesTheWindows)
+TEST_F(NotesControl, Loading_ClosesTheWindows)
 {
     workspace().get(L"EditDocument", {false, person(L"Durand")});
     notes.ask(L"show local.nsf");
@@ -201,7 +201,7 @@ TEST_F(ControlTest, Loading_ClosesTheWindows)
     EXPECT_FALSE(workspace().get(L"CurrentDatabase").object());
 }
 
-TEST_F(ControlTest, BadRequests_AreRefused)
+TEST_F(NotesControl, BadRequests_AreRefused)
 {
     EXPECT_EQ(refused(L"missing something"), "missing array, or text");
     EXPECT_EQ(refused(L"arrays other"), "arrays variant, or typed");

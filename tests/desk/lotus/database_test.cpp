@@ -7,7 +7,7 @@ namespace {
 using automation::Object;
 using automation::Value;
 
-class DatabaseTest : public NotesTest {
+class NotesDatabase : public NotesFixture {
 protected:
     Object database(const wchar_t* server, const wchar_t* file)
     {
@@ -19,7 +19,7 @@ protected:
 
 }
 
-TEST_F(DatabaseTest, ServerNamedEitherWay_AndPathWithoutCaseAndEnding_IsFound)
+TEST_F(NotesDatabase, ServerNamedEitherWay_AndPathWithoutCaseAndEnding_IsFound)
 {
     EXPECT_TRUE(isOpen(L"CN=Mail1/OU=Paris/O=Acme", L"books\\contacts.nsf"));
     EXPECT_TRUE(isOpen(L"mail1/paris/acme", L"BOOKS/Contacts.NSF"));
@@ -31,7 +31,7 @@ TEST_F(DatabaseTest, ServerNamedEitherWay_AndPathWithoutCaseAndEnding_IsFound)
     EXPECT_FALSE(isOpen(L"", L""));
 }
 
-TEST_F(DatabaseTest, OpenDatabase_TellsItsPlaceAsItIsStored)
+TEST_F(NotesDatabase, OpenDatabase_TellsItsPlaceAsItIsStored)
 {
     const Object found = database(L"mail1/paris/acme", L"BOOKS/CONTACTS");
     EXPECT_EQ(found.get(L"Server").text(), L"CN=Mail1/OU=Paris/O=Acme");
@@ -42,7 +42,7 @@ TEST_F(DatabaseTest, OpenDatabase_TellsItsPlaceAsItIsStored)
     EXPECT_EQ(database(L"", L"local.nsf").get(L"Server").text(), L"");
 }
 
-TEST_F(DatabaseTest, MissingDatabase_IsAnObjectThatIsNotOpen_AndCannotBeUsed)
+TEST_F(NotesDatabase, MissingDatabase_IsAnObjectThatIsNotOpen_AndCannotBeUsed)
 {
     const Object missing = database(L"Mail9/Acme", L"x\\y.nsf");
     EXPECT_FALSE(missing.get(L"IsOpen").truth());
@@ -62,7 +62,7 @@ TEST_F(DatabaseTest, MissingDatabase_IsAnObjectThatIsNotOpen_AndCannotBeUsed)
     }
 }
 
-TEST_F(DatabaseTest, ThirdArgument_DecidesOnAnObjectForAMissingDatabase)
+TEST_F(NotesDatabase, ThirdArgument_DecidesOnAnObjectForAMissingDatabase)
 {
     EXPECT_TRUE(session().get(L"GetDatabase", {L"", L"no.nsf", true}).object());
     const Value none = session().get(L"GetDatabase", {L"", L"no.nsf", false});
@@ -71,7 +71,7 @@ TEST_F(DatabaseTest, ThirdArgument_DecidesOnAnObjectForAMissingDatabase)
     EXPECT_TRUE(session().get(L"GetDatabase", {L"", L"local.nsf", false}).object());
 }
 
-TEST_F(DatabaseTest, DatabaseThatCannotBeOpened_OpensLater)
+TEST_F(NotesDatabase, DatabaseThatCannotBeOpened_OpensLater)
 {
     notes.ask(L"available local.nsf off");
     const Object local = database(L"", L"local.nsf");
@@ -84,7 +84,7 @@ TEST_F(DatabaseTest, DatabaseThatCannotBeOpened_OpensLater)
     EXPECT_EQ(local.get(L"Title").text(), L"Local");
 }
 
-TEST_F(DatabaseTest, ObjectForNoDatabase_CanBeGivenOneByOpen)
+TEST_F(NotesDatabase, ObjectForNoDatabase_CanBeGivenOneByOpen)
 {
     const Object empty = database(L"", L"");
     EXPECT_FALSE(empty.get(L"Open", {L"", L"no.nsf"}).truth());
@@ -93,7 +93,7 @@ TEST_F(DatabaseTest, ObjectForNoDatabase_CanBeGivenOneByOpen)
     EXPECT_NE(failureOf([&] { other.get(L"Open", {L"", L"elsewhere.nsf"}); }).code(), S_OK);
 }
 
-TEST_F(DatabaseTest, View_IsFoundByNameOrAliasWithoutCase_ElseNothing)
+TEST_F(NotesDatabase, View_IsFoundByNameOrAliasWithoutCase_ElseNothing)
 {
     EXPECT_EQ(view(L"PEOPLE").get(L"Name").text(), L"People");
     EXPECT_EQ(view(L"byname").get(L"Name").text(), L"People");
@@ -103,7 +103,7 @@ TEST_F(DatabaseTest, View_IsFoundByNameOrAliasWithoutCase_ElseNothing)
     EXPECT_FALSE(view(L""));
 }
 
-TEST_F(DatabaseTest, Document_IsFoundByItsIdentifiers)
+TEST_F(NotesDatabase, Document_IsFoundByItsIdentifiers)
 {
     const Object marc = person(L"Durand");
     const std::wstring id = marc.get(L"NoteID").text();
@@ -119,14 +119,14 @@ TEST_F(DatabaseTest, Document_IsFoundByItsIdentifiers)
     EXPECT_EQ(failureOf([&] { contacts().get(L"GetDocumentByUNID", {L"00"}); }).description(), L"Invalid universal id");
 }
 
-TEST_F(DatabaseTest, NoteIds_MeetInDifferentDatabases_UniversalOnesDoNot)
+TEST_F(NotesDatabase, NoteIds_MeetInDifferentDatabases_UniversalOnesDoNot)
 {
     const Object local = database(L"", L"local.nsf").get(L"GetDocumentByID", {L"8F6"}).object();
     EXPECT_EQ(first(local, L"LastName").text(), L"Zola");
     EXPECT_NE(local.get(L"UniversalID").text(), person(L"Durand").get(L"UniversalID").text());
 }
 
-TEST_F(DatabaseTest, LastModified_IsTheWholeSecondOfTheLastSaveOrDeletion)
+TEST_F(NotesDatabase, LastModified_IsTheWholeSecondOfTheLastSaveOrDeletion)
 {
     const Object found = database(L"", L"local.nsf");
     const auto inSeconds = [&] { return found.get(L"LastModified").asDate() * 86'400; };

@@ -6,7 +6,7 @@ using automation::Object;
 using automation::Value;
 using automation::elementsOf;
 
-class DocumentTest : public NotesTest {
+class NotesDocument : public NotesFixture {
 protected:
     Object newDocument() { return contacts().get(L"CreateDocument").object(); }
 
@@ -32,7 +32,7 @@ const Value nothing = Object();
 
 }
 
-TEST_F(DocumentTest, ItemValue_IsAnArrayAlsoOfOne)
+TEST_F(NotesDocument, ItemValue_IsAnArrayAlsoOfOne)
 {
     const Object marc = person(L"Durand");
     const Value value = marc.get(L"GetItemValue", {L"lastNAME"});
@@ -46,7 +46,7 @@ TEST_F(DocumentTest, ItemValue_IsAnArrayAlsoOfOne)
     EXPECT_EQ(values(person(L"Abel"), L"Phone"), L"+33-1.42|0699|");
 }
 
-TEST_F(DocumentTest, ItemValues_HaveTheTypeOfTheItem)
+TEST_F(NotesDocument, ItemValues_HaveTheTypeOfTheItem)
 {
     const Object marc = person(L"Durand");
     EXPECT_EQ(first(marc, L"Age").type(), VT_R8);
@@ -56,7 +56,7 @@ TEST_F(DocumentTest, ItemValues_HaveTheTypeOfTheItem)
     EXPECT_EQ(first(person(L"Abel"), L"Body").text(), L"two\nlines");
 }
 
-TEST_F(DocumentTest, MissingItem_IsAnArrayWithAnEmptyText_OrATextAlone)
+TEST_F(NotesDocument, MissingItem_IsAnArrayWithAnEmptyText_OrATextAlone)
 {
     const Object marc = person(L"Durand");
     EXPECT_EQ(values(marc, L"Nowhere"), L"|");
@@ -69,7 +69,7 @@ TEST_F(DocumentTest, MissingItem_IsAnArrayWithAnEmptyText_OrATextAlone)
     EXPECT_EQ(values(marc, L"Nowhere"), L"|");
 }
 
-TEST_F(DocumentTest, UnknownMember_IsAnItem)
+TEST_F(NotesDocument, UnknownMember_IsAnItem)
 {
     const Object marc = person(L"Durand");
     EXPECT_EQ(firstOf(marc.get(L"LastName")).text(), L"Durand");
@@ -83,7 +83,7 @@ TEST_F(DocumentTest, UnknownMember_IsAnItem)
     EXPECT_EQ(failureOf([&] { marc.call(L"City"); }).code(), DISP_E_MEMBERNOTFOUND) << "no method";
 }
 
-TEST_F(DocumentTest, ItemPropertyCalls_AreRecordedAsTheClientSpellsThem)
+TEST_F(NotesDocument, ItemPropertyCalls_AreRecordedAsTheClientSpellsThem)
 {
     const Object marc = person(L"Durand");
     notes.recorder().clear();
@@ -93,7 +93,7 @@ TEST_F(DocumentTest, ItemPropertyCalls_AreRecordedAsTheClientSpellsThem)
                                          L"NotesDocument.Form get ()");
 }
 
-TEST_F(DocumentTest, ValuesOfAllTypes_MakeItemsOfTheirType)
+TEST_F(NotesDocument, ValuesOfAllTypes_MakeItemsOfTheirType)
 {
     const Object made = newDocument();
     made.put(L"A", std::int16_t{7});
@@ -117,7 +117,7 @@ TEST_F(DocumentTest, ValuesOfAllTypes_MakeItemsOfTheirType)
     EXPECT_EQ(stored(L"902", L"C+"), L"y");
 }
 
-TEST_F(DocumentTest, Append_MakesASecondItem_OfWhichReadsSeeTheFirst)
+TEST_F(NotesDocument, Append_MakesASecondItem_OfWhichReadsSeeTheFirst)
 {
     const Object marc = person(L"Durand");
     const Object item = marc.get(L"AppendItemValue", {L"Phone", L"0499"}).object();
@@ -134,7 +134,7 @@ TEST_F(DocumentTest, Append_MakesASecondItem_OfWhichReadsSeeTheFirst)
     EXPECT_FALSE(marc.get(L"HasItem", {L"Phone"}).truth()) << "all of them were replaced by one";
 }
 
-TEST_F(DocumentTest, Remove_TakesAllItemsOfTheName_AndAMissingOneIsNoError)
+TEST_F(NotesDocument, Remove_TakesAllItemsOfTheName_AndAMissingOneIsNoError)
 {
     const Object marc = person(L"Durand");
     marc.get(L"AppendItemValue", {L"Phone", L"0499"});
@@ -143,7 +143,7 @@ TEST_F(DocumentTest, Remove_TakesAllItemsOfTheName_AndAMissingOneIsNoError)
     marc.call(L"RemoveItem", {L"Phone"});
 }
 
-TEST_F(DocumentTest, NewDocument_HasNoNoteIdUntilItIsSaved)
+TEST_F(NotesDocument, NewDocument_HasNoNoteIdUntilItIsSaved)
 {
     const Object made = newDocument();
     EXPECT_EQ(made.get(L"NoteID").text(), L"0");
@@ -161,7 +161,7 @@ TEST_F(DocumentTest, NewDocument_HasNoNoteIdUntilItIsSaved)
     EXPECT_EQ(stored(L"902", L"Form"), L"Person");
 }
 
-TEST_F(DocumentTest, Reference_SeesOnlyItsOwnChanges_UntilTheyAreSaved)
+TEST_F(NotesDocument, Reference_SeesOnlyItsOwnChanges_UntilTheyAreSaved)
 {
     const Object one = person(L"Durand");
     const Object other = person(L"Durand");
@@ -173,7 +173,7 @@ TEST_F(DocumentTest, Reference_SeesOnlyItsOwnChanges_UntilTheyAreSaved)
     EXPECT_EQ(values(person(L"Durand"), L"City"), L"Paris|");
 }
 
-TEST_F(DocumentTest, SavedBySomebodyElseMeanwhile_ArgumentsDecide)
+TEST_F(NotesDocument, SavedBySomebodyElseMeanwhile_ArgumentsDecide)
 {
     const Object forced = person(L"Durand");
     const Object refused = person(L"Durand");
@@ -195,14 +195,14 @@ TEST_F(DocumentTest, SavedBySomebodyElseMeanwhile_ArgumentsDecide)
     EXPECT_EQ(stored(L"8F6", L"City"), L"Paris");
 }
 
-TEST_F(DocumentTest, Save_NeedsItsTwoArguments)
+TEST_F(NotesDocument, Save_NeedsItsTwoArguments)
 {
     const Object made = newDocument();
     EXPECT_EQ(failureOf([&] { made.get(L"Save"); }).code(), DISP_E_BADPARAMCOUNT);
     EXPECT_TRUE(made.get(L"Save", {true, false, true}).truth());
 }
 
-TEST_F(DocumentTest, RemovedDocument_CannotBeUsedThroughThatReference)
+TEST_F(NotesDocument, RemovedDocument_CannotBeUsedThroughThatReference)
 {
     const Object marc = person(L"Durand");
     EXPECT_TRUE(marc.get(L"Remove", {true}).truth());
@@ -215,7 +215,7 @@ TEST_F(DocumentTest, RemovedDocument_CannotBeUsedThroughThatReference)
               L"Notes error: Document has been deleted");
 }
 
-TEST_F(DocumentTest, DeletedBySomebodyElse_CanBeReadButNotSaved)
+TEST_F(NotesDocument, DeletedBySomebodyElse_CanBeReadButNotSaved)
 {
     const Object marc = person(L"Durand");
     notes.ask(L"delete 8F6@books\\contacts.nsf");
@@ -226,7 +226,7 @@ TEST_F(DocumentTest, DeletedBySomebodyElse_CanBeReadButNotSaved)
     EXPECT_NE(failureOf([&] { marc.get(L"Remove", {true}); }).code(), S_OK);
 }
 
-TEST_F(DocumentTest, RemoveWithoutForce_SparesWhatSomebodyElseHasSaved)
+TEST_F(NotesDocument, RemoveWithoutForce_SparesWhatSomebodyElseHasSaved)
 {
     const Object marc = person(L"Durand");
     notes.ask(L"change 8F6@books\\contacts.nsf\nCity=Rome");
@@ -236,7 +236,7 @@ TEST_F(DocumentTest, RemoveWithoutForce_SparesWhatSomebodyElseHasSaved)
     EXPECT_FALSE(person(L"Durand"));
 }
 
-TEST_F(DocumentTest, ReloadedStore_LeavesOldReferencesAlone)
+TEST_F(NotesDocument, ReloadedStore_LeavesOldReferencesAlone)
 {
     const Object marc = person(L"Durand");
     notes.load(books);
@@ -246,7 +246,7 @@ TEST_F(DocumentTest, ReloadedStore_LeavesOldReferencesAlone)
     EXPECT_TRUE(person(L"Durand")) << "the new ones are others";
 }
 
-TEST_F(DocumentTest, Item_TellsItsNameTypeAndValues)
+TEST_F(NotesDocument, Item_TellsItsNameTypeAndValues)
 {
     const Object marc = person(L"Durand");
     const Object name = marc.get(L"GetFirstItem", {L"lastname"}).object();
@@ -264,7 +264,7 @@ TEST_F(DocumentTest, Item_TellsItsNameTypeAndValues)
     EXPECT_EQ(elementsOf(marc.get(L"Items")).size(), 7u);
 }
 
-TEST_F(DocumentTest, ItemsValues_CanBeSet_AndAnItemCopied)
+TEST_F(NotesDocument, ItemsValues_CanBeSet_AndAnItemCopied)
 {
     const Object marc = person(L"Durand");
     const Object name = marc.get(L"GetFirstItem", {L"LastName"}).object();

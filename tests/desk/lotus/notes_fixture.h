@@ -75,9 +75,9 @@ Form=Person
 LastName=Zola
 )";
 
-class NotesTest : public testing::Test {
+class NotesFixture : public testing::Test {
 protected:
-    NotesTest() { notes.load(books); }
+    NotesFixture() { notes.load(books); }
 
     automation::Object session() { return notes.create(L"Notes.NotesSession"); }
     automation::Object workspace() { return notes.create(L"Notes.NotesUIWorkspace"); }

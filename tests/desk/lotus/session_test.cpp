@@ -5,11 +5,11 @@ namespace {
 using automation::Object;
 using automation::Value;
 
-using SessionTest = NotesTest;
+using NotesSession = NotesFixture;
 
 }
 
-TEST_F(SessionTest, CreateObject_GivesBothClassesOfOneNotes)
+TEST_F(NotesSession, CreateObject_GivesBothClassesOfOneNotes)
 {
     const Object created = Object::create(L"Notes.NotesSession");
     EXPECT_EQ(created.get(L"CommonUserName").text(), L"Anna Keller");
@@ -21,7 +21,7 @@ TEST_F(SessionTest, CreateObject_GivesBothClassesOfOneNotes)
     EXPECT_TRUE(workspace().get(L"CurrentDocument").object());
 }
 
-TEST_F(SessionTest, ClassesWithdrawn_CreateObjectFails_UntilTheyAreOfferedAgain)
+TEST_F(NotesSession, ClassesWithdrawn_CreateObjectFails_UntilTheyAreOfferedAgain)
 {
     const Object before = Object::create(L"Notes.NotesSession");
     notes.withdraw();
@@ -31,14 +31,14 @@ TEST_F(SessionTest, ClassesWithdrawn_CreateObjectFails_UntilTheyAreOfferedAgain)
     EXPECT_TRUE(Object::create(L"Notes.NotesUIWorkspace"));
 }
 
-TEST_F(SessionTest, User_IsKnownByBothNames)
+TEST_F(NotesSession, User_IsKnownByBothNames)
 {
     EXPECT_EQ(session().get(L"username").text(), L"CN=Anna Keller/OU=Paris/O=Acme");
     EXPECT_EQ(session().get(L"EffectiveUserName").text(), L"CN=Anna Keller/OU=Paris/O=Acme");
     EXPECT_EQ(session().get(L"COMMONUSERNAME").text(), L"Anna Keller");
 }
 
-TEST_F(SessionTest, ClientOutsideNotes_RunsOnNoServer_AndInNoDatabase)
+TEST_F(NotesSession, ClientOutsideNotes_RunsOnNoServer_AndInNoDatabase)
 {
     EXPECT_EQ(session().get(L"ServerName").text(), L"");
     EXPECT_FALSE(session().get(L"IsOnServer").truth());
@@ -46,7 +46,7 @@ TEST_F(SessionTest, ClientOutsideNotes_RunsOnNoServer_AndInNoDatabase)
     EXPECT_EQ(session().get(L"NotesVersion").text(), L"Release 8.5.3|September 15, 2011");
 }
 
-TEST_F(SessionTest, EnvironmentString_HasADollarBeforeItsName_UnlessSystem)
+TEST_F(NotesSession, EnvironmentString_HasADollarBeforeItsName_UnlessSystem)
 {
     EXPECT_EQ(session().get(L"GetEnvironmentString", {L"Dialer"}).text(), L"on");
     EXPECT_EQ(session().get(L"GetEnvironmentString", {L"dialer", false}).text(), L"on");
@@ -57,7 +57,7 @@ TEST_F(SessionTest, EnvironmentString_HasADollarBeforeItsName_UnlessSystem)
     EXPECT_EQ(session().get(L"GetEnvironmentString", {L"Nothing", true}).type(), VT_BSTR);
 }
 
-TEST_F(SessionTest, EnvironmentVariable_SetAsUserOrSystemOne_IsKept)
+TEST_F(NotesSession, EnvironmentVariable_SetAsUserOrSystemOne_IsKept)
 {
     const Object own = session();
     own.call(L"SetEnvironmentVar", {L"Town", L"Salvador"});
@@ -69,7 +69,7 @@ TEST_F(SessionTest, EnvironmentVariable_SetAsUserOrSystemOne_IsKept)
     EXPECT_EQ(notes.model().records()[1].fields.size(), 4u) << "they are in the store";
 }
 
-TEST_F(SessionTest, EnvironmentValue_IsANumberWhereItIsOne)
+TEST_F(NotesSession, EnvironmentValue_IsANumberWhereItIsOne)
 {
     const Object own = session();
     own.call(L"SetEnvironmentVar", {L"SeqNo", std::int16_t{7}});
@@ -80,13 +80,13 @@ TEST_F(SessionTest, EnvironmentValue_IsANumberWhereItIsOne)
     EXPECT_EQ(own.get(L"GetEnvironmentValue", {L"Nothing"}).type(), VT_EMPTY);
 }
 
-TEST_F(SessionTest, UnknownMember_IsAnUnknownName)
+TEST_F(NotesSession, UnknownMember_IsAnUnknownName)
 {
     EXPECT_EQ(failureOf([&] { session().get(L"Nonsense"); }).code(), DISP_E_UNKNOWNNAME);
     EXPECT_EQ(failureOf([&] { session().get(L"GetDatabase", {L""}); }).code(), DISP_E_BADPARAMCOUNT);
 }
 
-TEST_F(SessionTest, Calls_AreRecordedByClassAndMember)
+TEST_F(NotesSession, Calls_AreRecordedByClassAndMember)
 {
     const Object own = session();
     own.get(L"getenvironmentstring", {L"Dialer", false});

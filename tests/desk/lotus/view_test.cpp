@@ -5,7 +5,7 @@ namespace {
 using automation::Object;
 using automation::Value;
 
-class ViewTest : public NotesTest {
+class NotesView : public NotesFixture {
 protected:
     // The first names in the order of the view (or what FTSearch left of it).
     std::wstring firstNames(const Object& shown)
@@ -33,7 +33,7 @@ std::wstring people(int count)
 
 }
 
-TEST_F(ViewTest, Order_IsThatOfTheSortedColumnsWithoutCase_ThenOfCreation)
+TEST_F(NotesView, Order_IsThatOfTheSortedColumnsWithoutCase_ThenOfCreation)
 {
     EXPECT_EQ(firstNames(view(L"People")), L"Ann;Marc;");
     notes.ask(L"add books\\contacts.nsf\nForm=Person\nLastName=Durand\nFirstName=Zoe");
@@ -42,7 +42,7 @@ TEST_F(ViewTest, Order_IsThatOfTheSortedColumnsWithoutCase_ThenOfCreation)
     EXPECT_EQ(firstNames(view(L"People")), L"Ann;Alice;Marc;marc;Zoe;");
 }
 
-TEST_F(ViewTest, DocumentsOfOtherForms_AreNotShown)
+TEST_F(NotesView, DocumentsOfOtherForms_AreNotShown)
 {
     EXPECT_EQ(view(L"People").get(L"EntryCount").int32(), 2);
     EXPECT_EQ(view(L"($Phones)").get(L"EntryCount").int32(), 3);
@@ -50,7 +50,7 @@ TEST_F(ViewTest, DocumentsOfOtherForms_AreNotShown)
     EXPECT_EQ(firstNames(view(L"People")), L"Ann;");
 }
 
-TEST_F(ViewTest, View_FollowsWhatIsSavedAndDeleted)
+TEST_F(NotesView, View_FollowsWhatIsSavedAndDeleted)
 {
     const Object shown = view(L"People");
     EXPECT_EQ(shown.get(L"EntryCount").int32(), 2);
@@ -68,7 +68,7 @@ TEST_F(ViewTest, View_FollowsWhatIsSavedAndDeleted)
     EXPECT_EQ(firstNames(shown), L"Ann;Marc;");
 }
 
-TEST_F(ViewTest, ViewObject_IsAskedByKeyAsItWasWhenItWasMade_UntilItIsRefreshed)
+TEST_F(NotesView, ViewObject_IsAskedByKeyAsItWasWhenItWasMade_UntilItIsRefreshed)
 {
     const Object shown = view(L"People");
     const auto firstNameOf = [&](const wchar_t* key) {
@@ -89,7 +89,7 @@ TEST_F(ViewTest, ViewObject_IsAskedByKeyAsItWasWhenItWasMade_UntilItIsRefreshed)
     EXPECT_EQ(firstNameOf(L"Baker"), L"Bob");
 }
 
-TEST_F(ViewTest, Key_IsComparedWithoutCase_ExactlyOrByItsBeginning)
+TEST_F(NotesView, Key_IsComparedWithoutCase_ExactlyOrByItsBeginning)
 {
     EXPECT_TRUE(byKey(L"durand", true));
     EXPECT_TRUE(byKey(L"ABEL", true));
@@ -101,7 +101,7 @@ TEST_F(ViewTest, Key_IsComparedWithoutCase_ExactlyOrByItsBeginning)
     EXPECT_TRUE(view(L"People").get(L"GetDocumentByKey", {L"du"}).object()) << "exact is False by default";
 }
 
-TEST_F(ViewTest, EmptyKey_MatchesTheFirstDocumentInPart_OrAnEmptyColumnExactly)
+TEST_F(NotesView, EmptyKey_MatchesTheFirstDocumentInPart_OrAnEmptyColumnExactly)
 {
     EXPECT_EQ(first(byKey(L""), L"FirstName").text(), L"Ann");
     EXPECT_FALSE(byKey(L"", true));
@@ -109,7 +109,7 @@ TEST_F(ViewTest, EmptyKey_MatchesTheFirstDocumentInPart_OrAnEmptyColumnExactly)
     EXPECT_EQ(first(byKey(L"", true), L"FirstName").text(), L"Nobody");
 }
 
-TEST_F(ViewTest, OfSeveralDocumentsWithAKey_TheFirstOfTheViewIsFound)
+TEST_F(NotesView, OfSeveralDocumentsWithAKey_TheFirstOfTheViewIsFound)
 {
     const Object phones = view(L"($Phones)");
     EXPECT_EQ(phones.get(L"GetDocumentByKey", {L"0612345678", true}).object().get(L"NoteID").text(), L"8F6");
@@ -117,7 +117,7 @@ TEST_F(ViewTest, OfSeveralDocumentsWithAKey_TheFirstOfTheViewIsFound)
     EXPECT_FALSE(phones.get(L"GetDocumentByKey", {L"0699", true}).object()) << "a second value is not in the column";
 }
 
-TEST_F(ViewTest, SeveralKeys_AreComparedColumnByColumn)
+TEST_F(NotesView, SeveralKeys_AreComparedColumnByColumn)
 {
     const auto keys = [](std::initializer_list<Value> values) { return desk::lotus::arrayOf(values); };
     const Object shown = view(L"People");
@@ -128,7 +128,7 @@ TEST_F(ViewTest, SeveralKeys_AreComparedColumnByColumn)
     EXPECT_EQ(failure.source(), L"Lotus Notes");
 }
 
-TEST_F(ViewTest, NumbersAndDatesAsKeys_AreComparedAsSuch)
+TEST_F(NotesView, NumbersAndDatesAsKeys_AreComparedAsSuch)
 {
     notes.load(L"[database]\nFile=n.nsf\n[view]\nName=V\nKey=K\n[document]\nK:number=20\n[document]\nK=20\n"
                L"[document]\nK:date=2023-03-15\n[document]\nK:number=-1.5\n");
@@ -144,7 +144,7 @@ TEST_F(ViewTest, NumbersAndDatesAsKeys_AreComparedAsSuch)
     EXPECT_EQ(first(shown.get(L"GetFirstDocument").object(), L"K").number(), -1.5);
 }
 
-TEST_F(ViewTest, NthDocument_CountsFromOne_PastTheEndIsNothing)
+TEST_F(NotesView, NthDocument_CountsFromOne_PastTheEndIsNothing)
 {
     const Object shown = view(L"People");
     EXPECT_EQ(first(shown.get(L"GetNthDocument", {std::int32_t{1}}).object(), L"FirstName").text(), L"Ann");
@@ -153,7 +153,7 @@ TEST_F(ViewTest, NthDocument_CountsFromOne_PastTheEndIsNothing)
     EXPECT_FALSE(shown.get(L"GetNthDocument", {std::int32_t{0}}).object());
 }
 
-TEST_F(ViewTest, NthDocument_DoesNotCountAnswers)
+TEST_F(NotesView, NthDocument_DoesNotCountAnswers)
 {
     notes.ask(L"add books\\contacts.nsf\nForm=Person\nLastName=Aaa\n$Ref=00");
     const Object shown = view(L"People");
@@ -163,7 +163,7 @@ TEST_F(ViewTest, NthDocument_DoesNotCountAnswers)
     EXPECT_FALSE(shown.get(L"GetNthDocument", {std::int32_t{3}}).object());
 }
 
-TEST_F(ViewTest, FirstLastNextPrevious_EndInNothing)
+TEST_F(NotesView, FirstLastNextPrevious_EndInNothing)
 {
     const Object shown = view(L"People");
     const Object last = shown.get(L"GetLastDocument").object();
@@ -178,7 +178,7 @@ TEST_F(ViewTest, FirstLastNextPrevious_EndInNothing)
     EXPECT_FALSE(empty.get(L"GetLastDocument").object());
 }
 
-TEST_F(ViewTest, NextOfADocumentThatIsNotThere_IsAnError)
+TEST_F(NotesView, NextOfADocumentThatIsNotThere_IsAnError)
 {
     const Object shown = view(L"People");
     const Object memo = view(L"($Phones)").get(L"GetLastDocument").object();
@@ -193,7 +193,7 @@ TEST_F(ViewTest, NextOfADocumentThatIsNotThere_IsAnError)
               L"Notes error: Document has been deleted");
 }
 
-TEST_F(ViewTest, Search_LeavesTheHitsInTheirOrder_UntilCleared)
+TEST_F(NotesView, Search_LeavesTheHitsInTheirOrder_UntilCleared)
 {
     const Object shown = view(L"($Phones)");
     EXPECT_EQ(shown.get(L"FTSearch", {L"[Phone] CONTAINS \"0612345678\"", std::int16_t{0}}).int32(), 2);
@@ -210,7 +210,7 @@ TEST_F(ViewTest, Search_LeavesTheHitsInTheirOrder_UntilCleared)
     EXPECT_EQ(shown.get(L"GetFirstDocument").object().get(L"NoteID").text(), L"8FA");
 }
 
-TEST_F(ViewTest, Search_TakesAtMostSoMany_ZeroIsAll_AndNoHitLeavesNothing)
+TEST_F(NotesView, Search_TakesAtMostSoMany_ZeroIsAll_AndNoHitLeavesNothing)
 {
     const Object shown = view(L"($Phones)");
     EXPECT_EQ(shown.get(L"FTSearch", {L"durand", std::int32_t{1}}).int32(), 1);
@@ -222,19 +222,19 @@ TEST_F(ViewTest, Search_TakesAtMostSoMany_ZeroIsAll_AndNoHitLeavesNothing)
     EXPECT_EQ(shown.get(L"FTSearch", {L"durand", std::int32_t{0}}).type(), VT_I4);
 }
 
-TEST_F(ViewTest, Search_FindsOnlyDocumentsOfTheView)
+TEST_F(NotesView, Search_FindsOnlyDocumentsOfTheView)
 {
     EXPECT_EQ(view(L"People").get(L"FTSearch", {L"[Phone] = 0612345678", std::int32_t{0}}).int32(), 1);
 }
 
-TEST_F(ViewTest, BadQuery_IsAnErrorWithNotesText)
+TEST_F(NotesView, BadQuery_IsAnErrorWithNotesText)
 {
     const auto failure = failureOf([&] { view(L"People").get(L"FTSearch", {L"[Phone] CONTAINS", std::int32_t{0}}); });
     EXPECT_EQ(failure.description(), L"Notes error: Query is not understandable");
     EXPECT_EQ(failure.code(), static_cast<HRESULT>(0x800A0000 + 4005));
 }
 
-TEST_F(ViewTest, FullTextIndex_PutsTheDocumentsWithMostHitsFirst)
+TEST_F(NotesView, FullTextIndex_PutsTheDocumentsWithMostHitsFirst)
 {
     const std::wstring documents = L"[view]\nName=V\nKey=K\n[document]\nK=1\nBody=cat\n[document]\nK=2\nBody=cat cat\n"
                                    L"[document]\nK=3\nBody=dog\n[document]\nK=4\nBody=cat, dog and cat\n";
@@ -254,7 +254,7 @@ TEST_F(ViewTest, FullTextIndex_PutsTheDocumentsWithMostHitsFirst)
     EXPECT_EQ(keysFound(L"[database]\nFile=f.nsf\nFullTextIndex=True\n", L"[Body] contains c*"), L"241");
 }
 
-TEST_F(ViewTest, FullTextIndex_KnowsWhatIsSavedAndForgetsWhatIsNotThereAnyMore)
+TEST_F(NotesView, FullTextIndex_KnowsWhatIsSavedAndForgetsWhatIsNotThereAnyMore)
 {
     notes.load(L"[database]\nFile=f.nsf\nFullTextIndex=True\n[view]\nName=V\n[document]\nBody=cat\n");
     const Object database = session().get(L"GetDatabase", {L"", L"f"}).object();
@@ -273,7 +273,7 @@ TEST_F(ViewTest, FullTextIndex_KnowsWhatIsSavedAndForgetsWhatIsNotThereAnyMore)
     EXPECT_EQ(hits(L"dog"), 1);
 }
 
-TEST_F(ViewTest, ThousandsOfDocuments_AreFoundAtOnce)
+TEST_F(NotesView, ThousandsOfDocuments_AreFoundAtOnce)
 {
     notes.load(L"[database]\nFile=big.nsf\n[view]\nName=V\nKey=LastName\nForm=Person\n" + people(5'000));
     const Object database = session().get(L"GetDatabase", {L"", L"big"}).object();

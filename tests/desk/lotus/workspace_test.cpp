@@ -5,7 +5,7 @@ namespace {
 using automation::Object;
 using automation::Value;
 
-class WorkspaceTest : public NotesTest {
+class NotesWorkspace : public NotesFixture {
 protected:
     Object display(const Object& document, bool edit)
     {
@@ -36,7 +36,7 @@ constexpr const wchar_t* notAvailable = L"Document command is not available";
 
 }
 
-TEST_F(WorkspaceTest, NothingOpen_ThereIsNoCurrentDocumentDatabaseView)
+TEST_F(NotesWorkspace, NothingOpen_ThereIsNoCurrentDocumentDatabaseView)
 {
     EXPECT_FALSE(current());
     EXPECT_FALSE(workspace().get(L"CurrentDatabase").object());
@@ -44,7 +44,7 @@ TEST_F(WorkspaceTest, NothingOpen_ThereIsNoCurrentDocumentDatabaseView)
     EXPECT_EQ(workspace().get(L"CurrentDocument").type(), VT_DISPATCH);
 }
 
-TEST_F(WorkspaceTest, EditDocument_DisplaysTheReference_InTheWantedMode)
+TEST_F(NotesWorkspace, EditDocument_DisplaysTheReference_InTheWantedMode)
 {
     const Object marc = person(L"Durand");
     marc.put(L"FullName", L"Marc D.");
@@ -56,7 +56,7 @@ TEST_F(WorkspaceTest, EditDocument_DisplaysTheReference_InTheWantedMode)
     EXPECT_EQ(windows(), L"Marc D.;Ann Abel*;");
 }
 
-TEST_F(WorkspaceTest, EditDocument_OfADisplayedDocument_OpensAnotherWindow)
+TEST_F(NotesWorkspace, EditDocument_OfADisplayedDocument_OpensAnotherWindow)
 {
     const Object first = display(person(L"Durand"), false);
     display(person(L"Durand"), false);
@@ -65,7 +65,7 @@ TEST_F(WorkspaceTest, EditDocument_OfADisplayedDocument_OpensAnotherWindow)
     EXPECT_EQ(windows(), L"Marc Durand;Marc Durand;Marc Durand*;");
 }
 
-TEST_F(WorkspaceTest, ChangesOfTheDisplayedReference_ShowAtOnce_OthersDoNot)
+TEST_F(NotesWorkspace, ChangesOfTheDisplayedReference_ShowAtOnce_OthersDoNot)
 {
     const Object marc = person(L"Durand");
     const Object window = display(marc, false);
@@ -82,7 +82,7 @@ TEST_F(WorkspaceTest, ChangesOfTheDisplayedReference_ShowAtOnce_OthersDoNot)
     EXPECT_EQ(display(person(L"Durand"), false).get(L"WindowTitle").text(), L"Marc Z");
 }
 
-TEST_F(WorkspaceTest, EditDocument_OfADisplayedDocument_WithoutANewInstance_BringsItToTheFront)
+TEST_F(NotesWorkspace, EditDocument_OfADisplayedDocument_WithoutANewInstance_BringsItToTheFront)
 {
     display(person(L"Durand"), false);
     display(person(L"Abel"), false);
@@ -92,7 +92,7 @@ TEST_F(WorkspaceTest, EditDocument_OfADisplayedDocument_WithoutANewInstance_Brin
     EXPECT_TRUE(again.get(L"EditMode").truth());
 }
 
-TEST_F(WorkspaceTest, CurrentDocument_IsTheOneInFront_OrTheOneBehindAfterItsClosing)
+TEST_F(NotesWorkspace, CurrentDocument_IsTheOneInFront_OrTheOneBehindAfterItsClosing)
 {
     display(person(L"Durand"), false);
     const Object ann = display(person(L"Abel"), true);
@@ -105,7 +105,7 @@ TEST_F(WorkspaceTest, CurrentDocument_IsTheOneInFront_OrTheOneBehindAfterItsClos
     EXPECT_FALSE(current());
 }
 
-TEST_F(WorkspaceTest, UserLooksAtAView_NoDocumentIsCurrent)
+TEST_F(NotesWorkspace, UserLooksAtAView_NoDocumentIsCurrent)
 {
     const Object marc = display(person(L"Durand"), false);
     notes.ask(L"show local.nsf");
@@ -126,7 +126,7 @@ TEST_F(WorkspaceTest, UserLooksAtAView_NoDocumentIsCurrent)
     workspace().call(L"ViewRefresh");
 }
 
-TEST_F(WorkspaceTest, CurrentDatabase_IsThatOfTheDocumentInFront)
+TEST_F(NotesWorkspace, CurrentDatabase_IsThatOfTheDocumentInFront)
 {
     notes.ask(L"show local.nsf");
     display(person(L"Durand"), false);
@@ -139,7 +139,7 @@ TEST_F(WorkspaceTest, CurrentDatabase_IsThatOfTheDocumentInFront)
     EXPECT_EQ(currentPath(), L"local.nsf");
 }
 
-TEST_F(WorkspaceTest, Compose_OpensANewDocumentWithTheFormsFields_InEditMode)
+TEST_F(NotesWorkspace, Compose_OpensANewDocumentWithTheFormsFields_InEditMode)
 {
     const Object window = compose();
     EXPECT_TRUE(window.get(L"EditMode").truth());
@@ -154,7 +154,7 @@ TEST_F(WorkspaceTest, Compose_OpensANewDocumentWithTheFormsFields_InEditMode)
               std::wstring::npos);
 }
 
-TEST_F(WorkspaceTest, Compose_WithoutPlace_TakesTheCurrentDatabase_AndKnowsAliases)
+TEST_F(NotesWorkspace, Compose_WithoutPlace_TakesTheCurrentDatabase_AndKnowsAliases)
 {
     EXPECT_EQ(failureOf([&] { workspace().get(L"ComposeDocument", {L"", L"", L"P"}); }).description(),
               L"File does not exist");
@@ -166,7 +166,7 @@ TEST_F(WorkspaceTest, Compose_WithoutPlace_TakesTheCurrentDatabase_AndKnowsAlias
               L"File does not exist");
 }
 
-TEST_F(WorkspaceTest, Fields_AreSetAndReadInEditModeOnly)
+TEST_F(NotesWorkspace, Fields_AreSetAndReadInEditModeOnly)
 {
     const Object window = display(person(L"Durand"), false);
     EXPECT_EQ(window.get(L"FieldGetText", {L"lastname"}).text(), L"Durand") << "reading is for both modes";
@@ -186,7 +186,7 @@ TEST_F(WorkspaceTest, Fields_AreSetAndReadInEditModeOnly)
     EXPECT_FALSE(window.get(L"EditMode").truth());
 }
 
-TEST_F(WorkspaceTest, UnknownField_IsAnErrorWithItsName)
+TEST_F(NotesWorkspace, UnknownField_IsAnErrorWithItsName)
 {
     const Object window = display(person(L"Durand"), true);
     for (const wchar_t* member : {L"FieldSetText", L"FieldAppendText"})
@@ -199,7 +199,7 @@ TEST_F(WorkspaceTest, UnknownField_IsAnErrorWithItsName)
         << "an item is no field of the form";
 }
 
-TEST_F(WorkspaceTest, DocumentOfAnUnknownForm_HasItsItemsAsFields)
+TEST_F(NotesWorkspace, DocumentOfAnUnknownForm_HasItsItemsAsFields)
 {
     const Object window = display(contacts().get(L"GetDocumentByID", {L"8FE"}).object(), true);
     EXPECT_EQ(window.get(L"WindowTitle").text(), L"Memo");
@@ -209,7 +209,7 @@ TEST_F(WorkspaceTest, DocumentOfAnUnknownForm_HasItsItemsAsFields)
               L"Cannot locate field definition for City.");
 }
 
-TEST_F(WorkspaceTest, CurrentField_IsTheOneGoneTo_AndMeantByAnEmptyName)
+TEST_F(NotesWorkspace, CurrentField_IsTheOneGoneTo_AndMeantByAnEmptyName)
 {
     const Object window = display(person(L"Durand"), true);
     EXPECT_EQ(window.get(L"CurrentField").text(), L"");
@@ -221,7 +221,7 @@ TEST_F(WorkspaceTest, CurrentField_IsTheOneGoneTo_AndMeantByAnEmptyName)
     EXPECT_EQ(window.get(L"FieldGetText").text(), L"Marc A. Durand");
 }
 
-TEST_F(WorkspaceTest, WindowsSave_WritesToTheDatabase_InEditModeOnly)
+TEST_F(NotesWorkspace, WindowsSave_WritesToTheDatabase_InEditModeOnly)
 {
     const Object window = compose();
     window.call(L"FieldSetText", {L"LastName", L"New"});
@@ -234,7 +234,7 @@ TEST_F(WorkspaceTest, WindowsSave_WritesToTheDatabase_InEditModeOnly)
     EXPECT_EQ(failureOf([&] { window.call(L"Save"); }).description(), notAvailable);
 }
 
-TEST_F(WorkspaceTest, TypedText_BecomesANumberWhenItIsSaved)
+TEST_F(NotesWorkspace, TypedText_BecomesANumberWhenItIsSaved)
 {
     const Object window = display(person(L"Durand"), true);
     window.call(L"FieldSetText", {L"Age", L"36"});
@@ -249,7 +249,7 @@ TEST_F(WorkspaceTest, TypedText_BecomesANumberWhenItIsSaved)
     window.call(L"Save");
 }
 
-TEST_F(WorkspaceTest, ClosingLosesWhatIsNotSaved_UnlessSaveOptionsSaySo)
+TEST_F(NotesWorkspace, ClosingLosesWhatIsNotSaved_UnlessSaveOptionsSaySo)
 {
     const Object window = compose();
     window.call(L"FieldSetText", {L"LastName", L"New"});
@@ -264,7 +264,7 @@ TEST_F(WorkspaceTest, ClosingLosesWhatIsNotSaved_UnlessSaveOptionsSaySo)
     EXPECT_TRUE(person(L"New"));
 }
 
-TEST_F(WorkspaceTest, SavedBehindTheWindowsBack_TheWindowsSaveMakesAConflict)
+TEST_F(NotesWorkspace, SavedBehindTheWindowsBack_TheWindowsSaveMakesAConflict)
 {
     const Object window = display(person(L"Durand"), true);
     const Object behind = documentOf(window);
@@ -279,7 +279,7 @@ TEST_F(WorkspaceTest, SavedBehindTheWindowsBack_TheWindowsSaveMakesAConflict)
     EXPECT_TRUE(conflict.get(L"HasItem", {L"$Conflict"}).truth());
 }
 
-TEST_F(WorkspaceTest, DisplayedDocument_CannotBeDeletedThroughItsWindow)
+TEST_F(NotesWorkspace, DisplayedDocument_CannotBeDeletedThroughItsWindow)
 {
     const Object marc = person(L"Durand");
     const Object window = display(marc, false);
@@ -289,7 +289,7 @@ TEST_F(WorkspaceTest, DisplayedDocument_CannotBeDeletedThroughItsWindow)
     EXPECT_EQ(first(documentOf(window), L"LastName").text(), L"Durand");
 }
 
-TEST_F(WorkspaceTest, DeletedDocument_CannotBeDisplayed)
+TEST_F(NotesWorkspace, DeletedDocument_CannotBeDisplayed)
 {
     const Object marc = person(L"Durand");
     notes.ask(L"delete 8F6@books\\contacts.nsf");
@@ -297,7 +297,7 @@ TEST_F(WorkspaceTest, DeletedDocument_CannotBeDisplayed)
     EXPECT_EQ(failureOf([&] { workspace().get(L"EditDocument", {true, L"Durand"}); }).code(), DISP_E_TYPEMISMATCH);
 }
 
-TEST_F(WorkspaceTest, EditDocumentWithoutADocument_ChangesTheModeOfTheCurrentOne)
+TEST_F(NotesWorkspace, EditDocumentWithoutADocument_ChangesTheModeOfTheCurrentOne)
 {
     EXPECT_EQ(failureOf([&] { workspace().get(L"EditDocument", {true}); }).description(), notAvailable);
     display(person(L"Durand"), false);
@@ -305,7 +305,7 @@ TEST_F(WorkspaceTest, EditDocumentWithoutADocument_ChangesTheModeOfTheCurrentOne
     EXPECT_FALSE(workspace().get(L"EditDocument", {false}).object().get(L"EditMode").truth());
 }
 
-TEST_F(WorkspaceTest, ReadOnlyDocument_NeverGetsToEditMode)
+TEST_F(NotesWorkspace, ReadOnlyDocument_NeverGetsToEditMode)
 {
     const Object window = workspace().get(L"EditDocument", {true, person(L"Durand"), true}).object();
     EXPECT_FALSE(window.get(L"EditMode").truth());
@@ -313,7 +313,7 @@ TEST_F(WorkspaceTest, ReadOnlyDocument_NeverGetsToEditMode)
     EXPECT_FALSE(window.get(L"EditMode").truth());
 }
 
-TEST_F(WorkspaceTest, OpenDatabase_ShowsItsView_AndAddsTheIcon)
+TEST_F(NotesWorkspace, OpenDatabase_ShowsItsView_AndAddsTheIcon)
 {
     workspace().call(L"OpenDatabase", {L"mail1/paris/acme", L"BOOKS\\CONTACTS.NSF", L"($phones)"});
     EXPECT_EQ(workspace().get(L"CurrentView").object().get(L"ViewName").text(), L"($Phones)");
@@ -330,7 +330,7 @@ TEST_F(WorkspaceTest, OpenDatabase_ShowsItsView_AndAddsTheIcon)
     EXPECT_EQ(workspace().get(L"CurrentView").object().get(L"ViewName").text(), L"($Phones)");
 }
 
-TEST_F(WorkspaceTest, AddDatabase_AddsTheIconOnce_AndHighlightsIt)
+TEST_F(NotesWorkspace, AddDatabase_AddsTheIconOnce_AndHighlightsIt)
 {
     const Object own = workspace();
     own.call(L"AddDatabase", {L"", L"local.nsf"});

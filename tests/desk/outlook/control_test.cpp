@@ -1,4 +1,4 @@
-#include "outlook_fixture.h"
+#include "mailbox_fixture.h"
 
 #include <stdexcept>
 
@@ -6,11 +6,11 @@ namespace {
 
 using automation::Object;
 
-class Control : public OutlookTest {};
+class OutlookControl : public MailboxFixture {};
 
 }
 
-TEST_F(Control, Dump_HoldsExactlyWhatWasSaved)
+TEST_F(OutlookControl, Dump_HoldsExactlyWhatWasSaved)
 {
     const Object entry = items(olJournal).get(L"Add").object();
     entry.put(L"Subject", L"Call with Marc");
@@ -32,7 +32,7 @@ TEST_F(Control, Dump_HoldsExactlyWhatWasSaved)
                                        L"Recipient=Marc Durand\n");
 }
 
-TEST_F(Control, Store_ComesBackTheSame)
+TEST_F(OutlookControl, Store_ComesBackTheSame)
 {
     const std::wstring store = L"[outlook]\nVersion=2007\n\n"
                                L"[mail]\nEntryID=AB\nSubject=Re: it\nTo=a@x.example\nFolder=6\n\n"
@@ -44,7 +44,7 @@ TEST_F(Control, Store_ComesBackTheSame)
     EXPECT_EQ(desk::storeText(outlook.model().records()), store);
 }
 
-TEST_F(Control, BadStores_AreRefusedAndChangeNothing)
+TEST_F(OutlookControl, BadStores_AreRefusedAndChangeNothing)
 {
     outlook.load(L"[contact]\nFullName=Marc Durand\n");
     const std::pair<const wchar_t*, const char*> bad[] = {
@@ -72,7 +72,7 @@ TEST_F(Control, BadStores_AreRefusedAndChangeNothing)
     EXPECT_EQ(items(olContacts).get(L"Count").int32(), 1);
 }
 
-TEST_F(Control, Windows_AreListedWithKindAndItem)
+TEST_F(OutlookControl, Windows_AreListedWithKindAndItem)
 {
     outlook.load(L"[contact]\nEntryID=AB\nFullName=Marc Durand\n");
     items(olContacts).get(L"GetFirst").object().call(L"Display");
@@ -90,7 +90,7 @@ TEST_F(Control, Windows_AreListedWithKindAndItem)
     EXPECT_EQ(outlook.ask(L"windows"), L"Marc Durand - Contact\tcontact\tAB\nNow - Message\tmail\tunsaved");
 }
 
-TEST_F(Control, DisplayedButUnsaved_IsMarkedInTheDump)
+TEST_F(OutlookControl, DisplayedButUnsaved_IsMarkedInTheDump)
 {
     const Object entry = items(olJournal).get(L"Add").object();
     entry.put(L"Start", automation::Value::date(desk::dateFromIso(L"2023-03-15 06:00:00")));
@@ -103,7 +103,7 @@ TEST_F(Control, DisplayedButUnsaved_IsMarkedInTheDump)
     EXPECT_EQ(outlook.ask(L"windows"), L"");
 }
 
-TEST_F(Control, SavedWindows_KeepTheirItems)
+TEST_F(OutlookControl, SavedWindows_KeepTheirItems)
 {
     const Object contact = items(olContacts).get(L"Add").object();
     contact.put(L"FullName", L"Marc Durand");
@@ -113,7 +113,7 @@ TEST_F(Control, SavedWindows_KeepTheirItems)
     EXPECT_EQ(items(olContacts).get(L"Count").int32(), 1);
 }
 
-TEST_F(Control, AddChangeDelete_ActAsTheUser)
+TEST_F(OutlookControl, AddChangeDelete_ActAsTheUser)
 {
     const std::wstring id = outlook.ask(L"add contact\nFullName=Marc Durand\nPagerNumber=1");
     EXPECT_EQ(outlook.ask(L"count"), L"0 Inbox\n0 Drafts\n0 Sent Items\n0 Deleted Items\n1 Contacts\n0 Journal");
@@ -127,7 +127,7 @@ TEST_F(Control, AddChangeDelete_ActAsTheUser)
     EXPECT_THROW(outlook.ask(L"change 00\nBody=x"), std::runtime_error);
 }
 
-TEST_F(Control, Calls_AreRecordedWithKindTypesAndValues)
+TEST_F(OutlookControl, Calls_AreRecordedWithKindTypesAndValues)
 {
     outlook.load(L"[contact]\nFullName=Marc Durand\n");
     const Object all = items(olContacts);
@@ -144,7 +144,7 @@ TEST_F(Control, Calls_AreRecordedWithKindTypesAndValues)
     EXPECT_EQ(outlook.recorder().count(L"ContactItem.Body put"), 1u);
 }
 
-TEST_F(Control, PlannedFaults_ReachTheClient)
+TEST_F(OutlookControl, PlannedFaults_ReachTheClient)
 {
     const Object application = outlook.application();
     outlook.recorder().faults.add(L"on Application.Version raise 0x80004005 Microsoft Outlook|It is broken.");
@@ -159,13 +159,13 @@ TEST_F(Control, PlannedFaults_ReachTheClient)
     EXPECT_EQ(failureOf([&] { application.get(L"Version"); }).code(), HRESULT_FROM_WIN32(RPC_S_SERVER_UNAVAILABLE));
 }
 
-TEST_F(Control, Quit_IsCounted)
+TEST_F(OutlookControl, Quit_IsCounted)
 {
     outlook.application().call(L"Quit");
     EXPECT_EQ(outlook.quits(), 1);
 }
 
-TEST_F(Control, Settings_ComeBackTheSame_AndOnlyThoseThatAreNotUsual)
+TEST_F(OutlookControl, Settings_ComeBackTheSame_AndOnlyThoseThatAreNotUsual)
 {
     const std::wstring store = L"[outlook]\nVersion=2003\nGuard=deny 0x80040102\nMissingCell=null\n"
                                L"LongestText=127\nRowOrder=reversed\nArrayShape=rows\nHiddenColumn="
@@ -179,7 +179,7 @@ TEST_F(Control, Settings_ComeBackTheSame_AndOnlyThoseThatAreNotUsual)
     EXPECT_EQ(desk::storeText(outlook.model().records()), L"");
 }
 
-TEST_F(Control, Typing_OpensTheItem_MasksTelephoneNumbers_AndSavesNothing)
+TEST_F(OutlookControl, Typing_OpensTheItem_MasksTelephoneNumbers_AndSavesNothing)
 {
     outlook.load(L"[contact]\nEntryID=AB\nFullName=Marc Durand\n");
     EXPECT_EQ(outlook.ask(L"type AB\nHomeTelephoneNumber=2223334444\nCarTelephoneNumber=+12223334444\n"
@@ -196,7 +196,7 @@ TEST_F(Control, Typing_OpensTheItem_MasksTelephoneNumbers_AndSavesNothing)
     outlook.ask(L"close-windows");
 }
 
-TEST_F(Control, DisplayedItem_IsOneObjectForItsUserAndItsClients)
+TEST_F(OutlookControl, DisplayedItem_IsOneObjectForItsUserAndItsClients)
 {
     outlook.load(L"[contact]\nEntryID=AB\nFullName=Marc Durand\n");
     outlook.ask(L"type AB\nHobby=Chess\n");

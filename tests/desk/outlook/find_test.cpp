@@ -1,10 +1,10 @@
-#include "outlook_fixture.h"
+#include "mailbox_fixture.h"
 
 namespace {
 
 using automation::Object;
 
-class Find : public OutlookTest {
+class OutlookFind : public MailboxFixture {
 protected:
     void SetUp() override
     {
@@ -28,7 +28,7 @@ protected:
 
 }
 
-TEST_F(Find, Equality_TakesBothQuotesAndIgnoresCase)
+TEST_F(OutlookFind, Equality_TakesBothQuotesAndIgnoresCase)
 {
     EXPECT_EQ(find(L"[MobileTelephoneNumber] = '0612345678'"), L"Marc Durand");
     EXPECT_EQ(find(L"[mobiletelephonenumber]=\"0612345678\""), L"Marc Durand");
@@ -36,7 +36,7 @@ TEST_F(Find, Equality_TakesBothQuotesAndIgnoresCase)
     EXPECT_EQ(find(L"[FullName] = 'Marc'"), L"-") << "the whole text counts";
 }
 
-TEST_F(Find, QuoteInsideAText_IsDoubled)
+TEST_F(OutlookFind, QuoteInsideAText_IsDoubled)
 {
     EXPECT_EQ(find(L"[FullName] = 'Jean O''Brien'"), L"Jean O'Brien");
     EXPECT_EQ(find(L"[FullName] = \"Jean O'Brien\""), L"Jean O'Brien");
@@ -44,7 +44,7 @@ TEST_F(Find, QuoteInsideAText_IsDoubled)
     EXPECT_EQ(refusal(L"[FullName] = 'Jean O'Brien'"), L"Cannot parse condition. Error at \"Brien'\".");
 }
 
-TEST_F(Find, AndOrNotAndParentheses_BindAsUsual)
+TEST_F(OutlookFind, AndOrNotAndParentheses_BindAsUsual)
 {
     EXPECT_EQ(find(L"[CompanyName] = 'pavex' And [FullName] = 'Jean O''Brien'"), L"Jean O'Brien");
     EXPECT_EQ(find(L"[FullName] = 'x' or [MobileTelephoneNumber] = '0612345678'"), L"Marc Durand");
@@ -54,7 +54,7 @@ TEST_F(Find, AndOrNotAndParentheses_BindAsUsual)
     EXPECT_EQ(find(L"[FullName] <> 'Marc Durand' And [CompanyName] <> ''"), L"Jean O'Brien");
 }
 
-TEST_F(Find, NumbersAndDates_CompareAsSuch)
+TEST_F(OutlookFind, NumbersAndDates_CompareAsSuch)
 {
     EXPECT_EQ(find(L"[Duration] > 9", olJournal), L"Call");
     EXPECT_EQ(find(L"[Duration] < 12", olJournal), L"-");
@@ -62,7 +62,7 @@ TEST_F(Find, NumbersAndDates_CompareAsSuch)
     EXPECT_EQ(find(L"[Start] > '3/15/2023 6:00 AM'", olJournal), L"-");
 }
 
-TEST_F(Find, NoHit_IsNothing_AndFindNextGoesOn)
+TEST_F(OutlookFind, NoHit_IsNothing_AndFindNextGoesOn)
 {
     EXPECT_EQ(find(L"[FullName] = 'Nobody'"), L"-");
     const Object all = items(olContacts);
@@ -71,7 +71,7 @@ TEST_F(Find, NoHit_IsNothing_AndFindNextGoesOn)
     EXPECT_FALSE(all.get(L"FindNext").object());
 }
 
-TEST_F(Find, SyntaxErrors_SayWhere)
+TEST_F(OutlookFind, SyntaxErrors_SayWhere)
 {
     EXPECT_EQ(refusal(L""), L"Cannot parse condition. Error at \"\".");
     EXPECT_EQ(refusal(L"[FullName] = 'open"), L"Cannot parse condition. Error at \"'open\".");
@@ -81,7 +81,7 @@ TEST_F(Find, SyntaxErrors_SayWhere)
     EXPECT_EQ(refusal(L"[FullName] = 'x' And"), L"Cannot parse condition. Error at \"\".");
 }
 
-TEST_F(Find, UnknownAndForbiddenFields_AreErrors)
+TEST_F(OutlookFind, UnknownAndForbiddenFields_AreErrors)
 {
     EXPECT_EQ(refusal(L"[ShoeSize] = '43'"), L"The property \"ShoeSize\" is unknown.");
     for (const wchar_t* field : {L"Body", L"EntryID", L"Email1EntryID", L"LastFirstNoSpace", L"Companies", L"Class"})
@@ -89,7 +89,7 @@ TEST_F(Find, UnknownAndForbiddenFields_AreErrors)
     EXPECT_EQ(refusal(L"[Duration] = 'abc'"), L"Condition is not valid.");
 }
 
-TEST_F(Find, TelephoneFields_MayAllBeSearched)
+TEST_F(OutlookFind, TelephoneFields_MayAllBeSearched)
 {
     for (const wchar_t* field :
          {L"AssistantTelephoneNumber", L"BusinessTelephoneNumber", L"CallbackTelephoneNumber",

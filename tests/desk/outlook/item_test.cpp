@@ -1,12 +1,12 @@
 #include "automation/conversion.h"
-#include "outlook_fixture.h"
+#include "mailbox_fixture.h"
 
 namespace {
 
 using automation::Object;
 using automation::Value;
 
-class Item : public OutlookTest {
+class OutlookItem : public MailboxFixture {
 protected:
     Object newContact() { return items(olContacts).get(L"Add").object(); }
     Object newEntry() { return items(olJournal).get(L"Add").object(); }
@@ -15,7 +15,7 @@ protected:
 
 }
 
-TEST_F(Item, EntryId_IsEmptyUntilTheFirstSave_AndThenStays)
+TEST_F(OutlookItem, EntryId_IsEmptyUntilTheFirstSave_AndThenStays)
 {
     const Object contact = newContact();
     EXPECT_EQ(contact.get(L"EntryID").text(), L"");
@@ -33,7 +33,7 @@ TEST_F(Item, EntryId_IsEmptyUntilTheFirstSave_AndThenStays)
     EXPECT_EQ(failureOf([&] { contact.put(L"EntryID", L"x"); }).code(), DISP_E_MEMBERNOTFOUND);
 }
 
-TEST_F(Item, CloseModes_ZeroSavesOthersDiscard)
+TEST_F(OutlookItem, CloseModes_ZeroSavesOthersDiscard)
 {
     const Object kept = newContact();
     kept.put(L"FullName", L"Kept");
@@ -49,7 +49,7 @@ TEST_F(Item, CloseModes_ZeroSavesOthersDiscard)
     EXPECT_EQ(failureOf([&] { newContact().call(L"Close", {std::int16_t{3}}); }).code(), E_INVALIDARG);
 }
 
-TEST_F(Item, ChangesWithoutSave_AreSeenByNoOtherReference)
+TEST_F(OutlookItem, ChangesWithoutSave_AreSeenByNoOtherReference)
 {
     outlook.load(L"[contact]\nFullName=Marc Durand\n");
     const Object one = firstContact();
@@ -62,7 +62,7 @@ TEST_F(Item, ChangesWithoutSave_AreSeenByNoOtherReference)
     EXPECT_TRUE(one.get(L"Saved").truth());
 }
 
-TEST_F(Item, TwoReferencesThatBothChange_SecondSaveFails)
+TEST_F(OutlookItem, TwoReferencesThatBothChange_SecondSaveFails)
 {
     outlook.load(L"[contact]\nFullName=Marc Durand\n");
     const Object one = firstContact();
@@ -76,7 +76,7 @@ TEST_F(Item, TwoReferencesThatBothChange_SecondSaveFails)
     EXPECT_EQ(firstContact().get(L"Body").text(), L"one");
 }
 
-TEST_F(Item, ContactsName_IsMadeOfItsPartsAndTakenApart)
+TEST_F(OutlookItem, ContactsName_IsMadeOfItsPartsAndTakenApart)
 {
     const Object contact = newContact();
     contact.put(L"FirstName", L"Marc");
@@ -93,7 +93,7 @@ TEST_F(Item, ContactsName_IsMadeOfItsPartsAndTakenApart)
     EXPECT_EQ(contact.get(L"LastNameAndFirstName").text(), L"Cole, Cy");
 }
 
-TEST_F(Item, DistributionList_HasNoTelephones_ByNameNorByRememberedIdentifier)
+TEST_F(OutlookItem, DistributionList_HasNoTelephones_ByNameNorByRememberedIdentifier)
 {
     outlook.load(L"[contact]\nMobileTelephoneNumber=1\n[distlist]\nDLName=All\n");
     const automation::SharedNames names = automation::sharedNames();
@@ -107,7 +107,7 @@ TEST_F(Item, DistributionList_HasNoTelephones_ByNameNorByRememberedIdentifier)
     EXPECT_EQ(failureOf([&] { list.get(id); }).code(), DISP_E_MEMBERNOTFOUND);
 }
 
-TEST_F(Item, JournalTimes_DependOnOneAnother)
+TEST_F(OutlookItem, JournalTimes_DependOnOneAnother)
 {
     const Object entry = newEntry();
     EXPECT_EQ(entry.get(L"Type").text(), L"Phone call");
@@ -122,7 +122,7 @@ TEST_F(Item, JournalTimes_DependOnOneAnother)
     EXPECT_EQ(failureOf([&] { entry.put(L"Start", L"no date"); }).code(), DISP_E_TYPEMISMATCH);
 }
 
-TEST_F(Item, Recipients_AddReturnsTheRecipient)
+TEST_F(OutlookItem, Recipients_AddReturnsTheRecipient)
 {
     outlook.load(L"[contact]\nFullName=Marc Durand\nEmail1Address=marc@pavex.example\n");
     const Object entry = newEntry();
@@ -139,7 +139,7 @@ TEST_F(Item, Recipients_AddReturnsTheRecipient)
     EXPECT_EQ(failureOf([&] { recipients.get(L"Add", {L""}); }).code(), E_INVALIDARG);
 }
 
-TEST_F(Item, MailAddressees_AreItsRecipients)
+TEST_F(OutlookItem, MailAddressees_AreItsRecipients)
 {
     const Object mail = outlook.application().get(L"CreateItem", {std::int16_t{0}}).object();
     mail.put(L"To", L"a@x.example; b@x.example");
@@ -154,7 +154,7 @@ TEST_F(Item, MailAddressees_AreItsRecipients)
                                          L"\nSubject=Hello\nTo=a@x.example\nCC=b@x.example; c@x.example\n");
 }
 
-TEST_F(Item, SentMail_LiesInSentItems_AndCannotBeUsedAnyMore)
+TEST_F(OutlookItem, SentMail_LiesInSentItems_AndCannotBeUsedAnyMore)
 {
     const Object mail = outlook.application().get(L"CreateItem", {std::int16_t{0}}).object();
     EXPECT_EQ(failureOf([&] { mail.call(L"Send"); }).code(), E_FAIL) << "nobody to send it to";
@@ -166,7 +166,7 @@ TEST_F(Item, SentMail_LiesInSentItems_AndCannotBeUsedAnyMore)
     EXPECT_EQ(failureOf([&] { mail.get(L"Subject"); }).description(), L"The item has been moved or deleted.");
 }
 
-TEST_F(Item, DeletedItem_LeavesItsFolder)
+TEST_F(OutlookItem, DeletedItem_LeavesItsFolder)
 {
     outlook.load(L"[contact]\nFullName=Marc Durand\n");
     const Object contact = firstContact();
@@ -177,7 +177,7 @@ TEST_F(Item, DeletedItem_LeavesItsFolder)
     EXPECT_EQ(outlook.ask(L"contacts"), L"");
 }
 
-TEST_F(Item, UnsetFields_HaveTheirEmptyValues)
+TEST_F(OutlookItem, UnsetFields_HaveTheirEmptyValues)
 {
     const Object contact = newContact();
     EXPECT_EQ(contact.get(L"MobileTelephoneNumber").type(), VT_BSTR);
@@ -187,7 +187,7 @@ TEST_F(Item, UnsetFields_HaveTheirEmptyValues)
     EXPECT_FALSE(contact.get(L"UnRead").truth());
 }
 
-TEST_F(Item, ItemFromItsEntryId_IsFoundOrAnError)
+TEST_F(OutlookItem, ItemFromItsEntryId_IsFoundOrAnError)
 {
     outlook.load(L"[contact]\nFullName=Marc Durand\n");
     const Object session = outlook.application().get(L"Session").object();
@@ -198,9 +198,9 @@ TEST_F(Item, ItemFromItsEntryId_IsFoundOrAnError)
 
 namespace {
 
-class Guard : public OutlookTest {
+class OutlookGuard : public MailboxFixture {
 protected:
-    Guard() { outlook.load(L"[contact]\nFullName=Marc Durand\nEmail1Address=marc@example.com\n"); }
+    OutlookGuard() { outlook.load(L"[contact]\nFullName=Marc Durand\nEmail1Address=marc@example.com\n"); }
 
     automation::Object contact() { return items(olContacts).get(L"GetFirst").object(); }
     std::wstring questions() { return outlook.ask(L"questions"); }
@@ -208,13 +208,13 @@ protected:
 
 }
 
-TEST_F(Guard, Off_AsksNothing)
+TEST_F(OutlookGuard, Off_AsksNothing)
 {
     EXPECT_EQ(contact().get(L"Email1Address").text(), L"marc@example.com");
     EXPECT_EQ(questions(), L"0");
 }
 
-TEST_F(Guard, Deny_RefusesWhatIsProtected_WithTheCodeThatWasSet)
+TEST_F(OutlookGuard, Deny_RefusesWhatIsProtected_WithTheCodeThatWasSet)
 {
     outlook.ask(L"guard deny");
     EXPECT_EQ(failureOf([&] { contact().get(L"Email1Address"); }).code(), E_ABORT);
@@ -227,7 +227,7 @@ TEST_F(Guard, Deny_RefusesWhatIsProtected_WithTheCodeThatWasSet)
     EXPECT_EQ(questions(), L"4");
 }
 
-TEST_F(Guard, Deny_LetsEverythingElseBe)
+TEST_F(OutlookGuard, Deny_LetsEverythingElseBe)
 {
     outlook.ask(L"guard deny");
     EXPECT_EQ(contact().get(L"FullName").text(), L"Marc Durand");
@@ -237,7 +237,7 @@ TEST_F(Guard, Deny_LetsEverythingElseBe)
     EXPECT_EQ(questions(), L"0");
 }
 
-TEST_F(Guard, Allow_CountsEachQuestion)
+TEST_F(OutlookGuard, Allow_CountsEachQuestion)
 {
     const auto journal = items(olJournal).get(L"Add").object();
     outlook.ask(L"guard allow");

@@ -1,5 +1,5 @@
 #include "automation/enumeration.h"
-#include "outlook_fixture.h"
+#include "mailbox_fixture.h"
 
 namespace {
 
@@ -9,14 +9,14 @@ using automation::Value;
 constexpr const wchar_t* three = L"[contact]\nFullName=Ann Abel\n[contact]\nFullName=Bob Baker\n"
                                  L"[contact]\nFullName=Cy Cole\n";
 
-class Items : public OutlookTest {
+class OutlookItems : public MailboxFixture {
 protected:
     static std::wstring name(const Value& item) { return item.object() ? item.object().get(L"FullName").text() : L"-"; }
 };
 
 }
 
-TEST_F(Items, GetFirstAndGetNext_WalkInTheOrderOfCreation_ThenGiveNothing)
+TEST_F(OutlookItems, GetFirstAndGetNext_WalkInTheOrderOfCreation_ThenGiveNothing)
 {
     outlook.load(three);
     const Object all = items(olContacts);
@@ -31,7 +31,7 @@ TEST_F(Items, GetFirstAndGetNext_WalkInTheOrderOfCreation_ThenGiveNothing)
     EXPECT_EQ(name(all.get(L"GetLast")), L"Cy Cole");
 }
 
-TEST_F(Items, EachCollection_HasACursorOfItsOwn)
+TEST_F(OutlookItems, EachCollection_HasACursorOfItsOwn)
 {
     outlook.load(three);
     const Object contacts = folder(olContacts);
@@ -45,7 +45,7 @@ TEST_F(Items, EachCollection_HasACursorOfItsOwn)
     EXPECT_EQ(name(one.get(L"GetNext")), L"Cy Cole");
 }
 
-TEST_F(Items, ItemByNumber_CountsFromOne_AndRefusesOthers)
+TEST_F(OutlookItems, ItemByNumber_CountsFromOne_AndRefusesOthers)
 {
     outlook.load(three);
     const Object all = items(olContacts);
@@ -59,7 +59,7 @@ TEST_F(Items, ItemByNumber_CountsFromOne_AndRefusesOthers)
     EXPECT_EQ(failureOf([&] { all.get(L"Item", {L"Nobody"}); }).code(), static_cast<HRESULT>(0x8004010FL));
 }
 
-TEST_F(Items, ForEach_GivesEveryItem)
+TEST_F(OutlookItems, ForEach_GivesEveryItem)
 {
     outlook.load(three);
     automation::Enumeration each(items(olContacts));
@@ -68,7 +68,7 @@ TEST_F(Items, ForEach_GivesEveryItem)
     EXPECT_EQ(names, L"Ann Abel;Bob Baker;Cy Cole;");
 }
 
-TEST_F(Items, Add_TakesTheFoldersTypeOrTheGivenOne)
+TEST_F(OutlookItems, Add_TakesTheFoldersTypeOrTheGivenOne)
 {
     EXPECT_EQ(items(olContacts).get(L"Add").object().get(L"Class").int32(), 40);
     EXPECT_EQ(items(olJournal).get(L"Add").object().get(L"MessageClass").text(), L"IPM.Activity");
@@ -77,7 +77,7 @@ TEST_F(Items, Add_TakesTheFoldersTypeOrTheGivenOne)
     EXPECT_EQ(failureOf([&] { items(olContacts).get(L"Add", {std::int16_t{99}}); }).code(), E_INVALIDARG);
 }
 
-TEST_F(Items, AddedItem_IsInTheFolderOnlyOnceSaved)
+TEST_F(OutlookItems, AddedItem_IsInTheFolderOnlyOnceSaved)
 {
     const Object all = items(olContacts);
     const Object contact = all.get(L"Add").object();
@@ -88,7 +88,7 @@ TEST_F(Items, AddedItem_IsInTheFolderOnlyOnceSaved)
     EXPECT_EQ(name(all.get(L"GetFirst")), L"New One");
 }
 
-TEST_F(Items, TenThousandContacts_AreWalkedToTheLast)
+TEST_F(OutlookItems, TenThousandContacts_AreWalkedToTheLast)
 {
     std::wstring store;
     for (int number = 0; number < 10'000; ++number)
@@ -101,7 +101,7 @@ TEST_F(Items, TenThousandContacts_AreWalkedToTheLast)
     EXPECT_EQ(name(all.get(L"Find", {L"[FullName] = 'person 9999'"})), L"Person 9999");
 }
 
-TEST_F(Items, WrongCountsAndNames_AreAnsweredAsAServerDoes)
+TEST_F(OutlookItems, WrongCountsAndNames_AreAnsweredAsAServerDoes)
 {
     const Object all = items(olContacts);
     EXPECT_EQ(failureOf([&] { all.get(L"GetFirst", {std::int32_t{1}}); }).code(), DISP_E_BADPARAMCOUNT);
@@ -111,7 +111,7 @@ TEST_F(Items, WrongCountsAndNames_AreAnsweredAsAServerDoes)
     EXPECT_EQ(failureOf([&] { all.put(L"Count", std::int32_t{1}); }).code(), DISP_E_MEMBERNOTFOUND);
 }
 
-TEST_F(Items, IdentifiersThatHaveMoved_AreFoundByName_AndMeanOthersByNumber)
+TEST_F(OutlookItems, IdentifiersThatHaveMoved_AreFoundByName_AndMeanOthersByNumber)
 {
     outlook.load(L"[contact]\nFullName=Marc Durand\n");
     const auto idOf = [](const Object& object, const wchar_t* name) {

@@ -1,4 +1,4 @@
-#include "softphone_in_process.h"
+#include "softphone_fixture.h"
 
 #include "automation/subscription.h"
 #include "desk/common/text.h"
@@ -13,7 +13,7 @@ using automation::EventArguments;
 using automation::Subscription;
 using namespace desk::softphone;
 
-class SoftphoneControl : public testing::Test, protected testing_desk::SoftphoneInProcess {
+class SoftphoneControl : public SoftphoneFixture {
 protected:
     std::wstring tell(std::wstring_view request)
     {

@@ -1,4 +1,4 @@
-#include "softphone_in_process.h"
+#include "softphone_fixture.h"
 
 #include "automation/subscription.h"
 
@@ -11,7 +11,7 @@ using automation::Object;
 using automation::Subscription;
 using namespace desk::softphone;
 
-class SoftphoneEvents : public testing::Test, protected testing_desk::SoftphoneInProcess {
+class SoftphoneEvents : public SoftphoneFixture {
 protected:
     // Keeps the events of one object as texts, in their order.
     Subscription listen(const Object& object)

@@ -1,4 +1,4 @@
-#include "softphone_in_process.h"
+#include "softphone_fixture.h"
 #include "support/failure_code.h"
 
 #include <gtest/gtest.h>
@@ -10,7 +10,7 @@ using automation::Object;
 using automation::Value;
 using namespace desk::softphone;
 
-class SoftphoneMembers : public testing::Test, protected testing_desk::SoftphoneInProcess {
+class SoftphoneMembers : public SoftphoneFixture {
 protected:
     void SetUp() override
     {

@@ -25,9 +25,9 @@
 
 namespace hublink {
 
-class LinkTest : public testing::Test {
+class LinkFixture : public testing::Test {
 protected:
-    LinkTest()
+    LinkFixture()
     {
         namespace server = automation::server;
         server::registerClass(pavexClass, server::programPath());
@@ -40,7 +40,7 @@ protected:
         session.OutlookApp = automation::Object(outlook.application().get());
     }
 
-    ~LinkTest() override
+    ~LinkFixture() override
     {
         namespace server = automation::server;
         server::unregisterClass(pavexClass);

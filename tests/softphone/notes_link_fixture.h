@@ -4,13 +4,13 @@
 #pragma once
 
 #include "desk/lotus/in_process.h"
-#include "link_test.h"
+#include "link_fixture.h"
 
 namespace hublink {
 
-class NotesLinkTest : public LinkTest {
+class NotesLinkFixture : public LinkFixture {
 protected:
-    NotesLinkTest()
+    NotesLinkFixture()
     {
         notes.load(databases);
         writeIni(switches);

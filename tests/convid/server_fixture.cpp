@@ -1,4 +1,4 @@
-#include "server_session.h"
+#include "server_fixture.h"
 
 #include "convid/store_place.h"
 
@@ -19,7 +19,7 @@ DWORD runServer(const std::wstring& arguments)
     return Process(L"\"" + serverProgram() + L"\" " + arguments).exitCode();
 }
 
-void ServerSession::SetUp()
+void ServerFixture::SetUp()
 {
     if (!isWine()) GTEST_SKIP() << "would use up the signed-in user's own identifier map";
     killMapServers();
@@ -28,7 +28,7 @@ void ServerSession::SetUp()
     ASSERT_EQ(runServer(L"/RegServer"), 0u);
 }
 
-void ServerSession::TearDown()
+void ServerFixture::TearDown()
 {
     if (store.empty()) return; // the test was skipped
     killMapServers();

@@ -16,9 +16,9 @@
 
 namespace hublink {
 
-class OutlookTest : public testing::Test {
+class OutlookFixture : public testing::Test {
 protected:
-    OutlookTest()
+    OutlookFixture()
     {
         host.settings.bgWithOutlook = true;
         host.settings.szFileConnectorIni = L"C:\\no such folder\\pavexconnector.ini";

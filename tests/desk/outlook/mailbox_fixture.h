@@ -14,7 +14,7 @@ inline constexpr std::int32_t olInbox = 6;
 inline constexpr std::int32_t olContacts = 10;
 inline constexpr std::int32_t olJournal = 11;
 
-class OutlookTest : public testing::Test {
+class MailboxFixture : public testing::Test {
 protected:
     automation::Object folder(std::int32_t number)
     {

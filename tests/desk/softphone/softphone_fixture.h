@@ -4,9 +4,10 @@
 #include "automation/object.h"
 #include "desk/softphone/softphone.h"
 
-namespace testing_desk {
+#include <gtest/gtest.h>
 
-struct SoftphoneInProcess {
+class SoftphoneFixture : public testing::Test {
+protected:
     desk::Recorder recorder;
     desk::softphone::Softphone softphone{recorder};
 
@@ -15,5 +16,3 @@ struct SoftphoneInProcess {
     automation::Object history() const { return application().get(11).object(); }
     automation::Object addressBook() const { return application().get(12).object(); }
 };
-
-}

@@ -29,7 +29,7 @@ bool becomesTrue(Condition condition, DWORD patience = 10'000)
 // Runs the server program with arguments and returns its exit code.
 DWORD runServer(const std::wstring& arguments);
 
-class ServerSession : public testing::Test {
+class ServerFixture : public testing::Test {
 protected:
     void SetUp() override;
     void TearDown() override;

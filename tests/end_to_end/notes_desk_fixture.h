@@ -2,9 +2,9 @@
 #pragma once
 
 #include "desk/player/fixtures.h"
-#include "desk_test.h"
+#include "desk_fixture.h"
 
-class NotesDeskTest : public DeskTest {
+class NotesDeskFixture : public DeskFixture {
 protected:
     void startWithNotes()
     {

@@ -8,7 +8,7 @@
 
 #include <gtest/gtest.h>
 
-class DeskTest : public testing::Test {
+class DeskFixture : public testing::Test {
 protected:
     static constexpr DWORD soon = 15'000; // milliseconds
 

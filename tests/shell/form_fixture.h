@@ -69,10 +69,10 @@ struct Box {
     UINT flags;
 };
 
-class FormTest : public testing::Test {
+class FormFixture : public testing::Test {
 protected:
-    FormTest();
-    ~FormTest() override;
+    FormFixture();
+    ~FormFixture() override;
 
     // The softphone's folder and its ini file.
     std::wstring iniPath() const { return folder.file(L"pavex\\Connector\\pavexconnector.ini"); }

@@ -7,7 +7,7 @@
 
 namespace hublink {
 
-class CurrentDocument : public LotusDocumentsTest {
+class CurrentDocumentFixture : public LotusDocumentsFixture {
 protected:
     std::wstring update()
     {
