@@ -41,23 +41,25 @@ Object viewOf(const Object& database, const LotusBaseRef& book)
 
 }
 
-Object OpenBook::view(const LotusSession& session)
+Object OpenBook::view(const LotusSession& session, const std::wstring& number)
 {
     if (viewName(description_).empty()) { // a book that is out of reach is told all the same
         notesDatabase(session, description_);
         return Object();
     }
-    if (!holds(session.host.now())) open(session);
+    if (!holds(number, session.host.now())) open(session);
     return view_;
 }
 
 // A view object shows later changes when it is refreshed or made anew (vendor's
 // help, "NotesView class"). One that was searched by full text stays filtered, and no
-// help says what a second search in it goes through: it serves once.
-bool OpenBook::holds(DATE now)
+// help says what a second search in it goes through: it serves the same number only.
+bool OpenBook::holds(const std::wstring& number, DATE now)
 {
-    if (!view_ || description_.ViewTel.empty() || !isWithin(longest, databaseOpenedAt_, now)) return false;
-    return isWithin(moment, confirmedAt_, now) || isUnchanged(now);
+    if (!view_ || !isWithin(longest, databaseOpenedAt_, now)) return false;
+    const bool isFresh = isWithin(moment, confirmedAt_, now);
+    if (description_.ViewTel.empty()) return isFresh && isFilteredFor(number);
+    return isFresh || isUnchanged(now);
 }
 
 // The book tells the second of its last change (vendor's help, "LastModified
@@ -115,6 +117,7 @@ void OpenBook::remember(const std::wstring& number, std::optional<LotusPerson> p
 void OpenBook::forget()
 {
     view_ = Object();
+    filteredFor_.reset();
     answers_.clear();
 }
 

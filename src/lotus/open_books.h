@@ -23,9 +23,13 @@ public:
     const LotusAddressBook& description() const noexcept { return description_; }
     bool isOpen() const noexcept { return static_cast<bool>(database_); }
 
-    // The view that is searched, opened where it must be; empty when the book has
-    // none of that name. Throws AutomationError.
-    automation::Object view(const LotusSession& session);
+    // The view to search for the number, opened where it must be; empty when the book
+    // has none of that name. Throws AutomationError.
+    automation::Object view(const LotusSession& session, const std::wstring& number);
+
+    // Whether a full-text search has left the number's documents alone in the view.
+    bool isFilteredFor(const std::wstring& number) const { return filteredFor_ == number; }
+    void wasFilteredFor(const std::wstring& number) { filteredFor_ = number; }
 
     // Who has a number, as the view has told: nobody is an answer too. Null when it
     // was not asked. To be asked for after `view`, which forgets what may be stale.
@@ -37,7 +41,7 @@ public:
     void close();
 
 private:
-    bool holds(DATE now);
+    bool holds(const std::wstring& number, DATE now);
     bool isUnchanged(DATE now);
     void open(const LotusSession& session);
     void openDatabase(const LotusSession& session, DATE now);
@@ -45,6 +49,7 @@ private:
     const LotusAddressBook description_;
     automation::Object database_;
     automation::Object view_;
+    std::optional<std::wstring> filteredFor_; // the number, once a full-text search has found somebody
     DATE databaseOpenedAt_ = 0;
     DATE viewOpenedAt_ = 0;
     DATE confirmedAt_ = 0;         // when the view was known last to show the book as it is

@@ -19,6 +19,11 @@ namespace {
 
 using automation::Object;
 
+Object firstDocument(const Object& view)
+{
+    return view.get(L"GetFirstDocument").object();
+}
+
 Object keyedDocument(const Object& view, const std::wstring& key)
 {
     return view.get(L"GetDocumentByKey", {key, true}).object();
@@ -48,16 +53,27 @@ Object findDocument(const Object& view, bool isKeyed, const std::vector<std::wst
         if (isKeyed) {
             if (const Object document = keyedDocument(view, value)) return document;
         } else if (canBeSaid(value) && filterView(view, BuildFullTextQuery(items, value))) {
-            return view.get(L"GetFirstDocument").object();
+            return firstDocument(view);
         }
     }
     return Object();
 }
 
-// By telephone number, through the view that is open of the book.
-Object findDocument(const Object& view, const LotusAddressBook& book, const std::vector<std::wstring>& numbers)
+// By telephone number, in one of its writings, through the view that the book has
+// open for the number.
+Object findDocument(const LotusSession& session, OpenBook& open, Object view, const std::wstring& number,
+                    const std::vector<std::wstring>& writings)
 {
-    return findDocument(view, !book.ViewTel.empty(), book.PhoneNumber, numbers);
+    if (open.isFilteredFor(number)) {
+        if (const Object document = firstDocument(view)) return document;
+        open.forget(); // it has been deleted meanwhile
+        view = open.view(session, number);
+    }
+    const LotusAddressBook& book = open.description();
+    const bool isKeyed = !book.ViewTel.empty();
+    const Object document = findDocument(view, isKeyed, book.PhoneNumber, writings);
+    if (document && !isKeyed) open.wasFilteredFor(number);
+    return document;
 }
 
 // What is open may have gone, with its database or with all of Notes: then everything
@@ -104,19 +120,20 @@ bool readPerson(const Object& document, const LotusAddressBook& book, LotusPerso
 bool findPerson(const LotusSession& session, OpenBook& open, const std::wstring& number, LotusPerson& person,
                 Object* document)
 {
-    const Object view = open.view(session);
+    const Object view = open.view(session, number);
     if (!view) return false;
-    const std::optional<LotusPerson>* const known = open.answer(number);
-    if (known && !document) {
-        if (*known) person = **known;
-        return known->has_value();
+    const std::optional<LotusPerson>* const answer = open.answer(number);
+    if (answer && !document) {
+        if (*answer) person = **answer;
+        return answer->has_value();
     }
-    const Object found = findDocument(view, open.description(), writings(number));
+    const std::optional<LotusPerson> known = answer ? *answer : std::nullopt;
+    const Object found = findDocument(session, open, view, number, writings(number));
     if (!found) {
         open.remember(number, std::nullopt);
         return false;
     }
-    if (known && *known && (*known)->NoteId == found.get(L"NoteId").text()) person = **known;
+    if (known && known->NoteId == found.get(L"NoteId").text()) person = *known;
     else if (readPerson(found, open.description(), person)) open.remember(number, person);
     else open.forget(); // the next search may have more luck
     if (document) *document = found;
@@ -236,7 +253,7 @@ std::wstring FindNoteIdInPersonalBook(const LotusSession& session, const std::ws
         const LotusAddressBook book = session.LotusAddressBooks.at(session.nSelectedPersonal);
         askBook(session, book, [&](OpenBook& open) {
             open.forget(); // somebody may have saved the contact just now: it must not be made twice
-            const Object document = findDocument(open.view(session), book, {Number});
+            const Object document = findDocument(session, open, open.view(session, Number), Number, {Number});
             if (document) noteId = document.get(L"NoteId").text();
         });
     });
