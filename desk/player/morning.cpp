@@ -185,6 +185,7 @@ void Morning::iconPressed()
     if (!narrator_.expect(asked() && messageBoxes(title)[0].text == L"Do you want to really stop Hublink ?",
                           L"Hublink asks \"Do you want to really stop Hublink ?\""))
         return;
+    takePicture(L"desk-question");
     narrator_.expect(answers(IDNO), L"the question is gone");
     waitFor(6000); // longer than a tick
     narrator_.expect(desk_.hublinkProcess().running(), L"Hublink goes on");
