@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Installs what the build and the desk need on a bare Debian 12. Quick and
+# Installs what the build, the desk and the tests need on a bare Debian 12. Quick and
 # silent when everything is there already.
 #   scripts/setup.sh          the compiler, the packager, Wine and a virtual screen
 #   scripts/setup.sh check    the tools of ./check as well
@@ -8,7 +8,7 @@ set -euo pipefail
 packages=(
     g++-mingw-w64-i686-win32 mingw-w64-tools cmake ninja-build googletest
     wine wine32:i386 fonts-wine fonts-liberation
-    wixl msitools
+    wixl msitools python3
     xvfb xauth x11-utils xdotool imagemagick procps util-linux
 )
 what="the compiler, the packager, Wine and a virtual screen (about a minute, 300 MB)"
