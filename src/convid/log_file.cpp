@@ -15,6 +15,13 @@ bool isWriteProtected(const std::wstring& path)
     return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_READONLY) != 0;
 }
 
+StoreError cannotBeOpened(const std::wstring& path, DWORD code)
+{
+    if (code == ERROR_SHARING_VIOLATION)
+        return systemError(L"The identifier store " + path + L" is in use by another program", code);
+    return systemError(L"The identifier store " + path + L" cannot be opened", code);
+}
+
 }
 
 LogFile::LogFile(std::wstring path, DWORD disposition, DWORD patience) : path_(std::move(path))
@@ -25,9 +32,20 @@ LogFile::LogFile(std::wstring path, DWORD disposition, DWORD patience) : path_(s
                                                  disposition, FILE_ATTRIBUTE_NORMAL, nullptr));
         return handle_ ? ERROR_SUCCESS : GetLastError();
     });
-    if (result == ERROR_SHARING_VIOLATION)
-        throw systemError(L"The identifier store " + path_ + L" is in use by another program", result);
-    if (!handle_) throw systemError(L"The identifier store " + path_ + L" cannot be opened", result);
+    if (!handle_) throw cannotBeOpened(path_, result);
+}
+
+LogFile LogFile::toRead(std::wstring path, DWORD patience)
+{
+    automation::Handle handle;
+    const DWORD result = retryWhile(isInUse, patience, [&]() -> DWORD {
+        handle = automation::orNone(CreateFileW(path.c_str(), GENERIC_READ,
+                                                FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
+                                                OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr));
+        return handle ? ERROR_SUCCESS : GetLastError();
+    });
+    if (!handle) throw cannotBeOpened(path, result);
+    return LogFile(std::move(path), std::move(handle));
 }
 
 std::uint64_t LogFile::size() const

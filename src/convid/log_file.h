@@ -7,6 +7,7 @@
 #include <windows.h>
 
 #include <string>
+#include <utility>
 
 namespace convid {
 
@@ -17,6 +18,10 @@ public:
     // use elsewhere is tried again for `patience` milliseconds: virus scanners
     // and backups hold files for a moment.
     LogFile(std::wstring path, DWORD disposition, DWORD patience);
+
+    // Opens the file, if it is there, to be read and in nobody's way: meanwhile others
+    // may write, replace and remove it.
+    static LogFile toRead(std::wstring path, DWORD patience);
 
     std::uint64_t size() const;
 
@@ -34,6 +39,8 @@ public:
     void flush();
 
 private:
+    LogFile(std::wstring path, automation::Handle handle) : path_(std::move(path)), handle_(std::move(handle)) {}
+
     void seek(std::uint64_t offset) const;
     [[noreturn]] void fail(const wchar_t* operation) const;
 

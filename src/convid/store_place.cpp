@@ -6,11 +6,11 @@
 
 namespace convid {
 
-std::wstring storePath()
+std::wstring storePath(MissingFolder missing)
 {
     wchar_t folder[MAX_PATH];
-    const HRESULT result =
-        SHGetFolderPathW(nullptr, CSIDL_APPDATA | CSIDL_FLAG_CREATE, nullptr, SHGFP_TYPE_CURRENT, folder);
+    const int place = missing == MissingFolder::isMade ? CSIDL_APPDATA | CSIDL_FLAG_CREATE : CSIDL_APPDATA;
+    const HRESULT result = SHGetFolderPathW(nullptr, place, nullptr, SHGFP_TYPE_CURRENT, folder);
     if (FAILED(result)) throw StoreError(result, L"The user's application data folder is unknown");
     return std::wstring(folder) + L"\\Hublink\\identifiers.map";
 }

@@ -1,42 +1,15 @@
 #include "shell/process_lookup.h"
 
-#include "automation/text.h"
-
-#include <tlhelp32.h>
+#include "common/running_processes.h"
 
 #include <algorithm>
-#include <optional>
 #include <utility>
-#include <vector>
 
 namespace hublink {
 
 namespace {
 
 using automation::Handle;
-
-// On a terminal server the same program runs for other users too.
-bool inThisSession(DWORD processId)
-{
-    DWORD own = 0;
-    DWORD others = 0;
-    return !ProcessIdToSessionId(GetCurrentProcessId(), &own) || !ProcessIdToSessionId(processId, &others) ||
-           own == others;
-}
-
-// Empty when the system cannot list its processes.
-std::optional<std::vector<DWORD>> processesNamed(const wchar_t* fileName)
-{
-    std::vector<DWORD> found;
-    const Handle snapshot = automation::orNone(CreateToolhelp32Snapshot(TH32CS_SNAPPROCESS, 0));
-    PROCESSENTRY32W entry{};
-    entry.dwSize = sizeof entry;
-    if (!snapshot || !Process32FirstW(snapshot.get(), &entry)) return std::nullopt;
-    for (BOOL more = TRUE; more; more = Process32NextW(snapshot.get(), &entry))
-        if (automation::equalWithoutCase(entry.szExeFile, fileName) && inThisSession(entry.th32ProcessID))
-            found.push_back(entry.th32ProcessID);
-    return found;
-}
 
 // A handle keeps its process's identifier from being given to another
 // process, but not the process from having ended.
