@@ -174,8 +174,8 @@ void FormWindow::tellOfLongCall(HWND window)
 
 void FormWindow::mouseMove(WPARAM wParam, LPARAM lParam)
 {
-    const double x = screenScale::twipsFromPixels(static_cast<short>(LOWORD(lParam)));
-    const double y = screenScale::twipsFromPixels(static_cast<short>(HIWORD(lParam)));
+    const double x = twipsFromPixels(static_cast<short>(LOWORD(lParam)));
+    const double y = twipsFromPixels(static_cast<short>(HIWORD(lParam)));
     events_.Form_MouseMove(static_cast<int>(wParam & (MK_LBUTTON | MK_RBUTTON)), 0, x, y);
 }
 

@@ -9,7 +9,7 @@ namespace {
 
 int pixels(const automation::Object& control, const wchar_t* member)
 {
-    return screenScale::pixelsFromTwips(control.get(member).number());
+    return pixelsFromTwips(control.get(member).number());
 }
 
 }

@@ -33,7 +33,7 @@ int run()
     automation::permitCallsOfOwnUserOnly(automation::StartsServers::yes);
     InitCommonControls(); // else Windows XP shows no message box of the style that the manifest asks for
     Hublink form(realDesktop());
-    const automation::BusyMessageFilter busyFilter([&] { form.takeStopMessages(); });
+    const automation::BusyMessageFilter busyFilter([&] { form.window().takeStopMessages(); });
     form.Form_Load();
 
     MSG message;

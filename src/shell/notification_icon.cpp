@@ -1,7 +1,7 @@
-#include "common/error_trap.h"
-#include "shell/hublink.h"
+#include "shell/notification_icon.h"
+
+#include "shell/form_window.h"
 #include "shell/resources.h"
-#include "shell/screen_scale.h"
 
 #include <shellapi.h>
 
@@ -15,46 +15,32 @@ constexpr int ticksOfAMinute = 60'000 / FormWindow::tickInterval;
 
 }
 
-void Hublink::AddTrayIcon()
+NotificationIcon::~NotificationIcon()
+{
+    if (record_.cbSize) remove();
+}
+
+void NotificationIcon::AddTrayIcon()
 {
     const HICON icon = LoadIconW(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(IDI_HUBLINK));
-    trayIconData_ =
-        FillTrayIconData(hWnd(), 1, NIF_MESSAGE | NIF_ICON | NIF_TIP, WM_MOUSEMOVE, icon, "Orvel - Hublink\0"s);
-    iconOffers_ = 1 + ticksOfAMinute;
-    offerTrayIcon();
+    record_ = FillTrayIconData(form_, 1, NIF_MESSAGE | NIF_ICON | NIF_TIP, WM_MOUSEMOVE, icon, "Orvel - Hublink\0"s);
+    offers_ = 1 + ticksOfAMinute;
+    offerAgain();
 }
 
 // The shell may refuse the icon while it is busy after the user has signed in, and
 // does not say so reliably (vendor's reference of Shell_NotifyIcon, remarks of its
 // users). The ticks of the first minute offer it again.
-void Hublink::offerTrayIcon()
+void NotificationIcon::offerAgain()
 {
-    if (iconOffers_ == 0) return;
-    iconOffers_ = desktop_.notifyShell(NIM_ADD, trayIconData_) ? 0 : iconOffers_ - 1;
+    if (offers_ == 0) return;
+    offers_ = desktop_.notifyShell(NIM_ADD, record_) ? 0 : offers_ - 1;
 }
 
-void Hublink::Form_MouseMove(int, int, double X, double)
+void NotificationIcon::remove() const
 {
-    // One question at a time, however often the icon is pressed.
-    if (screenScale::pixelsFromTwips(X) != WM_RBUTTONDOWN || question_ != Question::none) return;
-    question_ = Question::waits;
-    // A question inside a call would hold it up; one that may never end is another matter.
-    if (callWatch_.callIsLong()) return askWhetherToStop();
-    trapErrors([this] { window_.outsideCalls([this] { askWhetherToStop(); }); },
-               [this] { question_ = Question::none; });
-}
-
-void Hublink::askWhetherToStop()
-{
-    if (question_ != Question::waits) return;
-    bool stop = false;
-    question_ = Question::open;
-    trapErrors([&] {
-        SetForegroundWindow(hWnd()); // else the question would not get the focus
-        stop = messageBox(L"Do you want to really stop Hublink ?", MB_YESNO | MB_ICONQUESTION | MB_DEFBUTTON2) == IDYES;
-    });
-    question_ = Question::none;
-    if (stop) StopConnector();
+    TrayIconData record = record_;
+    desktop_.notifyShell(NIM_DELETE, record);
 }
 
 }

@@ -4,8 +4,6 @@
 
 namespace hublink {
 
-namespace screenScale {
-
 double twipsPerPixelX()
 {
     const HDC screen = GetDC(nullptr);
@@ -30,8 +28,6 @@ int pixelsFromTwips(double twips, double twipsPerPixel)
     constexpr double hair = 1e-9;
     const double pixels = twips / twipsPerPixel;
     return static_cast<int>(pixels < 0 ? pixels - hair : pixels + hair);
-}
-
 }
 
 }

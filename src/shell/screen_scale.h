@@ -3,8 +3,6 @@
 
 namespace hublink {
 
-namespace screenScale {
-
 // Of the primary screen, in the horizontal direction.
 double twipsPerPixelX();
 
@@ -15,7 +13,5 @@ int pixelsFromTwips(double twips);
 
 // The same for a given scale. Whole pixels survive both ways at every scale.
 int pixelsFromTwips(double twips, double twipsPerPixel);
-
-}
 
 }

@@ -1,14 +1,24 @@
-#include "automation/error.h"
+#include "shell/supervision.h"
+
 #include "common/error_trap.h"
 #include "common/under_way.h"
 #include "lotus/initialisation.h"
 #include "outlook/initialisation.h"
-#include "shell/file_time.h"
-#include "shell/hublink.h"
 
 namespace hublink {
 
-bool Hublink::isRunning(const wchar_t* fileName, HANDLE& handle)
+Supervision::Supervision(SoftphoneSession& session, PavexInterface& link, ConnectorIniFile& ini, NotificationIcon& icon,
+                         Stopping& stopping)
+    : session_(session), link_(link), ini_(ini), icon_(icon), stopping_(stopping)
+{}
+
+void Supervision::initProcessHandle()
+{
+    isRunning(L"pavex.exe", hPavexProcess);
+    bProcessWatchReady = true;
+}
+
+bool Supervision::isRunning(const wchar_t* fileName, HANDLE& handle)
 {
     DWORD processId = 0;
     handle = nullptr;
@@ -16,15 +26,15 @@ bool Hublink::isRunning(const wchar_t* fileName, HANDLE& handle)
     return handle != nullptr;
 }
 
-void Hublink::SupervisionPavex_Timer()
+void Supervision::SupervisionPavex_Timer()
 {
-    if (configuration_.gStop) return StopAll();
+    if (session_.host.configuration().gStop) return stopping_.StopAll();
     // A message box of a tick is open: further ticks only watch for a stop,
     // else unattended boxes would pile up.
     if (!bProcessWatchReady || inTick_) return;
     const UnderWay tick(inTick_);
     trapErrors([&] {
-        offerTrayIcon();
+        icon_.offerAgain();
         superviseSoftphone();
         superviseNotes();
         superviseOutlook();
@@ -32,37 +42,36 @@ void Hublink::SupervisionPavex_Timer()
     });
 }
 
-void Hublink::superviseSoftphone()
+void Supervision::superviseSoftphone()
 {
     if (isRunning(L"pavex.exe", hPavexProcess)) return;
-    WriteLog(L"Stop Connector Pavex HS");
-    gPavexInterface.Kill();
+    session_.host.WriteLog(L"Stop Connector Pavex HS");
+    link_.Kill();
 }
 
-void Hublink::superviseNotes()
+void Supervision::superviseNotes()
 {
-    if (!lotus_.LotusReady) return;
-    if (!isRunning(L"nlnotes.exe", hNotesProcess)) return notesHasGone(lotus_);
-    if (lotus_.LotusMustInit) gPavexInterface.InitConnector(true);
+    LotusSession& lotus = session_.lotus;
+    if (!lotus.LotusReady) return;
+    if (!isRunning(L"nlnotes.exe", hNotesProcess)) return notesHasGone(lotus);
+    if (lotus.LotusMustInit) link_.InitConnector(true);
 }
 
-void Hublink::superviseOutlook()
+void Supervision::superviseOutlook()
 {
-    if (!configuration_.bgWithOutlook) return;
-    if (!isRunning(L"OUTLOOK.exe", hOutlookProcess)) return outlookHasGone(outlook_);
-    if (!outlook_.bOutlookInit) gPavexInterface.InitConnector(true);
+    OutlookSession& outlook = session_.outlook;
+    if (!session_.host.configuration().bgWithOutlook) return;
+    if (!isRunning(L"OUTLOOK.exe", hOutlookProcess)) return outlookHasGone(outlook);
+    if (!outlook.bOutlookInit) link_.InitConnector(true);
 }
 
-void Hublink::superviseIniFile()
+void Supervision::superviseIniFile()
 {
-    const std::optional<FILETIME> changed = modificationTime(configuration_.szFileConnectorIni);
-    if (!changed) throw automation::AutomationError(L"ini file", HRESULT_FROM_WIN32(ERROR_FILE_NOT_FOUND));
-    if (gIniFileDate && sameTime(*changed, *gIniFileDate)) return;
-    WriteLog(L"Reload Ini data");
-    gIniFileDate = changed;
-    ReadConnectorIni();
-    reopenLotus(lotus_);
-    reopenOutlook(outlook_);
+    if (!ini_.noteChange()) return;
+    session_.host.WriteLog(L"Reload Ini data");
+    ini_.ReadConnectorIni();
+    reopenLotus(session_.lotus);
+    reopenOutlook(session_.outlook);
 }
 
 }

@@ -18,7 +18,7 @@ protected:
     bool read(const std::string& content)
     {
         writeIni(content);
-        return form().ReadConnectorIni();
+        return form().ini().ReadConnectorIni();
     }
 
     // Reads with one line more in "Application", in "AllApplication".
@@ -254,7 +254,7 @@ TEST_F(ConnectorIni, NonNumericTempo1OrTryCnxNumber_EndsTheReadingThere)
 TEST_F(ConnectorIni, MissingFile_Stops)
 {
     DeleteFileW(iniPath().c_str());
-    EXPECT_FALSE(form().ReadConnectorIni());
+    EXPECT_FALSE(form().ini().ReadConnectorIni());
     EXPECT_TRUE(configuration().gStop);
 }
 

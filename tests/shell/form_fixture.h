@@ -90,7 +90,7 @@ protected:
     const Configuration& configuration() { return form().configuration(); }
 
     // What Windows sends when the supervision timer's time has come.
-    void tick() { SendMessageW(form().hWnd(), WM_TIMER, FormWindow::supervisionTimer, 0); }
+    void tick() { SendMessageW(form().window().handle(), WM_TIMER, FormWindow::supervisionTimer, 0); }
 
     // Handles what waits in the thread's message queue.
     static void pump();

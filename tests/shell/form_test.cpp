@@ -166,7 +166,8 @@ void FormFixture::pump()
 
 bool FormFixture::iconIsShown()
 {
-    TrayIconData data = FillTrayIconData(form().hWnd(), 1, NIF_TIP, 0, nullptr, std::string("Orvel - Hublink\0", 16));
+    TrayIconData data =
+        FillTrayIconData(form().window().handle(), 1, NIF_TIP, 0, nullptr, std::string("Orvel - Hublink\0", 16));
     return Shell_NotifyIconA(NIM_MODIFY, reinterpret_cast<NOTIFYICONDATAA*>(&data)) != FALSE;
 }
 

@@ -66,7 +66,7 @@ protected:
             UINT message;
             WPARAM wParam;
             LPARAM lParam;
-        } sender{form().hWnd(), message, wParam, lParam};
+        } sender{form().window().handle(), message, wParam, lParam};
         const HANDLE thread = CreateThread(nullptr, 0, Sender::send, &sender, 0, nullptr);
         while (MsgWaitForMultipleObjects(1, &thread, FALSE, INFINITE, QS_SENDMESSAGE) != WAIT_OBJECT_0) {
             MSG ignored;
@@ -94,26 +94,26 @@ public:
 
 TEST_F(Window, Close_AsksForAStop_AndTheWindowStays)
 {
-    SendMessageW(form().hWnd(), WM_CLOSE, 0, 0);
+    SendMessageW(form().window().handle(), WM_CLOSE, 0, 0);
     EXPECT_TRUE(configuration().gStop);
     EXPECT_TRUE(wasShown(L"Stop Connector"));
-    EXPECT_TRUE(IsWindow(form().hWnd()));
+    EXPECT_TRUE(IsWindow(form().window().handle()));
     EXPECT_EQ(ended, 0);
 }
 
 TEST_F(Window, EndOfTheUsersSession_AsksForAStop)
 {
-    EXPECT_TRUE(SendMessageW(form().hWnd(), WM_QUERYENDSESSION, 0, 0)) << "it hinders nobody";
+    EXPECT_TRUE(SendMessageW(form().window().handle(), WM_QUERYENDSESSION, 0, 0)) << "it hinders nobody";
     EXPECT_FALSE(configuration().gStop);
-    SendMessageW(form().hWnd(), WM_ENDSESSION, TRUE, 0);
+    SendMessageW(form().window().handle(), WM_ENDSESSION, TRUE, 0);
     EXPECT_TRUE(configuration().gStop);
 }
 
 TEST_F(Window, EndOfTheSession_ShowsNoBox_NeitherThenNorLater)
 {
     form().softphone().hashID = automation::Object(&map);
-    SendMessageW(form().hWnd(), WM_ENDSESSION, TRUE, 0);
-    SendMessageW(form().hWnd(), WM_MOUSEMOVE, 1, WM_RBUTTONDOWN);
+    SendMessageW(form().window().handle(), WM_ENDSESSION, TRUE, 0);
+    SendMessageW(form().window().handle(), WM_MOUSEMOVE, 1, WM_RBUTTONDOWN);
     form().WriteLog(L"a line");
     form().showMessage(L"a message");
     tick();
@@ -126,7 +126,7 @@ TEST_F(Window, EndOfTheSessionInsideAnOutgoingCall_DoesNotWaitForIt)
     openOutlook();
     form().outlook().bQuitOutlook = true;
     const automation::OutgoingCall call;
-    SendMessageW(form().hWnd(), WM_ENDSESSION, TRUE, 0);
+    SendMessageW(form().window().handle(), WM_ENDSESSION, TRUE, 0);
     EXPECT_TRUE(configuration().gStop);
     ASSERT_EQ(outlook.invocations.size(), 1u);
     EXPECT_EQ(outlook.invocations[0].id, 1) << "quit";
@@ -137,7 +137,7 @@ TEST_F(Window, CloseInsideACall_IsCarriedOutWhole_BeforeTheTickThatEndsTheProgra
     form().softphone().hashID = automation::Object(&map);
     {
         const automation::OutgoingCall call;
-        SendMessageW(form().hWnd(), WM_CLOSE, 0, 0);
+        SendMessageW(form().window().handle(), WM_CLOSE, 0, 0);
     }
     tick();
     EXPECT_EQ(boxTexts(), (std::vector<std::wstring>{L"Stop Connector", L"The End !!!"}));
@@ -153,8 +153,8 @@ TEST_F(Window, PressAndCloseInsideACall_ATickDuringTheQuestion_CarriesTheCloseOu
     };
     {
         const automation::OutgoingCall call;
-        SendMessageW(form().hWnd(), WM_MOUSEMOVE, 1, WM_RBUTTONDOWN);
-        SendMessageW(form().hWnd(), WM_CLOSE, 0, 0);
+        SendMessageW(form().window().handle(), WM_MOUSEMOVE, 1, WM_RBUTTONDOWN);
+        SendMessageW(form().window().handle(), WM_CLOSE, 0, 0);
     }
     pumpUntil([this] { return ended > 0; });
     EXPECT_EQ(boxTexts(), (std::vector<std::wstring>{question, L"Stop Connector", L"The End !!!"}));
@@ -212,7 +212,7 @@ TEST_F(Window, PressThatIsSentWithoutWaiting_OpensItsQuestionAfterItsMessage)
         how = InSendMessageEx(nullptr);
         return IDNO;
     };
-    CloseHandle(CreateThread(nullptr, 0, Shell::press, form().hWnd(), 0, nullptr));
+    CloseHandle(CreateThread(nullptr, 0, Shell::press, form().window().handle(), 0, nullptr));
     pumpUntil([this] { return boxes.size() == 1; });
     EXPECT_EQ(how, DWORD{ISMEX_NOSEND});
 }
@@ -223,8 +223,8 @@ TEST_F(Window, MessagesThatComeInWhileAnObjectIsLetGo_WaitAsInACall)
     automation::Object session(&proxy);
     proxy.onRelease = [&] {
         defer('a');
-        PostMessageW(form().hWnd(), WM_TIMER, FormWindow::supervisionTimer, 0);
-        SendMessageW(form().hWnd(), WM_MOUSEMOVE, 1, WM_RBUTTONDOWN);
+        PostMessageW(form().window().handle(), WM_TIMER, FormWindow::supervisionTimer, 0);
+        SendMessageW(form().window().handle(), WM_MOUSEMOVE, 1, WM_RBUTTONDOWN);
         pump();
         order += '.';
     };
@@ -238,7 +238,7 @@ TEST_F(Window, MessagesThatComeInWhileAnObjectIsLetGo_WaitAsInACall)
 
 TEST_F(Window, EndOfTheSessionThatWasCalledOff_StopsNothing)
 {
-    SendMessageW(form().hWnd(), WM_ENDSESSION, FALSE, 0);
+    SendMessageW(form().window().handle(), WM_ENDSESSION, FALSE, 0);
     EXPECT_FALSE(configuration().gStop);
 }
 
@@ -315,7 +315,7 @@ TEST_F(Window, CloseInsideAnOutgoingCall_AsksForTheStop_LogsAfterIt_AndHoldsNoEv
     };
     {
         const automation::OutgoingCall call;
-        SendMessageW(form().hWnd(), WM_CLOSE, 0, 0);
+        SendMessageW(form().window().handle(), WM_CLOSE, 0, 0);
         defer('a');
         pump();
         EXPECT_TRUE(configuration().gStop);
@@ -339,7 +339,7 @@ TEST_F(Window, WorkThatFails_DoesNotHinderTheNext)
 
 TEST_F(Window, OtherMessages_AreTheSystems)
 {
-    EXPECT_EQ(SendMessageW(form().hWnd(), WM_GETTEXTLENGTH, 0, 0), 7);
+    EXPECT_EQ(SendMessageW(form().window().handle(), WM_GETTEXTLENGTH, 0, 0), 7);
 }
 
 TEST_F(Window, WorkThatStillWaits_EndsWithTheForm)

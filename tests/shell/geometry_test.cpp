@@ -18,8 +18,8 @@ public:
     Control(int left, int top, int width, int height)
         : RawPartner({{L"Left", 1}, {L"Top", 2}, {L"Width", 3}, {L"Height", 4}})
     {
-        const double twips[] = {left * screenScale::twipsFromPixels(1), top * screenScale::twipsFromPixels(1),
-                                width * screenScale::twipsFromPixels(1), height * screenScale::twipsFromPixels(1)};
+        const double twips[] = {left * twipsFromPixels(1), top * twipsFromPixels(1), width * twipsFromPixels(1),
+                                height * twipsFromPixels(1)};
         for (int index = 0; index < 4; ++index) values_[index] = static_cast<float>(twips[index]);
         onCall = [this](const Call& call) {
             V_VT(call.result) = VT_R4;
@@ -80,7 +80,7 @@ TEST_F(Framed, ControlWithoutItsMembers_LeavesTheResultsAsTheyAre)
 TEST_F(Framed, FractionsOfAPixel_AreCutOff)
 {
     support::RawPartner control({{L"Left", 1}, {L"Top", 2}, {L"Width", 3}, {L"Height", 4}});
-    const double twips = screenScale::twipsFromPixels(1);
+    const double twips = twipsFromPixels(1);
     control.onCall = [twips](const support::RawPartner::Call& call) {
         V_VT(call.result) = VT_R8;
         V_R8(call.result) = twips * (10 * call.id) + twips * 0.9;

@@ -48,7 +48,7 @@ protected:
         for (; !done(); Sleep(5)) pump();
     }
 
-    void postPress() { PostMessageW(form().hWnd(), WM_MOUSEMOVE, 1, WM_RBUTTONDOWN); }
+    void postPress() { PostMessageW(form().window().handle(), WM_MOUSEMOVE, 1, WM_RBUTTONDOWN); }
 
     bool quitWasCalled() const { return !outlook.invocations.empty() && outlook.invocations[0].id == quit; }
 
@@ -73,7 +73,7 @@ TEST_F(LongCall, PressThatWaits_OpensTheQuestionInsideTheCall)
 TEST_F(LongCall, PressThatWasHeldBackWhenTheCallWasShort_OpensTheQuestionInsideTheCall)
 {
     callUntil([&, pressed = false]() mutable {
-        if (!std::exchange(pressed, true)) SendMessageW(form().hWnd(), WM_MOUSEMOVE, 1, WM_RBUTTONDOWN);
+        if (!std::exchange(pressed, true)) SendMessageW(form().window().handle(), WM_MOUSEMOVE, 1, WM_RBUTTONDOWN);
         return !boxes.empty();
     });
     EXPECT_EQ(insideCall, std::vector{true});
@@ -101,7 +101,7 @@ TEST_F(LongCall, AnswerYes_AsksForTheStopAtOnce_AndQuitsAndLogsAfterTheCall)
 TEST_F(LongCall, PostedClose_AsksForTheStopAtOnce_AndLogsAfterTheCall)
 {
     callUntil([&, posted = false]() mutable {
-        if (!std::exchange(posted, true)) PostMessageW(form().hWnd(), WM_CLOSE, 0, 0);
+        if (!std::exchange(posted, true)) PostMessageW(form().window().handle(), WM_CLOSE, 0, 0);
         return configuration().gStop;
     });
     EXPECT_TRUE(boxes.empty());
@@ -125,7 +125,7 @@ TEST_F(LongCall, EventsAndTicks_WaitAllTheSame)
 {
     bool eventCame = false;
     form().defer([&] { eventCame = true; });
-    PostMessageW(form().hWnd(), WM_TIMER, FormWindow::supervisionTimer, 0);
+    PostMessageW(form().window().handle(), WM_TIMER, FormWindow::supervisionTimer, 0);
     callUntil([&, pressed = false]() mutable {
         if (!std::exchange(pressed, true)) postPress();
         return !boxes.empty();
@@ -141,7 +141,7 @@ TEST_F(LongCall, ThatGoesOnAfterTheStopWasAsked_IsEndedWithTheIconTakenAway)
     callUntil([&, asked = false]() mutable {
         if (!std::exchange(asked, true)) {
             EXPECT_TRUE(iconIsShown());
-            SendMessageW(form().hWnd(), WM_CLOSE, 0, 0);
+            SendMessageW(form().window().handle(), WM_CLOSE, 0, 0);
         }
         return ended > 0;
     });
@@ -175,7 +175,7 @@ TEST_F(LongCall, WithoutAWishToStop_GoesOn)
 // COM asks the filter inside its wait, where it would hand nothing over itself.
 TEST_F(LongCall, MessageFilter_HandsThePressOver_AndLeavesTheRestWaiting)
 {
-    const automation::BusyMessageFilter filter([&] { form().takeStopMessages(); });
+    const automation::BusyMessageFilter filter([&] { form().window().takeStopMessages(); });
     automation::ComPtr<IMessageFilter> registered;
     CoRegisterMessageFilter(nullptr, registered.receive());
     CoRegisterMessageFilter(registered.get(), nullptr);

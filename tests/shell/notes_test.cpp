@@ -51,7 +51,7 @@ protected:
         return !bodies.empty() && (bodies.back() + L"\n").find(L" " + line + L"\n") != std::wstring::npos;
     }
 
-    void documentTick() { SendMessageW(form().hWnd(), WM_TIMER, FormWindow::documentTimer, 0); }
+    void documentTick() { SendMessageW(form().window().handle(), WM_TIMER, FormWindow::documentTimer, 0); }
 
     // What a tick of the document timer asks of Notes.
     std::wstring askedByATick()
@@ -235,7 +235,7 @@ TEST_F(NotesShell, BothGone_TheReturnOfOutlookInitialisesBoth)
 
 TEST_F(NotesShell, DocumentTimer_RunsFromTheStart)
 {
-    EXPECT_TRUE(KillTimer(form().hWnd(), FormWindow::documentTimer));
+    EXPECT_TRUE(KillTimer(form().window().handle(), FormWindow::documentTimer));
 }
 
 TEST_F(NotesShell, DocumentTick_WithNotesInFront_FollowsItsDocument)

@@ -170,7 +170,8 @@ TEST_F(StartUp, IniFileMissingEverywhere_StopsTheProgram_ButTheLoadGoesOn)
     pavexPath.setText(folder.file(L"nowhere"));
     load();
     EXPECT_TRUE(configuration().gStop);
-    EXPECT_TRUE(KillTimer(form().hWnd(), FormWindow::supervisionTimer)) << "the tick that ends the program must come";
+    EXPECT_TRUE(KillTimer(form().window().handle(), FormWindow::supervisionTimer))
+        << "the tick that ends the program must come";
     EXPECT_TRUE(iconIsShown());
 }
 
@@ -238,12 +239,13 @@ TEST_F(StartUp, Order_EverythingIsReadyWhenTheLinkIsMade)
         EXPECT_EQ(iniValue("Application", "kill"), L"false");
         EXPECT_EQ(configuration().tempo, 123);
         EXPECT_TRUE(configuration().bgWithPopUp);
-        EXPECT_FALSE(KillTimer(form().hWnd(), FormWindow::supervisionTimer)) << "supervision starts afterwards";
+        EXPECT_FALSE(KillTimer(form().window().handle(), FormWindow::supervisionTimer))
+            << "supervision starts afterwards";
         return IDOK;
     };
     load();
     EXPECT_TRUE(looked);
-    EXPECT_TRUE(KillTimer(form().hWnd(), FormWindow::supervisionTimer));
+    EXPECT_TRUE(KillTimer(form().window().handle(), FormWindow::supervisionTimer));
 }
 
 TEST_F(StartUp, NothingInReach_GoesOnQuietly)
@@ -261,9 +263,9 @@ TEST_F(StartUp, Form_IsAHiddenTopLevelWindow)
 {
     writeIni(iniText());
     load();
-    EXPECT_FALSE(IsWindowVisible(form().hWnd()));
-    EXPECT_EQ(GetAncestor(form().hWnd(), GA_PARENT), GetDesktopWindow());
-    EXPECT_EQ(FindWindowW(L"Hublink", L"Hublink"), form().hWnd());
+    EXPECT_FALSE(IsWindowVisible(form().window().handle()));
+    EXPECT_EQ(GetAncestor(form().window().handle(), GA_PARENT), GetDesktopWindow());
+    EXPECT_EQ(FindWindowW(L"Hublink", L"Hublink"), form().window().handle());
 }
 
 TEST_F(StartUp, FailuresCountedBefore_AreForgotten)

@@ -20,7 +20,7 @@ protected:
         boxes.clear();
     }
 
-    void postPress() { PostMessageW(form().hWnd(), WM_MOUSEMOVE, 1, WM_RBUTTONDOWN); }
+    void postPress() { PostMessageW(form().window().handle(), WM_MOUSEMOVE, 1, WM_RBUTTONDOWN); }
 
     void setIniTime(const FILETIME& time) const
     {
@@ -44,7 +44,7 @@ TEST_F(StopWish, PressThatWaits_IsAsked)
 
 TEST_F(StopWish, CloseThatWaits_IsCarriedOut)
 {
-    PostMessageW(form().hWnd(), WM_CLOSE, 0, 0);
+    PostMessageW(form().window().handle(), WM_CLOSE, 0, 0);
     form().letUserStop();
     EXPECT_TRUE(configuration().gStop);
     EXPECT_EQ(boxTexts(), std::vector<std::wstring>{L"Stop Connector"});
@@ -55,8 +55,8 @@ TEST_F(StopWish, WhatWasHeldBackInsideACall_IsCarriedOut)
     onBox = [](const std::wstring& text) { return text == question ? IDNO : IDOK; };
     {
         const automation::OutgoingCall call;
-        SendMessageW(form().hWnd(), WM_MOUSEMOVE, 1, WM_RBUTTONDOWN);
-        SendMessageW(form().hWnd(), WM_CLOSE, 0, 0);
+        SendMessageW(form().window().handle(), WM_MOUSEMOVE, 1, WM_RBUTTONDOWN);
+        SendMessageW(form().window().handle(), WM_CLOSE, 0, 0);
         EXPECT_TRUE(boxes.empty());
     }
     form().letUserStop();
@@ -68,7 +68,7 @@ TEST_F(StopWish, EventsAndTicks_StayQueued)
     std::string order;
     form().defer([&] { order += 'a'; });
     form().defer([&] { order += 'b'; });
-    PostMessageW(form().hWnd(), WM_TIMER, FormWindow::supervisionTimer, 0);
+    PostMessageW(form().window().handle(), WM_TIMER, FormWindow::supervisionTimer, 0);
     form().letUserStop();
     EXPECT_EQ(order, "");
     EXPECT_TRUE(boxes.empty()) << "a tick would miss the softphone";

@@ -5,8 +5,6 @@
 #include "support/handle_count.h"
 #include "support/trapped_errors.h"
 
-#include <shellapi.h>
-
 #include <algorithm>
 
 namespace hublink {
@@ -15,7 +13,7 @@ using shell_tests::iniText;
 
 namespace {
 
-class Supervision : public shell_tests::FormFixture {
+class SupervisionTick : public shell_tests::FormFixture {
 protected:
     void start(const std::string& content = iniText("trace=true\r\n"))
     {
@@ -33,7 +31,7 @@ protected:
 
 }
 
-TEST_F(Supervision, EverythingAsBefore_DoesNothing)
+TEST_F(SupervisionTick, EverythingAsBefore_DoesNothing)
 {
     startSoftphone();
     start();
@@ -43,7 +41,7 @@ TEST_F(Supervision, EverythingAsBefore_DoesNothing)
     EXPECT_EQ(ended, 0);
 }
 
-TEST_F(Supervision, HundredsOfTicks_GainNoHandle)
+TEST_F(SupervisionTick, HundredsOfTicks_GainNoHandle)
 {
     startSoftphone();
     startOutlook();
@@ -56,7 +54,7 @@ TEST_F(Supervision, HundredsOfTicks_GainNoHandle)
     EXPECT_TRUE(form().outlook().bOutlookInit);
 }
 
-TEST_F(Supervision, SoftphoneGone_IsLogged_AndEndsTheProgramAtTheNextTick)
+TEST_F(SupervisionTick, SoftphoneGone_IsLogged_AndEndsTheProgramAtTheNextTick)
 {
     startSoftphone();
     start();
@@ -70,7 +68,7 @@ TEST_F(Supervision, SoftphoneGone_IsLogged_AndEndsTheProgramAtTheNextTick)
     EXPECT_EQ(ended, 1);
 }
 
-TEST_F(Supervision, SoftphoneGone_TheTickGoesOnWithItsSteps)
+TEST_F(SupervisionTick, SoftphoneGone_TheTickGoesOnWithItsSteps)
 {
     start();
     touchIni();
@@ -79,24 +77,24 @@ TEST_F(Supervision, SoftphoneGone_TheTickGoesOnWithItsSteps)
     EXPECT_TRUE(wasShown(L"Reload Ini data"));
 }
 
-TEST_F(Supervision, BeforeTheProcessWatchIsReady_ATickOnlyStops)
+TEST_F(SupervisionTick, BeforeTheProcessWatchIsReady_ATickOnlyStops)
 {
-    form().SupervisionPavex_Timer();
+    form().supervision().SupervisionPavex_Timer();
     EXPECT_FALSE(configuration().gStop) << "the missing softphone is not looked for yet";
-    form().initProcessHandle();
-    form().SupervisionPavex_Timer();
+    form().supervision().initProcessHandle();
+    form().supervision().SupervisionPavex_Timer();
     EXPECT_TRUE(configuration().gStop);
 }
 
-TEST_F(Supervision, BeforeTheProcessWatchIsReady_AStopIsCarriedOut)
+TEST_F(SupervisionTick, BeforeTheProcessWatchIsReady_AStopIsCarriedOut)
 {
     form().softphone().hashID = automation::Object(&map);
     form().StopConnector();
-    form().SupervisionPavex_Timer();
+    form().supervision().SupervisionPavex_Timer();
     EXPECT_EQ(ended, 1);
 }
 
-TEST_F(Supervision, OutlookGone_DropsTheSession)
+TEST_F(SupervisionTick, OutlookGone_DropsTheSession)
 {
     startSoftphone();
     start();
@@ -108,7 +106,7 @@ TEST_F(Supervision, OutlookGone_DropsTheSession)
     EXPECT_TRUE(outlook.invocations.empty()) << "the Outlook that went is not called";
 }
 
-TEST_F(Supervision, OutlookRunningWithAnOpenSession_IsLeftAlone)
+TEST_F(SupervisionTick, OutlookRunningWithAnOpenSession_IsLeftAlone)
 {
     startSoftphone();
     startOutlook();
@@ -120,7 +118,7 @@ TEST_F(Supervision, OutlookRunningWithAnOpenSession_IsLeftAlone)
     EXPECT_TRUE(boxes.empty());
 }
 
-TEST_F(Supervision, OutlookBack_InitialisesTheConnectorAgain)
+TEST_F(SupervisionTick, OutlookBack_InitialisesTheConnectorAgain)
 {
     startSoftphone();
     start();
@@ -132,7 +130,7 @@ TEST_F(Supervision, OutlookBack_InitialisesTheConnectorAgain)
     EXPECT_FALSE(wasShown(L"Reload Ini data"));
 }
 
-TEST_F(Supervision, OutlookRestartedBetweenTwoTicks_DropsTheSession_TheNextTickInitialisesAgain)
+TEST_F(SupervisionTick, OutlookRestartedBetweenTwoTicks_DropsTheSession_TheNextTickInitialisesAgain)
 {
     startSoftphone();
     startOutlook();
@@ -149,7 +147,7 @@ TEST_F(Supervision, OutlookRestartedBetweenTwoTicks_DropsTheSession_TheNextTickI
     EXPECT_TRUE(wasShown(L"Start Connector Initialization"));
 }
 
-TEST_F(Supervision, SoftphoneRestartedBetweenTwoTicks_StopsTheConnectorAsItsExitDoes)
+TEST_F(SupervisionTick, SoftphoneRestartedBetweenTwoTicks_StopsTheConnectorAsItsExitDoes)
 {
     startSoftphone();
     start();
@@ -161,7 +159,7 @@ TEST_F(Supervision, SoftphoneRestartedBetweenTwoTicks_StopsTheConnectorAsItsExit
     EXPECT_TRUE(configuration().gStop);
 }
 
-TEST_F(Supervision, OutlookSwitchedOff_IsNotWatched)
+TEST_F(SupervisionTick, OutlookSwitchedOff_IsNotWatched)
 {
     startSoftphone();
     start(iniText("trace=true\r\n", "", "type=LOTUS\r\n"));
@@ -174,7 +172,7 @@ TEST_F(Supervision, OutlookSwitchedOff_IsNotWatched)
     EXPECT_FALSE(wasShown(L"Start Connector Initialization"));
 }
 
-TEST_F(Supervision, TouchedIniFile_IsReloaded_ThoughNothingChangedInIt)
+TEST_F(SupervisionTick, TouchedIniFile_IsReloaded_ThoughNothingChangedInIt)
 {
     startSoftphone();
     startOutlook();
@@ -188,7 +186,7 @@ TEST_F(Supervision, TouchedIniFile_IsReloaded_ThoughNothingChangedInIt)
     EXPECT_FALSE(form().outlook().bOutlookInit);
 }
 
-TEST_F(Supervision, ReloadedIniFile_IsReadOnce)
+TEST_F(SupervisionTick, ReloadedIniFile_IsReadOnce)
 {
     startSoftphone();
     start();
@@ -199,7 +197,7 @@ TEST_F(Supervision, ReloadedIniFile_IsReadOnce)
     EXPECT_TRUE(boxes.empty());
 }
 
-TEST_F(Supervision, ChangedIniFile_TakesEffect)
+TEST_F(SupervisionTick, ChangedIniFile_TakesEffect)
 {
     startSoftphone();
     start(iniText("tempo=111\r\n"));
@@ -211,7 +209,7 @@ TEST_F(Supervision, ChangedIniFile_TakesEffect)
     EXPECT_TRUE(boxes.empty()) << "trace is off: no box";
 }
 
-TEST_F(Supervision, IniFileWithAnOlderTime_IsReloadedToo)
+TEST_F(SupervisionTick, IniFileWithAnOlderTime_IsReloadedToo)
 {
     startSoftphone();
     start();
@@ -226,7 +224,7 @@ TEST_F(Supervision, IniFileWithAnOlderTime_IsReloadedToo)
     EXPECT_TRUE(wasShown(L"Reload Ini data"));
 }
 
-TEST_F(Supervision, KillInTheReloadedFile_StopsTheProgram)
+TEST_F(SupervisionTick, KillInTheReloadedFile_StopsTheProgram)
 {
     startSoftphone();
     start();
@@ -241,7 +239,7 @@ TEST_F(Supervision, KillInTheReloadedFile_StopsTheProgram)
     EXPECT_EQ(ended, 1);
 }
 
-TEST_F(Supervision, KillInTheReloadedFile_TheSessionsAreInitialisedAnewAllTheSame)
+TEST_F(SupervisionTick, KillInTheReloadedFile_TheSessionsAreInitialisedAnewAllTheSame)
 {
     startSoftphone();
     startOutlook();
@@ -256,7 +254,7 @@ TEST_F(Supervision, KillInTheReloadedFile_TheSessionsAreInitialisedAnewAllTheSam
     EXPECT_TRUE(form().lotus().LotusMustInit);
 }
 
-TEST_F(Supervision, ReloadedFileWithoutAGroupware_StopsTheProgram)
+TEST_F(SupervisionTick, ReloadedFileWithoutAGroupware_StopsTheProgram)
 {
     startSoftphone();
     start();
@@ -266,7 +264,7 @@ TEST_F(Supervision, ReloadedFileWithoutAGroupware_StopsTheProgram)
     EXPECT_TRUE(configuration().gStop);
 }
 
-TEST_F(Supervision, MissingIniFile_ChangesNothing_UntilItIsBack)
+TEST_F(SupervisionTick, MissingIniFile_ChangesNothing_UntilItIsBack)
 {
     startSoftphone();
     start();
@@ -282,7 +280,7 @@ TEST_F(Supervision, MissingIniFile_ChangesNothing_UntilItIsBack)
     EXPECT_TRUE(wasShown(L"Reload Ini data"));
 }
 
-TEST_F(Supervision, TickInsideATicksMessageBox_OpensNoSecondBox)
+TEST_F(SupervisionTick, TickInsideATicksMessageBox_OpensNoSecondBox)
 {
     start();
     int depth = 0;
@@ -298,7 +296,7 @@ TEST_F(Supervision, TickInsideATicksMessageBox_OpensNoSecondBox)
     EXPECT_EQ(boxTexts(), (std::vector<std::wstring>{L"Stop Connector Pavex HS", L"Stop Connector"}));
 }
 
-TEST_F(Supervision, TickInsideATicksMessageBox_CarriesOutAStop)
+TEST_F(SupervisionTick, TickInsideATicksMessageBox_CarriesOutAStop)
 {
     startSoftphone();
     start();
@@ -318,7 +316,7 @@ TEST_F(Supervision, TickInsideATicksMessageBox_CarriesOutAStop)
     EXPECT_EQ(ended, 1);
 }
 
-TEST_F(Supervision, TickInsideAnotherProceduresBox_RunsInFull)
+TEST_F(SupervisionTick, TickInsideAnotherProceduresBox_RunsInFull)
 {
     startSoftphone();
     start();
@@ -333,7 +331,7 @@ TEST_F(Supervision, TickInsideAnotherProceduresBox_RunsInFull)
     EXPECT_TRUE(wasShown(L"Reload Ini data"));
 }
 
-TEST_F(Supervision, TickAfterATicksBoxWasClosed_RunsInFullAgain)
+TEST_F(SupervisionTick, TickAfterATicksBoxWasClosed_RunsInFullAgain)
 {
     startSoftphone();
     start();
@@ -345,7 +343,7 @@ TEST_F(Supervision, TickAfterATicksBoxWasClosed_RunsInFullAgain)
     }
 }
 
-TEST_F(Supervision, FailingTick_EndsQuietly_AndDoesNotHinderTheNext)
+TEST_F(SupervisionTick, FailingTick_EndsQuietly_AndDoesNotHinderTheNext)
 {
     startSoftphone();
     start();
@@ -362,7 +360,7 @@ TEST_F(Supervision, FailingTick_EndsQuietly_AndDoesNotHinderTheNext)
     EXPECT_TRUE(wasShown(L"Reload Ini data"));
 }
 
-TEST_F(Supervision, TickInsideAnOutgoingCall_IsLeftToTheNextTick)
+TEST_F(SupervisionTick, TickInsideAnOutgoingCall_IsLeftToTheNextTick)
 {
     start();
     {
@@ -375,15 +373,15 @@ TEST_F(Supervision, TickInsideAnOutgoingCall_IsLeftToTheNextTick)
     EXPECT_TRUE(configuration().gStop);
 }
 
-TEST_F(Supervision, Timer_StartsWhenTheLinkIsMade)
+TEST_F(SupervisionTick, Timer_StartsWhenTheLinkIsMade)
 {
-    EXPECT_FALSE(KillTimer(form().hWnd(), FormWindow::supervisionTimer));
+    EXPECT_FALSE(KillTimer(form().window().handle(), FormWindow::supervisionTimer));
     start();
-    EXPECT_TRUE(KillTimer(form().hWnd(), FormWindow::supervisionTimer));
+    EXPECT_TRUE(KillTimer(form().window().handle(), FormWindow::supervisionTimer));
 }
 
 // Between two timers of the test's own: however slow the machine, all keep their order.
-TEST_F(Supervision, BothTimers_TickAfterAboutFiveSeconds)
+TEST_F(SupervisionTick, BothTimers_TickAfterAboutFiveSeconds)
 {
     const UINT_PTR early = SetTimer(nullptr, 0, 4'500, nullptr);
     startSoftphone();
@@ -392,59 +390,17 @@ TEST_F(Supervision, BothTimers_TickAfterAboutFiveSeconds)
     std::vector<UINT_PTR> order;
     MSG message;
     while ((order.empty() || order.back() != late) && GetMessageW(&message, nullptr, WM_TIMER, WM_TIMER) > 0)
-        if (message.hwnd == form().hWnd() || !message.hwnd) order.push_back(message.wParam);
+        if (message.hwnd == form().window().handle() || !message.hwnd) order.push_back(message.wParam);
     KillTimer(nullptr, early);
     KillTimer(nullptr, late);
     EXPECT_EQ(order, (std::vector<UINT_PTR>{early, FormWindow::documentTimer, FormWindow::supervisionTimer, late}));
 }
 
-TEST_F(Supervision, OtherTimers_AreNoTicks)
+TEST_F(SupervisionTick, OtherTimers_AreNoTicks)
 {
     start();
-    SendMessageW(form().hWnd(), WM_TIMER, 99, 0);
+    SendMessageW(form().window().handle(), WM_TIMER, 99, 0);
     EXPECT_FALSE(configuration().gStop);
-}
-
-TEST_F(Supervision, IconRefusedAtTheStart_IsOfferedAgainAtTheTicks_UntilItStands)
-{
-    int offers = 0;
-    onIcon = [&](DWORD message) { return message != NIM_ADD || ++offers == 4; };
-    startSoftphone();
-    start();
-    EXPECT_EQ(offers, 1);
-    for (int time = 0; time < 20; ++time) tick();
-    EXPECT_EQ(offers, 4) << "never again once it stands";
-}
-
-TEST_F(Supervision, IconRefusedForAMinute_IsOfferedNoMore)
-{
-    int offers = 0;
-    onIcon = [&](DWORD message) { return message != NIM_ADD || (++offers, false); };
-    startSoftphone();
-    start();
-    for (int time = 0; time < 30; ++time) tick();
-    EXPECT_EQ(offers, 1 + 12);
-}
-
-TEST_F(Supervision, IconThatStands_IsNotOfferedAgain_AlsoWhenTheTaskBarHasLostIt)
-{
-    startSoftphone();
-    start();
-    TrayIconData icon = FillTrayIconData(form().hWnd(), 1, 0, 0, nullptr, "");
-    ASSERT_TRUE(notifyShell(NIM_DELETE, icon));
-    for (int time = 0; time < 3; ++time) tick();
-    EXPECT_FALSE(iconIsShown());
-}
-
-TEST_F(Supervision, IconStillRefused_IsNotOfferedOnceAStopIsAskedFor)
-{
-    int offers = 0;
-    onIcon = [&](DWORD message) { return message != NIM_ADD || (++offers, false); };
-    startSoftphone();
-    start();
-    form().StopConnector();
-    tick();
-    EXPECT_EQ(offers, 1);
 }
 
 }

@@ -1,6 +1,8 @@
+#include "shell/document_watch.h"
+
 #include "common/error_trap.h"
 #include "lotus/current_document.h"
-#include "shell/hublink.h"
+#include "shell/process_lookup.h"
 
 namespace hublink {
 
@@ -18,7 +20,7 @@ bool belongs(HWND window, DWORD processId)
     return owner == processId;
 }
 
-BOOL CALLBACK look(HWND window, LPARAM parameter) noexcept
+BOOL CALLBACK searchIn(HWND window, LPARAM parameter) noexcept
 {
     auto& search = *reinterpret_cast<Search*>(parameter);
     search.found = belongs(window, search.processId) && IsWindowVisible(window);
@@ -33,22 +35,22 @@ bool shows(HWND window, DWORD processId)
     // With no window in front it may be the desktop, in which all others lie.
     if (!window || window == GetDesktopWindow() || processId == 0) return false;
     Search search{processId, belongs(window, processId)};
-    if (!search.found) EnumChildWindows(window, look, reinterpret_cast<LPARAM>(&search));
+    if (!search.found) EnumChildWindows(window, searchIn, reinterpret_cast<LPARAM>(&search));
     return search.found;
 }
 
 }
 
-void Hublink::TimerCallInlotus_Timer()
+void DocumentWatch::TimerCallInlotus_Timer()
 {
     trapErrors([&] {
         const HWND front = GetForegroundWindow();
-        if (!lotus_.LotusReady) return;
+        if (!session_.LotusReady) return;
         HANDLE process = nullptr;
         // A look-up of its own: the supervision's tells but once that Notes was restarted.
         if (notesProcessId_ == 0) ProcessLookup().GetProcessHandle(L"nlnotes.exe", process, notesProcessId_);
         if (!shows(front, notesProcessId_)) return;
-        UpdateCurrentDocumentNumber(lotus_);
+        UpdateCurrentDocumentNumber(session_);
     });
 }
 

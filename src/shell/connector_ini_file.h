@@ -1,0 +1,49 @@
+// The connector's ini file as the program follows it: read at the start, whenever
+// it has changed, and between two ticks for a stop request alone.
+#pragma once
+
+#include "common/configuration.h"
+#include "common/ini_file.h"
+#include "softphone/pavex_interface.h"
+
+#include <windows.h>
+
+#include <optional>
+#include <string>
+
+namespace hublink {
+
+class ConnectorIniFile {
+public:
+    ConnectorIniFile(Configuration& configuration, PavexInterface& link);
+    ConnectorIniFile(const ConnectorIniFile&) = delete;
+    ConnectorIniFile& operator=(const ConnectorIniFile&) = delete;
+
+    // At the start: puts the file into its folder where it is missing, and sets
+    // back the stop request that an earlier run has left in it.
+    void install(const std::wstring& programFolder);
+
+    // Reads the general sections. True when all compared switches are as before
+    // ("Histo" is not compared); false otherwise, and when the reading ended early.
+    bool ReadConnectorIni();
+
+    // Takes note of the file's time of change. Whether it is another one than
+    // before; throws AutomationError while there is no file.
+    bool noteChange();
+
+    // For the times at which no tick comes: stops the program if a changed file says so.
+    void obeyKill();
+
+private:
+    std::optional<FILETIME> lastChange() const;
+    bool isToStop(const IniFile& ini) const;
+    bool killIfAsked(const IniFile& ini);
+
+    Configuration& configuration_;
+    PavexInterface& link_;
+    std::optional<FILETIME> gIniFileDate; // modification time when last read
+    std::optional<FILETIME> staleKill_;   // the file's time when its "kill" could not be set back
+    std::optional<FILETIME> killReadAt_;  // modification time when "kill" was last looked at between ticks
+};
+
+}

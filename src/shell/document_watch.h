@@ -1,0 +1,24 @@
+// Follows the user's work in Notes: the document in front is kept up to date.
+#pragma once
+
+#include "lotus/lotus_session.h"
+
+#include <windows.h>
+
+namespace hublink {
+
+class DocumentWatch {
+public:
+    explicit DocumentWatch(LotusSession& session) : session_(session) {}
+    DocumentWatch(const DocumentWatch&) = delete;
+    DocumentWatch& operator=(const DocumentWatch&) = delete;
+
+    // One tick of the timer: does nothing while another program is in front.
+    void TimerCallInlotus_Timer();
+
+private:
+    LotusSession& session_;
+    DWORD notesProcessId_ = 0; // found once and kept, also when Notes restarts
+};
+
+}

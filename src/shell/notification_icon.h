@@ -1,0 +1,33 @@
+// The program's icon in the notification area.
+#pragma once
+
+#include "shell/desktop.h"
+
+namespace hublink {
+
+class NotificationIcon {
+public:
+    // The icon's messages will go to `form`.
+    NotificationIcon(const Desktop& desktop, HWND form) : desktop_(desktop), form_(form) {}
+    ~NotificationIcon();
+    NotificationIcon(const NotificationIcon&) = delete;
+    NotificationIcon& operator=(const NotificationIcon&) = delete;
+
+    void AddTrayIcon();
+
+    // One of the supervision's ticks: offers the icon again that the shell has refused.
+    void offerAgain();
+
+    // Takes it away. Any thread may.
+    void remove() const;
+
+    const TrayIconData& record() const { return record_; }
+
+private:
+    const Desktop& desktop_;
+    const HWND form_;
+    TrayIconData record_{}; // stays as AddTrayIcon has made it
+    int offers_ = 0;        // still to be made to the shell, unless the icon stands
+};
+
+}

@@ -1,0 +1,36 @@
+// Asks the user whether to stop the program, when the icon is pressed.
+#pragma once
+
+#include "shell/form_window.h"
+#include "shell/stopping.h"
+
+#include <windows.h>
+
+#include <functional>
+#include <string>
+
+namespace hublink {
+
+class StopQuestion {
+public:
+    // `box` shows a message box and returns the answer.
+    using Box = std::function<int(const std::wstring& text, UINT flags)>;
+    StopQuestion(FormWindow& window, Stopping& stopping, Box box);
+    StopQuestion(const StopQuestion&) = delete;
+    StopQuestion& operator=(const StopQuestion&) = delete;
+
+    // A message of the icon: X is the notification code, in twips. A right press
+    // opens the question, inside a short call after it.
+    void Form_MouseMove(int button, int shift, double X, double Y);
+
+    // Opens the question if one waits.
+    void ask();
+
+private:
+    FormWindow& window_;
+    Stopping& stopping_;
+    const Box box_;
+    enum class State { none, waits, open } state_ = State::none;
+};
+
+}

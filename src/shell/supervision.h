@@ -1,0 +1,48 @@
+// Keeps the connector in step with the softphone, Notes, Outlook and the ini file.
+#pragma once
+
+#include "shell/connector_ini_file.h"
+#include "shell/notification_icon.h"
+#include "shell/process_lookup.h"
+#include "shell/stopping.h"
+#include "softphone/pavex_interface.h"
+#include "softphone/softphone_session.h"
+
+#include <windows.h>
+
+namespace hublink {
+
+class Supervision {
+public:
+    Supervision(SoftphoneSession& session, PavexInterface& link, ConnectorIniFile& ini, NotificationIcon& icon,
+                Stopping& stopping);
+    Supervision(const Supervision&) = delete;
+    Supervision& operator=(const Supervision&) = delete;
+
+    // Looks for the softphone's process; before it a tick does nothing but stop.
+    void initProcessHandle();
+
+    // One tick of the timer.
+    void SupervisionPavex_Timer();
+
+private:
+    bool isRunning(const wchar_t* fileName, HANDLE& handle);
+    void superviseSoftphone();
+    void superviseNotes();
+    void superviseOutlook();
+    void superviseIniFile();
+
+    SoftphoneSession& session_;
+    PavexInterface& link_;
+    ConnectorIniFile& ini_;
+    NotificationIcon& icon_;
+    Stopping& stopping_;
+    ProcessLookup processes_;
+    bool bProcessWatchReady = false;
+    HANDLE hPavexProcess = nullptr; // these three as the last look-up told them, kept only
+    HANDLE hOutlookProcess = nullptr;
+    HANDLE hNotesProcess = nullptr;
+    bool inTick_ = false; // a tick is under way, or waits in a message box of its own
+};
+
+}
