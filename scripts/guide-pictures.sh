@@ -1,14 +1,14 @@
 #!/usr/bin/env bash
 # Cuts the user's guide's pictures out of those that ./run leaves. Where a window lies is
 # settled by the desk; who moves one there looks at the pictures here afterwards.
-#   ./run && scripts/pictures.sh
+#   ./run && scripts/guide-pictures.sh
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
 # cut DESK NAME WIDTHxHEIGHT+LEFT+TOP: a part of one picture of the desk
 cut() {
     local from=out/$1.png to=docs/user/pictures/$2.png
-    [ -s "$from" ] || { echo "pictures: $from is missing; ./run makes it" >&2; exit 1; }
+    [ -s "$from" ] || { echo "guide-pictures: $from is missing; ./run makes it" >&2; exit 1; }
     convert "$from" -crop "$3" +repage -strip -define png:exclude-chunks=date,time +dither -colors 64 "PNG8:$to"
     echo "$to: $(stat -c %s "$to") bytes"
 }
