@@ -1,7 +1,7 @@
 // What a protected process does when it meets what it is protected from; each
 // in a process of its own.
+#include "support/process.h"
 #include "support/scratch_folder.h"
-#include "support/stand_in.h"
 
 #include <gtest/gtest.h>
 
@@ -14,19 +14,8 @@ constexpr DWORD patience = 60'000; // milliseconds
 // The exit code of the program with those arguments, started in that folder.
 DWORD exitCode(const std::wstring& arguments, const std::wstring& folder)
 {
-    std::wstring line = L"\"" + support::testProgramFolder() + L"\\automation_protected.exe\" " + arguments;
-    STARTUPINFOW startup{};
-    startup.cb = sizeof startup;
-    PROCESS_INFORMATION process{};
-    EXPECT_TRUE(
-        CreateProcessW(nullptr, line.data(), nullptr, nullptr, FALSE, 0, nullptr, folder.c_str(), &startup, &process));
-    WaitForSingleObject(process.hProcess, patience);
-    DWORD code = STILL_ACTIVE;
-    GetExitCodeProcess(process.hProcess, &code);
-    TerminateProcess(process.hProcess, 1);
-    CloseHandle(process.hThread);
-    CloseHandle(process.hProcess);
-    return code;
+    return support::Process(support::command(L"automation_protected.exe") + L" " + arguments, L"", folder.c_str())
+        .exitCode(patience);
 }
 
 // A library that lies in a folder where a user, or somebody else, put it.

@@ -36,7 +36,7 @@ int fill(convid::IdentifierStore& store)
 
 TEST(StoreOnFullDisk, FailedInsertion_IsForgotten_InMemoryAndInFile_AllOthersStay)
 {
-    const TemporaryFolder folder;
+    const ScratchFolder folder;
     convid::IdentifierStore store(folder.file(L"map"));
     const int answered = fill(store);
     ASSERT_GT(answered, 5);
@@ -55,7 +55,7 @@ TEST(StoreOnFullDisk, FailedInsertion_IsForgotten_InMemoryAndInFile_AllOthersSta
 
 TEST(StoreOnFullDisk, SmallerEntryThatStillFits_IsKept)
 {
-    const TemporaryFolder folder;
+    const ScratchFolder folder;
     convid::IdentifierStore store(folder.file(L"map"));
     const int answered = fill(store);
     store.remove(L"1.0", 0);
@@ -65,7 +65,7 @@ TEST(StoreOnFullDisk, SmallerEntryThatStillFits_IsKept)
 
 TEST(StoreOnFullDisk, Client_GetsAnErrorWithSourceAndDescription)
 {
-    const TemporaryFolder folder;
+    const ScratchFolder folder;
     const auto store = std::make_shared<convid::IdentifierStore>(folder.file(L"map"));
     const automation::Object map(automation::server::make<convid::MapObject>(store).get());
     fill(*store);
@@ -80,7 +80,7 @@ TEST(StoreOnFullDisk, Client_GetsAnErrorWithSourceAndDescription)
 
 TEST(StoreOnFullDisk, DamagedStore_IsLeftUntouched_UntilThereIsRoom)
 {
-    const TemporaryFolder folder;
+    const ScratchFolder folder;
     convid::IdentifierStore store(folder.file(L"map"), impatient);
     fill(store);
     store.close();

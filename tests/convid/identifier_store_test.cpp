@@ -18,7 +18,7 @@ protected:
         return everything(store);
     }
 
-    TemporaryFolder folder;
+    ScratchFolder folder;
     const std::wstring path = folder.file(L"identifiers.map");
     IdentifierStore store{path};
 };

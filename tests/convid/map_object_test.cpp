@@ -23,13 +23,13 @@ constexpr std::int32_t history = 0;
 constexpr std::int32_t addressBook = 1;
 
 // What a client gets that asks with a text of 1024 NULs and the length 1024.
-struct Answer {
+struct Converted {
     std::int32_t result;
     std::wstring text;
     std::int32_t length;
 };
 
-Answer convert(const Object& map, const wchar_t* idOrvel, std::int32_t typApplication)
+Converted convert(const Object& map, const wchar_t* idOrvel, std::int32_t typApplication)
 {
     Value text(std::wstring(1024, L'\0'));
     Value length(std::int32_t{1024});
@@ -64,7 +64,7 @@ class Map : public testing::Test {
 protected:
     Object newObject() { return Object(server::make<convid::MapObject>(store).get()); }
 
-    TemporaryFolder folder;
+    ScratchFolder folder;
     std::shared_ptr<convid::IdentifierStore> store = std::make_shared<convid::IdentifierStore>(folder.file(L"map"));
     Object map = newObject();
 };
@@ -74,7 +74,7 @@ protected:
 TEST_F(Map, InsertedIdentifier_IsWrittenIntoTextAndLength_AndResultIsOne)
 {
     map.call(L"InsertId", {L"00000000EF12", L"5.7", outlook, addressBook});
-    const Answer answer = convert(map, L"5.7", outlook);
+    const Converted answer = convert(map, L"5.7", outlook);
     EXPECT_EQ(answer.result, 1);
     EXPECT_EQ(answer.length, 12);
     EXPECT_EQ(answer.text.substr(0, 12), L"00000000EF12");
@@ -83,7 +83,7 @@ TEST_F(Map, InsertedIdentifier_IsWrittenIntoTextAndLength_AndResultIsOne)
 TEST_F(Map, UnknownIdentifier_GivesZero_AndLeavesTextAndLength)
 {
     map.call(L"InsertId", {L"00000000EF12", L"5.7", outlook, addressBook});
-    for (const Answer& answer : {convert(map, L"5.8", outlook), convert(map, L"5.7", lotus)}) {
+    for (const Converted& answer : {convert(map, L"5.8", outlook), convert(map, L"5.7", lotus)}) {
         EXPECT_EQ(answer.result, 0);
         EXPECT_EQ(answer.length, 1024);
         EXPECT_EQ(answer.text, std::wstring(1024, L'\0'));
@@ -94,7 +94,7 @@ TEST_F(Map, LongAndUnicodeIdentifier_ComesBackWhole)
 {
     const std::wstring identifier = std::wstring(1022, L'\u4E2D') + L"\xD800";
     map.call(L"InsertId", {identifier, L"5.7", lotus, history});
-    const Answer answer = convert(map, L"5.7", lotus);
+    const Converted answer = convert(map, L"5.7", lotus);
     EXPECT_EQ(answer.length, 1023);
     EXPECT_EQ(answer.text.substr(0, 1023), identifier);
 }

@@ -9,14 +9,9 @@ using automation::Value;
 using support::isWine;
 using support::killMapServers;
 
-std::wstring serverProgram()
-{
-    return besideThisProgram(L"PavexConvId.exe");
-}
-
 DWORD runServer(const std::wstring& arguments)
 {
-    return Process(L"\"" + serverProgram() + L"\" " + arguments).exitCode();
+    return support::Process(support::command(L"PavexConvId.exe") + L" " + arguments).exitCode();
 }
 
 void ServerFixture::SetUp()

@@ -4,26 +4,16 @@
 
 #include "automation/object.h"
 #include "store_files.h"
+#include "support/process.h"
 #include "support/processes.h"
 
 #include <gtest/gtest.h>
 
 namespace convid_tests {
 
-std::wstring serverProgram();
-
 inline std::vector<DWORD> servers()
 {
     return support::processesNamed(L"PavexConvId.exe");
-}
-
-// True when `condition` becomes true within `patience` milliseconds.
-template <class Condition>
-bool becomesTrue(Condition condition, DWORD patience = 10'000)
-{
-    for (const DWORD start = GetTickCount(); !condition(); Sleep(10))
-        if (GetTickCount() - start > patience) return false;
-    return true;
 }
 
 // Runs the server program with arguments and returns its exit code.

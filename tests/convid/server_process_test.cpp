@@ -10,6 +10,8 @@
 using namespace convid_tests;
 using automation::Object;
 using automation::Value;
+using support::Process;
+using support::soon;
 
 namespace {
 
@@ -25,20 +27,15 @@ bool classIsKnown()
 
 bool serversAre(std::size_t count)
 {
-    return becomesTrue([&] { return servers().size() == count; });
+    return soon([&] { return servers().size() == count; });
 }
 
 // What the server program writes to its error output.
 std::string errorOutputOf(const std::wstring& arguments, DWORD& exitCode)
 {
-    SECURITY_ATTRIBUTES inherited{sizeof inherited, nullptr, TRUE};
-    const TemporaryFolder folder;
-    const HANDLE file = CreateFileW(folder.file(L"errors").c_str(), GENERIC_WRITE, FILE_SHARE_READ, &inherited,
-                                    CREATE_ALWAYS, 0, nullptr);
-    exitCode = Process(L"\"" + serverProgram() + L"\" " + arguments, file).exitCode();
-    CloseHandle(file);
-    const auto bytes = contents(folder.file(L"errors"));
-    return {bytes.begin(), bytes.end()};
+    const ScratchFolder folder;
+    exitCode = Process(support::command(L"PavexConvId.exe") + L" " + arguments, folder.file(L"errors")).exitCode();
+    return support::readFile(folder.file(L"errors"));
 }
 
 bool unlocked;
@@ -213,7 +210,7 @@ TEST_F(Server, StoreHeldByAnotherProgram_IsAnErrorWithADescription)
 TEST_F(Server, ClientDiesSuddenly_ItsRecordIsKept_AndOthersGoOn)
 {
     const Object map = newObject();
-    EXPECT_EQ(Process(L"\"" + besideThisProgram(L"convid_victim.exe") + L"\" client").exitCode(), 9u);
+    EXPECT_EQ(Process(support::command(L"convid_victim.exe") + L" client").exitCode(), 9u);
     EXPECT_EQ(converted(map, L"6.6", outlook), L"inserted before death");
     EXPECT_EQ(converted(newObject(), L"6.6", outlook), L"inserted before death");
     EXPECT_EQ(servers().size(), 1u);
@@ -221,7 +218,7 @@ TEST_F(Server, ClientDiesSuddenly_ItsRecordIsKept_AndOthersGoOn)
 
 TEST_F(Server, OnlyClientDiesSuddenly_LaterClientIsServed)
 {
-    const std::wstring client = L"\"" + besideThisProgram(L"convid_victim.exe") + L"\" ";
+    const std::wstring client = support::command(L"convid_victim.exe") + L" ";
     EXPECT_EQ(Process(client + L"client").exitCode(), 9u);
     EXPECT_EQ(Process(client + L"later").exitCode(), 0u);
     EXPECT_LE(servers().size(), 1u);
@@ -247,6 +244,6 @@ TEST_F(Server, KilledRightAfterAnAnswer_LosesNothing)
 
 TEST_F(Server, LateBoundScript_FindsEverythingAsDescribed)
 {
-    Process script(L"cscript.exe //nologo \"" + besideThisProgram(L"late_bound_client.vbs") + L"\"");
+    Process script(L"cscript.exe //nologo " + support::command(L"late_bound_client.vbs"));
     EXPECT_EQ(script.exitCode(), 42u);
 }

@@ -26,7 +26,7 @@ std::pair<HRESULT, std::wstring> failureOf(Operation operation)
 
 TEST(StoreAccess, SecondOpener_FailsClearly_UntilTheFirstHasClosed)
 {
-    const TemporaryFolder folder;
+    const ScratchFolder folder;
     IdentifierStore first(folder.file(L"map"));
     IdentifierStore second(folder.file(L"map"), impatient);
     first.insert(record(L"5.7", L"entry", 0, 1));
@@ -50,7 +50,7 @@ DWORD WINAPI closeAfterAMoment(void* file)
 
 TEST(StoreAccess, FileHeldForAMoment_IsWaitedFor)
 {
-    const TemporaryFolder folder;
+    const ScratchFolder folder;
     const HANDLE holder =
         CreateFileW(folder.file(L"map").c_str(), GENERIC_READ | GENERIC_WRITE, 0, nullptr, CREATE_NEW, 0, nullptr);
     ASSERT_NE(holder, INVALID_HANDLE_VALUE);
@@ -63,7 +63,7 @@ TEST(StoreAccess, FileHeldForAMoment_IsWaitedFor)
 
 TEST(StoreAccess, OpenStore_CanBeCopiedByAReader)
 {
-    const TemporaryFolder folder;
+    const ScratchFolder folder;
     IdentifierStore store(folder.file(L"map"));
     store.insert(record(L"5.7", L"entry", 0, 1));
     ASSERT_TRUE(CopyFileW(folder.file(L"map").c_str(), folder.file(L"backup").c_str(), TRUE));
@@ -73,7 +73,7 @@ TEST(StoreAccess, OpenStore_CanBeCopiedByAReader)
 
 TEST(StoreAccess, FolderInTheStoresPlace_FailsClearly_EachTime)
 {
-    const TemporaryFolder folder;
+    const ScratchFolder folder;
     CreateDirectoryW(folder.file(L"map").c_str(), nullptr);
     IdentifierStore store(folder.file(L"map"), impatient);
     for (int time = 0; time < 2; ++time) {
@@ -88,7 +88,7 @@ TEST(StoreAccess, FolderInTheStoresPlace_FailsClearly_EachTime)
 
 TEST(StoreAccess, ReadOnlyFile_FailsClearly_AndIsUntouched)
 {
-    const TemporaryFolder folder;
+    const ScratchFolder folder;
     const std::wstring path = folder.file(L"map");
     IdentifierStore store(path, impatient);
     store.insert(record(L"5.7", L"entry", 0, 1));
@@ -104,7 +104,7 @@ TEST(StoreAccess, ReadOnlyFile_FailsClearly_AndIsUntouched)
 
 TEST(StoreAccess, FolderThatCannotBeMade_FailsClearly)
 {
-    const TemporaryFolder folder;
+    const ScratchFolder folder;
     writeContents(folder.file(L"Hublink"), {});
     IdentifierStore store(folder.file(L"Hublink") + L"\\identifiers.map", impatient);
     EXPECT_TRUE(FAILED(failureOf([&] { store.find(L"5.7", 0); }).first));

@@ -1,6 +1,7 @@
 // The file is written anew when most of it is dead; a process killed meanwhile
 // loses nothing that was answered.
 #include "store_files.h"
+#include "support/process.h"
 
 #include <gtest/gtest.h>
 
@@ -19,7 +20,7 @@ convid::IdentifierRecord version(int number)
 
 class Compaction : public testing::Test {
 protected:
-    TemporaryFolder folder;
+    ScratchFolder folder;
     const std::wstring path = folder.file(L"map");
 };
 
@@ -124,7 +125,7 @@ TEST_F(Compaction, ProcessKilledAtAnyMoment_LosesNoAnsweredInsertion)
         ASSERT_TRUE(answered);
         *answered = -1;
         {
-            Process victim(L"\"" + besideThisProgram(L"convid_victim.exe") + L"\" store \"" + path + L"\"");
+            const support::Process victim(support::command(L"convid_victim.exe") + L" store \"" + path + L"\"");
             // Some compactions have been made then, and the next step may be any.
             const int enough = insertionsBeforeDeath + round % 10;
             for (int wait = 0; *answered < enough && wait < 10'000; ++wait) Sleep(1);

@@ -73,7 +73,7 @@ protected:
         }
     }
 
-    TemporaryFolder folder;
+    ScratchFolder folder;
     const std::wstring path = folder.file(L"identifiers.map");
     std::vector<Change> changes;
     std::vector<std::uint8_t> whole;

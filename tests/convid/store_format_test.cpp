@@ -82,7 +82,7 @@ TEST(StoreFormat, Checksum_IsThePublishedOne_ForEveryLength)
 
 TEST(StoreFormat, InsertionAndRemoval_AreWrittenAsDocumented)
 {
-    const TemporaryFolder folder;
+    const ScratchFolder folder;
     {
         IdentifierStore store(folder.file(L"map"));
         store.insert(record(L"5.7", L"0000\u20AC", 1, 0));
@@ -93,7 +93,7 @@ TEST(StoreFormat, InsertionAndRemoval_AreWrittenAsDocumented)
 
 TEST(StoreFormat, FileMadeByHandAsDocumented_IsRead)
 {
-    const TemporaryFolder folder;
+    const ScratchFolder folder;
     auto file = documentedFile();
     std::vector<std::uint8_t> insertion{1};
     put(insertion, 0, 4);
@@ -111,7 +111,7 @@ TEST(StoreFormat, FileMadeByHandAsDocumented_IsRead)
 
 TEST(StoreFormat, NewerVersion_IsRefused_AndLeftUntouched)
 {
-    const TemporaryFolder folder;
+    const ScratchFolder folder;
     auto file = headerOfVersion(2);
     put(file, 0x12345678, 4);
     writeContents(folder.file(L"map"), file);
@@ -125,7 +125,7 @@ TEST(StoreFormat, NewerVersion_IsRefused_AndLeftUntouched)
 
 TEST(StoreFormat, SoundEntryOfUnknownType_IsDamage_AndIsKeptAside)
 {
-    const TemporaryFolder folder;
+    const ScratchFolder folder;
     auto file = documentedFile();
     putEntry(file, {3, 0, 0, 0, 0, 0, 0});
     writeContents(folder.file(L"map"), file);

@@ -38,7 +38,7 @@ protected:
 
     using Names = std::vector<std::wstring>;
 
-    TemporaryFolder folder;
+    ScratchFolder folder;
     const std::wstring path = folder.file(L"map");
     const std::wstring replacement = path + L".new";
     std::vector<std::size_t> ends; // of the entries
@@ -189,7 +189,7 @@ TEST(Replacing, FileInUse_AccessDenied_OrAConnectionLost_IsTriedAgain)
         EXPECT_EQ(replacing({passing, passing}), Outcome(ERROR_SUCCESS, 3)) << passing;
 }
 
-TEST(Replacing, AnyOtherFailure_IsNot)
+TEST(Replacing, AnyOtherFailure_IsNotTriedAgain)
 {
     for (const DWORD lasting : {ERROR_DISK_FULL, ERROR_FILE_NOT_FOUND, ERROR_WRITE_PROTECT, ERROR_INVALID_NAME})
         EXPECT_EQ(replacing({lasting}), Outcome(lasting, 1)) << lasting;

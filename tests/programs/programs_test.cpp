@@ -113,7 +113,7 @@ std::vector<std::string> tooNew(const programs::Executable& program)
 
 std::wstring beside(const wchar_t* program)
 {
-    return support::testProgramFolder() + L"\\" + program;
+    return support::besideTests(program);
 }
 
 }
@@ -155,7 +155,7 @@ TEST(InstalledPrograms, FunctionOfALaterWindows_IsNoticed)
               (std::vector<std::string>{"dwmapi.dll DwmFlush", "kernel32.dll GetTickCount64"}));
 }
 
-TEST(InstalledPrograms, AreMadeForWindowsXpOrEarlier)
+TEST(InstalledPrograms, Subsystem_IsThatOfWindowsXpOrEarlier)
 {
     for (const wchar_t* program : installed) {
         const unsigned version = executable(beside(program)).subsystemVersion;

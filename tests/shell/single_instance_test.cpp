@@ -13,28 +13,6 @@ namespace {
 
 using SecondStart = shell_tests::FormFixture;
 
-// Runs the built program; its exit code, or none if it goes on running.
-std::optional<DWORD> runProgram()
-{
-    std::wstring program = support::testProgramFolder() + L"\\hublink.exe";
-    STARTUPINFOW start{};
-    start.cb = sizeof start;
-    PROCESS_INFORMATION process{};
-    if (!CreateProcessW(program.c_str(), nullptr, nullptr, nullptr, FALSE, 0, nullptr, nullptr, &start, &process))
-        return std::nullopt;
-    std::optional<DWORD> result;
-    if (WaitForSingleObject(process.hProcess, 15'000) == WAIT_OBJECT_0) {
-        DWORD code = 0;
-        GetExitCodeProcess(process.hProcess, &code);
-        result = code;
-    } else {
-        TerminateProcess(process.hProcess, 0);
-    }
-    CloseHandle(process.hThread);
-    CloseHandle(process.hProcess);
-    return result;
-}
-
 }
 
 TEST(SingleInstance, FirstIsFirst_UntilItEnds)
@@ -54,7 +32,7 @@ TEST_F(SecondStart, EndsWithCodeZero_AndTouchesNothing)
     const SingleInstance first;
     writeIni(iniText("kill=true\r\n"));
     const std::string before = support::readFile(iniPath());
-    EXPECT_EQ(runProgram(), std::optional<DWORD>(0));
+    EXPECT_EQ(support::Process(support::command(L"hublink.exe")).exitCode(), 0u);
     EXPECT_EQ(support::readFile(iniPath()), before);
 }
 

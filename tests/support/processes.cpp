@@ -1,5 +1,6 @@
 #include "support/processes.h"
 
+#include "automation/owners.h"
 #include "automation/text.h"
 
 #include <tlhelp32.h>
@@ -11,11 +12,10 @@ namespace {
 void endProcesses(const std::vector<DWORD>& ids)
 {
     for (const DWORD id : ids) {
-        const HANDLE process = OpenProcess(PROCESS_TERMINATE | SYNCHRONIZE, FALSE, id);
+        const automation::Handle process(OpenProcess(PROCESS_TERMINATE | SYNCHRONIZE, FALSE, id));
         if (!process) continue;
-        TerminateProcess(process, 9);
-        WaitForSingleObject(process, 5'000);
-        CloseHandle(process);
+        TerminateProcess(process.get(), 9);
+        WaitForSingleObject(process.get(), 5'000);
     }
 }
 
@@ -24,12 +24,11 @@ void endProcesses(const std::vector<DWORD>& ids)
 std::vector<DWORD> processesNamed(const wchar_t* name)
 {
     std::vector<DWORD> ids;
-    const HANDLE snapshot = CreateToolhelp32Snapshot(TH32CS_SNAPPROCESS, 0);
+    const auto snapshot = automation::orNone(CreateToolhelp32Snapshot(TH32CS_SNAPPROCESS, 0));
     PROCESSENTRY32W entry{};
     entry.dwSize = sizeof entry;
-    for (BOOL more = Process32FirstW(snapshot, &entry); more; more = Process32NextW(snapshot, &entry))
+    for (BOOL more = Process32FirstW(snapshot.get(), &entry); more; more = Process32NextW(snapshot.get(), &entry))
         if (automation::equalWithoutCase(entry.szExeFile, name)) ids.push_back(entry.th32ProcessID);
-    CloseHandle(snapshot);
     return ids;
 }
 

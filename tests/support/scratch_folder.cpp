@@ -1,6 +1,7 @@
 #include "support/scratch_folder.h"
 
 #include "automation/error.h"
+#include "automation/owners.h"
 #include "automation/text.h"
 
 #include <windows.h>
@@ -9,23 +10,37 @@
 
 namespace support {
 
+using automation::Handle;
+using automation::orNone;
+
 namespace {
 
-void removeFolder(const std::wstring& folder)
+// What lies in a folder, itself and the one above it left out.
+std::vector<WIN32_FIND_DATAW> entriesOf(const std::wstring& folder)
 {
+    std::vector<WIN32_FIND_DATAW> found;
     WIN32_FIND_DATAW entry;
-    const HANDLE search = FindFirstFileW((folder + L"\\*").c_str(), &entry);
-    if (search == INVALID_HANDLE_VALUE) return;
+    const auto search = automation::orNone<automation::FileSearch>(FindFirstFileW((folder + L"\\*").c_str(), &entry));
+    if (!search) return found;
     do {
-        const std::wstring name = entry.cFileName;
-        if (name == L"." || name == L"..") continue;
-        const std::wstring path = folder + L"\\" + name;
+        const std::wstring_view name = entry.cFileName;
+        if (name != L"." && name != L"..") found.push_back(entry);
+    } while (FindNextFileW(search.get(), &entry));
+    return found;
+}
+
+void clearFolder(const std::wstring& folder)
+{
+    for (const WIN32_FIND_DATAW& entry : entriesOf(folder)) {
+        const std::wstring path = folder + L"\\" + entry.cFileName;
         SetFileAttributesW(path.c_str(), FILE_ATTRIBUTE_NORMAL);
-        if (entry.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) removeFolder(path);
-        else DeleteFileW(path.c_str());
-    } while (FindNextFileW(search, &entry));
-    FindClose(search);
-    RemoveDirectoryW(folder.c_str());
+        if (entry.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) {
+            clearFolder(path);
+            RemoveDirectoryW(path.c_str());
+        } else {
+            DeleteFileW(path.c_str());
+        }
+    }
 }
 
 [[noreturn]] void fail(const wchar_t* operation)
@@ -42,13 +57,28 @@ ScratchFolder::ScratchFolder()
     path_ = std::wstring(temporary) + L"hublink-test-" + std::to_wstring(GetCurrentProcessId());
     static int made = 0;
     path_ += L"-" + std::to_wstring(++made);
-    removeFolder(path_);
+    clear();
+    RemoveDirectoryW(path_.c_str());
     if (!CreateDirectoryW(path_.c_str(), nullptr)) fail(L"CreateDirectory");
 }
 
 ScratchFolder::~ScratchFolder()
 {
-    removeFolder(path_);
+    clear();
+    RemoveDirectoryW(path_.c_str());
+}
+
+std::vector<std::wstring> ScratchFolder::files() const
+{
+    std::vector<std::wstring> names;
+    for (const WIN32_FIND_DATAW& entry : entriesOf(path_)) names.emplace_back(entry.cFileName);
+    std::sort(names.begin(), names.end());
+    return names;
+}
+
+void ScratchFolder::clear() const
+{
+    clearFolder(path_);
 }
 
 std::wstring ScratchFolder::folder(std::wstring_view name) const
@@ -66,25 +96,24 @@ std::wstring ScratchFolder::write(std::wstring_view name, std::string_view conte
 
 void writeFile(const std::wstring& path, std::string_view content)
 {
-    const HANDLE file = CreateFileW(path.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, 0, nullptr);
-    if (file == INVALID_HANDLE_VALUE) fail(L"CreateFile");
+    const Handle file = orNone(CreateFileW(path.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, 0, nullptr));
+    if (!file) fail(L"CreateFile");
     DWORD written = 0;
-    const BOOL done = WriteFile(file, content.data(), static_cast<DWORD>(content.size()), &written, nullptr);
-    CloseHandle(file);
-    if (!done) fail(L"WriteFile");
+    if (!WriteFile(file.get(), content.data(), static_cast<DWORD>(content.size()), &written, nullptr) ||
+        written != content.size())
+        fail(L"WriteFile");
 }
 
 std::string readFile(const std::wstring& path)
 {
-    std::string content;
-    const HANDLE file = CreateFileW(path.c_str(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
-                                    nullptr, OPEN_EXISTING, 0, nullptr);
-    if (file == INVALID_HANDLE_VALUE) return content;
-    content.resize(GetFileSize(file, nullptr));
+    const Handle file =
+        orNone(CreateFileW(path.c_str(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
+                           OPEN_EXISTING, 0, nullptr));
+    if (!file) return "";
+    std::string content(GetFileSize(file.get(), nullptr), '\0');
     DWORD got = 0;
-    if (!ReadFile(file, content.data(), static_cast<DWORD>(content.size()), &got, nullptr)) got = 0;
+    if (!ReadFile(file.get(), content.data(), static_cast<DWORD>(content.size()), &got, nullptr)) got = 0;
     content.resize(got);
-    CloseHandle(file);
     return content;
 }
 

@@ -3,6 +3,7 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace support {
 
@@ -15,6 +16,9 @@ public:
 
     const std::wstring& path() const noexcept { return path_; }
     std::wstring file(std::wstring_view name) const { return path_ + L"\\" + std::wstring(name); }
+
+    std::vector<std::wstring> files() const; // the names of all that lies in it, sorted
+    void clear() const;
 
     // Makes a folder below it; returns its path.
     std::wstring folder(std::wstring_view name) const;

@@ -1,7 +1,6 @@
 #include "support/stand_in.h"
 
 #include "automation/error.h"
-#include "automation/server/registration.h"
 
 namespace support {
 
@@ -28,12 +27,6 @@ std::wstring arguments(StandIn::Window window, HWND frame)
 
 }
 
-std::wstring testProgramFolder()
-{
-    const std::wstring program = automation::server::programPath();
-    return program.substr(0, program.rfind(L'\\'));
-}
-
 bool StandIn::isThere(Window window, HWND frame) const
 {
     if (window == Window::none) return true;
@@ -46,29 +39,13 @@ bool StandIn::isThere(Window window, HWND frame) const
 StandIn::StandIn(const ScratchFolder& folder, const std::wstring& fileName, Window window, HWND frame)
 {
     const std::wstring program = folder.file(fileName);
-    CopyFileW((testProgramFolder() + L"\\idle_program.exe").c_str(), program.c_str(), FALSE);
-    std::wstring line = L"\"" + program + L"\"" + arguments(window, frame);
-    STARTUPINFOW start{};
-    start.cb = sizeof start;
-    PROCESS_INFORMATION process{};
-    if (!CreateProcessW(program.c_str(), line.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &start, &process))
-        throw automation::AutomationError(fileName, HRESULT_FROM_WIN32(GetLastError()));
-    CloseHandle(process.hThread);
-    process_ = process.hProcess;
-    processId_ = process.dwProcessId;
+    CopyFileW(besideTests(L"idle_program.exe").c_str(), program.c_str(), FALSE);
+    process_.emplace(L"\"" + program + L"\"" + arguments(window, frame));
+    processId_ = process_->id();
     for (int wait = 0; !isThere(window, frame); ++wait) {
         if (wait == 500) throw automation::AutomationError(L"the window of " + fileName, E_FAIL);
         Sleep(20);
     }
-}
-
-void StandIn::end()
-{
-    if (!process_) return;
-    TerminateProcess(process_, 0);
-    WaitForSingleObject(process_, INFINITE);
-    CloseHandle(process_);
-    process_ = nullptr;
 }
 
 }

@@ -1,10 +1,12 @@
 // A running program of a given name, that does nothing else.
 #pragma once
 
+#include "support/process.h"
 #include "support/scratch_folder.h"
 
 #include <windows.h>
 
+#include <optional>
 #include <string>
 
 namespace support {
@@ -18,23 +20,17 @@ public:
     // AutomationError.
     StandIn(const ScratchFolder& folder, const std::wstring& fileName, Window window = Window::none,
             HWND frame = nullptr);
-    ~StandIn() { end(); }
-    StandIn(const StandIn&) = delete;
-    StandIn& operator=(const StandIn&) = delete;
 
     DWORD processId() const noexcept { return processId_; }
 
-    // Ends it and waits until it has gone.
-    void end();
+    // Ends it and waits until it has gone, as its destructor does.
+    void end() { process_.reset(); }
 
 private:
     bool isThere(Window window, HWND frame) const;
 
-    HANDLE process_ = nullptr;
+    std::optional<Process> process_;
     DWORD processId_ = 0;
 };
-
-// The folder in which the test programs lie.
-std::wstring testProgramFolder();
 
 }

@@ -19,21 +19,9 @@ using automation::EventArguments;
 using automation::Object;
 using automation::Subscription;
 using support::Process;
+using support::soon;
 
 constexpr wchar_t progId[] = L"Pavex.Application";
-
-// Dispatches messages until `done` or the time is over; returns done().
-bool waitFor(const std::function<bool()>& done, DWORD milliseconds = 10'000)
-{
-    const DWORD start = GetTickCount();
-    for (;;) {
-        MSG message;
-        while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) DispatchMessageW(&message);
-        if (done()) return true;
-        if (GetTickCount() - start >= milliseconds) return false;
-        MsgWaitForMultipleObjects(0, nullptr, FALSE, 10, QS_ALLINPUT);
-    }
-}
 
 std::wstring tell(std::wstring_view request)
 {
@@ -59,7 +47,7 @@ protected:
         for (const std::wstring way : closedWays) EXPECT_EQ(tell(L"discovery " + way + L" off"), L"ok");
         const Subscription subscription = listen(history());
         EXPECT_EQ(tell(L"history add last=\"van der Berg\""), L"1.1");
-        EXPECT_TRUE(waitFor([this] { return !heard.empty(); }));
+        EXPECT_TRUE(soon([this] { return !heard.empty(); }));
         EXPECT_EQ(heard, std::vector<std::wstring>{L"van der Berg"});
     }
 
@@ -72,22 +60,14 @@ class Subscriber {
 public:
     explicit Subscriber(const std::wstring& delay)
         : subscribed_(CreateEventW(nullptr, TRUE, FALSE, L"desk-softphone-subscribed")),
-          process_(L"\"" + support::testProgramFolder() +
-                   L"\\desk_softphone_subscriber.exe\" desk-softphone-subscribed " + delay)
+          process_(support::command(L"desk_softphone_subscriber.exe") + L" desk-softphone-subscribed " + delay)
     {
-        EXPECT_TRUE(waitFor([this] { return WaitForSingleObject(subscribed_, 0) == WAIT_OBJECT_0; }));
+        EXPECT_TRUE(soon([this] { return WaitForSingleObject(subscribed_.get(), 0) == WAIT_OBJECT_0; }));
     }
-    ~Subscriber()
-    {
-        process_.kill();
-        CloseHandle(subscribed_);
-    }
-    Subscriber(const Subscriber&) = delete;
-    Subscriber& operator=(const Subscriber&) = delete;
     void kill() const { process_.kill(); }
 
 private:
-    const HANDLE subscribed_;
+    const automation::Handle subscribed_;
     const Process process_;
 };
 
@@ -121,7 +101,7 @@ TEST_F(SoftphoneProcess, Events_AreFoundByTheRegisteredLibraryAlone)
     EXPECT_THROW(Subscription(history(), L"", {}), AutomationError);
 }
 
-TEST_F(SoftphoneProcess, ClientsShareOneApplication)
+TEST_F(SoftphoneProcess, Clients_ShareOneApplication)
 {
     const Object first = application();
     const Object second = application();
@@ -142,7 +122,7 @@ TEST_F(SoftphoneProcess, Call_ReachesTheClientWithItsFields)
                                       }}});
     EXPECT_EQ(tell(L"subscribers"), L"Application 0\nLine 1\nHistory 0\nAddressBook 0");
     tell(L"call number=0123 last=\"\x00C9mile \\\"X\\\"\" incoming=true destination=99");
-    EXPECT_TRUE(waitFor([&] { return !call.empty(); }));
+    EXPECT_TRUE(soon([&] { return !call.empty(); }));
     EXPECT_EQ(call, L"0123|\x00C9mile \"X\"|in|99");
 }
 
@@ -181,7 +161,7 @@ TEST_F(SoftphoneProcess, DeadSubscriber_IsDropped)
     EXPECT_NE(tell(L"subscribers").find(L"Line 1"), std::wstring::npos);
     subscriber.kill();
     tell(L"call number=1");
-    EXPECT_TRUE(waitFor([] { return tell(L"pending") == L"0"; }));
+    EXPECT_TRUE(soon([] { return tell(L"pending") == L"0"; }));
     EXPECT_NE(tell(L"subscribers").find(L"Line 0"), std::wstring::npos);
     EXPECT_TRUE(tell(L"ping").starts_with(L"pavex "));
 }
@@ -194,14 +174,14 @@ TEST_F(SoftphoneProcess, SlowSubscriber_KeepsNeitherAnswersNorOtherClientsWaitin
     EXPECT_EQ(history().get(1).int32(), 1);
     EXPECT_EQ(tell(L"pending"), L"2");
     subscriber.kill();
-    EXPECT_TRUE(waitFor([] { return tell(L"pending") == L"0"; }));
+    EXPECT_TRUE(soon([] { return tell(L"pending") == L"0"; }));
 }
 
 TEST_F(SoftphoneProcess, HangingSubscriber_DoesNotHoldTheEndForEver)
 {
     const Subscriber subscriber(L"60000");
     EXPECT_EQ(tell(L"call number=1"), L"ok");
-    EXPECT_TRUE(waitFor([] { return tell(L"pending") == L"1"; }));
+    EXPECT_TRUE(soon([] { return tell(L"pending") == L"1"; }));
     EXPECT_EQ(tell(L"quit"), L"ok");
     EXPECT_EQ(softphone.process().exitCode(20'000), 1u);
     softphone.start();
