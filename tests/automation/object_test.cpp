@@ -12,7 +12,7 @@ using partners::Partner;
 using support::RawPartner;
 namespace server = automation::server;
 
-TEST(Object, NameLookedUp_OnceOnly_ForGetPutAndCall)
+TEST(Object, Name_IsLookedUpOnce_ForGetPutAndCall)
 {
     RawPartner partner({{L"Name", 1}});
     const Object object(&partner);

@@ -17,7 +17,7 @@ using support::RawPartner;
 namespace {
 
 // Keeps whether each reference to it was given back as part of a call.
-class Proxy final : public RawPartner {
+class CountedProxy final : public RawPartner {
 public:
     using RawPartner::RawPartner;
 
@@ -147,7 +147,7 @@ TEST(OutgoingCall, ServerThatIsAlwaysBusy_EndsWithAnOrdinaryError)
     object.get(L"Count"); // and the object is as good as before
 }
 
-TEST(OutgoingCall, InProgress_InsideACallAndANameLookUpOnly)
+TEST(OutgoingCall, InProgress_IsTrueInsideACallAndANameLookUpOnly)
 {
     RawPartner partner({{L"Look", 1}});
     int seen = 0;
@@ -178,7 +178,7 @@ TEST(OutgoingCall, InProgress_EndsWithAFailedCallToo)
     EXPECT_FALSE(OutgoingCall::inProgress());
 }
 
-TEST(OutgoingCall, InProgress_UntilTheOuterOfTwoNestedCallsReturns)
+TEST(OutgoingCall, InProgress_LastsUntilTheOuterOfTwoNestedCallsReturns)
 {
     RawPartner inner({{L"Look", 1}});
     RawPartner outer({{L"Look", 1}});
@@ -205,9 +205,9 @@ TEST(OutgoingCall, InProgress_ConcernsTheCallingThreadOnly)
 }
 
 // The last reference to an object of another process goes out, and messages come in meanwhile.
-TEST(OutgoingCall, InProgress_WhileAnObjectsReferenceIsGivenBack)
+TEST(OutgoingCall, InProgress_IsTrueWhileAnObjectsReferenceIsGivenBack)
 {
-    Proxy proxy;
+    CountedProxy proxy;
     {
         const Object temporary(&proxy);
     }
@@ -217,9 +217,9 @@ TEST(OutgoingCall, InProgress_WhileAnObjectsReferenceIsGivenBack)
     EXPECT_FALSE(OutgoingCall::inProgress());
 }
 
-TEST(OutgoingCall, InProgress_WhileAValueGivesItsObjectsBack)
+TEST(OutgoingCall, InProgress_IsTrueWhileAValueGivesItsObjectsBack)
 {
-    Proxy proxy;
+    CountedProxy proxy;
     {
         const automation::Value value{Object(&proxy)};
     }
@@ -236,9 +236,9 @@ TEST(OutgoingCall, InProgress_WhileAValueGivesItsObjectsBack)
     EXPECT_EQ(proxy.releases, (std::vector<bool>(5, true))) << "three values, and the objects that two came from";
 }
 
-TEST(OutgoingCall, InProgress_WhileAnInterfacePointerIsGivenBack)
+TEST(OutgoingCall, InProgress_IsTrueWhileAnInterfacePointerIsGivenBack)
 {
-    Proxy proxy;
+    CountedProxy proxy;
     automation::ComPtr<IDispatch> pointer(&proxy);
     pointer.reset();
     pointer.reset();

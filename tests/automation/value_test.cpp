@@ -108,7 +108,7 @@ TEST(Value, ByReference_PointsIntoItsTarget)
     EXPECT_EQ(number.int32(), 2);
 }
 
-TEST(Value, Text_OfEachType)
+TEST(Value, Text_IsMadeOfEveryType)
 {
     EXPECT_EQ(Value(std::wstring(L"a\0b", 3)).text(), std::wstring(L"a\0b", 3));
     EXPECT_EQ(Value(std::int16_t{-5}).text(), L"-5");
@@ -161,7 +161,7 @@ TEST(Value, Nothing_HasNoTextAndNoNumber)
     EXPECT_THROW(Value(Object()).int32(), AutomationError);
 }
 
-TEST(Value, Object_OfEachType)
+TEST(Value, Object_IsTakenFromEitherInterface_AndFromNothing)
 {
     RawPartner partner;
     EXPECT_EQ(Value(Object(&partner)).object().dispatch(), &partner);

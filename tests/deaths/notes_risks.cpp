@@ -27,9 +27,9 @@ bool isOfASearch(const PartnerCall& call)
 
 // Follows the document of a call, from its making on. It is open from the
 // moment when it is saved until something else is done in Notes.
-class OpenCalls {
+class OpenDocuments {
 public:
-    explicit OpenCalls(const Calls& calls) : calls_(calls)
+    explicit OpenDocuments(const Calls& calls) : calls_(calls)
     {
         for (const Call& call : deaths::calls())
             if (!call.isMirrored) waiting_.push_back(call.id);
@@ -66,9 +66,9 @@ private:
 
 // Follows which number is being looked for in the personal book, from the opening of
 // the book or of its view on until the document is known or missing.
-class LookUps {
+class NotesLookUps {
 public:
-    explicit LookUps(const Calls& calls) : calls_(calls) {}
+    explicit NotesLookUps(const Calls& calls) : calls_(calls) {}
 
     std::wstring at(std::size_t index, bool copiesACall)
     {
@@ -114,8 +114,8 @@ private:
 std::vector<Risk> NotesMirror::risks(const Calls& calls) const
 {
     std::vector<Risk> risks(calls.size());
-    OpenCalls openCalls(calls);
-    LookUps lookUps(calls);
+    OpenDocuments openCalls(calls);
+    NotesLookUps lookUps(calls);
     bool areCallsCopied = false; // an entry's contact is always asked for
     for (std::size_t index = 0; index < calls.size(); ++index) {
         openCalls.at(index, risks[index]);

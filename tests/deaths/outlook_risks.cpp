@@ -53,9 +53,9 @@ std::wstring soughtNumber(const std::wstring& filter)
 // Follows which number is being looked for: from the moment when the items are
 // fetched for a filter until the identifier of its contact is read, or new items are
 // fetched for an addition, or something else than contacts is called.
-class LookUps {
+class OutlookLookUps {
 public:
-    explicit LookUps(const Calls& calls) : calls_(calls) {}
+    explicit OutlookLookUps(const Calls& calls) : calls_(calls) {}
 
     void at(std::size_t index, Risk& risk)
     {
@@ -91,9 +91,9 @@ private:
 
 // Follows the journal item of a call, from its making on. It is open from the
 // moment when it is saved until something follows its identifier.
-class OpenCalls {
+class OpenJournalItems {
 public:
-    explicit OpenCalls(const Calls& calls) : calls_(calls)
+    explicit OpenJournalItems(const Calls& calls) : calls_(calls)
     {
         for (const Call& call : deaths::calls())
             if (!call.isMirrored) waiting_.push_back(call.id);
@@ -140,8 +140,8 @@ private:
 std::vector<Risk> OutlookMirror::risks(const Calls& calls) const
 {
     std::vector<Risk> risks(calls.size());
-    LookUps lookUps(calls);
-    OpenCalls openCalls(calls);
+    OutlookLookUps lookUps(calls);
+    OpenJournalItems openCalls(calls);
     for (std::size_t index = 0; index < calls.size(); ++index) {
         risks[index].inWalk = isWalk(calls[preparedBy(calls, index)]);
         openCalls.at(index, risks[index]);

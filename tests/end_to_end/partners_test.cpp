@@ -183,7 +183,7 @@ TEST_F(Partners, SoftphoneDiesWhileTheMapIsPurged_NoRecordIsUnmapped_AndNothingI
     EXPECT_EQ(phoneCalls(), 1u);
 }
 
-TEST_F(Partners, SynchronisationRunsOnceForEveryRecord)
+TEST_F(Partners, Synchronisation_CopiesEveryRecordOnce_AlsoAtTheNextStart)
 {
     start({}, "[user]\nFirstText=Anna\nSecondText=Keller\n"
               "[entry]\nId=1.1\nNumber=01 11\nLastName=Adler\nFirstName=Alice\n"

@@ -1,15 +1,12 @@
 // The arrows between the rooms: which #include lines are allowed.
 #pragma once
 
-#include <map>
+#include "source_files.h"
+
 #include <string>
 #include <vector>
 
 namespace layering {
-
-// Source files by path from the project's root ("src/shell/log.cpp"), with
-// their text.
-using Files = std::map<std::string, std::string>;
 
 // Everything that breaks the rules, in words; empty when nothing does.
 //  - A room includes only itself and the rooms further down.

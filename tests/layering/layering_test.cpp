@@ -2,12 +2,7 @@
 // they did not.
 #include "include_rules.h"
 
-#include "automation/text.h"
-#include "support/scratch_folder.h"
-
 #include <gtest/gtest.h>
-
-#include <windows.h>
 
 #include <algorithm>
 
@@ -17,32 +12,11 @@ using layering::Files;
 using layering::violations;
 using Found = std::vector<std::string>;
 
-bool isSource(const std::string& path)
-{
-    return path.ends_with(".h") || path.ends_with(".cpp") || path.ends_with(".rc");
-}
-
-void readFolder(const std::string& folder, Files& files)
-{
-    WIN32_FIND_DATAW entry;
-    const std::wstring pattern = support::projectFile(automation::wide(folder + "/*"));
-    const HANDLE search = FindFirstFileW(pattern.c_str(), &entry);
-    if (search == INVALID_HANDLE_VALUE) return;
-    do {
-        const std::string name = automation::ansi(entry.cFileName);
-        const std::string path = folder + "/" + name;
-        if (name == "." || name == "..") continue;
-        if (entry.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) readFolder(path, files);
-        else if (isSource(path)) files[path] = support::readFile(support::projectFile(automation::wide(path)));
-    } while (FindNextFileW(search, &entry));
-    FindClose(search);
-}
-
 Files projectSources()
 {
     Files files;
-    readFolder("src", files);
-    readFolder("desk", files);
+    layering::readFolder("src", files);
+    layering::readFolder("desk", files);
     return files;
 }
 

@@ -56,7 +56,7 @@ TEST_F(GroupCalendars, EveryCalendarThatListsThePerson_IsOpenedForReading)
     EXPECT_EQ(shown(), (Lines{sales, board}));
 }
 
-TEST_F(GroupCalendars, CallsOfNotes_InTheirOrder)
+TEST_F(GroupCalendars, CallsOfNotes_ComeInThisOrder)
 {
     open();
     calendar(L"a", L"Members=Marc Durand/Acme");
@@ -76,7 +76,7 @@ TEST_F(GroupCalendars, CallsOfNotes_InTheirOrder)
                      L"NotesUIWorkspace.EditDocument method (BOOL False, DISPATCH)"}));
 }
 
-TEST_F(GroupCalendars, FullNameIsComparedExactly)
+TEST_F(GroupCalendars, FullName_IsComparedExactly)
 {
     open();
     calendar(L"a", L"Members=claire petit/Acme\nMembers+=Claire Petit/Acme \nMembers+=Claire Petit");

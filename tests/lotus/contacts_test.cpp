@@ -72,7 +72,7 @@ TEST_F(LotusContacts, Shown_IsOpenedForEditing_AndLeftForTheUserToSave)
     EXPECT_EQ(contact(), Fields{});
 }
 
-TEST_F(LotusContacts, OnlyTheFirstPhoneItemIsWritten)
+TEST_F(LotusContacts, SeveralPhoneItems_OnlyTheFirstIsWritten)
 {
     ready();
     create();

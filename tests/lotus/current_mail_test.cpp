@@ -24,7 +24,7 @@ TEST_F(CurrentMail, WithoutANumber_GetsTheSenders_AndIsSavedAndShownAnew)
     EXPECT_EQ(trapped.errors, std::vector<std::string>{});
 }
 
-TEST_F(CurrentMail, CallsOfNotes_InTheirOrder)
+TEST_F(CurrentMail, CallsOfNotes_ComeInThisOrder)
 {
     front(mailFile, std::wstring(fromClaire) + L"Tel=0300");
     session.bAlwaysVerifyPhoneNumber = true;
@@ -75,7 +75,7 @@ TEST_F(CurrentMail, VerifiedNumberAgrees_IsTheResult_AndTheMailIsNotTouched)
     EXPECT_TRUE(nothingWasSaved());
 }
 
-TEST_F(CurrentMail, SendersAreNotLookedUp_WhenThatIsSwitchedOff)
+TEST_F(CurrentMail, LookUpSwitchedOff_MailWithoutANumber_GetsNone)
 {
     session.bCallInMail = false;
     front(mailFile, fromClaire);
@@ -86,7 +86,7 @@ TEST_F(CurrentMail, SendersAreNotLookedUp_WhenThatIsSwitchedOff)
     EXPECT_TRUE(nothingWasSaved());
 }
 
-TEST_F(CurrentMail, SendersAreNotLookedUp_TheNumberThereIsTheResult)
+TEST_F(CurrentMail, LookUpSwitchedOff_TheNumberThereIsTheResult)
 {
     session.bCallInMail = false;
     session.bAlwaysVerifyPhoneNumber = true;
@@ -123,7 +123,7 @@ TEST_F(CurrentMail, OpenForEditing_WithoutANumber_GetsNone)
     EXPECT_EQ(notes.ask(L"documents mail\\anna.nsf").find(L"@Unsaved"), std::wstring::npos);
 }
 
-TEST_F(CurrentMail, OnlyTheFirstSenderThatIsNotEmptyIsLookedUp)
+TEST_F(CurrentMail, SeveralSenders_OnlyTheFirstThatIsNotEmptyIsLookedUp)
 {
     front(mailFile, L"Form=Memo\nFrom=\nFrom+=claire@example.com\nFrom+=other@example.com");
     EXPECT_EQ(update(), L"0299");
@@ -151,7 +151,7 @@ TEST_F(CurrentMail, SenderOfTheSecondBook_IsFoundToo)
     EXPECT_EQ(saved(mailFile, L"Tel"), L"0500");
 }
 
-TEST_F(CurrentMail, SenderIsNotShown)
+TEST_F(CurrentMail, Sender_IsNotShown)
 {
     front(mailFile, fromClaire);
     update();
@@ -204,7 +204,7 @@ TEST_F(CurrentMail, ViewInFront_NoDocument_NothingHappens)
     EXPECT_EQ(trapped.errors, std::vector<std::string>{});
 }
 
-TEST_F(CurrentMail, MailFileIsRecognised_WhateverItsSpelling)
+TEST_F(CurrentMail, MailFile_IsRecognised_WhateverItsSpelling)
 {
     session.MailServer = L"mail1/ACME";
     session.MailFile = L"ANNA.nsf";

@@ -100,7 +100,7 @@ TEST_F(LotusSameDatabase, OtherServerOrFile_IsAnother)
     EXPECT_FALSE(IsSameDatabase(local, L"CN=Mail1/OU=Paris/O=Acme", L"names.nsf"));
 }
 
-TEST_F(LotusSameDatabase, MarkersGoFirstCN_ThenO_WhereverTheyStand)
+TEST_F(LotusSameDatabase, Markers_AreTakenOutWhereverTheyStand_FirstCNThenO)
 {
     notes.load(L"[database]\nServer=CN=COCN==Acme\nFile=names.nsf\n");
     local = database(L"CN=COCN==Acme", L"names.nsf");

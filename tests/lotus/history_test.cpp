@@ -86,7 +86,7 @@ Lines before(Lines lines, const Lines& more)
 
 }
 
-TEST_F(LotusHistory, CallWithoutANumber_CallsOfNotesInTheirOrder)
+TEST_F(LotusHistory, CallWithoutANumber_CallsOfNotesComeInThisOrder)
 {
     ready();
     const std::wstring noteId = create(call(L""));
@@ -166,7 +166,7 @@ TEST_F(LotusHistory, Party_IsNotShown)
     EXPECT_EQ(notes.ask(L"windows"), L"");
 }
 
-TEST_F(LotusHistory, ValuesKeepTheirTypes)
+TEST_F(LotusHistory, Values_KeepTheirTypes)
 {
     ready();
     create({{L"Number", L""},

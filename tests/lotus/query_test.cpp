@@ -70,7 +70,7 @@ TEST(LotusWantedFields, OfTwoWanted_OneFilledIsEnough)
     EXPECT_FALSE(enough({L"", L"", L"x", L"x", L"x"}, L"LastName,FirstName"));
 }
 
-TEST(LotusWantedFields, AllButOneMayBeMissing)
+TEST(LotusWantedFields, SeveralWanted_AllButOneMayBeMissing)
 {
     const wchar_t* const all = L"LastName,FirstName,InternetAddress,FullName";
     EXPECT_TRUE(enough({L"", L"", L"", L"mail", L""}, all));
@@ -86,7 +86,7 @@ TEST(LotusWantedFields, NamesThatAreNoFields_CountAsPresent)
     EXPECT_FALSE(enough(nobody, L"MyLastNameHere")) << "the word anywhere is enough";
 }
 
-TEST_F(LotusItems, FirstNonEmptyValue_InTheOrderOfNamesThenOfValues)
+TEST_F(LotusItems, FirstNonEmptyValue_IsFirstInTheOrderOfNamesThenOfValues)
 {
     const automation::Object found = document(L"A=\nA+=\nB=\nB+=second\nB+=third\nC=other\n");
     EXPECT_EQ(FirstNonEmptyItemValue(found, {L"A", L"B", L"C"}), L"second");

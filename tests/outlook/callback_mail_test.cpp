@@ -16,7 +16,7 @@ TEST(FillTemplate, AllPlaceholders_AreReplaced)
               L"Call Marc Durand back at 0123");
 }
 
-TEST(FillTemplate, EveryOccurrence_CaseSensitive)
+TEST(FillTemplate, EveryOccurrence_IsReplaced_CaseSensitively)
 {
     EXPECT_EQ(FillTemplate(L"<LastName><LastName> <lastname> <PhoneNumber>", {L"1", L"D", L"M"}), L"DD <lastname> 1");
 }

@@ -28,7 +28,7 @@ protected:
 
 }
 
-TEST(BuildPhoneFilter, ThirteenClausesInOrder_ToTheBlank)
+TEST(BuildPhoneFilter, Number_GivesThirteenClausesInOrder_ToTheBlank)
 {
     EXPECT_EQ(
         BuildPhoneFilter(L"012"),

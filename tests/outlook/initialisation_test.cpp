@@ -259,7 +259,7 @@ TEST_F(OutlookInitialisation, FailureCounterOverflow_EndsTheHandlerOnly)
     EXPECT_EQ(host.stops, 0);
 }
 
-TEST_F(OutlookInitialisation, ANonNumericLanguage_DoesNotKeepTheSessionClosed)
+TEST_F(OutlookInitialisation, NonNumericLanguage_DoesNotKeepTheSessionClosed)
 {
     write("language=abc\r\n");
     session.OutlookApp = application();

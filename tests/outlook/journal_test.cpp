@@ -96,7 +96,7 @@ TEST_F(LogItem, AtMidnight_TheTimeIsLeftOut_AsTheUsersLocaleHasIt)
     EXPECT_EQ(field(L"journal", 0, L"Body"), L"3/15/2023 line");
 }
 
-TEST_F(LogItem, FailureLosesThatLineOnly)
+TEST_F(LogItem, Failure_LosesThatLineOnly)
 {
     open();
     LogToOutlookJournal(session, L"first");
@@ -299,7 +299,7 @@ TEST_F(Journal, AddRecipient_TwoEmptyNames_AddsASingleBlank)
     EXPECT_TRUE(added);
 }
 
-TEST_F(Journal, AddRecipient_FirstNameThenLastName)
+TEST_F(Journal, AddRecipient_AddsFirstNameThenLastName_AndNothingToNoItem)
 {
     open();
     const automation::Object item = session.OutlookApp.get(L"CreateItem", {std::int16_t{4}}).object();

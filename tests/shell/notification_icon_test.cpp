@@ -18,7 +18,7 @@ protected:
 
 }
 
-TEST_F(Icon, IsShownFromTheStart)
+TEST_F(Icon, Icon_IsShownFromTheStart)
 {
     load();
     EXPECT_TRUE(iconIsShown());

@@ -118,12 +118,12 @@ void FailingPartner::sweepOutlook(const std::wstring& fault)
 
 }
 
-TEST_F(FailingPartner, OutlookFailsAtEveryCallInTurn)
+TEST_F(FailingPartner, OutlookFailsAtEveryCallInTurn_TheCallerIsShown_AndTheNextCallServed)
 {
     sweepOutlook(L"fail 0x80004005");
 }
 
-TEST_F(FailingPartner, OutlookRaisesAnExceptionAtEveryCallInTurn)
+TEST_F(FailingPartner, OutlookRaisesAnExceptionAtEveryCallInTurn_TheCallerIsShown_AndTheNextCallServed)
 {
     sweepOutlook(L"raise 0x80004004 Microsoft Outlook|refused");
 }

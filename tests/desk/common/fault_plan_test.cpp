@@ -40,7 +40,7 @@ TEST(FaultPlan, NthCall_CountsLookUpsToo)
     EXPECT_EQ(nextSave(plan), Action::none) << "used up";
 }
 
-TEST(FaultPlan, BusyTimes_InARowFromTheNthCall)
+TEST(FaultPlan, BusyTimes_FollowOneAnotherFromTheNthCall)
 {
     FaultPlan plan;
     plan.add(L"at 2 busy 2");
@@ -62,7 +62,7 @@ TEST(FaultPlan, FromTheNthCall_HappensAtItAndAtAllAfterIt_OfThatMemberAlone)
     EXPECT_EQ(nextSave(plan), Action::none);
 }
 
-TEST(FaultPlan, OnMember_EveryCallButNotItsLookUp)
+TEST(FaultPlan, OnMember_MeetsEveryCall_ButNotItsLookUp)
 {
     FaultPlan plan;
     plan.add(L"on contactitem.save busy");
@@ -86,7 +86,7 @@ TEST(FaultPlan, OnMemberOfOneKind_OthersPass)
     EXPECT_EQ(fault.description, L"It is, broken");
 }
 
-TEST(FaultPlan, OnMemberBusyTimes_OnlyThatOften)
+TEST(FaultPlan, OnMemberBusyTimes_IsBusyOnlyThatOften)
 {
     FaultPlan plan;
     plan.add(L"on Save busy 2");
@@ -95,7 +95,7 @@ TEST(FaultPlan, OnMemberBusyTimes_OnlyThatOften)
     EXPECT_EQ(nextSave(plan), Action::none);
 }
 
-TEST(FaultPlan, Deaths_BeforeOrAfterTheCall)
+TEST(FaultPlan, Death_ComesBeforeTheCall_AfterIt_OrInItsPlace)
 {
     FaultPlan plan;
     plan.add(L"at 1 die");
@@ -115,7 +115,7 @@ TEST(FaultPlan, Deaths_BeforeOrAfterTheCall)
     EXPECT_TRUE(third.instead);
 }
 
-TEST(FaultPlan, Hang_ForSomeTimeOrForEver)
+TEST(FaultPlan, Hang_LastsItsTime_OrForEver)
 {
     FaultPlan plan;
     plan.add(L"at 1 hang 400");
@@ -126,7 +126,7 @@ TEST(FaultPlan, Hang_ForSomeTimeOrForEver)
     EXPECT_EQ(second.milliseconds, INFINITE);
 }
 
-TEST(FaultPlan, Answer_OfEachKind)
+TEST(FaultPlan, Answer_HasItsTypeAndValue)
 {
     const std::pair<const wchar_t*, VARTYPE> answers[] = {
         {L"Nothing", VT_DISPATCH},       {L"EMPTY", VT_EMPTY}, {L"NULL", VT_NULL},

@@ -56,7 +56,7 @@ TEST(StoreText, Mistakes_AreRefusedWithTheirLine)
     EXPECT_EQ(refusal(L"[a]\nx=\\t\n"), "line 2: a backslash stands before none of \\ n r 0");
 }
 
-TEST(StoreFile, WrittenAgain_ReplacesAndReadsBack)
+TEST(StoreFile, WrittenAgain_HoldsTheNewRecordsOnly)
 {
     const std::wstring path = temporaryFile();
     EXPECT_TRUE(desk::readStore(path).empty()) << "no file is an empty store";

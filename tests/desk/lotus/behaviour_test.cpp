@@ -88,7 +88,7 @@ TEST_F(NotesBehaviour, PathOfALocalDatabase_IsCompleteBelowTheDataFolder_WhileIt
     EXPECT_EQ(local().get(L"FilePath").text(), L"local.nsf");
 }
 
-TEST_F(NotesBehaviour, Store_KeepsThem)
+TEST_F(NotesBehaviour, Settings_AreKeptInTheStore)
 {
     for (const wchar_t* request :
          {L"arrays typed", L"server-name off", L"data-folder C:\\Data", L"missing text", L"identifiers own"})

@@ -168,7 +168,7 @@ TEST(NotesProgram, DisplayedDocument_HasAWindowWithItsItemsAndMode_UntilItIsClos
     EXPECT_EQ(currentName(), L"Nothing");
 }
 
-TEST(NotesProgram, UserEditsSavesAndClosesWithTheButtons)
+TEST(NotesProgram, Buttons_EditSaveAndCloseTheDocument)
 {
     const RunningNotes notes(book);
     const Object marc = person(L"Marc Durand");

@@ -249,7 +249,7 @@ TEST_F(NotesWorkspace, TypedText_BecomesANumberWhenItIsSaved)
     window.call(L"Save");
 }
 
-TEST_F(NotesWorkspace, ClosingLosesWhatIsNotSaved_UnlessSaveOptionsSaySo)
+TEST_F(NotesWorkspace, Closing_LosesWhatIsNotSaved_UnlessSaveOptionsSaySo)
 {
     const Object window = compose();
     window.call(L"FieldSetText", {L"LastName", L"New"});

@@ -33,7 +33,7 @@ TEST_F(OutlookItem, EntryId_IsEmptyUntilTheFirstSave_AndThenStays)
     EXPECT_EQ(failureOf([&] { contact.put(L"EntryID", L"x"); }).code(), DISP_E_MEMBERNOTFOUND);
 }
 
-TEST_F(OutlookItem, CloseModes_ZeroSavesOthersDiscard)
+TEST_F(OutlookItem, Close_SavesWithZero_AndElseDiscards)
 {
     const Object kept = newContact();
     kept.put(L"FullName", L"Kept");
@@ -122,7 +122,7 @@ TEST_F(OutlookItem, JournalTimes_DependOnOneAnother)
     EXPECT_EQ(failureOf([&] { entry.put(L"Start", L"no date"); }).code(), DISP_E_TYPEMISMATCH);
 }
 
-TEST_F(OutlookItem, Recipients_AddReturnsTheRecipient)
+TEST_F(OutlookItem, RecipientsAdd_ReturnsTheRecipient)
 {
     outlook.load(L"[contact]\nFullName=Marc Durand\nEmail1Address=marc@pavex.example\n");
     const Object entry = newEntry();

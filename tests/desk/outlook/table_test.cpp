@@ -6,7 +6,7 @@ namespace {
 using automation::Object;
 using automation::Value;
 
-class OutlookTable : public MailboxFixture {
+class TableObject : public MailboxFixture {
 protected:
     OutlookTable()
     {
@@ -45,7 +45,7 @@ protected:
 
 }
 
-TEST_F(OutlookTable, DefaultColumns_AreThoseOfAContactsFolder)
+TEST_F(TableObject, DefaultColumns_AreThoseOfAContactsFolder)
 {
     const Object columns = table().get(L"Columns").object();
     std::wstring names;
@@ -54,7 +54,7 @@ TEST_F(OutlookTable, DefaultColumns_AreThoseOfAContactsFolder)
     EXPECT_EQ(names, L"EntryID Subject CreationTime LastModificationTime MessageClass FirstName LastName CompanyName ");
 }
 
-TEST_F(OutlookTable, Array_IsByColumnThenRow_AndMovesOn)
+TEST_F(TableObject, Array_IsByColumnThenRow_AndMovesOn)
 {
     const Object made = tableOf({L"FullName", L"MobileTelephoneNumber"});
     EXPECT_EQ(made.get(L"GetRowCount").int32(), 3);
@@ -74,7 +74,7 @@ TEST_F(OutlookTable, Array_IsByColumnThenRow_AndMovesOn)
     EXPECT_EQ(cell(made.get(L"GetArray", {std::int32_t{1}}), 0, 0).text(), L"Ann Abel");
 }
 
-TEST_F(OutlookTable, ArrayWithTheRowsFirst_HoldsTheSame)
+TEST_F(TableObject, ArrayWithTheRowsFirst_HoldsTheSame)
 {
     outlook.ask(L"arrayshape rows");
     const Value array = tableOf({L"FullName", L"FileAs"}).get(L"GetArray", {std::int32_t{3}});
@@ -84,7 +84,7 @@ TEST_F(OutlookTable, ArrayWithTheRowsFirst_HoldsTheSame)
     EXPECT_EQ(automation::elementsOf(array)[3].text(), L"Abel, Ann");
 }
 
-TEST_F(OutlookTable, AddedColumn_ResetsTheTable)
+TEST_F(TableObject, AddedColumn_ResetsTheTable)
 {
     const Object made = tableOf({L"FullName"});
     made.get(L"GetArray", {std::int32_t{2}});
@@ -92,7 +92,7 @@ TEST_F(OutlookTable, AddedColumn_ResetsTheTable)
     EXPECT_EQ(cell(made.get(L"GetArray", {std::int32_t{1}}), 1, 0).text(), L"1");
 }
 
-TEST_F(OutlookTable, UnknownAndComputedColumns_AreRefused)
+TEST_F(TableObject, UnknownAndComputedColumns_AreRefused)
 {
     const Object columns = table().get(L"Columns").object();
     EXPECT_EQ(failureOf([&] { columns.call(L"Add", {L"ShoeSize"}); }).description(),
@@ -102,7 +102,7 @@ TEST_F(OutlookTable, UnknownAndComputedColumns_AreRefused)
     EXPECT_EQ(columns.get(L"Count").int32(), 8);
 }
 
-TEST_F(OutlookTable, LongText_IsCutAt255)
+TEST_F(TableObject, LongText_IsCutAt255)
 {
     outlook.load(L"[contact]\nFullName=Ann Abel\nBody=" + std::wstring(300, L'x') + L"\n");
     EXPECT_EQ(cell(tableOf({L"Body"}).get(L"GetArray", {std::int32_t{1}}), 0, 0).text(), std::wstring(255, L'x'));
@@ -111,7 +111,7 @@ TEST_F(OutlookTable, LongText_IsCutAt255)
     EXPECT_EQ(cell(tableOf({L"Body"}).get(L"GetArray", {std::int32_t{1}}), 0, 0).text(), std::wstring(127, L'x'));
 }
 
-TEST_F(OutlookTable, MoreRowsThanThereAre_AreAnErrorInVersion2007Only)
+TEST_F(TableObject, MoreRowsThanThereAre_AreAnErrorInVersion2007Only)
 {
     EXPECT_EQ(length(tableOf({L"FullName"}).get(L"GetArray", {std::int32_t{100}}), 2), 3);
     outlook.ask(L"version 2007");
@@ -121,7 +121,7 @@ TEST_F(OutlookTable, MoreRowsThanThereAre_AreAnErrorInVersion2007Only)
     EXPECT_EQ(length(tableOf({L"FullName"}).get(L"GetArray", {std::int32_t{3}}), 2), 3);
 }
 
-TEST_F(OutlookTable, OldOutlook_DoesNotKnowGetTable)
+TEST_F(TableObject, OldOutlook_DoesNotKnowGetTable)
 {
     outlook.ask(L"old on");
     EXPECT_EQ(failureOf([&] { table(); }).code(), DISP_E_UNKNOWNNAME);
@@ -130,7 +130,7 @@ TEST_F(OutlookTable, OldOutlook_DoesNotKnowGetTable)
     EXPECT_EQ(table().get(L"GetRowCount").int32(), 3);
 }
 
-TEST_F(OutlookTable, Rows_ComeOneByOne)
+TEST_F(TableObject, Rows_ComeOneByOne)
 {
     const Object made = table();
     const Object row = made.get(L"GetNextRow").object();
@@ -141,14 +141,14 @@ TEST_F(OutlookTable, Rows_ComeOneByOne)
     EXPECT_FALSE(made.get(L"GetNextRow").object());
 }
 
-TEST_F(OutlookTable, Filter_LimitsTheRows)
+TEST_F(TableObject, Filter_LimitsTheRows)
 {
     const Object made = folder(olContacts).get(L"GetTable", {L"[MobileTelephoneNumber] = '1'"}).object();
     EXPECT_EQ(made.get(L"GetRowCount").int32(), 1);
     EXPECT_EQ(table().get(L"Restrict", {L"[FullName] <> 'x'"}).object().get(L"GetRowCount").int32(), 3);
 }
 
-TEST_F(OutlookTable, TenThousandContacts_ComeInOneArray)
+TEST_F(TableObject, TenThousandContacts_ComeInOneArray)
 {
     std::wstring store;
     for (int number = 0; number < 10'000; ++number)
@@ -159,7 +159,7 @@ TEST_F(OutlookTable, TenThousandContacts_ComeInOneArray)
     EXPECT_EQ(cell(all, 0, 9999).text(), L"P 9999");
 }
 
-TEST_F(OutlookTable, MissingCells_AreEmptyOrNullOrAnError)
+TEST_F(TableObject, MissingCells_AreEmptyOrNullOrAnError)
 {
     const auto missing = [&] {
         return cell(tableOf({L"MobileTelephoneNumber"}).get(L"GetArray", {std::int32_t{3}}), 0, 1);
@@ -172,7 +172,7 @@ TEST_F(OutlookTable, MissingCells_AreEmptyOrNullOrAnError)
     EXPECT_EQ(V_ERROR(&missing().variant()), static_cast<SCODE>(0x8004010FL));
 }
 
-TEST_F(OutlookTable, WhatComesAndGoesWhileItIsRead_IsSeen)
+TEST_F(TableObject, WhatComesAndGoesWhileItIsRead_IsSeen)
 {
     const Object made = tableOf({L"FullName"});
     outlook.ask(L"later 1 add contact\nFullName=Eve Ebel\n");
@@ -188,7 +188,7 @@ TEST_F(OutlookTable, WhatComesAndGoesWhileItIsRead_IsSeen)
     EXPECT_EQ(cell(made.get(L"GetArray", {std::int32_t{1}}), 0, 0).text(), L"Cy Cole") << "the place is kept";
 }
 
-TEST_F(OutlookTable, RowsInReverse_WhatComesStandsBeforeThePlace)
+TEST_F(TableObject, RowsInReverse_WhatComesStandsBeforeThePlace)
 {
     outlook.ask(L"roworder reversed");
     const Object made = tableOf({L"FullName"});

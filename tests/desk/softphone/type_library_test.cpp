@@ -70,7 +70,7 @@ TEST(SoftphoneTypeLibrary, Library_CarriesItsIdentifier)
     containing->ReleaseTLibAttr(attributes);
 }
 
-TEST(SoftphoneTypeLibrary, Events_HaveOddIdentifiersApart)
+TEST(SoftphoneTypeLibrary, Events_AreFoundInTheirInterfaces_UnderTheirIdentifiers)
 {
     EXPECT_EQ(membersOf(applicationEventsId), (Members{{L"OnQuit", PAVEX_ON_QUIT}}));
     EXPECT_EQ(membersOf(lineEventsId), (Members{{L"OnLineNewCall", PAVEX_ON_LINE_NEW_CALL}}));
