@@ -45,7 +45,7 @@ protected:
         return result;
     }
 
-    const TemporaryFolder folder;
+    const ScratchFolder folder;
     const std::wstring path = folder.file(L"map");
     const Records filled{{{L"5.7", 0}, record(L"5.7", L"entry", 0, 1)}, {{L"5.8", 1}, record(L"5.8", L"new", 1, 0)}};
 };
