@@ -1,0 +1,132 @@
+"""What the user's guide says is what the program does, in both languages."""
+import configparser
+import re
+import unittest
+
+import guide_pages
+import source_texts
+from guide_pages import GUIDE, LANGUAGES, UNTRIED
+from source_texts import ROOT
+
+GUIDES = {language: guide_pages.pages(language) for language in LANGUAGES}
+
+
+def all_pages():
+    for language, pages in GUIDES.items():
+        for name, page in pages.items():
+            yield language, name, page
+
+
+def explained_lines(page):
+    """What the first cells of the tables of log lines quote."""
+    for table in page.tables:
+        if len(table[0]) == 4:
+            for row in table[1:]:
+                yield re.fullmatch("`(.+)`", row[0])[1]
+
+
+def parts_of(line, texts):
+    """The texts of the program that a line of the guide is put together from; values are in angle brackets."""
+    for piece in re.split("<[^>]*>", line):
+        rest = piece.strip()
+        while rest:
+            known = [text for text in texts if rest.startswith(text)]
+            if not known:
+                raise AssertionError(f"the program never writes {rest!r}, of {line!r}")
+            longest = max(known, key=len)
+            yield longest
+            rest = rest[len(longest):].strip()
+
+
+class Guide(unittest.TestCase):
+    def test_every_ini_key_is_explained_with_its_default_and_no_other(self):
+        keys = source_texts.ini_keys()
+        self.assertGreater(len(keys), 50)
+        for language in LANGUAGES:
+            told = {(section, key): cell for section, key, cell in GUIDES[language]["settings.md"].keys_by_section()}
+            self.assertEqual(sorted(told), sorted(keys), language)
+            for key, default in keys.items():
+                quoted = set(re.findall("`([^`]+)`", told[key]))
+                self.assertEqual(quoted - {"false"}, {default} - {"", "false"}, (language, key))
+
+    def test_every_ini_key_is_named_for_maintainers(self):
+        named = set(re.findall(r"`(\w+)`", (ROOT / "docs/settings.md").read_text(encoding="utf-8")))
+        self.assertEqual({key for _, key in source_texts.ini_keys()} - named, set())
+
+    def test_every_key_of_the_installed_file_is_explained(self):
+        file = configparser.RawConfigParser(delimiters="=", comment_prefixes=";", strict=True)
+        file.optionxform = str
+        file.read(ROOT / "packaging/pavexconnector.ini", encoding="utf-8")
+        installed = {(section, key) for section in file.sections() for key in file[section]}
+        self.assertEqual(installed - set(source_texts.ini_keys()), set())
+
+    def test_settings_that_the_text_quotes_exist(self):
+        keys = {key for _, key in source_texts.ini_keys()}
+        for language, name, page in all_pages():
+            if name != "log.md":
+                for key in re.findall(r"`(\w+)=[^`\s]*`", page.text):
+                    self.assertIn(key, keys, (language, name))
+
+    def test_every_line_of_the_log_is_explained_and_no_other(self):
+        texts = source_texts.log_texts()
+        self.assertGreater(len(texts), 40)
+        for language in LANGUAGES:
+            lines = list(explained_lines(GUIDES[language]["log.md"]))
+            told = {part for line in lines for part in parts_of(line, texts)}
+            self.assertEqual(texts - told, set(), language)
+            self.assertEqual(len(lines), len(set(lines)), language)
+
+    def test_languages_have_the_same_pages_headings_tables_code_and_pictures(self):
+        english, french = (GUIDES[language] for language in LANGUAGES)
+        self.assertEqual(list(english), list(french))
+        self.assertIn("README.md", english)
+        for name, page in english.items():
+            other = french[name]
+            self.assertEqual(*([heading.count("#") for heading in each.headings] for each in (page, other)), name)
+            self.assertEqual(*([(len(rows), len(rows[0])) for rows in each.tables] for each in (page, other)), name)
+            self.assertEqual(*([line for line, _ in each.quoted_lines] for each in (page, other)), name)
+            self.assertEqual(page.pictures, other.pictures, name)
+            self.assertEqual(page.text.lower().count(UNTRIED["en"]), other.text.lower().count(UNTRIED["fr"]), name)
+
+    def test_rows_are_whole(self):
+        for language, name, page in all_pages():
+            for table in page.tables:
+                for row in table:
+                    self.assertEqual(len(row), len(table[0]), (language, name, row))
+                    self.assertTrue(all(row), (language, name, row))
+
+    def test_index_leads_to_every_page(self):
+        for language, pages in GUIDES.items():
+            self.assertEqual(set(pages) - {"README.md"} - set(pages["README.md"].links), set(), language)
+
+    def test_pictures_are_small_made_by_the_script_and_all_in_use(self):
+        script = (ROOT / "scripts/guide-pictures.sh").read_text(encoding="utf-8")
+        used = {(page.path.parent / picture).resolve() for _, _, page in all_pages() for picture in page.pictures}
+        self.assertEqual(used, set((GUIDE / "pictures").iterdir()))
+        for picture in used:
+            self.assertEqual(picture.read_bytes()[:8], b"\x89PNG\r\n\x1a\n", picture)
+            self.assertLess(picture.stat().st_size, 40_000, picture)
+            self.assertRegex(script, rf"(?m)^cut \S+ {picture.stem} ")
+
+    def test_programs_that_are_said_to_open_no_connection_have_no_means_to(self):
+        for path in sorted((ROOT / "src").rglob("*")):
+            if path.is_file() and path.suffix in (".cpp", ".h", ".txt"):
+                self.assertNotRegex(path.read_text(encoding="utf-8").lower(),
+                                    r"\b(winsock2?|ws2_32|wininet|winhttp|urlmon|mswsock)\b", path)
+
+    def test_pages_read_well_in_plain_text(self):
+        for language, name, page in all_pages():
+            for line in page.lines:
+                self.assertNotRegex(line, r"<(br|img|p|a|b|i|table|sup|sub|div|details)\b", (language, name))
+                self.assertTrue(line.startswith("|") or len(line) <= 110, (language, name, line))
+
+    def test_french_signs_stand_behind_a_space_that_does_not_break(self):
+        for name, page in GUIDES["fr"].items():
+            for line in page.lines:
+                if not line.startswith("    "):
+                    text = re.sub("`[^`]*`", "", line)
+                    self.assertNotRegex(text, r" [:;?»]|« | !(?!\[)", name)
+
+
+if __name__ == "__main__":
+    unittest.main()
