@@ -3,11 +3,14 @@
 -- The programs' versions. Without them Windows Installer would never replace a file that has one.
 UPDATE `File` SET `Version` = '@VERSION@.0', `Language` = '1033' WHERE `File` = 'hublink.exe'
 UPDATE `File` SET `Version` = '@VERSION@.0', `Language` = '1033' WHERE `File` = 'PavexConvId.exe'
+UPDATE `File` SET `Version` = '@VERSION@.0', `Language` = '1033' WHERE `File` = 'HublinkCheck.exe'
 DELETE FROM `MsiFileHash` WHERE `File_` = 'hublink.exe'
 DELETE FROM `MsiFileHash` WHERE `File_` = 'PavexConvId.exe'
+DELETE FROM `MsiFileHash` WHERE `File_` = 'HublinkCheck.exe'
 
 -- Short names for those that are longer than 8.3.
 UPDATE `File` SET `FileName` = 'PAVEXC~1.EXE|PavexConvId.exe' WHERE `File` = 'PavexConvId.exe'
+UPDATE `File` SET `FileName` = 'HUBLIN~1.EXE|HublinkCheck.exe' WHERE `File` = 'HublinkCheck.exe'
 UPDATE `File` SET `FileName` = 'PAVEXC~1.INI|pavexconnector.ini' WHERE `File` = 'pavexconnector.ini'
 UPDATE `Directory` SET `DefaultDir` = 'DICTIO~1|dictionary' WHERE `Directory` = 'DictionaryFolder'
 

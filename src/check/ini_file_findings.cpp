@@ -1,0 +1,195 @@
+#include "check/ini_file_findings.h"
+
+#include "automation/owners.h"
+#include "automation/text.h"
+#include "check/ini_keys.h"
+#include "check/likeness.h"
+#include "check/registry_view.h"
+
+#include <cwchar>
+
+namespace hublink::check {
+
+namespace {
+
+using automation::equalWithoutCase;
+using automation::wide;
+
+// Whether bytes that the file is opened with can be read at all; `bytes` gets them.
+DWORD readBytes(const std::wstring& file, std::string& bytes)
+{
+    const automation::Handle handle = automation::orNone(
+        CreateFileW(file.c_str(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
+                    OPEN_EXISTING, FILE_FLAG_SEQUENTIAL_SCAN, nullptr));
+    LARGE_INTEGER size;
+    if (!handle || !GetFileSizeEx(handle.get(), &size)) return GetLastError();
+    if (size.QuadPart > static_cast<LONGLONG>(largestIni)) return ERROR_FILE_TOO_LARGE;
+    bytes.resize(static_cast<std::size_t>(size.QuadPart));
+    DWORD count = 0;
+    if (!ReadFile(handle.get(), bytes.data(), static_cast<DWORD>(bytes.size()), &count, nullptr)) return GetLastError();
+    bytes.resize(count);
+    return ERROR_SUCCESS;
+}
+
+Finding missing(const IniPlace& place, const IniTexts& texts)
+{
+    if (!isFolder(place.connectorFolder)) return problem(texts.noFolder, path(place.connectorFolder));
+    if (!place.defaultFile.empty()) return note(texts.toBeInstalled, path(place.file));
+    return problem(texts.missing, path(place.file));
+}
+
+bool isMissing(DWORD code)
+{
+    return code == ERROR_FILE_NOT_FOUND || code == ERROR_PATH_NOT_FOUND;
+}
+
+Finding unreadable(const IniPlace& place, DWORD code, const IniTexts& texts)
+{
+    if (isMissing(code)) return missing(place, texts);
+    if (code == ERROR_FILE_TOO_LARGE) return problem(texts.tooLarge, path(place.file));
+    return problem(texts.unreadable, path(place.file), std::size_t{code});
+}
+
+// What the program makes of the path before it looks for a file.
+bool isUsable(const IniPlace& place, const IniTexts& texts, Findings& findings)
+{
+    if (place.connectorFolder.empty()) findings.push_back(problem(texts.noSoftphone));
+    else if (wide(automation::ansi(place.file)) != place.file)
+        findings.push_back(problem(texts.beyondCodePage, path(place.file)));
+    else if (isFolder(place.file)) findings.push_back(problem(texts.isFolder, path(place.file)));
+    else return true;
+    return false;
+}
+
+void judgeEncoding(const IniDocument& document, const IniTexts& texts, Findings& findings)
+{
+    switch (document.encoding) {
+    case Encoding::ansi: findings.push_back(ok(texts.ansi)); break;
+    case Encoding::utf8: findings.push_back(ok(texts.utf8)); break;
+    case Encoding::utf8WithMark: findings.push_back(problem(texts.utf8Mark)); break;
+    case Encoding::utf16: findings.push_back(ok(texts.utf16)); break;
+    case Encoding::utf16Reversed: findings.push_back(problem(texts.utf16Reversed)); break;
+    case Encoding::noText: findings.push_back(problem(texts.notText)); break;
+    }
+    if (document.losesCharacters) findings.push_back(problem(texts.lostCharacters));
+}
+
+constexpr std::size_t longestValue = 1023; // as IniFile reads it
+
+// Of a binary file there would be thousands.
+constexpr std::size_t mostOfAKind = 20;
+
+void judgeStrayLines(const IniDocument& document, const IniTexts& texts, Findings& findings)
+{
+    for (std::size_t k = 0; k < document.strayLines.size() && k < mostOfAKind; ++k)
+        findings.push_back(note(texts.strayLine, document.strayLines[k]));
+}
+
+// A name that the program knows is nobody's; any other may be.
+Words nameWords(const std::wstring& name, bool known)
+{
+    return known ? Words(name) : personal(name);
+}
+
+const IniLine* firstOfName(const std::vector<IniLine>& lines, const IniLine& line)
+{
+    for (const IniLine& each : lines)
+        if (equalWithoutCase(each.name, line.name)) return each.line == line.line ? nullptr : &each;
+    return nullptr;
+}
+
+bool holds(std::span<const IniKey> keys, const std::wstring& name)
+{
+    for (const IniKey& key : keys)
+        if (equalWithoutCase(name, wide(key.name))) return true;
+    return false;
+}
+
+// The section that a key belongs to, "" for one that no section has.
+std::wstring homeOf(const std::wstring& key)
+{
+    for (const IniKeys& section : iniSections())
+        if (holds(section.keys, key)) return wide(section.section);
+    return L"";
+}
+
+std::wstring mostLike(std::span<const IniKey> keys, const std::wstring& name)
+{
+    for (const IniKey& key : keys)
+        if (areAlike(name, wide(key.name))) return wide(key.name);
+    return L"";
+}
+
+Finding unknownKey(const IniSection& section, const IniLine& key, const IniTexts& texts)
+{
+    const std::wstring like = mostLike(keysOf(section.name), key.name);
+    if (!like.empty()) return problem(texts.likelyKey, section.name, personal(key.name), key.line, like);
+    const std::wstring home = homeOf(key.name);
+    if (!home.empty()) return problem(texts.keyElsewhere, section.name, key.name, key.line, home);
+    return note(texts.unknownKey, section.name, personal(key.name), key.line);
+}
+
+void judgeKeys(const IniSection& section, const IniTexts& texts, Findings& findings)
+{
+    const auto known = keysOf(section.name);
+    for (const IniLine& key : section.keys) {
+        const bool isKnown = holds(known, key.name);
+        if (const IniLine* first = firstOfName(section.keys, key))
+            findings.push_back(
+                problem(texts.keyTwice, section.name, nameWords(key.name, isKnown), first->line, key.line));
+        else if (!isKnown) findings.push_back(unknownKey(section, key, texts));
+        else if (key.valueSize > longestValue) findings.push_back(problem(texts.cut, section.name, key.name));
+    }
+}
+
+const IniSection* firstSection(const std::vector<IniSection>& sections, const IniSection& section)
+{
+    for (const IniSection& each : sections)
+        if (equalWithoutCase(each.name, section.name)) return each.line == section.line ? nullptr : &each;
+    return nullptr;
+}
+
+// The number of a book's section, 0 for any other.
+int bookNumber(const std::wstring& section)
+{
+    if (keysOf(section).data() != bookKeys().data()) return 0;
+    return static_cast<int>(std::wcstol(section.c_str() + std::wcslen(bookSectionBeginning), nullptr, 10));
+}
+
+}
+
+IniReading readIni(const IniPlace& place, const IniTexts& texts, Findings& findings)
+{
+    if (!isUsable(place, texts, findings)) return {};
+    std::string bytes;
+    DWORD code = readBytes(place.file, bytes);
+    if (code == ERROR_SUCCESS) {
+        findings.push_back(ok(texts.file, path(place.file)));
+        return {place.file, parseIni(bytes)};
+    }
+    findings.push_back(unreadable(place, code, texts));
+    // The first start copies the default file, if there is a folder to copy it into.
+    if (!isMissing(code) || !isFolder(place.connectorFolder) || place.defaultFile.empty()) return {};
+    code = readBytes(place.defaultFile, bytes);
+    return code == ERROR_SUCCESS ? IniReading{place.defaultFile, parseIni(bytes)} : IniReading{};
+}
+
+Findings writingFindings(const IniDocument& document, int books, const IniTexts& texts)
+{
+    Findings findings;
+    judgeEncoding(document, texts, findings);
+    judgeStrayLines(document, texts, findings);
+    for (const IniSection& section : document.sections) {
+        const bool isKnown = !keysOf(section.name).empty();
+        const Words name = nameWords(section.name, isKnown);
+        if (findings.size() > 10 * mostOfAKind) break;
+        if (const IniSection* first = firstSection(document.sections, section))
+            findings.push_back(problem(texts.sectionTwice, name, first->line, section.line));
+        else if (!isKnown) findings.push_back(note(texts.unknownSection, name, section.line));
+        else if (bookNumber(section.name) > books) findings.push_back(note(texts.bookNotCounted, name, section.line));
+        else judgeKeys(section, texts, findings);
+    }
+    return findings;
+}
+
+}

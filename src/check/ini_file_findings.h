@@ -1,0 +1,34 @@
+// The ini file as a file: whether it is there, can be read, and is written as it should
+// be. What its values mean is ini_values.h's.
+#pragma once
+
+#include "check/finding.h"
+#include "check/ini_document.h"
+#include "check/texts.h"
+
+#include <string>
+
+namespace hublink::check {
+
+struct IniPlace {
+    std::wstring connectorFolder; // "" while the softphone's folder is unknown
+    std::wstring file;
+    std::wstring defaultFile;     // beside the program, "" when it is not there
+};
+
+// A larger one holds no settings; it is not read.
+inline constexpr std::size_t largestIni = 4 * 1024 * 1024;
+
+struct IniReading {
+    std::wstring file; // the one that was read, "" for none: the default one before the first start
+    IniDocument document;
+};
+
+// What there is to tell of the place goes to `findings`.
+IniReading readIni(const IniPlace& place, const IniTexts& texts, Findings& findings);
+
+// How it is written: encoding, lines, what stands twice, what nobody knows. `books` is
+// the number of address books that count.
+Findings writingFindings(const IniDocument& document, int books, const IniTexts& texts);
+
+}

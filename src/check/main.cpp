@@ -1,0 +1,72 @@
+// HublinkCheck.exe: tells what Hublink would find on this computer.
+#include "automation/apartment.h"
+#include "automation/process_protection.h"
+#include "automation/server/registration.h"
+#include "automation/text.h"
+#include "check/examination.h"
+#include "check/options.h"
+#include "check/output.h"
+#include "convid/command_line.h"
+
+#include <version.h>
+
+namespace {
+
+using namespace hublink::check;
+
+// Exit codes.
+constexpr int noProblem = 0;
+constexpr int problems = 1;
+constexpr int noReport = 2; // a wrong command line, or a report that cannot be made or saved
+
+std::wstring folderOf(const std::wstring& file)
+{
+    return file.substr(0, file.rfind(L'\\'));
+}
+
+// False when it could not be.
+bool saveReport(const Options& options, const Report& report, const ReportTexts& texts)
+{
+    const DWORD result = save(options.saveTo, textOf(report, options.savedNames, texts));
+    if (result == ERROR_SUCCESS) {
+        tell(STD_OUTPUT_HANDLE, texts.saved(options.saveTo).full + L"\r\n");
+        return true;
+    }
+    tell(STD_ERROR_HANDLE, texts.notSaved(options.saveTo, std::size_t{result}).full + L"\r\n");
+    return false;
+}
+
+int report(const Options& options, const Texts& texts)
+{
+    const Examination examination{folderOf(automation::server::programPath()), automation::wide(HUBLINK_VERSION),
+                                  options.listsMap};
+    const Report report = examine(examination, texts);
+    tell(STD_OUTPUT_HANDLE, textOf(report, Names::shown, texts.report));
+    if (!options.saveTo.empty() && !saveReport(options, report, texts.report)) return noReport;
+    return count(report, Mark::problem) == 0 ? noProblem : problems;
+}
+
+int run(const Texts& usersOwn)
+{
+    const std::optional<Options> options = optionsOf(convid::processArguments());
+    if (!options || options->asksForHelp) {
+        tell(options ? STD_OUTPUT_HANDLE : STD_ERROR_HANDLE, usersOwn.report.usage().full);
+        return options ? noProblem : noReport;
+    }
+    const automation::Apartment apartment;
+    return report(*options, options->language ? textsOf(*options->language) : usersOwn);
+}
+
+}
+
+int main()
+{
+    automation::protectProcess();
+    const Texts& texts = textsOf(GetUserDefaultUILanguage());
+    try {
+        return run(texts);
+    } catch (const std::exception& error) {
+        tell(STD_ERROR_HANDLE, texts.report.failed().full + automation::wide(error.what()) + L"\r\n");
+        return noReport;
+    }
+}
