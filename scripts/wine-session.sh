@@ -20,7 +20,9 @@ pinned=(taskset -c "${WINE_CORE:-0}")
 start_screen() {
     local ready
     ready=$(mktemp)
-    Xvfb -displayfd 3 -screen 0 ${screen}x24 -nolisten tcp 3> "$ready" > /dev/null 2>&1 &
+    # Without -noreset the screen begins anew whenever its last client leaves, and throws
+    # out who is just coming: a look for the desktop ended the desktop that was starting.
+    Xvfb -displayfd 3 -screen 0 ${screen}x24 -nolisten tcp -noreset 3> "$ready" > /dev/null 2>&1 &
     screen_pid=$!
     for _ in $(seq 100); do [ -s "$ready" ] && break; sleep 0.05; done
     DISPLAY=:$(cat "$ready")
@@ -78,10 +80,12 @@ start_session() {
     "${pinned[@]}" wineserver -p > /dev/null 2>&1 < /dev/null
     # The desktop with its notification area, there before the first program.
     "${pinned[@]}" wine explorer.exe /desktop=shell,$screen > /dev/null 2>&1 < /dev/null &
-    for _ in $(seq 100); do
-        xwininfo -root -tree 2> /dev/null | grep -q '"shell - Wine desktop"' && break
+    for _ in $(seq 600); do
+        xwininfo -root -tree 2> /dev/null | grep '"shell - Wine desktop"' > /dev/null && return
         sleep 0.05
     done
+    echo "the Windows desktop does not come up" >&2
+    return 1
 }
 
 end_session() {
