@@ -6,6 +6,7 @@
 Ends with 1 and changes nothing when the log lacks a figure.
 """
 import math
+import re
 import sys
 from collections import namedtuple
 from pathlib import Path
@@ -38,7 +39,10 @@ LINES = [("script", "#b5482f", "script"),
 class Figures:
     def __init__(self, log):
         self.costs, self.needed, self.latency, self.machine = {}, {}, {}, ""
+        self.targets = {}
         for line in log.splitlines():
+            if found := re.fullmatch(r"   (met|NOT MET) +(.+)", line):
+                self.targets[found.group(2)] = found.group(1) == "met"
             kind, *parts = line.split("\t")[1:] if line.startswith("figure\t") else [""]
             if kind == "cost":
                 work, client, contacts, round_trips, milliseconds, how = parts
@@ -77,6 +81,12 @@ def cost_table(figures):
 def latency_table(figures):
     lines = ["| milliseconds | calls | 50 % | 90 % | 99 % | most |", "|---|--:|--:|--:|--:|--:|"]
     return lines + [f"| {client} | " + " | ".join(figures.latency[client]) + " |" for client in ("Hublink", "script")]
+
+
+def target_list(figures):
+    if not figures.targets:
+        raise KeyError("a target")
+    return [f"- {text}{'' if met else ' (**not met**)'}" for text, met in figures.targets.items()]
 
 
 def with_block(page, name, lines):
@@ -167,6 +177,7 @@ def main(arguments):
         figures = Figures(log.read_text(encoding="utf-8"))
         text = with_block(page.read_text(encoding="utf-8"), "costs", cost_table(figures))
         text = with_block(text, "latency", latency_table(figures))
+        text = with_block(text, "targets", target_list(figures))
         text = with_block(text, "machine", [f"Measured on {figures.machine}."])
         drawing = draw(figures)
     except KeyError as missing:

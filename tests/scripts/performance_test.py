@@ -11,12 +11,13 @@ performance = importlib.util.module_from_spec(description)
 description.loader.exec_module(performance)
 
 PAGE = "# Costs\n<!-- machine -->\n<!-- end of machine -->\nbefore\n<!-- costs -->\nold\n<!-- end of costs -->\n" \
-       "<!-- latency -->\n<!-- end of latency -->\nafter\n"
+       "<!-- latency -->\n<!-- end of latency -->\n<!-- targets -->\n<!-- end of targets -->\nafter\n"
 CIRCLE = "{http://www.w3.org/2000/svg}circle"
 
 
 def log_lines():
-    lines = ["      told to the reader", "figure\tmachine\t2 cores of a desk"]
+    lines = ["      told to the reader", "figure\tmachine\t2 cores of a desk",
+             "   met      5 calls; at most 6", "   NOT MET  9 KB; at most 8", "   met      5 calls; at most 6"]
     for number, (work, contacts, _) in enumerate(performance.WORKS):
         lines += [f"figure\tcost\t{work}\tHublink\t{contacts}\t{1000 + number}\t1234\tmeasured",
                   f"figure\tcost\t{work}\tscript\t{contacts}\t567890\t700000\treckoned",
@@ -45,6 +46,7 @@ class Performance(unittest.TestCase):
         self.assertIn("| Outlook: unknown caller, who becomes a contact | 1,000 | 1.2 s "
                       "| about 567,890 | about 12 min | 0 |\n", page)
         self.assertIn("| script | 12 | 5 | 6 | 7 | 8 |\n", page)
+        self.assertIn("<!-- targets -->\n- 5 calls; at most 6\n- 9 KB; at most 8 (**not met**)\n<!--", page)
         self.assertNotIn("old", page)
         self.assertTrue(page.endswith("after\n"))
 
