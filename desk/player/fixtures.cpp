@@ -1,5 +1,7 @@
 #include "desk/player/fixtures.h"
 
+#include "desk/player/morning_texts.h"
+
 #include <cstdio>
 
 namespace desk::player {
@@ -70,172 +72,13 @@ std::string morningSoftphone()
 
 std::string morningDatabases()
 {
-    std::string records = R"([notes]
-UserName=CN=Anna Keller/O=Acme
-
-[environment]
-MailServer=CN=Mail1/O=Acme
-MailFile=mail\\anna.nsf
-
-[database]
-Server=CN=Mail1/O=Acme
-File=company.nsf
-Title=Acme's Directory
-
-[form]
-Name=Person
-Title=FullName
-
-[view]
-Name=People
-Key=LastName
-Form=Person
-
-[document]
-@NoteID=4F2
-Form=Person
-FirstName=Marc
-LastName=Durand
-FullName=Marc Durand/Acme
-OfficePhoneNumber=0123456789
-
-)";
+    std::string records(morning::companyBook);
     for (int n = 0; n < 40; ++n) {
-        records += "[document]\nForm=Person\nFirstName=Colleague\nLastName=" + std::to_string(n) +
+        records += "\n[document]\nForm=Person\nFirstName=Colleague\nLastName=" + std::to_string(n) +
                    "\nFullName=Colleague " + std::to_string(n) + "/Acme\nOfficePhoneNumber=" + ordinaryNumber(n, 0) +
-                   "\n\n";
+                   "\n";
     }
-    return records + R"([database]
-Server=CN=Mail1/O=Acme
-File=branch.nsf
-Title=Branch
-
-[database]
-File=names.nsf
-Title=Anna's Contacts
-Icon=True
-
-[form]
-Name=Person
-Title=FullName
-Field=FirstName
-Field=LastName
-Field=FullName
-Field=OfficePhoneNumber
-Field=InternetAddress
-
-[view]
-Name=Contacts
-Key=LastName
-Form=Person
-Default=True
-
-[view]
-Name=($Phones)
-Key=OfficePhoneNumber
-Form=Person
-
-[view]
-Name=($Mails)
-Key=InternetAddress
-Form=Person
-
-[document]
-@NoteID=5F2
-Form=Person
-FirstName=Claire
-LastName=Petit
-FullName=Claire Petit/Acme
-OfficePhoneNumber=4711
-InternetAddress=claire.petit@example.com
-
-[document]
-@NoteID=5F6
-Form=Person
-FirstName=Nora
-LastName=Lind
-FullName=Nora Lind
-OfficePhoneNumber=0698765432
-
-[database]
-Server=CN=Mail1/O=Acme
-File=mail\\anna.nsf
-Title=Anna Keller
-Icon=True
-
-[form]
-Name=Memo
-Title=Subject
-Field=From
-Field=Subject
-Field=Body:richtext
-
-[form]
-Name=Phone Message
-Title=PhoneCaller
-Field=SendTo
-Field=PhoneCaller
-Field=PhoneNumber
-Field=PhoneReason
-Field=Body:richtext
-
-[form]
-Name=(GroupCalendar)
-Title=Name
-
-[view]
-Name=($Inbox)
-Key=Subject
-Form=Memo
-Default=True
-
-[view]
-Name=(GroupCalendarFolder)
-Key=Name
-Form=(GroupCalendar)
-
-[document]
-@NoteID=6F2
-Form=Memo
-From=claire.petit@example.com
-Subject=Minutes
-Body:richtext=See below.
-
-[document]
-@NoteID=6F6
-Form=(GroupCalendar)
-Name=Sales
-Members=Marc Durand/Acme
-Members+=Claire Petit/Acme
-
-[document]
-@NoteID=6FA
-Form=(GroupCalendar)
-Name=Marketing
-Members=Anna Keller/Acme
-
-[database]
-File=pavexhistory.nsf
-Title=Call History
-
-[form]
-Name=Call
-Title=PhoneNumber
-
-[view]
-Name=Calls
-Key=BeginDate
-Form=Call
-Default=True
-
-[database]
-File=connector.nsf
-Title=Connector
-
-[form]
-Name=Log
-Title=Server
-)";
+    return records.append("\n").append(morning::otherDatabases);
 }
 
 const std::vector<Setting>& notesSettings()
