@@ -4,7 +4,7 @@
 //     class Folder final : public desk::RecordedTable<Folder> {
 //     public:
 //         Folder(desk::Recorder& recorder, ...) : RecordedTable(recorder, L"Folder") {}
-//         static const std::vector<automation::server::MemberRow<Folder>>& members();
+//         static const std::vector<MemberRow<Folder>>& members();
 //     };
 //
 // The class name is what the record, the totals and the faults call it.
@@ -17,12 +17,18 @@
 
 namespace desk {
 
+// What the tables of members are written with.
+using automation::Value;
+using automation::server::IncomingCall;
+using automation::server::MemberRow;
+namespace server = automation::server;
+
 struct MemberSummary {
     const wchar_t* name;
     WORD kinds;
 };
 
-class RecordedObject : public automation::server::Dispatch {
+class RecordedObject : public server::Dispatch {
 public:
     // The recorder and the name (a literal) outlive the object.
     RecordedObject(Recorder& recorder, const wchar_t* className) noexcept : recorder_(recorder), className_(className)
@@ -36,8 +42,8 @@ protected:
     virtual const MemberSummary* memberOf(DISPID id) const = 0;
 
     HRESULT admitLookUp(std::wstring_view name) override;
-    HRESULT admitCall(const automation::server::IncomingCall& call) override;
-    automation::Value carryOut(const automation::server::IncomingCall& call) override;
+    HRESULT admitCall(const IncomingCall& call) override;
+    Value carryOut(const IncomingCall& call) override;
 
 private:
     Recorder& recorder_;
@@ -48,9 +54,9 @@ private:
 // found by hash: the partners' classes are long, and clients ask often. A
 // base between the two may carry what several classes share.
 template <class Class, class Base = RecordedObject>
-class RecordedTable : public automation::server::TableDispatch<Class, Base> {
+class RecordedTable : public server::TableDispatch<Class, Base> {
 public:
-    using automation::server::TableDispatch<Class, Base>::TableDispatch;
+    using server::TableDispatch<Class, Base>::TableDispatch;
 
 protected:
     DISPID idOf(std::wstring_view name) override

@@ -13,8 +13,7 @@ constexpr UINT requestMessage = WM_APP + 1;  // sent: a request and room for its
 constexpr UINT answeredMessage = WM_APP + 2; // posted: the client has the response
 constexpr UINT_PTR saveTimer = 1;
 constexpr UINT_PTR endTimer = 2;
-constexpr UINT endDelay = 50;           // milliseconds
-constexpr DWORD leastSaveDelay = 100; // milliseconds
+constexpr UINT endDelay = 50; // milliseconds
 
 // Who follows a client's work asks for its calls again and again: a big store
 // written for each answer would leave the partner no time for the client.
@@ -29,31 +28,20 @@ std::wstring inProgramFolder(const wchar_t* file)
     return program.substr(0, program.rfind(L'\\') + 1) + file;
 }
 
-void writeError(const std::string& text)
-{
-    const std::string line = text + "\n";
-    DWORD written = 0;
-    WriteFile(GetStdHandle(STD_ERROR_HANDLE), line.data(), static_cast<DWORD>(line.size()), &written, nullptr);
-}
-
 }
 
 RunningProgram::RunningProgram(const ProgramDescription& description, const PartnerMaker& makePartner)
-    : description_(description), storePath_(inProgramFolder(description.storeFile)), saveDelay_(leastSaveDelay)
+    : description_(description), window_(makeWindow()),
+      store_(inProgramFolder(description.storeFile), window_, saveTimer)
 {
     recorder_.die = [this] {
-        saveQuietly(); // what a client has saved outlives a crash
+        store_.saveQuietly(*partner_); // what a client has saved outlives a crash
         die();
     };
     recorder_.hang = [this](DWORD milliseconds) { hang(milliseconds); };
-    makeWindow();
+    SetWindowLongPtrW(window_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
     partner_ = makePartner(*this);
-    try {
-        const std::vector<StoreRecord> records = readStore(storePath_);
-        partner_->load(records);
-    } catch (const std::runtime_error& error) {
-        throw BadStore(error.what());
-    }
+    store_.load(*partner_);
     offerClasses();
     pipe_ = std::make_unique<ControlPipe>(
         description.name,
@@ -74,17 +62,17 @@ RunningProgram::~RunningProgram()
     DestroyWindow(window_);
 }
 
-void RunningProgram::makeWindow()
+HWND RunningProgram::makeWindow()
 {
     WNDCLASSW windowClass{};
     windowClass.lpfnWndProc = procedure;
     windowClass.hInstance = GetModuleHandleW(nullptr);
     windowClass.lpszClassName = L"HublinkDeskControl";
     RegisterClassW(&windowClass);
-    window_ = CreateWindowExW(0, windowClass.lpszClassName, L"", 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr,
-                              windowClass.hInstance, nullptr);
-    if (!window_) throw std::runtime_error("the control window cannot be made");
-    SetWindowLongPtrW(window_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
+    const HWND window = CreateWindowExW(0, windowClass.lpszClassName, L"", 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr,
+                                        windowClass.hInstance, nullptr);
+    if (!window) throw std::runtime_error("the control window cannot be made");
+    return window;
 }
 
 LRESULT CALLBACK RunningProgram::procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) noexcept
@@ -103,7 +91,7 @@ LRESULT RunningProgram::onMessage(UINT message, WPARAM wParam, LPARAM lParam)
     case answeredMessage: answered(); return 0;
     case WM_TIMER:
         if (wParam == endTimer) endIfPossible();
-        else saveQuietly();
+        else store_.saveQuietly(*partner_);
         return 0;
     default: return DefWindowProcW(window_, message, wParam, lParam);
     }
@@ -116,15 +104,8 @@ void RunningProgram::run()
         TranslateMessage(&message);
         DispatchMessageW(&message);
     }
-    saveQuietly();
+    store_.saveQuietly(*partner_);
     revokeClasses();
-}
-
-void RunningProgram::changed()
-{
-    if (dirty_) return;
-    dirty_ = true;
-    SetTimer(window_, saveTimer, saveDelay_, nullptr);
 }
 
 void RunningProgram::close()
@@ -145,7 +126,7 @@ try {
     std::wstring_view rest = request;
     const std::wstring word = takeWord(rest);
     std::wstring response = carryOut(word, rest);
-    if (dirty_ && !tellsOfCallsOnly(word)) save();
+    if (store_.isDirty() && !tellsOfCallsOnly(word)) store_.save(*partner_);
     return response;
 } catch (const std::exception& error) {
     return L"error: " + fromUtf8(error.what());
@@ -160,7 +141,7 @@ std::wstring RunningProgram::carryOut(const std::wstring& word, std::wstring_vie
     if (word == L"load") return reload(rest);
     if (word == L"clear") recorder_.clear();
     else if (word == L"fault") recorder_.faults.add(rest);
-    else if (word == L"flush") dirty_ = true;
+    else if (word == L"flush") store_.changed();
     else if (word == L"die") after_ = AfterAnswer::die;
     else if (word == L"restart") after_ = AfterAnswer::restart;
     else if (word == L"exit") after_ = AfterAnswer::close;
@@ -172,7 +153,7 @@ std::wstring RunningProgram::carryOut(const std::wstring& word, std::wstring_vie
 std::wstring RunningProgram::reload(std::wstring_view text)
 {
     partner_->load(parseStore(text));
-    dirty_ = true;
+    store_.changed();
     return L"ok";
 }
 
@@ -183,31 +164,6 @@ void RunningProgram::answered()
     case AfterAnswer::close: close(); break;
     case AfterAnswer::die: die();
     case AfterAnswer::restart: restart();
-    }
-}
-
-void RunningProgram::save()
-{
-    KillTimer(window_, saveTimer);
-    dirty_ = false;
-    const DWORD start = GetTickCount();
-    try {
-        writeStore(storePath_, partner_->records());
-    } catch (const std::exception&) {
-        changed(); // somebody may have the file open: once more, later
-        throw;
-    }
-    // A big store must not keep its clients waiting more than a fifth of the time.
-    saveDelay_ = std::max(leastSaveDelay, 4 * (GetTickCount() - start));
-}
-
-void RunningProgram::saveQuietly()
-{
-    if (!dirty_) return;
-    try {
-        save();
-    } catch (const std::exception& error) {
-        writeError(error.what());
     }
 }
 

@@ -1,10 +1,11 @@
 // A partner while it runs: the message window that takes the control requests,
-// and the saving of the store. See server_program.h.
+// and the end. See server_program.h.
 #pragma once
 
 #include "automation/server/class_factory.h"
 #include "desk/common/control_pipe.h"
 #include "desk/common/server_program.h"
+#include "desk/common/store_keeper.h"
 
 namespace desk {
 
@@ -19,20 +20,18 @@ public:
     void run();
 
     Recorder& recorder() noexcept override { return recorder_; }
-    void changed() override;
+    void changed() override { store_.changed(); }
     void close() override;
 
 private:
     static LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) noexcept;
     LRESULT onMessage(UINT message, WPARAM wParam, LPARAM lParam);
-    void makeWindow();
+    static HWND makeWindow();
     std::wstring respond(const std::wstring& request);
     std::wstring carryOut(const std::wstring& word, std::wstring_view rest);
     std::wstring reload(std::wstring_view text);
     void answered();
     void endIfPossible();
-    void save();
-    void saveQuietly();
     void offerClasses();
     void revokeClasses() noexcept;
     void hang(DWORD milliseconds);
@@ -42,20 +41,14 @@ private:
     enum class AfterAnswer { nothing, close, die, restart };
 
     const ProgramDescription description_;
-    const std::wstring storePath_;
+    const HWND window_;
+    StoreKeeper store_;
     Recorder recorder_;
-    HWND window_ = nullptr;
-    bool dirty_ = false;
     bool ending_ = false;
-    DWORD saveDelay_ = 0; // milliseconds
     AfterAnswer after_ = AfterAnswer::nothing;
     std::unique_ptr<Partner> partner_;
     std::vector<std::unique_ptr<automation::server::ClassFactory>> factories_;
     std::unique_ptr<ControlPipe> pipe_;
-};
-
-struct BadStore : std::runtime_error {
-    using std::runtime_error::runtime_error;
 };
 
 }

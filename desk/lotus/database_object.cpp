@@ -11,11 +11,6 @@ namespace desk::lotus {
 
 namespace {
 
-using automation::Value;
-using automation::server::IncomingCall;
-using automation::server::MemberRow;
-namespace server = automation::server;
-
 class DatabaseObject final : public NotesTable<DatabaseObject> {
 public:
     DatabaseObject(Notes& notes, SharedDatabase database, std::wstring place, std::wstring filePath)

@@ -6,11 +6,6 @@
 
 namespace desk::lotus {
 
-using automation::Value;
-using automation::server::IncomingCall;
-using automation::server::MemberRow;
-namespace server = automation::server;
-
 DocumentObject::DocumentObject(Notes& notes, SharedNote note, bool ofWindow)
     : NotesTable(notes, L"NotesDocument"), notes_(notes), note_(std::move(note)), ofWindow_(ofWindow),
       registered_(notes.documentObjects(), this)

@@ -5,11 +5,6 @@
 
 namespace desk::lotus {
 
-using automation::Value;
-using automation::server::IncomingCall;
-using automation::server::MemberRow;
-namespace server = automation::server;
-
 ItemObject::ItemObject(Notes& notes, SharedNote note, Item item)
     : NotesTable(notes, L"NotesItem"), notes_(notes), note_(std::move(note)), item_(std::move(item)),
       registered_(notes.itemObjects(), this)

@@ -48,11 +48,4 @@ struct Contents {
 Contents contentsOf(const std::vector<StoreRecord>& records);
 std::vector<StoreRecord> recordsOf(const Contents& contents);
 
-// One document: its identifiers as @NoteID and @UniversalID, then its items.
-StoreRecord recordOf(const Note& note);
-Note noteOf(const StoreRecord& record);
-
-// Gives the note the items of a record; those that it names replace the note's.
-void change(Note& note, const StoreRecord& record);
-
 }

@@ -7,11 +7,6 @@ namespace desk::lotus {
 
 namespace {
 
-using automation::Value;
-using automation::server::IncomingCall;
-using automation::server::MemberRow;
-namespace server = automation::server;
-
 class Session final : public NotesTable<Session> {
 public:
     explicit Session(Notes& notes) : NotesTable(notes, L"NotesSession"), notes_(notes) {}

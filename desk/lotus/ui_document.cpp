@@ -7,11 +7,6 @@ namespace desk::lotus {
 
 namespace {
 
-using automation::Value;
-using automation::server::IncomingCall;
-using automation::server::MemberRow;
-namespace server = automation::server;
-
 class UIDocument final : public NotesTable<UIDocument> {
 public:
     UIDocument(Notes& notes, WindowId id) : NotesTable(notes, L"NotesUIDocument"), notes_(notes), id_(id) {}

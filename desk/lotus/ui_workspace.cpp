@@ -8,11 +8,6 @@ namespace desk::lotus {
 
 namespace {
 
-using automation::Value;
-using automation::server::IncomingCall;
-using automation::server::MemberRow;
-namespace server = automation::server;
-
 class UIDatabase final : public NotesTable<UIDatabase> {
 public:
     UIDatabase(Notes& notes, SharedDatabase database)

@@ -10,11 +10,6 @@ namespace desk::lotus {
 
 namespace {
 
-using automation::Value;
-using automation::server::IncomingCall;
-using automation::server::MemberRow;
-namespace server = automation::server;
-
 class ViewObject final : public NotesTable<ViewObject> {
 public:
     ViewObject(Notes& notes, SharedDatabase database, const View& view)

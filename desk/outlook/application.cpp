@@ -10,11 +10,6 @@ namespace desk::outlook {
 
 namespace {
 
-using automation::Value;
-using automation::server::IncomingCall;
-using automation::server::MemberRow;
-namespace server = automation::server;
-
 constexpr long applicationClass = 0;
 constexpr long nameSpaceClass = 1;
 

@@ -12,11 +12,6 @@ namespace desk::outlook {
 
 namespace {
 
-using automation::Value;
-using automation::server::IncomingCall;
-using automation::server::MemberRow;
-namespace server = automation::server;
-
 constexpr long folderClass = 2;
 
 class FolderObject final : public OutlookTable<FolderObject> {

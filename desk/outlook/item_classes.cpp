@@ -9,11 +9,6 @@ namespace desk::outlook {
 
 namespace {
 
-using automation::Value;
-using automation::server::IncomingCall;
-using automation::server::MemberRow;
-namespace server = automation::server;
-
 template <ItemClass itemClass>
 class ItemOf final : public OutlookTable<ItemOf<itemClass>, ItemObject> {
 public:

@@ -6,9 +6,6 @@
 
 namespace desk::outlook {
 
-using automation::Value;
-using automation::server::IncomingCall;
-
 namespace {
 
 constexpr long saveAndClose = 0;

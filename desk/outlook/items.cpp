@@ -15,11 +15,6 @@ namespace desk::outlook {
 
 namespace {
 
-using automation::Value;
-using automation::server::IncomingCall;
-using automation::server::MemberRow;
-namespace server = automation::server;
-
 constexpr long itemsClass = 16;
 
 class Items final : public OutlookTable<Items> {

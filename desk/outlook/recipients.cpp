@@ -13,10 +13,6 @@ namespace desk::outlook {
 namespace {
 
 using automation::ComPtr;
-using automation::Value;
-using automation::server::IncomingCall;
-using automation::server::MemberRow;
-namespace server = automation::server;
 
 constexpr long recipientsClass = 17;
 constexpr long recipientClass = 4;

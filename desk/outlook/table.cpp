@@ -13,11 +13,6 @@ namespace desk::outlook {
 
 namespace {
 
-using automation::Value;
-using automation::server::IncomingCall;
-using automation::server::MemberRow;
-namespace server = automation::server;
-
 constexpr long tableClass = 120;
 
 // An array that Value takes over.

@@ -8,11 +8,6 @@ namespace desk::outlook {
 
 namespace {
 
-using automation::Value;
-using automation::server::IncomingCall;
-using automation::server::MemberRow;
-namespace server = automation::server;
-
 class Column final : public OutlookTable<Column> {
 public:
     Column(Outlook& outlook, const Field& field) : OutlookTable(outlook, L"Column"), field_(field) {}

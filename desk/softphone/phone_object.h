@@ -11,10 +11,6 @@
 
 namespace desk::softphone {
 
-using automation::Value;
-using automation::server::IncomingCall;
-using automation::server::MemberRow;
-
 template <class Class>
 class PhoneObject : public RecordedTable<Class> {
 public:
