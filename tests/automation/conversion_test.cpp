@@ -3,7 +3,7 @@
 #include "automation/conversion.h"
 #include "automation/error.h"
 #include "automation/text.h"
-#include "support/failure_code.h"
+#include "support/failure.h"
 
 #include <gtest/gtest.h>
 

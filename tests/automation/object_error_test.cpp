@@ -2,6 +2,7 @@
 #include "automation/object.h"
 #include "partner.h"
 #include "support/allocation_count.h"
+#include "support/failure.h"
 #include "support/raw_partner.h"
 
 #include <gtest/gtest.h>
@@ -16,17 +17,6 @@ using support::RawPartner;
 namespace server = automation::server;
 
 namespace {
-
-AutomationError errorOf(const std::function<void()>& action)
-{
-    try {
-        action();
-    } catch (const AutomationError& error) {
-        return error;
-    }
-    ADD_FAILURE() << "no error";
-    return AutomationError(L"", S_OK);
-}
 
 // The count begins before the first text: not every system's COM bears to see
 // a block freed that was made before it counted.
@@ -57,7 +47,7 @@ HRESULT raiseAll(const RawPartner::Call& call)
 TEST(ObjectError, ServerException_CarriesEverythingItSaid)
 {
     const auto partner = server::make<Partner>();
-    const AutomationError error = errorOf([&] { Object(partner.get()).call(L"Fail"); });
+    const AutomationError error = failureOf([&] { Object(partner.get()).call(L"Fail"); });
     EXPECT_EQ(error.member(), L"Fail");
     EXPECT_EQ(error.code(), E_FAIL);
     EXPECT_EQ(error.source(), L"Partner");
@@ -74,7 +64,7 @@ TEST(ObjectError, DeferredException_IsFilledInOnce)
         call.exception->pfnDeferredFillIn = fillIn;
         return DISP_E_EXCEPTION;
     };
-    const AutomationError error = errorOf([&] { Object(&partner).call(L"Fail"); });
+    const AutomationError error = failureOf([&] { Object(&partner).call(L"Fail"); });
     EXPECT_EQ(fillIns, 1);
     EXPECT_EQ(error.code(), E_ACCESSDENIED);
     EXPECT_EQ(error.source(), L"Late source");
@@ -100,7 +90,7 @@ TEST(ObjectError, ExceptionWithoutTexts_HasEmptyOnes)
         call.exception->scode = E_ABORT;
         return DISP_E_EXCEPTION;
     };
-    const AutomationError error = errorOf([&] { Object(&partner).call(L"Fail"); });
+    const AutomationError error = failureOf([&] { Object(&partner).call(L"Fail"); });
     EXPECT_EQ(error.code(), E_ABORT);
     EXPECT_EQ(error.source(), L"");
     EXPECT_EQ(error.description(), L"");
@@ -113,14 +103,14 @@ TEST(ObjectError, ExceptionWithOldErrorNumber_BecomesItsAutomationCode)
         call.exception->wCode = 91;
         return DISP_E_EXCEPTION;
     };
-    EXPECT_EQ(errorOf([&] { Object(&partner).call(L"Fail"); }).code(), automation::objectNotSet);
+    EXPECT_EQ(failureOf([&] { Object(&partner).call(L"Fail"); }).code(), automation::objectNotSet);
 }
 
 TEST(ObjectError, PlainFailureCode_IsHandedOn)
 {
     RawPartner partner({{L"Fail", 1}});
     partner.onCall = [](const RawPartner::Call&) { return HRESULT_FROM_WIN32(RPC_S_SERVER_UNAVAILABLE); };
-    const AutomationError error = errorOf([&] { Object(&partner).put(L"Fail", true); });
+    const AutomationError error = failureOf([&] { Object(&partner).put(L"Fail", true); });
     EXPECT_EQ(error.code(), HRESULT_FROM_WIN32(RPC_S_SERVER_UNAVAILABLE));
     EXPECT_EQ(error.member(), L"Fail");
 }
@@ -133,7 +123,7 @@ TEST(ObjectError, RefusedArgument_IsCountedFromTheLeft)
             *call.refused = 2; // the third from the right
             return code;
         };
-        const AutomationError error = errorOf([&] { Object(&partner).call(L"Take", {L"a", L"b", L"c", L"d"}); });
+        const AutomationError error = failureOf([&] { Object(&partner).call(L"Take", {L"a", L"b", L"c", L"d"}); });
         EXPECT_EQ(error.code(), code);
         EXPECT_EQ(error.argument(), 1u);
     }
@@ -142,7 +132,7 @@ TEST(ObjectError, RefusedArgument_IsCountedFromTheLeft)
 TEST(ObjectError, RefusedArgument_OfAServerOfOurOwn_IsCountedFromTheLeft)
 {
     const auto partner = server::make<Partner>();
-    const AutomationError error = errorOf([&] { Object(partner.get()).call(L"Number", {std::int32_t{1}, L"abc"}); });
+    const AutomationError error = failureOf([&] { Object(partner.get()).call(L"Number", {std::int32_t{1}, L"abc"}); });
     EXPECT_EQ(error.code(), DISP_E_TYPEMISMATCH);
     EXPECT_EQ(error.argument(), 1u);
 }
@@ -154,7 +144,7 @@ TEST(ObjectError, FailureThatConcernsNoArgument_NamesNone)
         *call.refused = 0;
         return E_FAIL;
     };
-    EXPECT_EQ(errorOf([&] { Object(&partner).call(L"Take", {L"a"}); }).argument(), AutomationError::noArgument);
+    EXPECT_EQ(failureOf([&] { Object(&partner).call(L"Take", {L"a"}); }).argument(), AutomationError::noArgument);
 }
 
 TEST(ObjectError, EmptyReference_FailsWithObjectNotSet)
@@ -163,8 +153,8 @@ TEST(ObjectError, EmptyReference_FailsWithObjectNotSet)
     for (const auto& use :
          {std::function<void()>([&] { empty.get(L"Name"); }), std::function<void()>([&] { empty.call(L"Name"); }),
           std::function<void()>([&] { empty.put(L"Name", L"x"); }), std::function<void()>([&] { empty.get(9); })})
-        EXPECT_EQ(errorOf(use).code(), automation::objectNotSet);
-    EXPECT_EQ(errorOf([&] { empty.get(L"Name"); }).member(), L"Name");
+        EXPECT_EQ(failureOf(use).code(), automation::objectNotSet);
+    EXPECT_EQ(failureOf([&] { empty.get(L"Name"); }).member(), L"Name");
 }
 
 TEST(ObjectError, Message_NamesMemberCodeSourceAndDescription)
@@ -181,7 +171,7 @@ TEST(ObjectError, ExceptionTexts_AreAllFreed)
     const Object object(&partner);
     const auto failOnce = [&](HRESULT (*how)(const RawPartner::Call&)) {
         partner.onCall = how;
-        errorOf([&] { object.call(L"Fail"); });
+        failureOf([&] { object.call(L"Fail"); });
     };
     const auto later = [](const RawPartner::Call& call) {
         call.exception->pfnDeferredFillIn = fillIn;
@@ -207,10 +197,10 @@ TEST(ObjectError, ThousandGoodAndBadCalls_LeaveNoTextBehind)
         Value text{std::wstring(1024, L'\0')};
         object.call(L"Echo", {byRef(text), L"second", std::int16_t{3}});
         EXPECT_EQ(object.get(L"Echo", {L"text"}).text(), L"text");
-        errorOf([&] { object.call(L"Fail"); });
-        errorOf([&] { object.call(L"Number", {L"abc", L"abc"}); });
-        errorOf([&] { object.call(L"Nothing", {L"abc"}); });
-        errorOf([&] { object.put(L"Count", L"abc"); });
+        failureOf([&] { object.call(L"Fail"); });
+        failureOf([&] { object.call(L"Number", {L"abc", L"abc"}); });
+        failureOf([&] { object.call(L"Nothing", {L"abc"}); });
+        failureOf([&] { object.put(L"Count", L"abc"); });
     };
     for (int warmUp = 0; warmUp < 50; ++warmUp) round();
     const long before = support::outstandingAllocations();

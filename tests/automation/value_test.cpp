@@ -1,7 +1,7 @@
 #include "automation/error.h"
 #include "automation/object.h"
 #include "automation/value.h"
-#include "support/failure_code.h"
+#include "support/failure.h"
 #include "support/raw_partner.h"
 
 #include <gtest/gtest.h>

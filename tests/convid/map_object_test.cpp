@@ -3,6 +3,7 @@
 #include "automation/error.h"
 #include "convid/map_object.h"
 #include "store_files.h"
+#include "support/failure.h"
 
 #include <gtest/gtest.h>
 
@@ -45,19 +46,6 @@ Value variantByRef(Value& variable)
     V_VT(variant) = VT_BYREF | VT_VARIANT;
     V_VARIANTREF(variant) = const_cast<VARIANT*>(&variable.variant());
     return reference;
-}
-
-// The error that the call ends with; a call without one fails the test.
-template <class Call>
-AutomationError errorOf(Call call)
-{
-    try {
-        call();
-    } catch (const AutomationError& error) {
-        return error;
-    }
-    ADD_FAILURE() << "no error";
-    return AutomationError(L"", S_OK);
 }
 
 class Map : public testing::Test {
@@ -107,7 +95,7 @@ TEST_F(Map, IdentifierLongerThanRoom_IsAnError_AndNothingIsWritten)
 
     Value text(std::wstring(1024, L'\0'));
     Value length(std::int32_t{1024});
-    const auto error = errorOf([&] { map.get(L"ConvertIdOrvel", {L"1.2", byRef(text), byRef(length), outlook}); });
+    const auto error = failureOf([&] { map.get(L"ConvertIdOrvel", {L"1.2", byRef(text), byRef(length), outlook}); });
     EXPECT_EQ(error.code(), HRESULT_FROM_WIN32(ERROR_MORE_DATA));
     EXPECT_EQ(error.source(), L"PavexConvId");
     EXPECT_EQ(error.description(), L"The groupware identifier has 1025 characters, there is room for 1024");
@@ -140,7 +128,7 @@ TEST_F(Map, Numbers_AreConvertedAsAutomationDoes)
 
 TEST_F(Map, ArgumentThatIsNoNumber_IsATypeMismatch_NamingTheArgument)
 {
-    const auto error = errorOf([&] { map.call(L"InsertId", {L"a", L"1.1", outlook, L"contacts"}); });
+    const auto error = failureOf([&] { map.call(L"InsertId", {L"a", L"1.1", outlook, L"contacts"}); });
     EXPECT_EQ(error.code(), DISP_E_TYPEMISMATCH);
     EXPECT_EQ(error.argument(), 3u);
     EXPECT_EQ(convert(map, L"1.1", outlook).result, 0);
@@ -151,12 +139,12 @@ TEST_F(Map, TextOrLengthByValue_IsATypeMismatch_NamingTheArgument)
     map.call(L"InsertId", {L"entry", L"5.7", outlook, addressBook});
     Value text(std::wstring(1024, L'\0'));
     Value length(std::int32_t{1024});
-    const auto aboutText = errorOf([&] { map.get(L"ConvertIdOrvel", {L"5.7", L"", byRef(length), outlook}); });
+    const auto aboutText = failureOf([&] { map.get(L"ConvertIdOrvel", {L"5.7", L"", byRef(length), outlook}); });
     EXPECT_EQ(aboutText.code(), DISP_E_TYPEMISMATCH);
     EXPECT_EQ(aboutText.argument(), 1u);
     EXPECT_EQ(length.int32(), 1024) << "the one is written with the other or not at all";
     const auto aboutLength =
-        errorOf([&] { map.get(L"ConvertIdOrvel", {L"5.7", byRef(text), std::int32_t{1024}, outlook}); });
+        failureOf([&] { map.get(L"ConvertIdOrvel", {L"5.7", byRef(text), std::int32_t{1024}, outlook}); });
     EXPECT_EQ(aboutLength.code(), DISP_E_TYPEMISMATCH);
     EXPECT_EQ(aboutLength.argument(), 2u);
     EXPECT_EQ(text.text(), std::wstring(1024, L'\0'));
@@ -164,17 +152,17 @@ TEST_F(Map, TextOrLengthByValue_IsATypeMismatch_NamingTheArgument)
 
 TEST_F(Map, WrongNumberOfArguments_IsRefused)
 {
-    EXPECT_EQ(errorOf([&] { map.call(L"InsertId", {L"a", L"1.1", outlook}); }).code(), DISP_E_BADPARAMCOUNT);
-    EXPECT_EQ(errorOf([&] { map.call(L"StopOrvelConvertId", {outlook}); }).code(), DISP_E_BADPARAMCOUNT);
+    EXPECT_EQ(failureOf([&] { map.call(L"InsertId", {L"a", L"1.1", outlook}); }).code(), DISP_E_BADPARAMCOUNT);
+    EXPECT_EQ(failureOf([&] { map.call(L"StopOrvelConvertId", {outlook}); }).code(), DISP_E_BADPARAMCOUNT);
 }
 
 TEST_F(Map, EmptyIdentifier_IsAnErrorWithADescription)
 {
-    const auto error = errorOf([&] { map.call(L"InsertId", {L"", L"5.7", outlook, addressBook}); });
+    const auto error = failureOf([&] { map.call(L"InsertId", {L"", L"5.7", outlook, addressBook}); });
     EXPECT_EQ(error.code(), E_INVALIDARG);
     EXPECT_EQ(error.source(), L"PavexConvId");
     EXPECT_EQ(error.description(), L"idAppli is empty");
-    EXPECT_EQ(errorOf([&] { map.call(L"InsertId", {L"e", L"", outlook, addressBook}); }).description(),
+    EXPECT_EQ(failureOf([&] { map.call(L"InsertId", {L"e", L"", outlook, addressBook}); }).description(),
               L"idOrvel is empty");
 }
 
@@ -208,7 +196,7 @@ TEST_F(Map, Collection_HasCountItemsAndTheirMembers)
     EXPECT_EQ(contacts.get(automation::Member(DISPID{DISPID_VALUE}), {std::int32_t{1}}).object().get(L"idOrvel").text(),
               L"5.7");
     for (const std::int32_t outside : {0, 2, -1})
-        EXPECT_EQ(errorOf([&] { contacts.get(L"Item", {outside}); }).code(), DISP_E_BADINDEX);
+        EXPECT_EQ(failureOf([&] { contacts.get(L"Item", {outside}); }).code(), DISP_E_BADINDEX);
     EXPECT_EQ(map.get(L"idCollection", {std::int32_t{7}}).object().get(L"Count").int32(), 0);
 }
 
@@ -253,9 +241,9 @@ TEST_F(Map, StoreThatCannotBeOpened_IsAnErrorWithADescription_InEveryMemberThatN
         EXPECT_EQ(error.source(), L"PavexConvId");
         EXPECT_NE(error.description().find(L"cannot be opened"), std::wstring::npos);
     };
-    expectRefusal(errorOf([&] { map.call(L"InsertId", {L"entry", L"5.7", outlook, addressBook}); }));
-    expectRefusal(errorOf([&] { convert(map, L"5.7", outlook); }));
-    expectRefusal(errorOf([&] { map.call(L"RemoveIdOrvel", {L"5.7", outlook}); }));
-    expectRefusal(errorOf([&] { map.get(L"idCollection", {addressBook}); }));
+    expectRefusal(failureOf([&] { map.call(L"InsertId", {L"entry", L"5.7", outlook, addressBook}); }));
+    expectRefusal(failureOf([&] { convert(map, L"5.7", outlook); }));
+    expectRefusal(failureOf([&] { map.call(L"RemoveIdOrvel", {L"5.7", outlook}); }));
+    expectRefusal(failureOf([&] { map.get(L"idCollection", {addressBook}); }));
     EXPECT_NO_THROW(map.call(L"StopOrvelConvertId"));
 }

@@ -9,7 +9,6 @@
 namespace hublink {
 
 using Fields = std::vector<std::pair<std::wstring, std::wstring>>; // names and values
-using Lines = std::vector<std::wstring>;
 
 inline constexpr const wchar_t* ownBook = L"names.nsf";
 inline constexpr const wchar_t* mailFile = L"mail\\anna.nsf";

@@ -126,6 +126,8 @@ FinishTime=Finish
 Server=From
 )";
 
+using Lines = std::vector<std::wstring>;
+
 class LotusFixture : public testing::Test {
 protected:
     LotusFixture()
@@ -156,11 +158,19 @@ protected:
     unsigned long calls(const std::wstring& member) { return notes.recorder().count(member); }
 
     // Every call in order, "Class.Member kind (arguments)", without the look-ups of names.
-    std::vector<std::wstring> record()
+    Lines record()
     {
-        std::vector<std::wstring> lines;
+        Lines lines;
         for (const desk::RecordedCall& call : notes.recorder().calls())
             if (call.kind != desk::CallKind::lookup) lines.push_back(call.text());
+        return lines;
+    }
+
+    // Those of one member, or of all whose names begin so.
+    Lines callsTo(const std::wstring& member)
+    {
+        Lines lines = record();
+        std::erase_if(lines, [&](const std::wstring& line) { return !line.starts_with(member); });
         return lines;
     }
 
@@ -182,6 +192,13 @@ protected:
     {
         const std::wstring* const value = document.find(name);
         return value ? *value : L"(none)";
+    }
+
+    // With the line feed before it.
+    std::wstring lastLogLine()
+    {
+        const std::wstring body = field(documents(L"log.nsf").back(), L"Text");
+        return body.substr(body.rfind(L'\n'));
     }
 
     support::ScratchFolder folder;

@@ -7,8 +7,6 @@ namespace hublink {
 
 namespace {
 
-using Lines = std::vector<std::wstring>;
-
 constexpr const wchar_t* company = L"CN=Mail1/O=Acme!!books\\company.nsf";
 
 class LotusMailSearch : public LotusFixture {
@@ -16,20 +14,6 @@ protected:
     LotusMailSearch() { ready(); }
 
     bool search(const std::wstring& mail, bool show = false) { return SearchByMail(session, mail, person, show); }
-
-    Lines callsOf(const std::wstring& member)
-    {
-        Lines lines;
-        for (const std::wstring& line : record())
-            if (line.starts_with(member)) lines.push_back(line);
-        return lines;
-    }
-
-    std::wstring lastLogLine()
-    {
-        const std::wstring body = field(documents(L"log.nsf").back(), L"Text");
-        return body.substr(body.rfind(L'\n'));
-    }
 
     Party person;
     std::wstring& phone = person.number;
@@ -59,7 +43,7 @@ TEST_F(LotusMailSearch, PersonInTheMailView_GivesTheFirstFilledNumber)
 TEST_F(LotusMailSearch, MailWithDotsAndSpaces_IsLookedUpUnchanged_AndOnce)
 {
     EXPECT_FALSE(search(L"Marc D. <m.d@acme.fr>"));
-    EXPECT_EQ(callsOf(L"NotesView."),
+    EXPECT_EQ(callsTo(L"NotesView."),
               (Lines{L"NotesView.GetDocumentByKey method (BSTR \"Marc D. <m.d@acme.fr>\", BOOL True)",
                      L"NotesView.FTSearch method (BSTR \"[Mail] CONTAINS \"Marc D. <m.d@acme.fr>\"\", I2 1)"}));
 }
@@ -70,7 +54,7 @@ TEST_F(LotusMailSearch, BookWithoutAMailView_IsSearchedByFullText_InItsMailItems
     add(company, L"Form=Employee\nName=Zola\nGivenName=Emile\nPrivate=zola@acme.fr\nPhone=0612\n");
     EXPECT_TRUE(search(L"zola@acme.fr"));
     EXPECT_EQ(lastName + L" " + firstName + L" " + phone, L"Zola Emile 0612");
-    EXPECT_EQ(callsOf(L"NotesView.FTSearch"),
+    EXPECT_EQ(callsTo(L"NotesView.FTSearch"),
               Lines{L"NotesView.FTSearch method (BSTR \"[Mail] CONTAINS \"zola@acme.fr\" OR [Private] CONTAINS "
                     L"\"zola@acme.fr\"\", I2 1)"});
 }
@@ -100,15 +84,15 @@ TEST_F(LotusMailSearch, Shown_TheDocumentOpensForReading_WhenItHasANumber)
 {
     add(L"names.nsf", L"Form=Person\nLastName=Abel\nMailAddress=a@acme.fr\n");
     EXPECT_FALSE(search(L"a@acme.fr", true));
-    EXPECT_EQ(callsOf(L"NotesUI"), Lines{});
+    EXPECT_EQ(callsTo(L"NotesUI"), Lines{});
     add(L"names.nsf", L"Form=Person\nLastName=Abel\nMailAddress=b@acme.fr\nOfficePhoneNumber=0612\n");
     EXPECT_TRUE(search(L"b@acme.fr", true));
-    EXPECT_EQ(callsOf(L"NotesUI"), (Lines{L"NotesUIWorkspace.OpenDatabase method (BSTR \"\", BSTR \"names.nsf\")",
+    EXPECT_EQ(callsTo(L"NotesUI"), (Lines{L"NotesUIWorkspace.OpenDatabase method (BSTR \"\", BSTR \"names.nsf\")",
                                           L"NotesUIWorkspace.EditDocument method (BOOL False, DISPATCH)"}));
     EXPECT_TRUE(notes.ask(L"windows").ends_with(L"\tread\tfront"));
     forgetCalls();
     EXPECT_TRUE(search(L"b@acme.fr"));
-    EXPECT_EQ(callsOf(L"NotesUI"), Lines{});
+    EXPECT_EQ(callsTo(L"NotesUI"), Lines{});
 }
 
 TEST_F(LotusMailSearch, BookThatCannotBeOpened_IsLogged_AndTheOthersSearched)
@@ -160,7 +144,7 @@ TEST_F(LotusMailSearch, SenderThatNoQueryCanSay_IsAskedForByKeyOnly_AndNothingIs
         forgetCalls();
         EXPECT_FALSE(search(sender)) << desk::utf8(sender);
         EXPECT_EQ(calls(L"NotesView.GetDocumentByKey method"), 1u) << desk::utf8(sender);
-        EXPECT_EQ(callsOf(L"NotesView.FTSearch"), Lines{}) << desk::utf8(sender);
+        EXPECT_EQ(callsTo(L"NotesView.FTSearch"), Lines{}) << desk::utf8(sender);
     }
     EXPECT_EQ(lastLogLine(), before);
     EXPECT_EQ(trapped.errors, std::vector<std::string>{});

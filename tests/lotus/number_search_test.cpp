@@ -7,8 +7,6 @@ namespace hublink {
 
 namespace {
 
-using Lines = std::vector<std::wstring>;
-
 constexpr const wchar_t* company = L"CN=Mail1/O=Acme!!books\\company.nsf";
 constexpr const wchar_t* durand = L"Form=Person\nLastName=Durand\nFirstName=Marc\nFullName=Marc Durand\n"
                                   L"OfficePhoneNumber=014567\nMailAddress=\nInternetAddress=marc@acme.fr\n";
@@ -26,21 +24,6 @@ protected:
     }
 
     bool searchAndShow(const std::wstring& number) { return search(number, L"", true); }
-
-    // The calls of one member only.
-    Lines callsOf(const std::wstring& member)
-    {
-        Lines lines;
-        for (const std::wstring& line : record())
-            if (line.starts_with(member)) lines.push_back(line);
-        return lines;
-    }
-
-    std::wstring lastLogLine()
-    {
-        const std::wstring body = field(documents(L"log.nsf").back(), L"Text");
-        return body.substr(body.rfind(L'\n'));
-    }
 
     static std::wstring keyed(const wchar_t* key)
     {
@@ -91,19 +74,19 @@ TEST_F(LotusNumberSearch, NumberWithDotsAndSpaces_IsLookedUpWithoutThem_ThenUnch
     add(L"names.nsf", L"Form=Person\nLastName=Abel\nOfficePhoneNumber=01.45 67\n");
     EXPECT_TRUE(search(L"01.45 67"));
     EXPECT_EQ(person.LastName, L"Abel");
-    EXPECT_EQ(callsOf(L"NotesView."), (Lines{keyed(L"014567"), keyed(L"01.45 67")}));
+    EXPECT_EQ(callsTo(L"NotesView."), (Lines{keyed(L"014567"), keyed(L"01.45 67")}));
     add(L"names.nsf", durand);
     forgetCalls();
     EXPECT_TRUE(search(L"01.45 67"));
     EXPECT_EQ(person.LastName, L"Durand");
-    EXPECT_EQ(callsOf(L"NotesView."), Lines{keyed(L"014567")});
+    EXPECT_EQ(callsTo(L"NotesView."), Lines{keyed(L"014567")});
 }
 
 TEST_F(LotusNumberSearch, OtherSeparators_AreKept_AndTheNumberLookedUpOnce)
 {
     session.LotusAddressBooks.resize(1);
     EXPECT_FALSE(search(L"+33-(0)145/67"));
-    EXPECT_EQ(callsOf(L"NotesView."), Lines{keyed(L"+33-(0)145/67")});
+    EXPECT_EQ(callsTo(L"NotesView."), Lines{keyed(L"+33-(0)145/67")});
 }
 
 TEST_F(LotusNumberSearch, BookWithAPhoneView_NeverUsesFullText)
@@ -122,10 +105,10 @@ TEST_F(LotusNumberSearch, BookWithAMainViewOnly_IsSearchedByFullText_ForOneDocum
     add(company, L"Form=Employee\nName=Other\nPhone=0612\n");
     EXPECT_TRUE(search(L"06.12"));
     EXPECT_EQ(person.LastName, L"Other") << "the first of the view";
-    EXPECT_EQ(callsOf(L"NotesView.").back(), L"NotesView.GetFirstDocument method ()");
-    EXPECT_EQ(callsOf(L"NotesView.FTSearch"), Lines{L"NotesView.FTSearch method (BSTR \"[Phone] CONTAINS \"0612\" OR "
+    EXPECT_EQ(callsTo(L"NotesView.").back(), L"NotesView.GetFirstDocument method ()");
+    EXPECT_EQ(callsTo(L"NotesView.FTSearch"), Lines{L"NotesView.FTSearch method (BSTR \"[Phone] CONTAINS \"0612\" OR "
                                                     L"[Mobile] CONTAINS \"0612\"\", I2 1)"});
-    EXPECT_EQ(callsOf(L"NotesDatabase.GetView").back(), L"NotesDatabase.GetView method (BSTR \"Staff\")");
+    EXPECT_EQ(callsTo(L"NotesDatabase.GetView").back(), L"NotesDatabase.GetView method (BSTR \"Staff\")");
     EXPECT_EQ(book.Base, L"books\\company.nsf");
 }
 
@@ -133,7 +116,7 @@ TEST_F(LotusNumberSearch, FullText_IsAskedForTheNumberWithoutSeparators_ThenUnch
 {
     add(company, L"Form=Employee\nName=Zola\nPhone=06.12 34\n");
     EXPECT_TRUE(search(L"06.12 34"));
-    EXPECT_EQ(callsOf(L"NotesView.FTSearch"),
+    EXPECT_EQ(callsTo(L"NotesView.FTSearch"),
               (Lines{L"NotesView.FTSearch method (BSTR \"[Phone] CONTAINS \"061234\"\", I2 1)",
                      L"NotesView.FTSearch method (BSTR \"[Phone] CONTAINS \"06.12 34\"\", I2 1)"}));
     EXPECT_EQ(person.LastName, L"Zola");
@@ -245,7 +228,7 @@ TEST_F(LotusNumberSearch, NumberThatNoQueryCanSay_IsAskedForByKeyOnly_AndNothing
         forgetCalls();
         EXPECT_FALSE(search(number)) << desk::utf8(number);
         EXPECT_GE(calls(L"NotesView.GetDocumentByKey method"), 1u) << desk::utf8(number);
-        EXPECT_EQ(callsOf(L"NotesView.FTSearch"), Lines{}) << desk::utf8(number);
+        EXPECT_EQ(callsTo(L"NotesView.FTSearch"), Lines{}) << desk::utf8(number);
     }
     EXPECT_EQ(lastLogLine(), before);
     add(L"names.nsf", L"Form=Person\nLastName=Abel\nOfficePhoneNumber=06\"12\n");
@@ -336,7 +319,7 @@ TEST_F(LotusNumberSearch, Shown_TheDocumentOpensForReading_InItsDatabase)
 {
     add(L"names.nsf", durand);
     EXPECT_TRUE(searchAndShow(L"014567"));
-    EXPECT_EQ(callsOf(L"NotesUI"), (Lines{L"NotesUIWorkspace.CurrentDocument get ()",
+    EXPECT_EQ(callsTo(L"NotesUI"), (Lines{L"NotesUIWorkspace.CurrentDocument get ()",
                                           L"NotesUIWorkspace.OpenDatabase method (BSTR \"\", BSTR \"names.nsf\")",
                                           L"NotesUIWorkspace.EditDocument method (BOOL False, DISPATCH)"}));
     EXPECT_TRUE(notes.ask(L"windows").ends_with(L"\tread\tfront"));
@@ -346,7 +329,7 @@ TEST_F(LotusNumberSearch, NotShown_TheScreenIsNotTouched)
 {
     add(L"names.nsf", durand);
     search(L"014567");
-    EXPECT_EQ(callsOf(L"NotesUI"), Lines{});
+    EXPECT_EQ(callsTo(L"NotesUI"), Lines{});
 }
 
 TEST_F(LotusNumberSearch, ShownDocumentThatIsOpenAlready_TheOldCopyIsClosedAfterTheNewOneOpened)
@@ -354,7 +337,7 @@ TEST_F(LotusNumberSearch, ShownDocumentThatIsOpenAlready_TheOldCopyIsClosedAfter
     notes.ask(L"open " + add(L"names.nsf", durand) + L" edit");
     EXPECT_TRUE(searchAndShow(L"014567"));
     EXPECT_EQ(
-        callsOf(L"NotesUI"),
+        callsTo(L"NotesUI"),
         (Lines{L"NotesUIWorkspace.CurrentDocument get ()", L"NotesUIDocument.Document get ()",
                L"NotesUIWorkspace.OpenDatabase method (BSTR \"\", BSTR \"names.nsf\")",
                L"NotesUIWorkspace.EditDocument method (BOOL False, DISPATCH)", L"NotesUIDocument.Close method ()"}));
@@ -385,10 +368,10 @@ TEST_F(LotusNumberSearch, PersonalNoteId_IsFoundByTheUnchangedNumberOnly)
 {
     add(L"names.nsf", durand);
     EXPECT_EQ(FindNoteIdInPersonalBook(session, L"014567"), L"8F6");
-    EXPECT_EQ(callsOf(L"NotesView."), Lines{keyed(L"014567")});
+    EXPECT_EQ(callsTo(L"NotesView."), Lines{keyed(L"014567")});
     forgetCalls();
     EXPECT_EQ(FindNoteIdInPersonalBook(session, L"01.45 67"), L"");
-    EXPECT_EQ(callsOf(L"NotesView."), Lines{keyed(L"01.45 67")});
+    EXPECT_EQ(callsTo(L"NotesView."), Lines{keyed(L"01.45 67")});
 }
 
 TEST_F(LotusNumberSearch, PersonalNoteIdWithoutAPhoneView_IsFoundByFullText)
@@ -396,7 +379,7 @@ TEST_F(LotusNumberSearch, PersonalNoteIdWithoutAPhoneView_IsFoundByFullText)
     session.LotusAddressBooks[0].ViewTel = L"";
     add(L"names.nsf", durand);
     EXPECT_EQ(FindNoteIdInPersonalBook(session, L"014567"), L"8F6");
-    EXPECT_EQ(callsOf(L"NotesView."),
+    EXPECT_EQ(callsTo(L"NotesView."),
               (Lines{L"NotesView.FTSearch method (BSTR \"[OfficePhoneNumber] CONTAINS \"014567\" OR "
                      L"[CellPhoneNumber] CONTAINS \"014567\"\", I2 1)",
                      L"NotesView.GetFirstDocument method ()"}));

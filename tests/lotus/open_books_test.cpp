@@ -13,8 +13,6 @@ namespace hublink {
 
 namespace {
 
-using Lines = std::vector<std::wstring>;
-
 constexpr DATE noon = 45000.5;
 constexpr const wchar_t* ownBook = L"names.nsf";
 constexpr const wchar_t* company = L"CN=Mail1/O=Acme!!books\\company.nsf";
@@ -67,12 +65,6 @@ protected:
         forgetCalls();
         search(number, show);
         return record();
-    }
-
-    std::wstring lastLogLine()
-    {
-        const std::wstring body = field(documents(L"log.nsf").back(), L"Text");
-        return body.substr(body.rfind(L'\n'));
     }
 
     std::wstring marc;

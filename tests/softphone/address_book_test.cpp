@@ -6,8 +6,6 @@ namespace hublink {
 
 namespace {
 
-using Lines = std::vector<std::wstring>;
-
 class AddressBook : public LinkFixture {
 protected:
     AddressBook()

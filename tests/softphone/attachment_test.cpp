@@ -6,8 +6,6 @@ namespace {
 
 class Attachment : public LinkFixture {};
 
-using Lines = std::vector<std::wstring>;
-
 }
 
 TEST_F(Attachment, Start_AttachesToEverything_AndSubscribes)

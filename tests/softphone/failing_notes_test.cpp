@@ -7,8 +7,6 @@ namespace hublink {
 
 namespace {
 
-using Lines = std::vector<std::wstring>;
-
 class FailingNotes : public NotesLinkFixture {
 protected:
     FailingNotes()

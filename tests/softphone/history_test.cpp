@@ -4,8 +4,6 @@ namespace hublink {
 
 namespace {
 
-using Lines = std::vector<std::wstring>;
-
 class History : public LinkFixture {
 protected:
     History()

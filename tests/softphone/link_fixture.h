@@ -25,6 +25,8 @@
 
 namespace hublink {
 
+using Lines = std::vector<std::wstring>;
+
 class LinkFixture : public testing::Test {
 protected:
     LinkFixture()

@@ -8,8 +8,6 @@ namespace hublink {
 
 namespace {
 
-using Lines = std::vector<std::wstring>;
-
 class NotesCall : public NotesLinkFixture {
 protected:
     NotesCall()

@@ -8,8 +8,6 @@ namespace hublink {
 
 namespace {
 
-using Lines = std::vector<std::wstring>;
-
 class NotesSynchronisation : public NotesLinkFixture {
 protected:
     NotesSynchronisation()

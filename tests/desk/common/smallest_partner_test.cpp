@@ -1,7 +1,7 @@
 // What every partner program gets from the frame around it, shown by the smallest one.
 #include "automation/error.h"
 #include "automation/object.h"
-#include "support/failure_code.h"
+#include "support/failure.h"
 #include "support/running_partner.h"
 #include "support/scratch_folder.h"
 

@@ -2,9 +2,9 @@
 #pragma once
 
 #include "automation/array.h"
-#include "automation/error.h"
 #include "automation/object.h"
 #include "desk/lotus/in_process.h"
+#include "support/failure.h"
 
 #include <gtest/gtest.h>
 
@@ -102,15 +102,3 @@ protected:
 
     desk::lotus::InProcess notes;
 };
-
-// What the statement failed with.
-template <class Statement>
-automation::AutomationError failureOf(Statement statement)
-{
-    try {
-        statement();
-    } catch (const automation::AutomationError& error) {
-        return error;
-    }
-    return automation::AutomationError(L"", S_OK, L"", L"no failure");
-}

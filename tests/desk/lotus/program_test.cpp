@@ -2,7 +2,7 @@
 #include "automation/error.h"
 #include "automation/object.h"
 #include "desk/common/text.h"
-#include "support/failure_code.h"
+#include "support/failure.h"
 #include "support/running_partner.h"
 
 #include <gtest/gtest.h>

@@ -1,9 +1,9 @@
 // What the tests of the simulated Outlook share.
 #pragma once
 
-#include "automation/error.h"
 #include "automation/object.h"
 #include "desk/outlook/in_process.h"
+#include "support/failure.h"
 
 #include <gtest/gtest.h>
 
@@ -26,15 +26,3 @@ protected:
 
     desk::outlook::InProcess outlook;
 };
-
-// What the statement failed with.
-template <class Statement>
-automation::AutomationError failureOf(Statement statement)
-{
-    try {
-        statement();
-    } catch (const automation::AutomationError& error) {
-        return error;
-    }
-    return automation::AutomationError(L"", S_OK, L"", L"no failure");
-}

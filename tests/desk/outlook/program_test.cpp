@@ -2,7 +2,7 @@
 #include "automation/enumeration.h"
 #include "automation/error.h"
 #include "automation/object.h"
-#include "support/failure_code.h"
+#include "support/failure.h"
 #include "support/running_partner.h"
 #include "support/stand_in.h"
 

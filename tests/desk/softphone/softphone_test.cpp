@@ -1,5 +1,5 @@
 #include "softphone_fixture.h"
-#include "support/failure_code.h"
+#include "support/failure.h"
 
 #include <gtest/gtest.h>
 
