@@ -8,7 +8,7 @@ using automation::Value;
 
 class TableObject : public MailboxFixture {
 protected:
-    OutlookTable()
+    TableObject()
     {
         outlook.load(L"[contact]\nFullName=Ann Abel\nMobileTelephoneNumber=1\n"
                      L"[distlist]\nDLName=All\n[contact]\nFullName=Cy Cole\n");
