@@ -5,11 +5,10 @@
 '     cscript //nologo notes.vbs call NUMBER                 an incoming call
 '
 ' Quits with 42 at its end; an error on the way ends it otherwise.
-Option Explicit
 Const personalFile = "names.nsf"
 Const historyFile = "pavexhistory.nsf"
 Dim notes, logDatabase, historyDatabase, logDocument
-Dim phone, book, history, map
+Const application = 1 ' of the identifier map
 Dim files, servers
 Dim lastName, firstName, fullName, mail, noteId, server, base ' of the person found
 
@@ -32,21 +31,9 @@ Sub OpenNotes()
     Set historyDatabase = notes.GetDatabase("", historyFile)
 End Sub
 
-Sub OpenPhone()
-    Dim line, user, userName
-    Set phone = CreateObject("Pavex.Application")
-    phone.Attached = True
-    Set line = phone.Line
-    Set user = phone.User
-    userName = user.FirstText & " " & user.SecondText
-    Set history = phone.History
-    Set book = phone.AddressBook
+Sub TellUserName(userName)
     notes.SetEnvironmentVar "CTI_PavexUserName", userName
 End Sub
-
-Function Stripped(number)
-    Stripped = Replace(Replace(number, ".", ""), " ", "")
-End Function
 
 ' The address books
 
@@ -139,51 +126,7 @@ Sub WriteLog(text)
     logDocument.Save True, True
 End Sub
 
-' The identifier map
-
-Function Mapped(id)
-    Dim text, length
-    text = String(1024, Chr(0))
-    length = 1024
-    Mapped = ""
-    If map.ConvertIdOrvel(id, text, length, 1) <> 0 Then Mapped = Left(text, length)
-End Function
-
-Sub Purge(records, collection)
-    Dim second, record, id, dot
-    Set second = CreateObject("PavexConvId.OrvelConvertId")
-    For Each record In second.idCollection(collection)
-        id = record.idOrvel
-        dot = InStr(id, ".")
-        If records.Find(CLng(Left(id, dot - 1)), CLng(Mid(id, dot + 1))) Is Nothing Then
-            second.RemoveIdOrvel id, record.typApplication
-        End If
-    Next
-End Sub
-
 ' The synchronisations
-
-Sub Synchronise()
-    OpenPhone
-    Set map = CreateObject("PavexConvId.OrvelConvertId")
-    WriteLog "Start Connector Initialization"
-    Purge history, 0
-    Purge book, 1
-    MirrorBook
-    MirrorHistory
-    WriteLog "Connector Initialization  Ok"
-    map.StopOrvelConvertId
-End Sub
-
-Sub MirrorBook()
-    Dim index, created
-    WriteLog "Start repertory Synchronisation "
-    created = 0
-    For index = book.Count - 1 To 0 Step -1
-        MirrorEntry book.Item(index), created
-    Next
-    WriteLog "Repertory Synchronisation Ok"
-End Sub
 
 Sub MirrorEntry(entry, created)
     Dim number, id, known, last, first, document
@@ -200,21 +143,10 @@ Sub MirrorEntry(entry, created)
     Else
         known = document.NoteID
     End If
-    map.InsertId known, id, 1, 1
+    map.InsertId known, id, application, 1
 End Sub
 
-Sub MirrorHistory()
-    Dim index, call_, id
-    WriteLog "start History Synchronisation "
-    For index = 0 To history.Count - 1
-        Set call_ = history.Item(index)
-        id = call_.IdHigh & "." & call_.IdLow
-        If Mapped(id) = "" Then map.InsertId NewCallDocument(call_), id, 1, 0
-    Next
-    WriteLog "History Synchronisation Ok"
-End Sub
-
-Function NewCallDocument(call_)
+Function NewCallRecord(call_)
     Dim document, number
     Set document = historyDatabase.CreateDocument
     document.Form = "Call"
@@ -240,7 +172,7 @@ Function NewCallDocument(call_)
     document.AppendItemValue "EndDate", call_.EndDate
     document.AppendItemValue "TypeCall", CallText(call_)
     document.Save True, True
-    NewCallDocument = document.NoteID
+    NewCallRecord = document.NoteID
     RefreshView
 End Function
 
@@ -251,16 +183,6 @@ Sub RefreshView()
     If front Is Nothing Then Exit Sub
     If LCase(front.Database.FileName) = LCase(historyDatabase.FileName) Then workspace.ViewRefresh
 End Sub
-
-Function CallText(call_)
-    CallText = "Outgoing call"
-    If call_.Incoming Then CallText = "Incoming call"
-    Select Case call_.State
-        Case 6, 7, 12, 14 CallText = CallText & " unanswered"
-        Case Else
-            If call_.Acknowledged = 1 Then CallText = CallText & " acknowledged" Else CallText = CallText & " answered"
-    End Select
-End Function
 
 ' A call: whose it is, then the document on the screen.
 Sub IncomingCall(number)

@@ -10,9 +10,8 @@
 ' A number that is found with dots or blanks is written bare, but with a last
 ' argument "kept".
 ' Quits with 42 at its end; an error on the way ends it otherwise.
-Option Explicit
 Dim outlookApp, contacts, logItem
-Dim phone, book, history, map
+Const application = 0 ' of the identifier map
 Dim lastName, firstName, email
 Dim shown ' the contact
 Dim rewrites
@@ -44,22 +43,10 @@ Sub OpenOutlook()
     Set journal = session.GetDefaultFolder(11)
 End Sub
 
-Sub OpenPhone()
-    Dim line, user, userName
-    Set phone = CreateObject("Pavex.Application")
-    phone.Attached = True
-    Set line = phone.Line
-    Set user = phone.User
-    userName = user.FirstText & " " & user.SecondText
-    Set history = phone.History
-    Set book = phone.AddressBook
+Sub TellUserName(userName)
 End Sub
 
 ' Numbers
-
-Function Stripped(number)
-    Stripped = Replace(Replace(number, ".", ""), " ", "")
-End Function
 
 Function PhoneFilter(number)
     Dim n
@@ -189,51 +176,7 @@ Sub WriteLog(text)
     logItem.Close 0
 End Sub
 
-' The identifier map
-
-Function Mapped(id)
-    Dim entryId, length
-    entryId = String(1024, Chr(0))
-    length = 1024
-    Mapped = ""
-    If map.ConvertIdOrvel(id, entryId, length, 0) <> 0 Then Mapped = Left(entryId, length)
-End Function
-
-Sub Purge(records, collection)
-    Dim server, record, id, dot
-    Set server = CreateObject("PavexConvId.OrvelConvertId")
-    For Each record In server.idCollection(collection)
-        id = record.idOrvel
-        dot = InStr(id, ".")
-        If records.Find(CLng(Left(id, dot - 1)), CLng(Mid(id, dot + 1))) Is Nothing Then
-            server.RemoveIdOrvel id, record.typApplication
-        End If
-    Next
-End Sub
-
 ' The synchronisations
-
-Sub Synchronise()
-    OpenPhone
-    Set map = CreateObject("PavexConvId.OrvelConvertId")
-    WriteLog "Start Connector Initialization"
-    Purge history, 0
-    Purge book, 1
-    MirrorBook
-    MirrorHistory
-    WriteLog "Connector Initialization  Ok"
-    map.StopOrvelConvertId
-End Sub
-
-Sub MirrorBook()
-    Dim index, created
-    WriteLog "Start repertory Synchronisation "
-    created = 0
-    For index = book.Count - 1 To 0 Step -1
-        MirrorEntry book.Item(index), created
-    Next
-    WriteLog "Repertory Synchronisation Ok"
-End Sub
 
 Sub MirrorEntry(entry, created)
     Dim number, id, known, last, first
@@ -248,21 +191,10 @@ Sub MirrorEntry(entry, created)
         WriteLog created & " In OutLook " & number & " " & last & " " & first
         known = NewContact(entry.Number, entry.LastName, entry.FirstName, False)
     End If
-    map.InsertId known, id, 0, 1
+    map.InsertId known, id, application, 1
 End Sub
 
-Sub MirrorHistory()
-    Dim index, call_, id
-    WriteLog "start History Synchronisation "
-    For index = 0 To history.Count - 1
-        Set call_ = history.Item(index)
-        id = call_.IdHigh & "." & call_.IdLow
-        If Mapped(id) = "" Then map.InsertId NewJournalItem(call_), id, 0, 0
-    Next
-    WriteLog "History Synchronisation Ok"
-End Sub
-
-Function NewJournalItem(call_)
+Function NewCallRecord(call_)
     Dim item, subject, number, known
     Set item = outlookApp.CreateItem(4)
     subject = ""
@@ -287,17 +219,7 @@ Function NewJournalItem(call_)
     End If
     item.Body = CallText(call_)
     item.Close 0
-    NewJournalItem = item.EntryID
-End Function
-
-Function CallText(call_)
-    CallText = "Outgoing call"
-    If call_.Incoming Then CallText = "Incoming call"
-    Select Case call_.State
-        Case 6, 7, 12, 14 CallText = CallText & " unanswered"
-        Case Else
-            If call_.Acknowledged = 1 Then CallText = CallText & " acknowledged" Else CallText = CallText & " answered"
-    End Select
+    NewCallRecord = item.EntryID
 End Function
 
 ' A call: whose it is, then his contact on the screen, a new one for a stranger.
