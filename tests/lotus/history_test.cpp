@@ -1,75 +1,11 @@
-#include "lotus/history.h"
-
-#include "each_call.h"
-#include "support/softphone_record.h"
+#include "history_fixture.h"
 
 namespace hublink {
 
 namespace {
 
 using automation::Value;
-
-constexpr const wchar_t* refresh = L"NotesUIWorkspace.ViewRefresh method";
-
-using Members = std::map<std::wstring, Value>;
-
-class LotusHistory : public LotusDocumentsFixture {
-protected:
-    // An answered outgoing call; a test says what is otherwise.
-    static Members call(const wchar_t* number)
-    {
-        return {{L"Number", number},
-                {L"LastName", L"Softphone-Last"},
-                {L"FirstName", L"Softphone-First"},
-                {L"State", std::int32_t{3}},
-                {L"Incoming", false},
-                {L"Acknowledged", std::int16_t{0}},
-                {L"BeginDate", Value::date(45000.25)},
-                {L"EndDate", Value::date(45000.5)}};
-    }
-
-    static Members with(Members members, const wchar_t* name, Value value)
-    {
-        members[name] = std::move(value);
-        return members;
-    }
-
-    std::wstring create(const Members& members)
-    {
-        return CreateHistoryDocument(session, SoftphoneHistoryItem(support::record(members)));
-    }
-
-    // The items of the last document; nothing when none was saved.
-    Fields saved()
-    {
-        const auto all = documents(historyBase);
-        return all.empty() ? Fields{} : itemsOf(all.back());
-    }
-
-    std::wstring kind() { return field(documents(historyBase).back(), L"Kind"); }
-
-    std::wstring kindOf(bool incoming, std::int32_t state, std::int16_t acknowledged)
-    {
-        Members members = call(L"");
-        members[L"Incoming"] = incoming;
-        members[L"State"] = state;
-        members[L"Acknowledged"] = acknowledged;
-        EXPECT_FALSE(create(members).empty());
-        return kind();
-    }
-
-    void addMarc() { add(L"names.nsf", L"Form=Person\nLastName=Durand\nFirstName=Marc\nOfficePhoneNumber=0123"); }
-
-    // What was appended to the call's document, in order.
-    Lines appended()
-    {
-        constexpr std::wstring_view append = L"NotesDocument.AppendItemValue method (";
-        Lines lines;
-        for (const std::wstring& line : record())
-            if (line.starts_with(append)) lines.push_back(line.substr(append.size()));
-        return lines;
-    }
-};
+using LotusHistory = HistoryFixture;
 
 const Lines fiveOfAnyCall{L"BSTR \"CallState\", I4 3)",
                           L"BSTR \"In\", BOOL False)",
@@ -236,64 +172,6 @@ TEST_F(LotusHistory, AmpersandsOfTheDictionary_AreLeftOut)
     EXPECT_EQ(kindOf(false, 3, 0), L"") << "a text that is an access key only";
 }
 
-TEST_F(LotusHistory, HistoryInFront_ItsViewIsRefreshedOnce_AfterTheSave)
-{
-    ready();
-    notes.ask(L"show pavexhistory.nsf Calls");
-    EXPECT_FALSE(create(call(L"")).empty());
-    EXPECT_EQ(calls(refresh), 1u);
-    EXPECT_EQ(record().back(), L"NotesUIWorkspace.ViewRefresh method ()");
-}
-
-TEST_F(LotusHistory, HistoryInFront_IsRecognisedByTheDatabasesOwnFileName)
-{
-    ready();
-    session.LotusCallLog.Base = L"PAVEXHISTORY";
-    notes.ask(L"show pavexhistory.nsf Calls");
-    create(call(L""));
-    EXPECT_EQ(calls(refresh), 1u);
-}
-
-TEST_F(LotusHistory, AnotherDatabaseInFront_NothingIsRefreshed)
-{
-    ready();
-    notes.ask(L"show names.nsf People");
-    EXPECT_FALSE(create(call(L"")).empty());
-    EXPECT_EQ(calls(L"NotesUIWorkspace.CurrentDatabase get"), 1u);
-    EXPECT_EQ(calls(refresh), 0u);
-}
-
-TEST_F(LotusHistory, NothingInFront_NothingIsRefreshed_AndNoErrorIsMet)
-{
-    ready();
-    EXPECT_FALSE(create(call(L"")).empty());
-    EXPECT_EQ(calls(refresh), 0u);
-    EXPECT_EQ(trapped.errors, std::vector<std::string>{});
-}
-
-TEST_F(LotusHistory, ViewCannotBeRefreshed_TheResultStays)
-{
-    ready();
-    notes.ask(L"show pavexhistory.nsf Calls");
-    for (const wchar_t* fails :
-         {L"on NotesUIWorkspace.CurrentDatabase fail 0x80004005", L"on NotesUIDatabase.Database fail 0x80004005",
-          L"on NotesDatabase.FileName fail 0x80004005", L"on NotesUIWorkspace.ViewRefresh fail 0x80004005"}) {
-        fault(fails);
-        const std::wstring noteId = create(call(L""));
-        EXPECT_EQ(noteId, field(documents(historyBase).back(), L"@NoteID")) << desk::utf8(fails);
-        fault(L"off");
-    }
-    EXPECT_EQ(trapped.errors.size(), 4u);
-}
-
-TEST_F(LotusHistory, ClientCannotBeStarted_TheResultStays)
-{
-    ready();
-    notes.withdraw();
-    const std::wstring noteId = create(call(L""));
-    EXPECT_EQ(noteId, field(documents(historyBase).at(0), L"@NoteID"));
-}
-
 TEST_F(LotusHistory, FailsAtAnyCall_NothingIsSavedUntilTheSave_AndTheResultStaysAfterwards)
 {
     std::wstring noteId;
@@ -440,17 +318,6 @@ TEST_F(LotusHistory, PartysItemsAreNoArray_ThePartyIsNotFound)
     create(call(L"0123"));
     EXPECT_EQ(field(documents(historyBase).at(0), L"Last"), L"Softphone-Last");
     EXPECT_EQ(field(documents(historyBase).at(0), L"InfoSupdocNoteId"), L"");
-}
-
-TEST_F(LotusHistory, DatabaseInFrontThatIsNotTold_RefreshesNothing_AndTheResultStays)
-{
-    ready();
-    notes.ask(L"show pavexhistory.nsf Calls");
-    fault(L"on NotesUIDatabase.Database answer Nothing");
-    const std::wstring noteId = create(call(L""));
-    EXPECT_EQ(noteId, field(documents(historyBase).at(0), L"@NoteID"));
-    EXPECT_EQ(calls(refresh), 0u);
-    EXPECT_EQ(trapped.procedures, Lines{L"CreateHistoryDocument"});
 }
 
 }

@@ -1,43 +1,12 @@
-#include "lotus/search.h"
+#include "number_search_fixture.h"
 
 #include "lotus/log_document.h"
-#include "lotus_fixture.h"
 
 namespace hublink {
 
 namespace {
 
-constexpr const wchar_t* company = L"CN=Mail1/O=Acme!!books\\company.nsf";
-constexpr const wchar_t* durand = L"Form=Person\nLastName=Durand\nFirstName=Marc\nFullName=Marc Durand\n"
-                                  L"OfficePhoneNumber=014567\nMailAddress=\nInternetAddress=marc@acme.fr\n";
-
-class LotusNumberSearch : public LotusFixture {
-protected:
-    LotusNumberSearch() { ready(); }
-
-    bool search(const std::wstring& number, const std::wstring& wanted = L"", bool show = false)
-    {
-        const LotusSearchResult result = SearchByNumber(session, number, show, wanted, person);
-        person = result.person;
-        book = result.book;
-        return result.isFound;
-    }
-
-    bool searchAndShow(const std::wstring& number) { return search(number, L"", true); }
-
-    static std::wstring keyed(const wchar_t* key)
-    {
-        return L"NotesView.GetDocumentByKey method (BSTR \"" + std::wstring(key) + L"\", BOOL True)";
-    }
-
-    static std::wstring noAccess(const std::wstring& place)
-    {
-        return L"\n3/15/2023 12:00:00 PM Error acces " + place + L" in SearchInPublicAdressBook";
-    }
-
-    LotusPerson person;
-    LotusAddressBook book;
-};
+using LotusNumberSearch = NumberSearchFixture;
 
 }
 
@@ -127,6 +96,7 @@ TEST_F(LotusNumberSearch, FullText_IsAskedForTheNumberWithoutSeparators_ThenUnch
 }
 
 // A book of the ini file without phone items has one without a name.
+
 TEST_F(LotusNumberSearch, BookWithAMainViewButNoPhoneItems_IsRefusedByNotes_AndTheNextBookSearched)
 {
     std::string withoutItems = describedBooks;
@@ -236,16 +206,6 @@ TEST_F(LotusNumberSearch, NumberThatNoQueryCanSay_IsAskedForByKeyOnly_AndNothing
     EXPECT_EQ(person.LastName, L"Abel") << "a key may hold anything";
 }
 
-TEST_F(LotusNumberSearch, PersonalNoteIdOfANumberThatNoQueryCanSay_IsEmpty_AndNothingIsAsked)
-{
-    session.LotusAddressBooks[0].ViewTel = L"";
-    add(L"names.nsf", durand);
-    for (const wchar_t* number : {L"01\"4567", L"01*", L"?????7"})
-        EXPECT_EQ(FindNoteIdInPersonalBook(session, number), L"") << desk::utf8(number);
-    EXPECT_EQ(calls(L"NotesView.FTSearch method"), 0u);
-    EXPECT_EQ(trapped.errors, std::vector<std::string>{});
-}
-
 TEST_F(LotusNumberSearch, EmptyNumber_EndsQuietly)
 {
     EXPECT_FALSE(search(L""));
@@ -315,110 +275,6 @@ TEST_F(LotusNumberSearch, NotReady_TouchesNothing)
     EXPECT_EQ(notes.recorder().calls().size(), 0u);
 }
 
-TEST_F(LotusNumberSearch, Shown_TheDocumentOpensForReading_InItsDatabase)
-{
-    add(L"names.nsf", durand);
-    EXPECT_TRUE(searchAndShow(L"014567"));
-    EXPECT_EQ(callsTo(L"NotesUI"), (Lines{L"NotesUIWorkspace.CurrentDocument get ()",
-                                          L"NotesUIWorkspace.OpenDatabase method (BSTR \"\", BSTR \"names.nsf\")",
-                                          L"NotesUIWorkspace.EditDocument method (BOOL False, DISPATCH)"}));
-    EXPECT_TRUE(notes.ask(L"windows").ends_with(L"\tread\tfront"));
-}
-
-TEST_F(LotusNumberSearch, NotShown_TheScreenIsNotTouched)
-{
-    add(L"names.nsf", durand);
-    search(L"014567");
-    EXPECT_EQ(callsTo(L"NotesUI"), Lines{});
-}
-
-TEST_F(LotusNumberSearch, ShownDocumentThatIsOpenAlready_TheOldCopyIsClosedAfterTheNewOneOpened)
-{
-    notes.ask(L"open " + add(L"names.nsf", durand) + L" edit");
-    EXPECT_TRUE(searchAndShow(L"014567"));
-    EXPECT_EQ(
-        callsTo(L"NotesUI"),
-        (Lines{L"NotesUIWorkspace.CurrentDocument get ()", L"NotesUIDocument.Document get ()",
-               L"NotesUIWorkspace.OpenDatabase method (BSTR \"\", BSTR \"names.nsf\")",
-               L"NotesUIWorkspace.EditDocument method (BOOL False, DISPATCH)", L"NotesUIDocument.Close method ()"}));
-    const Lines windows = split(notes.ask(L"windows"), L'\n');
-    ASSERT_EQ(windows.size(), 1u);
-    EXPECT_TRUE(windows[0].ends_with(L"\tread\tfront")) << "the copy for reading, not the user's own";
-}
-
-TEST_F(LotusNumberSearch, AnotherDocumentThatIsOpen_StaysOpen)
-{
-    notes.ask(L"open " + add(L"names.nsf", L"Form=Person\nLastName=Abel\n"));
-    add(L"names.nsf", durand);
-    EXPECT_TRUE(searchAndShow(L"014567"));
-    EXPECT_EQ(calls(L"NotesUIDocument.Close method"), 0u);
-    EXPECT_EQ(split(notes.ask(L"windows"), L'\n').size(), 2u);
-}
-
-TEST_F(LotusNumberSearch, DocumentThatCannotBeShown_IsAFailureOfThisBook)
-{
-    add(L"names.nsf", durand);
-    fault(L"on NotesUIWorkspace.OpenDatabase fail 0x80004005");
-    EXPECT_FALSE(searchAndShow(L"014567"));
-    EXPECT_EQ(person.LastName, L"Durand");
-    EXPECT_EQ(lastLogLine(), noAccess(L" names.nsf"));
-}
-
-TEST_F(LotusNumberSearch, PersonalNoteId_IsFoundByTheUnchangedNumberOnly)
-{
-    add(L"names.nsf", durand);
-    EXPECT_EQ(FindNoteIdInPersonalBook(session, L"014567"), L"8F6");
-    EXPECT_EQ(callsTo(L"NotesView."), Lines{keyed(L"014567")});
-    forgetCalls();
-    EXPECT_EQ(FindNoteIdInPersonalBook(session, L"01.45 67"), L"");
-    EXPECT_EQ(callsTo(L"NotesView."), Lines{keyed(L"01.45 67")});
-}
-
-TEST_F(LotusNumberSearch, PersonalNoteIdWithoutAPhoneView_IsFoundByFullText)
-{
-    session.LotusAddressBooks[0].ViewTel = L"";
-    add(L"names.nsf", durand);
-    EXPECT_EQ(FindNoteIdInPersonalBook(session, L"014567"), L"8F6");
-    EXPECT_EQ(callsTo(L"NotesView."),
-              (Lines{L"NotesView.FTSearch method (BSTR \"[OfficePhoneNumber] CONTAINS \"014567\" OR "
-                     L"[CellPhoneNumber] CONTAINS \"014567\"\", I2 1)",
-                     L"NotesView.GetFirstDocument method ()"}));
-    EXPECT_EQ(FindNoteIdInPersonalBook(session, L"099"), L"");
-    session.LotusAddressBooks[0].MainView = L"";
-    EXPECT_EQ(FindNoteIdInPersonalBook(session, L"014567"), L"");
-}
-
-TEST_F(LotusNumberSearch, PersonalNoteIdWithoutAPersonalBook_OrASession_IsEmpty)
-{
-    add(L"names.nsf", durand);
-    session.LotusReady = false;
-    EXPECT_EQ(FindNoteIdInPersonalBook(session, L"014567"), L"");
-    session.LotusReady = true;
-    session.nSelectedPersonal = -1;
-    EXPECT_EQ(FindNoteIdInPersonalBook(session, L"014567"), L"");
-    EXPECT_EQ(notes.recorder().calls().size(), 0u);
-    EXPECT_EQ(trapped.errors, std::vector<std::string>{});
-}
-
-TEST_F(LotusNumberSearch, PersonalNoteIdOfAFailingBook_IsEmpty_WithoutALogLine)
-{
-    const std::wstring before = lastLogLine();
-    notes.ask(L"available names.nsf off");
-    EXPECT_EQ(FindNoteIdInPersonalBook(session, L"014567"), L"");
-    EXPECT_EQ(trapped.procedures, Lines{L"FindNoteIdInPersonalBook"});
-    EXPECT_EQ(lastLogLine(), before);
-}
-
-TEST_F(LotusNumberSearch, OldCopyThatCannotBeClosed_IsAFailureOfThisBook_WithBothOnTheScreen)
-{
-    notes.ask(L"open " + add(L"names.nsf", durand));
-    fault(L"on NotesUIDocument.Close fail 0x80004005");
-    EXPECT_FALSE(searchAndShow(L"014567"));
-    EXPECT_EQ(person.NoteId, L"8F6");
-    EXPECT_EQ(split(notes.ask(L"windows"), L'\n').size(), 2u);
-    EXPECT_EQ(lastLogLine(), noAccess(L" names.nsf"));
-}
-
 TEST_F(LotusNumberSearch, FullTextHitWithoutADocument_FindsNobody_Quietly)
 {
     add(company, L"Form=Employee\nName=Zola\nPhone=0612\n");
@@ -445,6 +301,7 @@ TEST_F(LotusNumberSearch, TypedArrays_AreReadAsAnyOther)
 }
 
 // What docs/settings.md recommends a view by telephone number for.
+
 TEST_F(LotusNumberSearch, PersonThatTheFullTextIndexDoesNotKnowYet_IsFoundByTheTelephoneViewOnly)
 {
     notes.load(std::wstring(notesDatabases) +

@@ -1,114 +1,11 @@
-#include "lotus/settings.h"
-
-#include "lotus/log_document.h"
-#include "lotus_fixture.h"
+#include "settings_fixture.h"
 
 namespace hublink {
 
 namespace {
 
-class LotusSettings : public LotusFixture {
-protected:
-    void read(const std::string& ini)
-    {
-        writeIni(ini);
-        ReadLotusIni(session);
-    }
+using LotusSettings = SettingsFixture;
 
-    // Two books named by their base files, then this order and these marks of personal ones.
-    static std::string twoBooks(const std::string& order, const char* firstPersonal = "false",
-                                const char* secondPersonal = "false")
-    {
-        return "[lotus]\nNbPublicAddressBook=2\nOrder=" + order +
-               "\n[lotus base description 1]\nbase=one.nsf||||\nPersonalAddressBook=" + firstPersonal +
-               "\n[lotus base description 2]\nbase=two.nsf||||\nPersonalAddressBook=" + secondPersonal + "\n";
-    }
-
-    static std::string oneBook(const std::string& keys)
-    {
-        return "[lotus]\nNbPublicAddressBook=1\nOrder=Base 1\n[lotus base description 1]\n" + keys + "\n";
-    }
-
-    std::vector<std::wstring> bases() const
-    {
-        std::vector<std::wstring> names;
-        for (const LotusAddressBook& book : session.LotusAddressBooks) names.push_back(book.Base);
-        return names;
-    }
-
-    // The reading ends with an error and leaves these books behind.
-    void expectStopped(const std::string& ini, const std::vector<std::wstring>& left)
-    {
-        session.LotusAddressBooks.assign(1, {});
-        session.LotusAddressBooks[0].Base = L"old.nsf";
-        session.nSelectedPersonal = 0;
-        session.bShowGrpwAgenda = true;
-        session.LotusCallLog.LastName = L"kept";
-        trapped.procedures.clear();
-        read(ini);
-        EXPECT_EQ(trapped.procedures, Names{L"ReadLotusIni"}) << ini;
-        EXPECT_EQ(bases(), left) << ini;
-        EXPECT_TRUE(session.bShowGrpwAgenda) << ini;
-        EXPECT_EQ(session.LotusCallLog.LastName, L"kept") << ini;
-    }
-
-    using Names = std::vector<std::wstring>;
-};
-
-}
-
-TEST_F(LotusSettings, OrderOfTwoBooks_IsSearchOrder_AndFirstPersonalOneIsSelected)
-{
-    read(twoBooks("Base 2,<none>,Base 1", "true"));
-    EXPECT_EQ(bases(), (Names{L"two.nsf", L"one.nsf"}));
-    EXPECT_EQ(session.nSelectedPersonal, 1);
-    EXPECT_EQ(session.nbPublicAddressBook, 2);
-}
-
-TEST_F(LotusSettings, BaseNone_IsCounted_LeavesAnEmptyBookAtTheEnd_AndTheReadingGoesOn)
-{
-    session.LotusCallLog.State = L"old";
-    session.bShowGrpwAgenda = true;
-    read(twoBooks("Base <none>,Base 2,Base 1", "true") + "[lotus call log description]\nState=read\n");
-    EXPECT_EQ(bases(), (Names{L"two.nsf", L"one.nsf", L""}));
-    EXPECT_EQ(session.nSelectedPersonal, 1);
-    EXPECT_FALSE(session.bShowGrpwAgenda);
-    EXPECT_EQ(session.LotusCallLog.State, L"read");
-    EXPECT_EQ(trapped.errors, std::vector<std::string>{});
-}
-
-TEST_F(LotusSettings, BothBooksPersonal_TheOneNamedFirst_IsSelected)
-{
-    read(twoBooks("<none>,Base 2,Base 1", "true", "true"));
-    EXPECT_EQ(bases(), (Names{L"two.nsf", L"one.nsf"}));
-    EXPECT_EQ(session.nSelectedPersonal, 0);
-}
-
-TEST_F(LotusSettings, NoPersonalBook_NoneIsSelected)
-{
-    session.nSelectedPersonal = 1;
-    read(twoBooks("Base 1,Base 2"));
-    EXPECT_EQ(session.nSelectedPersonal, -1);
-}
-
-TEST_F(LotusSettings, PersonalBookLeftOutOfTheOrder_IsNeitherSearchedNorSelected)
-{
-    read(twoBooks("Base 2", "true"));
-    EXPECT_EQ(bases(), Names{L"two.nsf"});
-    EXPECT_EQ(session.nSelectedPersonal, -1);
-}
-
-TEST_F(LotusSettings, BookNamedTwice_IsSearchedTwice_AndSelectedAtItsFirstPlace)
-{
-    read(twoBooks("Base 2,Base 1,Base 2,Base 1", "true"));
-    EXPECT_EQ(bases(), (Names{L"two.nsf", L"one.nsf", L"two.nsf", L"one.nsf"}));
-    EXPECT_EQ(session.nSelectedPersonal, 1);
-}
-
-TEST_F(LotusSettings, EveryWordBaseOfAnEntry_IsRemoved_OrNoneIsThere)
-{
-    read(twoBooks("Base Base 2,1, Base 2"));
-    EXPECT_EQ(bases(), (Names{L"two.nsf", L"one.nsf", L"two.nsf"}));
 }
 
 TEST_F(LotusSettings, FiveParts_FillTheLocator_FurtherOnesAreIgnored)
@@ -234,67 +131,6 @@ TEST_F(LotusSettings, ServerNameThatNotesTells_IsTaken)
     EXPECT_EQ(session.LotusAddressBooks.at(0).Server, L"CN=App1/O=Acme");
 }
 
-TEST_F(LotusSettings, CountThatIsNone_EndsTheReading_WithTheOldBooksInUse)
-{
-    for (const char* count : {"0", "-1", "-32768", "abc", "70000", "2 books", ""}) {
-        expectStopped("[lotus]\nNbPublicAddressBook=" + std::string(count) + "\nOrder=Base 1\n", {L"old.nsf"});
-        EXPECT_EQ(session.nSelectedPersonal, -1) << count;
-    }
-}
-
-TEST_F(LotusSettings, Count_IsKeptWhenItIsANumber_AndElseStays)
-{
-    session.nbPublicAddressBook = 5;
-    read("[lotus]\nNbPublicAddressBook=abc\n");
-    EXPECT_EQ(session.nbPublicAddressBook, 5);
-    read("[lotus]\nNbPublicAddressBook=70000\n");
-    EXPECT_EQ(session.nbPublicAddressBook, 5);
-    read("[lotus]\nNbPublicAddressBook=-1\n");
-    EXPECT_EQ(session.nbPublicAddressBook, -1);
-    read("[other]\n");
-    EXPECT_EQ(session.nbPublicAddressBook, 0);
-}
-
-TEST_F(LotusSettings, LargestCount_BooksWithoutASectionAreEmpty)
-{
-    read("[lotus]\nNbPublicAddressBook=32767\nOrder=Base 32767,Base 2,Base 1000\n"
-         "[LOTUS Base Description 2]\nbase=two.nsf||||\nPersonalAddressBook=true\n"
-         "[lotus base description 32767]\nbase=last.nsf||||\n");
-    EXPECT_EQ(bases(), (Names{L"last.nsf", L"two.nsf", L""}));
-    EXPECT_EQ(session.nSelectedPersonal, 1);
-    EXPECT_EQ(session.LotusAddressBooks.at(2).PhoneNumber, Names{L""});
-    EXPECT_EQ(session.LotusAddressBooks.at(2).MailAddress, Names{L""});
-}
-
-TEST_F(LotusSettings, MissingFile_EndsTheReading)
-{
-    ReadLotusIni(session);
-    EXPECT_EQ(trapped.procedures, Names{L"ReadLotusIni"});
-    EXPECT_EQ(session.LotusAddressBooks.size(), 0u);
-    ReadLotusPersonalLogIni(session);
-    EXPECT_EQ(session.LotusPersonalLog.Body, L"");
-}
-
-TEST_F(LotusSettings, OrderThatIsMissing_NamesBookZero_AndEndsTheReading)
-{
-    expectStopped("[lotus]\nNbPublicAddressBook=1\n[lotus base description 1]\nbase=one.nsf||||\n", {L""});
-    EXPECT_EQ(session.nSelectedPersonal, -1);
-}
-
-TEST_F(LotusSettings, OrderThatNamesNoBook_EndsTheReading_WithTheOldBooksInUse)
-{
-    for (const char* order : {"", "<none>", "<none>,<none>"}) expectStopped(twoBooks(order, "true"), {L"old.nsf"});
-    EXPECT_EQ(session.nSelectedPersonal, -1);
-}
-
-TEST_F(LotusSettings, OrderEntryThatNamesNoBook_EndsTheReading_AfterTheBooksBeforeIt)
-{
-    for (const char* entry : {"abc", "0", "3", "-1", "70000", "Base", "Base1", "<None>", " "})
-        expectStopped(twoBooks("Base 2," + std::string(entry) + ",Base 1", "false", "true"), {L"two.nsf", L"", L""});
-    EXPECT_EQ(session.nSelectedPersonal, 0);
-    expectStopped(twoBooks("Base 2,,Base 1"), {L"two.nsf", L"", L""});
-}
-
 TEST_F(LotusSettings, Switches_AreOnOnlyForExactlyTrue)
 {
     const struct {
@@ -355,74 +191,6 @@ TEST_F(LotusSettings, EveryKeyOfThePersonalLog_GoesToItsField)
               (Names{L"l.nsf", L"s", L"m", L"t", L"e"}));
     EXPECT_EQ(Names({log.Body, log.Events, log.Form, log.TypeForm, log.StartTime, log.FinishTime, log.ServerItem}),
               (Names{L"1", L"2", L"3", L"4", L"5", L"6", L"7"}));
-}
-
-TEST_F(LotusSettings, Dump_ListsEveryBook_AsOneEntryOfTheLog)
-{
-    ready();
-    WriteLotusLog(session, L"before");
-    session.LotusAddressBooks[1].PersonalAddressBook = true;
-    session.NewLogDocument = true;
-    DumpLotusAddressBooks(session);
-    EXPECT_EQ(field(documents(L"log.nsf").back(), L"Text"), L"\n3/15/2023 12:00:00 PM Base 0\n"
-                                                            "Server=\n"
-                                                            "Base=names.nsf\n"
-                                                            "Personnal Contacts selected\n"
-                                                            "MainView=People\n"
-                                                            "View (mail)=($Mails)\n"
-                                                            "View (Tel)=($Phones)\n"
-                                                            "FirstName=FirstName\n"
-                                                            "LastName=LastName\n"
-                                                            "FullName=FullName\n"
-                                                            "PhoneNumber=OfficePhoneNumber CellPhoneNumber\n"
-                                                            "Mail=MailAddress InternetAddress\n"
-                                                            "Form=Person\n"
-                                                            "Type=PersonType\n"
-                                                            "Base 1\n"
-                                                            "Server=CN=Mail1/O=Acme\n"
-                                                            "Base=books\\company.nsf\n"
-                                                            "Personnal Contacts\n"
-                                                            "MainView=Staff\n"
-                                                            "View (mail)=\n"
-                                                            "View (Tel)=\n"
-                                                            "FirstName=GivenName\n"
-                                                            "LastName=Name\n"
-                                                            "FullName=WholeName\n"
-                                                            "PhoneNumber=Phone\n"
-                                                            "Mail=Mail\n"
-                                                            "Form=Employee\n"
-                                                            "Type=EmployeeType\n");
-}
-
-TEST_F(LotusSettings, DumpOfABookThatIsNotPersonal_HasNoLineAboutIt)
-{
-    ready();
-    session.LotusAddressBooks.assign(1, {});
-    session.LotusAddressBooks[0].PhoneNumber = {L"", L"x", L""};
-    session.nSelectedPersonal = -1;
-    session.NewLogDocument = true;
-    DumpLotusAddressBooks(session);
-    EXPECT_EQ(field(documents(L"log.nsf").back(), L"Text"),
-              L"\n3/15/2023 12:00:00 PM Base 0\nServer=\nBase=\nMainView=\nView (mail)=\nView (Tel)=\n"
-              "FirstName=\nLastName=\nFullName=\nPhoneNumber= x \nMail=\nForm=\nType=\n");
-}
-
-TEST_F(LotusSettings, ReadingThatEndsBeforeTheDump_WritesNone)
-{
-    ready();
-    session.NewLogDocument = true;
-    read(twoBooks("Base 3"));
-    EXPECT_EQ(documents(L"log.nsf").size(), 1u);
-    read(twoBooks("Base 2"));
-    EXPECT_EQ(documents(L"log.nsf").size(), 2u);
-}
-
-TEST_F(LotusSettings, DumpThatCannotBeWritten_DoesNotEndTheReading)
-{
-    ready();
-    fault(L"on NotesDocument.* fail 0x80004005");
-    read(twoBooks("Base 2") + "[lotus call log description]\nState=read\n");
-    EXPECT_EQ(session.LotusCallLog.State, L"read");
 }
 
 TEST_F(LotusSettings, PersonalLogsBaseWithFewerParts_AtAReload_StaysAsItWas_TheOtherKeysDoNot)

@@ -1,57 +1,13 @@
-#include "outlook/contact_table.h"
+#include "contact_table_fixture.h"
 
-#include "outlook/contact_lookup.h"
 #include "outlook/contacts.h"
-#include "outlook_fixture.h"
 
 namespace hublink {
 
 namespace {
 
 using desk::outlook::Version;
-
-class ContactTable : public OutlookFixture {
-protected:
-    void openAs(Version version, const std::wstring& records)
-    {
-        session.bOutlookInit = false;
-        outlook.setVersion(version);
-        open(records);
-        outlook.setVersion(version);
-    }
-
-    NumberOwner ownerOf(const std::wstring& number) { return whoMayHave(session, number).owner; }
-    bool isProvedAbsent(const std::wstring& number) { return ownerOf(number) == NumberOwner::nobody; }
-
-    unsigned long questions() { return outlook.guard().questions(); }
-
-    // Whether a walk finds the number; the last name of whom it finds.
-    bool walkFinds(const std::wstring& number) { return static_cast<bool>(WalkOutlookContacts(session, number)); }
-    std::wstring walkFindsWhom(const std::wstring& number)
-    {
-        const automation::Object contact = WalkOutlookContacts(session, number);
-        return contact ? contact.get(L"LastName").text() : L"nobody";
-    }
-
-    // Whether the contact was taken by its identifier, and no walk was needed.
-    bool wasTakenByIdentifier()
-    {
-        return calls(L"NameSpace.GetItemFromID method") == 1 && calls(L"Items.GetFirst method") == 0;
-    }
-};
-
-std::wstring people(int number)
-{
-    std::wstring records;
-    for (int n = 0; n < number; ++n)
-        records += L"[contact]\nLastName=P\nHomeTelephoneNumber=5 5." + std::to_wstring(n) + L"\n";
-    return records;
-}
-
-std::wstring personWith(const std::wstring& number)
-{
-    return L"[contact]\nLastName=Wanted\nCarTelephoneNumber=" + number + L"\n";
-}
+using ContactTable = ContactTableFixture;
 
 }
 
@@ -145,6 +101,7 @@ TEST_F(ContactTable, RefusedColumnOrFailingBlock_ProvesNothing)
 }
 
 // A table shows 255 bytes of a text at most.
+
 TEST_F(ContactTable, LongText_LeavesOpenOnlyANumberThatBeginsLikeIt)
 {
     for (const std::size_t length : {127u, 255u, 256u, 10'000u}) {
@@ -294,6 +251,7 @@ TEST_F(ContactTable, CellsOfIdentifierOrClassThatCannotBeTold_TheWalkRuns)
 }
 
 // As many rows as columns: only the cells tell which index is which.
+
 TEST_F(ContactTable, ArrayOfEitherShape_IsReadAlike)
 {
     for (const wchar_t* shape : {L"columns", L"rows"})
@@ -329,90 +287,5 @@ TEST_F(ContactTable, NamedContactThatCannotBeRead_TheWalkRuns)
 }
 
 // What one event asks for twice.
-
-TEST_F(ContactTable, SecondQuestionInAnEvent_OnlyTheRowsAreCounted)
-{
-    openAs(Version::v2016, people(600) + personWith(L"9.9"));
-    const AnswersOfOneEvent answers(session);
-    for (const wchar_t* number : {L"99", L"98"}) {
-        const NumberOwner first = ownerOf(number);
-        forgetCalls();
-        EXPECT_EQ(ownerOf(number), first);
-        EXPECT_EQ(carriedOut(), (std::vector<std::wstring>{L"Table.GetRowCount method ()"}));
-    }
-}
-
-TEST_F(ContactTable, AnotherNumberInAnEvent_TheTableServesFromItsStart_AndIsReadAgain)
-{
-    openAs(Version::v2016, people(600) + personWith(L"9.9"));
-    const AnswersOfOneEvent answers(session);
-    EXPECT_EQ(ownerOf(L"98"), NumberOwner::nobody);
-    forgetCalls();
-    EXPECT_EQ(ownerOf(L"99"), NumberOwner::oneContact);
-    EXPECT_EQ(calls(L"Folder.GetTable method"), 0u);
-    EXPECT_EQ(calls(L"Table.MoveToStart method"), 1u);
-    EXPECT_EQ(calls(L"Table.GetArray method"), 2u);
-}
-
-TEST_F(ContactTable, ContactThatComesWithinAnEvent_IsSeenBySecondQuestion)
-{
-    openAs(Version::v2016, people(3));
-    const AnswersOfOneEvent answers(session);
-    EXPECT_EQ(ownerOf(L"99"), NumberOwner::nobody);
-    outlook.command(L"add", L"contact\nLastName=Late\nCarTelephoneNumber=9.9\n");
-    EXPECT_EQ(walkFindsWhom(L"99"), L"Late");
-    EXPECT_TRUE(wasTakenByIdentifier());
-}
-
-TEST_F(ContactTable, ContactThatGoesWithinAnEvent_IsNotFoundBySecondQuestion)
-{
-    openAs(Version::v2016, people(3) + personWith(L"9.9"));
-    const AnswersOfOneEvent answers(session);
-    EXPECT_EQ(walkFindsWhom(L"99"), L"Wanted");
-    outlook.command(L"delete", field(L"contact", 3, L"EntryID"));
-    EXPECT_EQ(walkFindsWhom(L"99"), L"nobody");
-}
-
-TEST_F(ContactTable, ContactThatIsMadeWithinAnEvent_IsFoundBySecondQuestion)
-{
-    openAs(Version::v2016, people(3));
-    const AnswersOfOneEvent answers(session);
-    EXPECT_FALSE(walkFinds(L"99"));
-    NewOutlookContact(session, {L"9.9", L"Made", L""}, false);
-    EXPECT_EQ(walkFindsWhom(L"99"), L"Made");
-    EXPECT_EQ(calls(L"Folder.GetTable method"), 2u) << "what was told before is forgotten";
-}
-
-TEST_F(ContactTable, SessionOpenedAgainWithinAnEvent_TheTableIsReadAgain)
-{
-    openAs(Version::v2016, people(3));
-    const AnswersOfOneEvent answers(session);
-    EXPECT_FALSE(walkFinds(L"99"));
-    session.bOutlookInit = false;
-    InitOutlook(session);
-    EXPECT_FALSE(walkFinds(L"99"));
-    EXPECT_EQ(calls(L"Folder.GetTable method"), 2u);
-}
-
-TEST_F(ContactTable, AnswersAreOlderThanTwoSeconds_TheTableIsReadAgain)
-{
-    openAs(Version::v2016, people(3));
-    const AnswersOfOneEvent answers(session);
-    EXPECT_FALSE(walkFinds(L"99"));
-    session.keptAnswers.since -= 2'001; // a message box has held the event up
-    EXPECT_FALSE(walkFinds(L"99"));
-    EXPECT_EQ(calls(L"Folder.GetTable method"), 2u);
-}
-
-TEST_F(ContactTable, WithoutAnEvent_EachQuestionReadsTheTable)
-{
-    openAs(Version::v2016, people(3));
-    EXPECT_FALSE(walkFinds(L"99"));
-    {
-        const AnswersOfOneEvent answers(session);
-    }
-    EXPECT_FALSE(walkFinds(L"99"));
-    EXPECT_EQ(calls(L"Folder.GetTable method"), 2u);
-}
 
 }
