@@ -121,6 +121,10 @@ IniDocument parseIni(std::string_view bytes)
     IniDocument document;
     document.encoding = encodingOf(bytes);
     if (document.encoding == Encoding::noText || document.encoding == Encoding::utf16Reversed) return document;
+    if (document.encoding == Encoding::utf8WithMark) {
+        bytes.remove_prefix(utf8Mark.size());
+        document.markHidesLine = !bytes.empty() && bytes[0] != ';' && bytes[0] != '\r' && bytes[0] != '\n';
+    }
     std::wstring text;
     if (document.encoding == Encoding::utf16) {
         text = fromUtf16(bytes.substr(utf16Mark.size()));

@@ -65,8 +65,10 @@ void judgeEncoding(const IniDocument& document, const IniTexts& texts, Findings&
 {
     switch (document.encoding) {
     case Encoding::ansi: findings.push_back(ok(texts.ansi)); break;
-    case Encoding::utf8: findings.push_back(ok(texts.utf8)); break;
-    case Encoding::utf8WithMark: findings.push_back(problem(texts.utf8Mark)); break;
+    case Encoding::utf8:
+    case Encoding::utf8WithMark:
+        findings.push_back(document.markHidesLine ? problem(texts.utf8Mark) : ok(texts.utf8));
+        break;
     case Encoding::utf16: findings.push_back(ok(texts.utf16)); break;
     case Encoding::utf16Reversed: findings.push_back(problem(texts.utf16Reversed)); break;
     case Encoding::noText: findings.push_back(problem(texts.notText)); break;

@@ -6,6 +6,7 @@
 
 #include "shell/hublink.h"
 #include "support/raw_partner.h"
+#include "support/saved_value.h"
 #include "support/scratch_folder.h"
 #include "support/stand_in.h"
 
@@ -14,7 +15,6 @@
 #include <atomic>
 #include <functional>
 #include <memory>
-#include <optional>
 #include <string>
 #include <vector>
 
@@ -25,44 +25,8 @@ namespace shell_tests {
 // The icon's.
 inline constexpr const wchar_t* question = L"Do you want to really stop Hublink ?";
 
-// A registry value, put back as it was at the end.
-class SavedValue {
-public:
-    SavedValue(HKEY root, std::wstring key, std::wstring name);
-    ~SavedValue();
-    SavedValue(const SavedValue&) = delete;
-    SavedValue& operator=(const SavedValue&) = delete;
-
-    // Each makes the key when it is missing.
-    void setText(const std::wstring& text) const { set(REG_SZ, text.c_str(), (text.size() + 1) * sizeof(wchar_t)); }
-    void setNumber(DWORD number) const { set(REG_DWORD, &number, sizeof number); }
-    void removeValue() const;
-
-    // The key, if nothing else is in it.
-    void removeKey() const;
-
-private:
-    void set(DWORD type, const void* data, std::size_t size) const;
-
-    const HKEY root_;
-    const std::wstring key_;
-    const std::wstring name_;
-    DWORD type_ = REG_NONE;
-    std::optional<std::string> content_;
-};
-
-// A class that cannot be created for as long as this lives.
-class HiddenClass {
-public:
-    explicit HiddenClass(const std::wstring& progId);
-    ~HiddenClass();
-    HiddenClass(const HiddenClass&) = delete;
-    HiddenClass& operator=(const HiddenClass&) = delete;
-
-private:
-    const SavedValue machine_;
-    const SavedValue user_;
-};
+using support::HiddenClass;
+using support::SavedValue;
 
 struct Box {
     std::wstring text;

@@ -1,0 +1,271 @@
+// HublinkCheck.exe as its users meet it: real registry, real files, its output and exit
+// code; a sound computer and broken ones.
+#include "check_fixture.h"
+#include "system_snapshot.h"
+
+#include "check/output.h"
+#include "common/installation.h"
+#include "convid/identifier_store.h"
+#include "convid/store_place.h"
+#include "support/process.h"
+#include "support/processes.h"
+
+namespace hublink::check {
+
+namespace {
+
+std::wstring fromUtf8(const std::string& bytes)
+{
+    std::wstring text(bytes.size(), L'\0');
+    text.resize(static_cast<std::size_t>(MultiByteToWideChar(CP_UTF8, MB_ERR_INVALID_CHARS, bytes.data(),
+                                                             static_cast<int>(bytes.size()), text.data(),
+                                                             static_cast<int>(text.size()))));
+    return text;
+}
+
+// A class that is registered, with a program that is there.
+class RegisteredThing {
+public:
+    RegisteredThing(const std::wstring& progId, const std::wstring& classId, const std::wstring& program)
+        : id_(HKEY_LOCAL_MACHINE, L"Software\\Classes\\" + progId + L"\\CLSID", L""),
+          usersId_(HKEY_CURRENT_USER, L"Software\\Classes\\" + progId + L"\\CLSID", L""),
+          server_(HKEY_LOCAL_MACHINE, L"Software\\Classes\\CLSID\\" + classId + L"\\LocalServer32", L"")
+    {
+        usersId_.removeValue();
+        id_.setText(classId);
+        server_.setText(L"\"" + program + L"\"");
+    }
+
+    void unregister() const { id_.removeValue(); }
+    void setProgram(const std::wstring& program) const { server_.setText(program); }
+
+private:
+    const support::SavedValue id_;
+    const support::SavedValue usersId_;
+    const support::SavedValue server_;
+};
+
+class CheckProgram : public testing::Test {
+protected:
+    CheckProgram()
+    {
+        folder.folder(L"Téléphone d'été");
+        folder.folder(L"Téléphone d'été\\Connector");
+        folder.write(L"Téléphone d'été\\pavex.exe", "");
+        pavexPath.setText(pavex);
+        server.setText(L"pbx.example");
+        user.setText(L"annakeller");
+        writeIni("[Application]\r\ntype=OUTLOOK\r\n[AllApplication]\r\nPopUp=true\r\n[outlook]\r\n"
+                 "CallBackMailSyntaxe=Anna Keller asks you to call 0123456789\r\n");
+    }
+
+    void SetUp() override
+    {
+        if (!support::isWine()) GTEST_SKIP() << "would use the signed-in user's own identifier map";
+        support::killMapServers();
+        DeleteFileW(map.c_str());
+    }
+
+    void TearDown() override { DeleteFileW(map.c_str()); }
+
+    void writeIni(const std::string& content) const { support::writeFile(ini, content); }
+
+    // Its exit code; what it said is in `text`.
+    DWORD run(const std::wstring& arguments = L"--language en")
+    {
+        const std::wstring output = folder.file(L"output");
+        const support::Process program(support::command(L"HublinkCheck.exe") + L" " + arguments, output);
+        const DWORD code = program.exitCode();
+        text = fromUtf8(support::readFile(output));
+        DeleteFileW(output.c_str());
+        return code;
+    }
+
+    bool says(const Finding& finding) const
+    {
+        return text.find(L"\r\n" + marks[static_cast<int>(finding.mark)] + finding.what.full + L"\r\n") !=
+               std::wstring::npos;
+    }
+
+    const std::wstring marks[3] = {L"ok        ", L"note      ", L"problem   "};
+    const support::ScratchFolder folder;
+    const std::wstring pavex = folder.file(L"Téléphone d'été");
+    const std::wstring ini = pavex + L"\\Connector\\pavexconnector.ini";
+    const std::wstring map = convid::storePath();
+    const support::SavedValue pavexPath{HKEY_LOCAL_MACHINE, softphoneKey, L"Path"};
+    const support::SavedValue server{HKEY_CURRENT_USER, userKey, L"HostZRB"};
+    const support::SavedValue user{HKEY_CURRENT_USER, userKey, L"Man"};
+    const std::wstring program = folder.write(L"program.exe", "");
+    const RegisteredThing softphone{L"Pavex.Application", L"{2F1D6E4A-4B7C-4D0E-913A-5C77201B6E10}", program};
+    const RegisteredThing outlook{L"Outlook.Application", L"{2F1D6E4A-4B7C-4D0E-913A-5C77201B6E11}", program};
+    std::wstring text;
+};
+
+}
+
+TEST_F(CheckProgram, OnASoundComputer_FindsNoProblem)
+{
+    EXPECT_EQ(run(), 0u) << automation::ansi(text);
+    EXPECT_EQ(text.find(L"\r\nproblem"), std::wstring::npos) << automation::ansi(text);
+    EXPECT_TRUE(text.starts_with(L"What Hublink 1."));
+    EXPECT_TRUE(says(ok(english.softphone.folder, path(pavex))));
+    EXPECT_TRUE(says(ok(english.ini.file, path(ini))));
+    EXPECT_TRUE(says(ok(english.ini.on, L"AllApplication", L"PopUp")));
+    EXPECT_TRUE(says(ok(english.classes.registered, L"Outlook.Application", path(program))));
+    EXPECT_TRUE(text.ends_with(L"\r\nNo problem was found.\r\n"));
+}
+
+TEST_F(CheckProgram, InFrench_SaysTheSameInFrench)
+{
+    EXPECT_EQ(run(L"--language fr"), 0u);
+    EXPECT_TRUE(says(ok(french.softphone.folder, path(pavex))));
+    EXPECT_TRUE(text.ends_with(L"\r\nAucun problème n'a été trouvé.\r\n"));
+}
+
+TEST_F(CheckProgram, WithoutASoftphone_SaysSo_AndReadsNoIniFile)
+{
+    pavexPath.removeValue();
+    pavexPath.removeKey();
+    softphone.unregister();
+    EXPECT_EQ(run(), 1u);
+    EXPECT_TRUE(says(problem(english.softphone.noFolder)));
+    EXPECT_TRUE(says(problem(english.ini.noSoftphone)));
+    EXPECT_TRUE(says(problem(english.classes.notRegistered, L"Pavex.Application")));
+    EXPECT_EQ(text.find(L"tempo"), std::wstring::npos);
+}
+
+TEST_F(CheckProgram, WithRegistryValuesOfWrongTypes_SaysSo)
+{
+    pavexPath.setNumber(1);
+    server.setNumber(2);
+    user.setNumber(3);
+    EXPECT_EQ(run(), 1u);
+    EXPECT_TRUE(says(problem(english.softphone.noFolder)));
+    EXPECT_TRUE(says(note(english.softphone.noServer)));
+    EXPECT_TRUE(says(note(english.softphone.noUser)));
+}
+
+TEST_F(CheckProgram, WithABrokenIniFile_SaysWhatIsWrong_InBothLanguages)
+{
+    writeIni(
+        "[Application]\r\ntype=OUTLOOK, LOTUS\r\ntype=LOTUS\r\n[AllApplication]\r\nPopUp=True\r\nRepertori=true\r\n");
+    EXPECT_EQ(run(), 1u);
+    EXPECT_TRUE(says(problem(english.ini.keyTwice, L"Application", L"type", std::size_t{2}, std::size_t{3})));
+    EXPECT_TRUE(says(problem(english.ini.unknownGroupware, L"type", L" LOTUS")));
+    EXPECT_TRUE(says(problem(english.ini.offThoughMeantOn, L"AllApplication", L"PopUp", L"True")));
+    EXPECT_TRUE(says(problem(english.ini.likelyKey, L"AllApplication", L"Repertori", std::size_t{6}, L"Repertory")));
+    EXPECT_EQ(run(L"--language fr"), 1u);
+    EXPECT_NE(text.find(french.ini.offThoughMeantOn.what(L"AllApplication", L"PopUp", L"True").full),
+              std::wstring::npos);
+}
+
+TEST_F(CheckProgram, WithoutOutlook_SaysSo)
+{
+    outlook.unregister();
+    EXPECT_EQ(run(), 1u);
+    EXPECT_TRUE(says(problem(english.classes.notRegistered, L"Outlook.Application")));
+}
+
+TEST_F(CheckProgram, WithOutlooksProgramGone_SaysSo)
+{
+    outlook.setProgram(folder.file(L"gone.exe"));
+    EXPECT_EQ(run(), 1u);
+    EXPECT_TRUE(says(problem(english.classes.serverMissing, L"Outlook.Application", path(folder.file(L"gone.exe")))));
+}
+
+TEST_F(CheckProgram, WithADamagedMap_SaysSo_AndLeavesItAsItIs)
+{
+    {
+        convid::IdentifierStore store(map);
+        store.insert({L"1.1", L"entry one", 0, 1});
+        store.insert({L"1.2", L"entry two", 0, 1});
+    }
+    std::string bytes = support::readFile(map);
+    bytes[40] = '!';
+    support::writeFile(map, bytes);
+    EXPECT_EQ(run(L"--language en --map"), 1u);
+    EXPECT_TRUE(says(problem(english.map.damaged, std::size_t{1})));
+    EXPECT_NE(text.find(L"\r\n1.2  entry two  Outlook  contact\r\n"), std::wstring::npos);
+    EXPECT_EQ(support::readFile(map), bytes);
+}
+
+TEST_F(CheckProgram, SavedReport_HasNoNames_UnlessTold)
+{
+    const std::wstring file = folder.file(L"mon rapport é.txt");
+    EXPECT_EQ(run(L"--language en --save \"" + file + L"\""), 0u);
+    EXPECT_NE(text.find(L"annakeller"), std::wstring::npos) << "on the user's own screen";
+    const std::string saved = support::readFile(file);
+    EXPECT_TRUE(saved.starts_with("\xEF\xBB\xBFWhat Hublink"));
+    for (const char* name : {"annakeller", "Anna", "0123456789", "pbx.example"})
+        EXPECT_EQ(saved.find(name), std::string::npos) << name;
+    EXPECT_NE(saved.find("The softphone's user is ***."), std::string::npos);
+    DeleteFileW(file.c_str());
+    EXPECT_EQ(run(L"--language en --with-names --save \"" + file + L"\""), 0u);
+    for (const char* name : {"annakeller", "Anna", "0123456789", "pbx.example"})
+        EXPECT_NE(support::readFile(file).find(name), std::string::npos) << name;
+}
+
+TEST_F(CheckProgram, ReportThatCannotBeSaved_IsTold_AndNoFileIsReplaced)
+{
+    EXPECT_EQ(run(L"--language en --save \"" + ini + L"\""), 2u);
+    EXPECT_NE(text.find(english.report.notSaved(ini, std::size_t{ERROR_FILE_EXISTS}).full), std::wstring::npos);
+    EXPECT_TRUE(support::readFile(ini).starts_with("[Application]"));
+    EXPECT_EQ(run(L"--save \"" + folder.path() + L"\""), 2u);
+}
+
+TEST_F(CheckProgram, WrongCommandLine_IsAnsweredWithTheUsage)
+{
+    for (const wchar_t* wrong : {L"--frobnicate", L"--save"}) {
+        EXPECT_EQ(run(wrong), 2u);
+        EXPECT_NE(text.find(L"HublinkCheck [--map] [--language en|fr]"), std::wstring::npos);
+        EXPECT_EQ(text.find(L"Softphone"), std::wstring::npos);
+    }
+    EXPECT_EQ(run(L"--help"), 0u);
+    EXPECT_NE(text.find(L"HublinkCheck [--map]"), std::wstring::npos);
+}
+
+TEST_F(CheckProgram, ChangesNothing)
+{
+    writeIni("[Application]\r\ntype=OUTLOOK,LOTUS\r\nkill=true\r\n[outlook]\r\nExtension=true\r\n"
+             "DllExtensionName=Hublink\r\nRegisteDllExtension=4.0;x.dll\r\n[lotus]\r\nNbPublicAddressBook=1\r\n"
+             "Order=Base 1\r\n[lotus base description 1]\r\nbase=names.nsf|<server name>|Contacts||\r\n");
+    const support::SavedValue extensions(HKEY_LOCAL_MACHINE, L"Software\\Microsoft\\Exchange\\Client\\Extensions",
+                                         L"Other");
+    extensions.setText(L"is there");
+    const std::wstring appData = map.substr(0, map.rfind(L'\\'));
+    support::writeFile(map, "damaged");
+    run(); // Windows may note something at a program's first start
+    const auto everything = [&] {
+        std::wstring text = registryText(HKEY_CURRENT_USER, L"") + folderText(folder.path()) + folderText(appData) +
+                            folderText(support::besideTests(L"dictionary"));
+        for (const wchar_t* key :
+             {L"Software\\Microsoft\\Exchange", L"Software\\Microsoft\\Windows", L"Software\\Lotus", L"Software\\Orvel",
+              L"Software\\Classes\\PavexConvId.OrvelConvertId"})
+            text += registryText(HKEY_LOCAL_MACHINE, key);
+        return text;
+    };
+    const std::wstring programs = programsText();
+    const std::wstring before = everything();
+    EXPECT_NE(before.find(L"pavexconnector.ini"), std::wstring::npos) << "the files were not read";
+    EXPECT_NE(before.find(userKey), std::wstring::npos) << "the registry was not read";
+    EXPECT_EQ(run(L"--language en --map"), 1u);
+    EXPECT_TRUE(everything() == before);
+    EXPECT_EQ(programsText(), programs);
+}
+
+TEST(CheckOutput, ToAFile_IsUtf8)
+{
+    const support::ScratchFolder folder;
+    const std::wstring file = folder.file(L"out");
+    const HANDLE usual = GetStdHandle(STD_OUTPUT_HANDLE);
+    const HANDLE out = CreateFileW(file.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, 0, nullptr);
+    SetStdHandle(STD_OUTPUT_HANDLE, out);
+    tell(STD_OUTPUT_HANDLE, L"é \x4E2D");
+    SetStdHandle(STD_OUTPUT_HANDLE, nullptr);
+    EXPECT_NO_THROW(tell(STD_OUTPUT_HANDLE, L"nobody takes this"));
+    SetStdHandle(STD_OUTPUT_HANDLE, usual);
+    CloseHandle(out);
+    EXPECT_EQ(support::readFile(file), "\xC3\xA9 \xE4\xB8\xAD");
+}
+
+}
