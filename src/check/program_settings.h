@@ -2,6 +2,7 @@
 // the program runs: no call goes to a groupware, nothing is registered.
 #pragma once
 
+#include "common/configuration.h"
 #include "common/dictionary.h"
 #include "common/groupware_state.h"
 #include "common/host.h"

@@ -1,6 +1,7 @@
 #include "common/call_type.h"
 
 #include "automation/text.h"
+#include "common/dictionary.h"
 
 #include <algorithm>
 #include <array>

@@ -2,12 +2,12 @@
 #pragma once
 
 #include "automation/value.h"
-#include "common/dictionary.h"
-
 #include <functional>
 #include <string>
 
 namespace hublink {
+
+class Dictionary;
 
 // The English call-type text: the direction, then " unanswered" whatever else
 // holds, else " acknowledged" or " answered". State and acknowledgement are as the

@@ -1,6 +1,8 @@
 #include "common/groupware_state.h"
 
 #include "automation/error.h"
+#include "common/configuration.h"
+#include "common/host.h"
 
 #include <limits>
 

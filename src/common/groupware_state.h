@@ -1,12 +1,12 @@
 // What both groupware adapters share.
 #pragma once
 
-#include "common/host.h"
-
 #include <cstdint>
 #include <string>
 
 namespace hublink {
+
+class Host;
 
 struct GroupwareState {
     // Failed groupware initialisations since the start, both adapters counted

@@ -2,8 +2,6 @@
 // implements it over the real desktop; a test does so in a few lines.
 #pragma once
 
-#include "common/configuration.h"
-
 #include <windows.h>
 #include <oaidl.h>
 
@@ -12,6 +10,8 @@
 #include <string>
 
 namespace hublink {
+
+struct Configuration;
 
 class Host {
 public:

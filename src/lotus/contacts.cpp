@@ -1,5 +1,6 @@
 #include "lotus/contacts.h"
 
+#include "common/configuration.h"
 #include "common/error_trap.h"
 #include "common/phone_number.h"
 #include "lotus/documents.h"

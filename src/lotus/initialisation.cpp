@@ -1,5 +1,6 @@
 #include "lotus/initialisation.h"
 
+#include "common/configuration.h"
 #include "common/error_trap.h"
 #include "lotus/installation.h"
 #include "lotus/log_document.h"

@@ -4,7 +4,6 @@
 #pragma once
 
 #include "automation/object.h"
-#include "common/dictionary.h"
 #include "common/groupware_state.h"
 #include "common/host.h"
 #include "lotus/database_layout.h"
@@ -16,6 +15,7 @@
 
 namespace hublink {
 
+class Dictionary;
 class OpenBooks;
 
 struct LotusSession {

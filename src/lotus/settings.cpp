@@ -3,6 +3,7 @@
 #include "automation/conversion.h"
 #include "automation/error.h"
 #include "automation/text.h"
+#include "common/configuration.h"
 #include "common/error_trap.h"
 #include "common/ini_file.h"
 #include "common/text.h"

@@ -1,5 +1,7 @@
 #include "outlook/initialisation.h"
 
+#include "common/configuration.h"
+#include "common/dictionary.h"
 #include "common/error_trap.h"
 #include "outlook/settings.h"
 

@@ -4,7 +4,6 @@
 #pragma once
 
 #include "automation/object.h"
-#include "common/dictionary.h"
 #include "common/groupware_state.h"
 #include "common/host.h"
 #include "outlook/table_answer.h"
@@ -13,6 +12,8 @@
 #include <string>
 
 namespace hublink {
+
+class Dictionary;
 
 // Outlook fixes the dispatch identifiers of each class of item, so a member's
 // name is looked up once a class and not once an item. Another Outlook, as after

@@ -1,6 +1,7 @@
 #include "outlook/settings.h"
 
 #include "automation/conversion.h"
+#include "common/configuration.h"
 #include "common/error_trap.h"
 #include "common/ini_file.h"
 #include "common/registry.h"

@@ -1,11 +1,14 @@
 #include "shell/connector_ini_file.h"
 
 #include "automation/error.h"
+#include "common/configuration.h"
 #include "common/connector_settings.h"
 #include "common/error_trap.h"
 #include "common/files.h"
+#include "common/ini_file.h"
 #include "common/installation.h"
 #include "shell/file_time.h"
+#include "softphone/pavex_interface.h"
 
 #include <tuple>
 

@@ -2,16 +2,16 @@
 // it has changed, and between two ticks for a stop request alone.
 #pragma once
 
-#include "common/configuration.h"
-#include "common/ini_file.h"
-#include "softphone/pavex_interface.h"
-
 #include <windows.h>
 
 #include <optional>
 #include <string>
 
 namespace hublink {
+
+struct Configuration;
+class IniFile;
+class PavexInterface;
 
 class ConnectorIniFile {
 public:

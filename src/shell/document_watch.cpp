@@ -2,6 +2,7 @@
 
 #include "common/error_trap.h"
 #include "lotus/current_document.h"
+#include "lotus/lotus_session.h"
 #include "shell/process_lookup.h"
 
 namespace hublink {

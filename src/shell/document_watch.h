@@ -1,11 +1,11 @@
 // Follows the user's work in Notes: the document in front is kept up to date.
 #pragma once
 
-#include "lotus/lotus_session.h"
-
 #include <windows.h>
 
 namespace hublink {
+
+struct LotusSession;
 
 class DocumentWatch {
 public:

@@ -1,5 +1,6 @@
 #include "shell/notification_icon.h"
 
+#include "shell/desktop.h"
 #include "shell/form_window.h"
 #include "shell/resources.h"
 

@@ -1,9 +1,13 @@
 // The program's icon in the notification area.
 #pragma once
 
-#include "shell/desktop.h"
+#include "shell/tray_icon_data.h"
+
+#include <windows.h>
 
 namespace hublink {
+
+struct Desktop;
 
 class NotificationIcon {
 public:

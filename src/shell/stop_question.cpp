@@ -1,7 +1,9 @@
 #include "shell/stop_question.h"
 
 #include "common/error_trap.h"
+#include "shell/form_window.h"
 #include "shell/screen_scale.h"
+#include "shell/stopping.h"
 
 #include <utility>
 

@@ -1,15 +1,15 @@
 // Asks the user whether to stop the program, when the icon is pressed.
 #pragma once
 
-#include "shell/form_window.h"
-#include "shell/stopping.h"
-
 #include <windows.h>
 
 #include <functional>
 #include <string>
 
 namespace hublink {
+
+class FormWindow;
+class Stopping;
 
 class StopQuestion {
 public:

@@ -1,8 +1,12 @@
 #include "shell/stopping.h"
 
+#include "common/configuration.h"
 #include "common/error_trap.h"
 #include "common/under_way.h"
 #include "outlook/initialisation.h"
+#include "shell/desktop.h"
+#include "shell/form_window.h"
+#include "shell/notification_icon.h"
 #include "softphone/identifier_map.h"
 
 #include <utility>

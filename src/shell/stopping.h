@@ -2,14 +2,15 @@
 // call never ends, by a watch over the calls.
 #pragma once
 
-#include "common/configuration.h"
 #include "shell/call_watch.h"
-#include "shell/desktop.h"
-#include "shell/form_window.h"
-#include "shell/notification_icon.h"
-#include "softphone/softphone_session.h"
 
 namespace hublink {
+
+struct Configuration;
+struct Desktop;
+class FormWindow;
+class NotificationIcon;
+struct SoftphoneSession;
 
 class Stopping {
 public:

@@ -1,9 +1,14 @@
 #include "shell/supervision.h"
 
+#include "common/configuration.h"
 #include "common/error_trap.h"
 #include "common/under_way.h"
 #include "lotus/initialisation.h"
 #include "outlook/initialisation.h"
+#include "shell/connector_ini_file.h"
+#include "shell/notification_icon.h"
+#include "shell/stopping.h"
+#include "softphone/pavex_interface.h"
 
 namespace hublink {
 

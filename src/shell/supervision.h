@@ -1,16 +1,17 @@
 // Keeps the connector in step with the softphone, Notes, Outlook and the ini file.
 #pragma once
 
-#include "shell/connector_ini_file.h"
-#include "shell/notification_icon.h"
 #include "shell/process_lookup.h"
-#include "shell/stopping.h"
-#include "softphone/pavex_interface.h"
-#include "softphone/softphone_session.h"
 
 #include <windows.h>
 
 namespace hublink {
+
+class ConnectorIniFile;
+class NotificationIcon;
+class PavexInterface;
+struct SoftphoneSession;
+class Stopping;
 
 class Supervision {
 public:

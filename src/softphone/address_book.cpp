@@ -1,5 +1,6 @@
 #include "softphone/address_book.h"
 
+#include "common/configuration.h"
 #include "common/error_trap.h"
 #include "common/phone_number.h"
 #include "lotus/contacts.h"

@@ -1,5 +1,6 @@
 #include "softphone/call_handling.h"
 
+#include "common/configuration.h"
 #include "common/error_trap.h"
 #include "lotus/calendars.h"
 #include "lotus/contacts.h"

@@ -1,5 +1,6 @@
 #include "softphone/history.h"
 
+#include "common/configuration.h"
 #include "common/error_trap.h"
 #include "lotus/history.h"
 #include "lotus/open_books.h"

@@ -1,6 +1,7 @@
 #include "softphone/map_purge.h"
 
 #include "automation/enumeration.h"
+#include "common/configuration.h"
 #include "common/error_trap.h"
 #include "common/softphone_id.h"
 #include "softphone/identifier_map.h"

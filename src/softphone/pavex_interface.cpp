@@ -1,5 +1,6 @@
 #include "softphone/pavex_interface.h"
 
+#include "common/configuration.h"
 #include "common/error_trap.h"
 #include "common/under_way.h"
 #include "lotus/initialisation.h"

@@ -1,6 +1,7 @@
 #include "common/call_type.h"
 
 #include "automation/error.h"
+#include "common/dictionary.h"
 #include "common/softphone_records.h"
 #include "support/raw_partner.h"
 #include "support/scratch_folder.h"

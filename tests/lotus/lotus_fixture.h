@@ -4,6 +4,7 @@
 #pragma once
 
 #include "automation/text.h"
+#include "common/dictionary.h"
 #include "common/text.h"
 #include "desk/common/store_file.h"
 #include "desk/lotus/in_process.h"

@@ -2,6 +2,7 @@
 // process, reached through real automation, and an open session with it.
 #pragma once
 
+#include "common/dictionary.h"
 #include "common/text.h"
 #include "desk/common/store_file.h"
 #include "desk/common/text.h"

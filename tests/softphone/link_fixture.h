@@ -5,6 +5,7 @@
 
 #include "automation/server/class_factory.h"
 #include "automation/server/registration.h"
+#include "common/dictionary.h"
 #include "convid/class_identity.h"
 #include "convid/map_object.h"
 #include "desk/common/text.h"

@@ -2,6 +2,7 @@
 // lets a test decide what happens meanwhile.
 #pragma once
 
+#include "common/configuration.h"
 #include "common/host.h"
 
 #include <deque>
