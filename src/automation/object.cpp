@@ -84,19 +84,19 @@ Object Object::query(IUnknown* unknown)
 
 Value Object::get(Member member, std::initializer_list<Value> arguments) const
 {
-    return invoke(member, DISPATCH_METHOD | DISPATCH_PROPERTYGET, arguments, true);
+    return invoke(member, DISPATCH_METHOD | DISPATCH_PROPERTYGET, arguments);
 }
 
 // There is room for a result all the same: without, some systems' marshalling
 // keeps an object that is the result, and with it the server's, for ever.
 void Object::call(Member member, std::initializer_list<Value> arguments) const
 {
-    invoke(member, DISPATCH_METHOD, arguments, true);
+    invoke(member, DISPATCH_METHOD, arguments);
 }
 
 void Object::put(Member member, const Value& value) const
 {
-    invoke(member, DISPATCH_PROPERTYPUT, {value}, false);
+    invoke(member, DISPATCH_PROPERTYPUT, {value});
 }
 
 DISPID Object::lookUp(Member member, const OutgoingCall& scope) const
@@ -110,7 +110,7 @@ DISPID Object::lookUp(Member member, const OutgoingCall& scope) const
     return id;
 }
 
-Value Object::invoke(Member member, WORD flags, std::initializer_list<Value> arguments, bool wantsResult) const
+Value Object::invoke(Member member, WORD flags, std::initializer_list<Value> arguments) const
 {
     if (!dispatch_) throw AutomationError(member.text(), objectNotSet);
     // The reference may be replaced by whatever runs while the call is out.
@@ -134,7 +134,7 @@ Value Object::invoke(Member member, WORD flags, std::initializer_list<Value> arg
     const auto attempt = [&] {
         return scope.retryWhileBusy([&] {
             return self.dispatch_->Invoke(id, IID_NULL, LOCALE_USER_DEFAULT, flags, &parameters,
-                                          wantsResult ? result.receive() : nullptr, &info, &refused);
+                                          isPut ? nullptr : result.receive(), &info, &refused);
         });
     };
     HRESULT code = attempt();

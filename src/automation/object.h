@@ -77,7 +77,7 @@ public:
     void put(Member member, const Value& value) const;
 
 private:
-    Value invoke(Member member, WORD flags, std::initializer_list<Value> arguments, bool wantsResult) const;
+    Value invoke(Member member, WORD flags, std::initializer_list<Value> arguments) const;
     DISPID lookUp(Member member, const OutgoingCall& scope) const;
 
     ComPtr<IDispatch> dispatch_;

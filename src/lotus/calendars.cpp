@@ -41,7 +41,7 @@ void ShowGroupCalendars(LotusSession& session, const std::wstring& Number)
 {
     if (!session.bShowGrpwAgenda) return;
     trapErrors([&] {
-        const LotusSearchResult search = SearchByNumber(session, Number, false, L"FullName");
+        const LotusSearchResult search = SearchByNumber(session, Number, Show::no, L"FullName");
         const std::wstring& fullName = search.person.FullName;
         if (!search.isFound || fullName.empty()) return;
         const Object view = groupCalendars(session);

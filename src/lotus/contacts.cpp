@@ -43,7 +43,7 @@ void logNewContact(LotusSession& session, const Party& contact)
 
 }
 
-std::wstring CreateContactDocument(LotusSession& session, const Party& party, bool show)
+std::wstring CreateContactDocument(LotusSession& session, const Party& party, Show show)
 {
     std::wstring noteId;
     if (!session.LotusReady || session.nSelectedPersonal == -1) return noteId;
@@ -52,7 +52,7 @@ std::wstring CreateContactDocument(LotusSession& session, const Party& party, bo
         const Object database = notesDatabase(session, book);
         const Object document = database.get(L"CREATEDOCUMENT").object();
         fill(document, book, party);
-        if (show) openDocument(book, document, true);
+        if (show == Show::yes) openDocument(book, document, OpenFor::editing);
         else save(session, document);
         noteId = document.get(L"NoteId").text();
     });
@@ -64,9 +64,9 @@ void ShowOrCreateCaller(LotusSession& session, const Party& caller)
     trapErrors([&] {
         const bool mayCreate = session.host.configuration().bgSetNewContact;
         if (mayCreate) openBooks(session)->forgetIfUnknown(caller.number);
-        if (SearchByNumber(session, caller.number, true).isFound) return;
+        if (SearchByNumber(session, caller.number, Show::yes).isFound) return;
         if (!session.host.configuration().bgSetNewContact) return;
-        if (!CreateContactDocument(session, caller, true).empty()) logNewContact(session, caller);
+        if (!CreateContactDocument(session, caller, Show::yes).empty()) logNewContact(session, caller);
     });
 }
 
@@ -77,7 +77,7 @@ std::wstring CreateContactFromEntry(LotusSession& session, const SoftphoneEntry&
         const std::wstring number = StripPhoneNumber(entry.number());
         const std::wstring lastName = entry.lastName();
         const Party party{number, lastName, entry.firstName()};
-        noteId = CreateContactDocument(session, party, false);
+        noteId = CreateContactDocument(session, party, Show::no);
         logNewContact(session, party);
     });
     return noteId;

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "common/party.h"
+#include "common/show.h"
 #include "common/softphone_records.h"
 #include "lotus/lotus_session.h"
 
@@ -10,9 +11,9 @@
 
 namespace hublink {
 
-// A new contact: opened for the user to complete and save (`show`), or saved
+// A new contact: opened for the user to complete and save, or not shown and saved
 // at once. Its NoteId, "" on failure.
-std::wstring CreateContactDocument(LotusSession& session, const Party& party, bool show);
+std::wstring CreateContactDocument(LotusSession& session, const Party& party, Show show);
 
 // Opens the caller's document or, with "NewContact" on, a new contact.
 void ShowOrCreateCaller(LotusSession& session, const Party& caller);

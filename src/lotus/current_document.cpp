@@ -51,7 +51,7 @@ std::wstring numberOfMail(LotusSession& session, const FrontDocument& mail, Part
     if (!current.empty() && !session.bAlwaysVerifyPhoneNumber) return current;
     const std::wstring address = FirstNonEmptyItemValue(mail.stored, {L"From"});
     Party sender;
-    if (session.bCallInMail && !address.empty()) SearchByMail(session, address, sender, false);
+    if (session.bCallInMail && !address.empty()) SearchByMail(session, address, sender, Show::no);
     const std::wstring found = std::exchange(sender.number, L"");
     offered = sender;
     // What the user has entered is never overwritten by nothing, and a mail
@@ -68,7 +68,7 @@ std::wstring numberOfCall(LotusSession& session, const FrontDocument& call)
     const std::wstring number = firstItemValue(call.stored, items.PhoneNumber);
     if (number.empty()) return number;
     const std::wstring storedLink = firstItemValue(call.stored, items.InfoSupdocNoteId);
-    const LotusSearchResult party = SearchByNumber(session, number, false);
+    const LotusSearchResult party = SearchByNumber(session, number, Show::no);
     const std::wstring& link = party.person.NoteId;
     if (link == storedLink) return number;
     const auto replace = [&](const std::wstring& item, const std::wstring& value) {

@@ -83,11 +83,11 @@ bool IsSameDatabase(const DatabaseNames& Db, const std::wstring& Server, const s
     return isSame;
 }
 
-void openDocument(const LotusBaseRef& base, const Object& document, bool edit)
+void openDocument(const LotusBaseRef& base, const Object& document, OpenFor purpose)
 {
     const Object workspace = notesWorkspace();
     workspace.call(L"OpenDatabase", {base.Server, base.Base});
-    workspace.call(L"EDITDOCUMENT", {edit, document});
+    workspace.call(L"EDITDOCUMENT", {purpose == OpenFor::editing, document});
 }
 
 }

@@ -48,8 +48,9 @@ private:
 // the markers "CN=" and "O=" of a hierarchical name make no difference. No error leaves it.
 bool IsSameDatabase(const DatabaseNames& Db, const std::wstring& Server, const std::wstring& FileName);
 
-// Opens a document of that database in the Notes client, for reading or for
-// editing. Throws AutomationError.
-void openDocument(const LotusBaseRef& base, const automation::Object& document, bool edit);
+enum class OpenFor { reading, editing };
+
+// Opens a document of that database in the Notes client. Throws AutomationError.
+void openDocument(const LotusBaseRef& base, const automation::Object& document, OpenFor purpose);
 
 }

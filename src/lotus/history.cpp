@@ -23,7 +23,7 @@ void append(const Object& document, const std::wstring& item, const Value& value
 void appendParty(LotusSession& session, const Object& document, const CallLogDescription& items,
                  const SoftphoneHistoryItem& call, const std::wstring& number)
 {
-    LotusSearchResult search = SearchByNumber(session, number, false);
+    LotusSearchResult search = SearchByNumber(session, number, Show::no);
     LotusPerson& party = search.person;
     if (!search.isFound) {
         party.LastName = call.lastName();

@@ -64,7 +64,7 @@ void giveUp(LotusSession& session)
 
 }
 
-void InitLotus(LotusSession& session, bool NewLog)
+void InitLotus(LotusSession& session, NewLog newLog)
 {
     if (!session.host.configuration().bgWithLotus) {
         session.LotusReady = false;
@@ -77,7 +77,7 @@ void InitLotus(LotusSession& session, bool NewLog)
         const Object notes = notesSession(session);
         exchangeEnvironment(session, notes);
         InstallLotusDatabases(session);
-        if (NewLog) session.NewLogDocument = true;
+        if (newLog == NewLog::yes) session.NewLogDocument = true;
         session.LotusMustInit = false;
         openLog(session);
         ReadLotusIni(session);
@@ -96,7 +96,7 @@ void requireLotusInitialisation(LotusSession& session)
 void reopenLotus(LotusSession& session)
 {
     requireLotusInitialisation(session);
-    InitLotus(session, false);
+    InitLotus(session, NewLog::no);
 }
 
 void notesHasGone(LotusSession& session)

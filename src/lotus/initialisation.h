@@ -6,10 +6,12 @@
 
 namespace hublink {
 
+// Whether the log begins a new document.
+enum class NewLog { no, yes };
+
 // Does nothing unless `LotusMustInit`; success shows in `LotusReady`. May be
-// called at any time; starts Notes when it does not run. `NewLog` asks for a
-// new log document. No error leaves it.
-void InitLotus(LotusSession& session, bool NewLog);
+// called at any time; starts Notes when it does not run. No error leaves it.
+void InitLotus(LotusSession& session, NewLog newLog);
 
 // The next `InitLotus` has something to do, whatever is open.
 void requireLotusInitialisation(LotusSession& session);

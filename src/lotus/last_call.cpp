@@ -23,7 +23,7 @@ void publishLastCall(LotusSession& session, Party& party)
     const Object notes = notesSession(session);
     setVariable(notes, L"CTI_InfoLastCall_docid", L"");
     const LotusPerson known{party.lastName, party.firstName, L"", L"", L""};
-    const auto [isFound, person, book] = SearchByNumber(session, party.number, false, L"", known);
+    const auto [isFound, person, book] = SearchByNumber(session, party.number, Show::no, L"", known);
     party.lastName = person.LastName;
     party.firstName = person.FirstName;
     if (person.NoteId.empty()) return;

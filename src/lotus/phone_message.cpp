@@ -32,7 +32,7 @@ bool SendPhoneMessage(LotusSession& session, const Party& caller, const Party& c
     trapErrors([&] {
         const LotusPerson known{called.lastName, called.firstName, L"", L"", L""};
         const LotusSearchResult search =
-            SearchByNumber(session, called.number, false, L"InternetAddress,FullName", known);
+            SearchByNumber(session, called.number, Show::no, L"InternetAddress,FullName", known);
         if (!search.isFound) return;
         const Object workspace = notesWorkspace();
         const Object message =

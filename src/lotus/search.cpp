@@ -146,7 +146,7 @@ void showOnce(const LotusAddressBook& book, const Object& document)
 {
     Object openCopy;
     const bool wasCurrent = IsCurrentDocument(document, openCopy);
-    openDocument(book, document, false);
+    openDocument(book, document, OpenFor::reading);
     if (wasCurrent) openCopy.call(L"Close");
 }
 
@@ -181,7 +181,7 @@ bool WantedFieldsPresent(const LotusPerson& person, const std::wstring& Wanted)
 }
 
 bool SearchInPublicAdressBook(LotusSession& session, const LotusAddressBook& book, const std::wstring& number,
-                              LotusPerson& person, bool show)
+                              LotusPerson& person, Show show)
 {
     if (!session.LotusReady) return false;
     bool found = false;
@@ -191,16 +191,16 @@ bool SearchInPublicAdressBook(LotusSession& session, const LotusAddressBook& boo
         bool isKnown = false;
         const std::shared_ptr<OpenBook> kept = askBook(session, book, [&](OpenBook& open) {
             person = before;
-            isKnown = findPerson(session, open, number, person, show ? &document : nullptr);
+            isKnown = findPerson(session, open, number, person, show == Show::yes ? &document : nullptr);
         });
-        if (isKnown && show) showOnce(book, document);
+        if (isKnown && show == Show::yes) showOnce(book, document);
         found = isKnown;
     };
     trapErrors(search, [&] { logNoAccess(session, book, L"SearchInPublicAdressBook"); });
     return found;
 }
 
-LotusSearchResult SearchByNumber(LotusSession& session, const std::wstring& number, bool show,
+LotusSearchResult SearchByNumber(LotusSession& session, const std::wstring& number, Show show,
                                  const std::wstring& wanted, LotusPerson known)
 {
     LotusSearchResult result{false, std::move(known), {}};
@@ -216,7 +216,7 @@ LotusSearchResult SearchByNumber(LotusSession& session, const std::wstring& numb
 }
 
 bool SearchInPublicAdressBookByMail(LotusSession& session, const std::wstring& mail, const LotusAddressBook& book,
-                                    Party& person, bool show)
+                                    Party& person, Show show)
 {
     if (!session.LotusReady) return false;
     bool found = false;
@@ -231,14 +231,14 @@ bool SearchInPublicAdressBookByMail(LotusSession& session, const std::wstring& m
         person.lastName = firstItemValue(document, book.LastName);
         person.firstName = firstItemValue(document, book.FirstName);
         person.number = FirstNonEmptyItemValue(document, book.PhoneNumber);
-        if (!person.number.empty() && show) openDocument(book, document, false);
+        if (!person.number.empty() && show == Show::yes) openDocument(book, document, OpenFor::reading);
         found = true;
     };
     trapErrors(search, [&] { logNoAccess(session, book, L"SearchInPublicAdressBookByMail"); });
     return found;
 }
 
-bool SearchByMail(LotusSession& session, const std::wstring& mail, Party& person, bool show)
+bool SearchByMail(LotusSession& session, const std::wstring& mail, Party& person, Show show)
 {
     for (const LotusAddressBook& book : std::vector(session.LotusAddressBooks))
         if (SearchInPublicAdressBookByMail(session, mail, book, person, show) && !person.number.empty()) return true;

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "common/party.h"
+#include "common/show.h"
 #include "lotus/lotus_session.h"
 
 #include <string>
@@ -34,20 +35,20 @@ struct LotusSearchResult {
 };
 
 // Searches the books in their order for a person with the number and the
-// wanted fields ("" for none) and, with `show`, opens each document found.
+// wanted fields ("" for none) and, if told to, shows each document found.
 // What is known already of the person stays where no document tells it.
-LotusSearchResult SearchByNumber(LotusSession& session, const std::wstring& number, bool show,
+LotusSearchResult SearchByNumber(LotusSession& session, const std::wstring& number, Show show,
                                  const std::wstring& wanted = L"", LotusPerson known = {});
 
 // The same in one book. `person` stays as it was where no document is found.
 bool SearchInPublicAdressBook(LotusSession& session, const LotusAddressBook& book, const std::wstring& number,
-                              LotusPerson& person, bool show);
+                              LotusPerson& person, Show show);
 
 // Searches the books in their order for the telephone number of the person
 // with the mail address. `person` stays as it was until a document is found.
-bool SearchByMail(LotusSession& session, const std::wstring& mail, Party& person, bool show);
+bool SearchByMail(LotusSession& session, const std::wstring& mail, Party& person, Show show);
 bool SearchInPublicAdressBookByMail(LotusSession& session, const std::wstring& mail, const LotusAddressBook& book,
-                                    Party& person, bool show);
+                                    Party& person, Show show);
 
 // The NoteId of the document with exactly this number in the selected personal
 // address book; "" when there is none.

@@ -48,14 +48,14 @@ std::wstring CreateOutlookContact(OutlookSession& session, const SoftphoneEntry&
     return entryId;
 }
 
-std::wstring NewOutlookContact(OutlookSession& session, const Party& party, bool display)
+std::wstring NewOutlookContact(OutlookSession& session, const Party& party, Show show)
 {
     std::wstring entryId;
     trapErrors([&] {
         const Party contact{StripPhoneNumber(party.number), party.lastName, party.firstName};
         const Object item = addContact(session);
         fillAndSave(item, contact);
-        if (display) item.call(L"Display");
+        if (show == Show::yes) item.call(L"Display");
         entryId = item.get(L"EntryID").text();
         logNewContact(session, contact);
     });

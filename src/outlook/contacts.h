@@ -3,6 +3,7 @@
 #pragma once
 
 #include "common/party.h"
+#include "common/show.h"
 #include "common/softphone_records.h"
 #include "outlook/outlook_session.h"
 
@@ -13,8 +14,7 @@ namespace hublink {
 // A contact for an entry of the softphone's address book. Its EntryID, "" on failure.
 std::wstring CreateOutlookContact(OutlookSession& session, const SoftphoneEntry& entry);
 
-// A contact from plain texts, opened on the screen when `display` is set. Its
-// EntryID, "" on failure.
-std::wstring NewOutlookContact(OutlookSession& session, const Party& party, bool display);
+// A contact from plain texts, shown or not. Its EntryID, "" on failure.
+std::wstring NewOutlookContact(OutlookSession& session, const Party& party, Show show);
 
 }

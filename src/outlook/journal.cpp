@@ -24,7 +24,7 @@ OtherParty partyOf(OutlookSession& session, const SoftphoneHistoryItem& historyI
     if (party.contactKnown) return party;
     party.lastName = historyItem.lastName();
     party.firstName = historyItem.firstName();
-    if (createContact) party.contactKnown = !NewOutlookContact(session, party, false).empty();
+    if (createContact) party.contactKnown = !NewOutlookContact(session, party, Show::no).empty();
     return party;
 }
 

@@ -26,10 +26,12 @@ public:
     const automation::Value& cell(std::size_t row, std::size_t column) const;
 
 private:
-    bool hasClassInEveryRow(bool columnsFirst);
+    enum class FirstIndex { ofColumns, ofRows };
+
+    bool hasClassInEveryRow(FirstIndex firstIndex);
 
     const std::vector<automation::Value> cells_;
-    bool columnsFirst_ = true;
+    FirstIndex firstIndex_ = FirstIndex::ofColumns;
 };
 
 }

@@ -59,7 +59,7 @@ void Supervision::superviseNotes()
     LotusSession& lotus = session_.lotus;
     if (!lotus.LotusReady) return;
     if (!isRunning(L"nlnotes.exe", hNotesProcess)) return notesHasGone(lotus);
-    if (lotus.LotusMustInit) link_.InitConnector(true);
+    if (lotus.LotusMustInit) link_.InitConnector(NewLog::yes);
 }
 
 void Supervision::superviseOutlook()
@@ -67,7 +67,7 @@ void Supervision::superviseOutlook()
     OutlookSession& outlook = session_.outlook;
     if (!session_.host.configuration().bgWithOutlook) return;
     if (!isRunning(L"OUTLOOK.exe", hOutlookProcess)) return outlookHasGone(outlook);
-    if (!outlook.bOutlookInit) link_.InitConnector(true);
+    if (!outlook.bOutlookInit) link_.InitConnector(NewLog::yes);
 }
 
 void Supervision::superviseIniFile()

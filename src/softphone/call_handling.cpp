@@ -35,7 +35,7 @@ void showCaller(SoftphoneSession& session, const Party& caller)
     OutlookSession& outlook = session.outlook;
     if (outlook.bOutlookInit && !ShowOutlookContact(outlook, caller.number) &&
         session.host.configuration().bgSetNewContact)
-        NewOutlookContact(outlook, caller, true);
+        NewOutlookContact(outlook, caller, Show::yes);
     ShowOrCreateCaller(session.lotus, caller);
 }
 
@@ -71,7 +71,9 @@ void LineObj_OnLineNewCall(SoftphoneSession& session, const SoftphoneCall& call)
 
         session.gDestinationNumber = call.destinationNumber();
         if (!session.gDestinationNumber.empty()) rememberDestination(session);
-        DoCallAction(session, false, true);
+        constexpr bool force = false;
+        constexpr bool sendCallBackMessage = true;
+        DoCallAction(session, force, sendCallBackMessage);
     });
 }
 

@@ -58,7 +58,8 @@ void histo_OnHistoricNewItem(SoftphoneSession& session, const SoftphoneHistoryIt
 {
     trapErrors([&] {
         if (!session.host.configuration().bgWithHisto) return;
-        if (session.outlook.bOutlookInit) SetHistoItemOutlook(session, item, false);
+        constexpr bool newContact = false;
+        if (session.outlook.bOutlookInit) SetHistoItemOutlook(session, item, newContact);
         SetHistoItemLotus(session, item);
     });
 }

@@ -3,7 +3,6 @@
 #include "common/configuration.h"
 #include "common/error_trap.h"
 #include "common/under_way.h"
-#include "lotus/initialisation.h"
 #include "outlook/initialisation.h"
 #include "softphone/identifier_map.h"
 #include "softphone/softphone_members.h"
@@ -19,7 +18,7 @@ void PavexInterface::Class_Initialize()
 {
     trapErrors([&] {
         InitPavex();
-        InitConnector(true);
+        InitConnector(NewLog::yes);
         session_.host.enableSupervision();
     });
 }
@@ -93,13 +92,13 @@ EventHandlers PavexInterface::addressBookHandlers()
              }}};
 }
 
-void PavexInterface::InitConnector(bool first)
+void PavexInterface::InitConnector(NewLog newLog)
 {
     trapErrors([&] {
         const UnderWay initialisation(session_.bInitConnector);
         openIdentifierMap(session_);
         InitOutlook(session_.outlook);
-        InitLotus(session_.lotus, first);
+        InitLotus(session_.lotus, newLog);
         session_.host.WriteLog(L"Start Connector Initialization");
         PurgeId();
         if (session_.host.configuration().bgWithRepertory) InsertRepertory();

@@ -4,6 +4,7 @@
 #pragma once
 
 #include "automation/subscription.h"
+#include "lotus/initialisation.h"
 #include "softphone/address_book.h"
 #include "softphone/call_handling.h"
 #include "softphone/history.h"
@@ -30,8 +31,7 @@ public:
 
     // Opens the identifier map and the groupware sessions, drops the map records
     // whose softphone record has gone, and synchronises what is switched on.
-    // `first` asks Notes for a new log document.
-    void InitConnector(bool first);
+    void InitConnector(NewLog newLog);
 
     // Stops the connector.
     void Kill();

@@ -9,7 +9,7 @@ namespace {
 
 class LotusContacts : public LotusDocumentsFixture {
 protected:
-    std::wstring create(bool show = false)
+    std::wstring create(Show show = Show::no)
     {
         return CreateContactDocument(session, {L"01.23 45", L"Durand", L"Marc"}, show);
     }
@@ -51,7 +51,7 @@ Lines marcIsWrittenThen(const Lines& more)
 TEST_F(LotusContacts, Silent_IsWrittenAndSavedAtOnce_AndNotShown)
 {
     ready();
-    const std::wstring noteId = create(false);
+    const std::wstring noteId = create(Show::no);
     EXPECT_EQ(record(),
               marcIsWrittenThen({L"NotesDocument.Save method (BOOL True, BOOL True)", L"NotesDocument.NoteID get ()"}));
     EXPECT_EQ(contact(), marc);
@@ -62,7 +62,7 @@ TEST_F(LotusContacts, Silent_IsWrittenAndSavedAtOnce_AndNotShown)
 TEST_F(LotusContacts, Shown_IsOpenedForEditing_AndLeftForTheUserToSave)
 {
     ready();
-    EXPECT_FALSE(create(true).empty());
+    EXPECT_FALSE(create(Show::yes).empty());
     EXPECT_EQ(record(), marcIsWrittenThen({L"NotesUIWorkspace.OpenDatabase method (BSTR \"\", BSTR \"names.nsf\")",
                                            L"NotesUIWorkspace.EditDocument method (BOOL True, DISPATCH)",
                                            L"NotesDocument.NoteID get ()"}));
@@ -119,7 +119,7 @@ TEST_F(LotusContacts, NoItemHasAName_TheDocumentHasItsFormAndTypeOnly)
 TEST_F(LotusContacts, NoNames_TheFullNameIsABlank)
 {
     ready();
-    CreateContactDocument(session, {L"+33-1 23.x", L"", L""}, false);
+    CreateContactDocument(session, {L"+33-1 23.x", L"", L""}, Show::no);
     EXPECT_EQ(contact(), (Fields{marc[0],
                                  marc[1],
                                  {L"OfficePhoneNumber", L"+33-123x"},
@@ -148,12 +148,12 @@ TEST_F(LotusContacts, NoPersonalBookOrNoSession_CreatesNothing)
 {
     ready();
     session.nSelectedPersonal = -1;
-    EXPECT_EQ(create(false), L"");
-    EXPECT_EQ(create(true), L"");
+    EXPECT_EQ(create(Show::no), L"");
+    EXPECT_EQ(create(Show::yes), L"");
     session.nSelectedPersonal = 0;
     session.LotusReady = false;
-    EXPECT_EQ(create(false), L"");
-    EXPECT_EQ(create(true), L"");
+    EXPECT_EQ(create(Show::no), L"");
+    EXPECT_EQ(create(Show::yes), L"");
     EXPECT_EQ(record(), Lines{});
 }
 
@@ -177,7 +177,7 @@ TEST_F(LotusContacts, SilentFailsAtAnyCall_ResultIsEmpty_AndNothingIsSavedBefore
 {
     std::wstring noteId;
     atEachCall(
-        notes.recorder(), fails, [&] { again(); }, [&] { noteId = create(false); },
+        notes.recorder(), fails, [&] { again(); }, [&] { noteId = create(Show::no); },
         [&](const std::wstring& call) {
             EXPECT_EQ(noteId, L"") << desk::utf8(call);
             const bool saved = call == L"NotesDocument.NoteID get ()";
@@ -189,7 +189,7 @@ TEST_F(LotusContacts, NotesIsBusyAtAnyCall_NothingIsLost)
 {
     std::wstring noteId;
     atEachCall(
-        notes.recorder(), isBusy, [&] { again(); }, [&] { noteId = create(false); },
+        notes.recorder(), isBusy, [&] { again(); }, [&] { noteId = create(Show::no); },
         [&](const std::wstring& call) {
             EXPECT_FALSE(noteId.empty()) << desk::utf8(call);
             EXPECT_EQ(contact(), marc) << desk::utf8(call);

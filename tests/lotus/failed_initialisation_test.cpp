@@ -10,7 +10,7 @@ class LotusFailure : public LotusFixture {
 protected:
     LotusFailure() { writeIni(describedBooks); }
 
-    void init() { InitLotus(session, true); }
+    void init() { InitLotus(session, NewLog::yes); }
 
     void expectFailed(std::int16_t count)
     {
@@ -87,7 +87,7 @@ TEST_F(LotusFailure, AtEveryCallInTurn_ItIsReadyOrHasFailedOnce)
         GroupwareState counted;
         LotusSession fresh{host, counted, dictionary};
         fault(L"at " + std::to_wstring(n) + L" fail 0x80004005");
-        InitLotus(fresh, true);
+        InitLotus(fresh, NewLog::yes);
         EXPECT_EQ(fresh.LotusMustInit, !fresh.LotusReady) << n;
         EXPECT_EQ(static_cast<bool>(fresh.NotesSession), fresh.LotusReady) << n;
         EXPECT_EQ(counted.nbInitFailure, fresh.LotusReady ? 0 : 1) << n;

@@ -12,7 +12,7 @@ class LotusInitialisation : public LotusFixture {
 protected:
     using Lines = std::vector<std::wstring>;
 
-    void init(bool newLog = true) { InitLotus(session, newLog); }
+    void init(NewLog newLog = NewLog::yes) { InitLotus(session, newLog); }
 
     Lines logBodies()
     {
@@ -44,10 +44,10 @@ TEST_F(LotusInitialisation, SwitchedOffAndOnAgain_KeepsTheSessionObject_AndReini
     ready();
     IDispatch* const before = session.NotesSession.dispatch();
     host.settings.bgWithLotus = false;
-    init(false);
+    init(NewLog::no);
     EXPECT_EQ(session.NotesSession.dispatch(), before);
     host.settings.bgWithLotus = true;
-    init(false);
+    init(NewLog::no);
     EXPECT_TRUE(session.LotusReady);
     EXPECT_EQ(session.NotesSession.dispatch(), before);
     EXPECT_EQ(calls(L"NotesSession.SetEnvironmentVar method"), 1u);
@@ -195,10 +195,10 @@ TEST_F(LotusInitialisation, Reinitialisation_OpensANewLogDocument_OnlyWhenAskedT
 {
     ready();
     session.LotusMustInit = true;
-    init(false);
+    init(NewLog::no);
     ASSERT_EQ(logBodies().size(), 1u);
     session.LotusMustInit = true;
-    init(true);
+    init(NewLog::yes);
     ASSERT_EQ(logBodies().size(), 2u);
     const std::wstring start = L"\n3/15/2023 12:00:00 PM Read ini file ";
     EXPECT_TRUE(logBodies()[1].starts_with(start));
@@ -210,7 +210,7 @@ TEST_F(LotusInitialisation, NewDocumentAskedForBeforehand_StaysAskedFor)
     session.NewLogDocument = true;
     writeIni(describedBooks);
     notes.ask(L"available log.nsf off");
-    init(false);
+    init(NewLog::no);
     EXPECT_TRUE(session.NewLogDocument);
 }
 

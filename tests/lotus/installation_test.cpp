@@ -192,7 +192,7 @@ TEST_F(LotusInstallation, WorkspaceThatRefuses_IsNoFailureOfTheInitialisation)
     EXPECT_EQ(trapped.procedures, std::vector<std::wstring>{L"AddDatabasesToWorkspace"});
     EXPECT_EQ(record(), std::vector<std::wstring>{bothAdded[0]}) << "the first failure ends it";
     writeIni("");
-    InitLotus(session, true);
+    InitLotus(session, NewLog::yes);
     EXPECT_TRUE(session.LotusReady);
 }
 
@@ -201,7 +201,7 @@ TEST_F(LotusInstallation, Initialisation_InstallsAfterTheUserName_BeforeTheLog)
     const ReleaseKey five(L"5.0");
     five.set(L"Path", folder.file(L"program5")).set(L"DataPath", folder.file(L"data5"));
     writeIni("[lotus personnel log description]\nbase=log.nsf||||\n");
-    InitLotus(session, false);
+    InitLotus(session, NewLog::no);
     const std::vector<std::wstring> called = record();
     ASSERT_GT(called.size(), 5u);
     EXPECT_EQ(called[2], L"NotesSession.SetEnvironmentVar method (BSTR \"CTI_PavexUserName\", BSTR \"\")");

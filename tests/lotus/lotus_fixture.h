@@ -145,7 +145,7 @@ protected:
     void ready(const std::string& ini = describedBooks)
     {
         writeIni(ini);
-        InitLotus(session, true);
+        InitLotus(session, NewLog::yes);
         ASSERT_TRUE(session.LotusReady);
         forgetCalls();
     }

@@ -13,7 +13,7 @@ class LotusMailSearch : public LotusFixture {
 protected:
     LotusMailSearch() { ready(); }
 
-    bool search(const std::wstring& mail, bool show = false) { return SearchByMail(session, mail, person, show); }
+    bool search(const std::wstring& mail, Show show = Show::no) { return SearchByMail(session, mail, person, show); }
 
     Party person;
     std::wstring& phone = person.number;
@@ -76,17 +76,17 @@ TEST_F(LotusMailSearch, NobodyHasANumber_FalseWithTheLastNames)
     EXPECT_EQ(lastName, L"Abel");
     EXPECT_EQ(phone, L"");
     LotusAddressBook book = session.LotusAddressBooks[0];
-    EXPECT_TRUE(SearchInPublicAdressBookByMail(session, L"a@acme.fr", book, person, false))
+    EXPECT_TRUE(SearchInPublicAdressBookByMail(session, L"a@acme.fr", book, person, Show::no))
         << "this book has the document";
 }
 
 TEST_F(LotusMailSearch, Shown_TheDocumentOpensForReading_WhenItHasANumber)
 {
     add(L"names.nsf", L"Form=Person\nLastName=Abel\nMailAddress=a@acme.fr\n");
-    EXPECT_FALSE(search(L"a@acme.fr", true));
+    EXPECT_FALSE(search(L"a@acme.fr", Show::yes));
     EXPECT_EQ(callsTo(L"NotesUI"), Lines{});
     add(L"names.nsf", L"Form=Person\nLastName=Abel\nMailAddress=b@acme.fr\nOfficePhoneNumber=0612\n");
-    EXPECT_TRUE(search(L"b@acme.fr", true));
+    EXPECT_TRUE(search(L"b@acme.fr", Show::yes));
     EXPECT_EQ(callsTo(L"NotesUI"), (Lines{L"NotesUIWorkspace.OpenDatabase method (BSTR \"\", BSTR \"names.nsf\")",
                                           L"NotesUIWorkspace.EditDocument method (BOOL False, DISPATCH)"}));
     EXPECT_TRUE(notes.ask(L"windows").ends_with(L"\tread\tfront"));
@@ -162,8 +162,8 @@ TEST_F(LotusMailSearch, NotReady_TouchesNothing)
 {
     session.LotusReady = false;
     const LotusAddressBook book = session.LotusAddressBooks[0];
-    EXPECT_FALSE(search(L"a@acme.fr", true));
-    EXPECT_FALSE(SearchInPublicAdressBookByMail(session, L"a@acme.fr", book, person, true));
+    EXPECT_FALSE(search(L"a@acme.fr", Show::yes));
+    EXPECT_FALSE(SearchInPublicAdressBookByMail(session, L"a@acme.fr", book, person, Show::yes));
     EXPECT_EQ(notes.recorder().calls().size(), 0u);
 }
 

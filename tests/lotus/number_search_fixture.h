@@ -14,7 +14,7 @@ protected:
 
     NumberSearchFixture() { ready(); }
 
-    bool search(const std::wstring& number, const std::wstring& wanted = L"", bool show = false)
+    bool search(const std::wstring& number, const std::wstring& wanted = L"", Show show = Show::no)
     {
         const LotusSearchResult result = SearchByNumber(session, number, show, wanted, person);
         person = result.person;
@@ -22,7 +22,7 @@ protected:
         return result.isFound;
     }
 
-    bool searchAndShow(const std::wstring& number) { return search(number, L"", true); }
+    bool searchAndShow(const std::wstring& number) { return search(number, L"", Show::yes); }
 
     static std::wstring keyed(const wchar_t* key)
     {

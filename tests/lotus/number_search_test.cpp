@@ -270,7 +270,7 @@ TEST_F(LotusNumberSearch, NotReady_TouchesNothing)
     session.LotusReady = false;
     person.LastName = L"kept";
     EXPECT_FALSE(search(L"014567"));
-    EXPECT_FALSE(SearchInPublicAdressBook(session, session.LotusAddressBooks[0], L"014567", person, true));
+    EXPECT_FALSE(SearchInPublicAdressBook(session, session.LotusAddressBooks[0], L"014567", person, Show::yes));
     EXPECT_EQ(person.LastName, L"kept");
     EXPECT_EQ(notes.recorder().calls().size(), 0u);
 }

@@ -43,7 +43,7 @@ protected:
     }
 
     // The last name of whoever has the number, "" for nobody.
-    std::wstring search(const std::wstring& number, bool show = false)
+    std::wstring search(const std::wstring& number, Show show = Show::no)
     {
         const LotusSearchResult result = SearchByNumber(session, number, show);
         return result.isFound ? result.person.LastName : L"";
@@ -60,7 +60,7 @@ protected:
     }
 
     // The calls to Notes of a search.
-    Lines callsOf(const std::wstring& number, bool show = false)
+    Lines callsOf(const std::wstring& number, Show show = Show::no)
     {
         forgetCalls();
         search(number, show);
@@ -87,7 +87,7 @@ TEST_F(LotusOpenBooks, SecondSearchOfAnEvent_AsksTheOpenViewForTheDocument_AndRe
 {
     const BooksKeptOpen kept(session);
     search(L"014567");
-    EXPECT_EQ(callsOf(L"014567", true),
+    EXPECT_EQ(callsOf(L"014567", Show::yes),
               (Lines{byKey, L"NotesDocument.NoteID get ()", L"NotesUIWorkspace.CurrentDocument get ()",
                      L"NotesUIWorkspace.OpenDatabase method (BSTR \"\", BSTR \"names.nsf\")",
                      L"NotesUIWorkspace.EditDocument method (BOOL False, DISPATCH)"}));
@@ -111,7 +111,7 @@ TEST_F(LotusOpenBooks, DocumentThatIsShown_IsAsItIsThen)
     const BooksKeptOpen kept(session);
     search(L"014567");
     notes.ask(L"change " + marc + L"\nFirstName=Marcel");
-    EXPECT_EQ(search(L"014567", true), L"Durand");
+    EXPECT_EQ(search(L"014567", Show::yes), L"Durand");
     const automation::Object shown = notesWorkspace().get(L"CurrentDocument").object().get(L"Document").object();
     EXPECT_EQ(shown.get(L"FirstName").type() & VT_ARRAY, VT_ARRAY);
     EXPECT_EQ(automation::elementsOf(shown.get(L"FirstName")).at(0).text(), L"Marcel");
@@ -127,7 +127,7 @@ TEST_F(LotusOpenBooks, AnotherDocumentThatHasTheNumberNow_IsReadAnew)
     notes.ask(L"delete " + zola);
     add(company, L"Form=Employee\nName=Verne\nPhone=014567\n");
     later(2.5);
-    EXPECT_EQ(search(L"014567", true), L"Verne") << "a full-text search follows at once";
+    EXPECT_EQ(search(L"014567", Show::yes), L"Verne") << "a full-text search follows at once";
 }
 
 TEST_F(LotusOpenBooks, WhatOthersChange_IsSeenTwoSecondsLater)
@@ -229,7 +229,7 @@ TEST_F(LotusOpenBooks, ContactThatTheProgramSaves_IsFoundAtOnce)
     const BooksKeptOpen kept(session);
     EXPECT_EQ(FindNoteIdInPersonalBook(session, L"0612"), L"");
     EXPECT_EQ(search(L"0612"), L"");
-    const std::wstring noteId = CreateContactDocument(session, {L"0612", L"Nguyen", L"Linh"}, false);
+    const std::wstring noteId = CreateContactDocument(session, {L"0612", L"Nguyen", L"Linh"}, Show::no);
     EXPECT_EQ(search(L"0612"), L"Nguyen");
     EXPECT_EQ(FindNoteIdInPersonalBook(session, L"0612"), noteId);
 }
@@ -241,7 +241,7 @@ TEST_F(LotusOpenBooks, ContactThatTheProgramSaves_IsFoundAtOnce_UnderAnotherName
     const BooksKeptOpen kept(session);
     session.LotusAddressBooks.push_back(other);
     EXPECT_EQ(search(L"0612"), L"");
-    CreateContactDocument(session, {L"0612", L"Nguyen", L"Linh"}, false);
+    CreateContactDocument(session, {L"0612", L"Nguyen", L"Linh"}, Show::no);
     session.LotusAddressBooks = {other};
     EXPECT_EQ(search(L"0612"), L"Nguyen");
 }
@@ -273,7 +273,7 @@ TEST_F(LotusOpenBooks, SettingsThatAreReadAgain_LetNothingServe)
 TEST_F(LotusOpenBooks, MailAddressThatCouldNotBeRead_IsReadByTheNextSearch)
 {
     const auto mail = [&] {
-        const LotusSearchResult result = SearchByNumber(session, L"014567", false);
+        const LotusSearchResult result = SearchByNumber(session, L"014567", Show::no);
         EXPECT_TRUE(result.isFound);
         return result.person.Mail;
     };
@@ -297,7 +297,7 @@ TEST_F(LotusOpenBooks, FailureOfWhatIsOpen_LeavesNothingOfWhatItRead)
     forgetCalls();
     fault(L"on NotesDocument.GetItemValue at 2 fail 0x80004005");
     fault(L"on NotesView.FTSearch at 2 answer I4 0");
-    const LotusSearchResult result = SearchByNumber(session, L"0612", true, L"", {L"before", L"", L"", L"", L""});
+    const LotusSearchResult result = SearchByNumber(session, L"0612", Show::yes, L"", {L"before", L"", L"", L"", L""});
     EXPECT_FALSE(result.isFound);
     EXPECT_EQ(result.person.LastName, L"before");
     EXPECT_EQ(calls(L"NotesView.FTSearch method"), 2u);
@@ -330,7 +330,7 @@ TEST_F(LotusOpenBooks, EndOfTheEvent_GivesEverythingBack)
         search(L"014567");
         {
             const BooksKeptOpen within(session);
-            search(L"014567", true);
+            search(L"014567", Show::yes);
         }
         EXPECT_GT(automation::server::Dispatch::live(), before);
         EXPECT_EQ(callsOf(L"014567"), Lines{}) << "the walk's books outlive an event within it";
@@ -352,7 +352,7 @@ TEST_F(LotusOpenBooks, FailureOfWhatIsOpen_AtEveryCallInTurn_FindsThePersonAllTh
     {
         BooksKeptOpen kept(session);
         prepare(kept);
-        search(L"014567", true);
+        search(L"014567", Show::yes);
         while (!notes.recorder().calls()[count].text().starts_with(L"NotesUIWorkspace")) ++count;
     }
     ASSERT_EQ(count, 4u) << "last change, key, and the identifier with its look-up";
@@ -361,7 +361,7 @@ TEST_F(LotusOpenBooks, FailureOfWhatIsOpen_AtEveryCallInTurn_FindsThePersonAllTh
         prepare(kept);
         const std::wstring before = lastLogLine();
         fault(L"at " + std::to_wstring(n) + L" fail 0x800706BA");
-        EXPECT_EQ(search(L"014567", true), L"Durand") << n;
+        EXPECT_EQ(search(L"014567", Show::yes), L"Durand") << n;
         EXPECT_TRUE(notes.ask(L"windows").ends_with(L"\tread\tfront")) << n;
         EXPECT_EQ(lastLogLine(), before) << n;
     }
@@ -379,7 +379,7 @@ TEST_F(LotusOpenBooks, LastingFailure_HasTheOutcomeOfASessionInWhichNothingWasOp
         settle();
         forgetCalls();
         fault(planned);
-        const std::wstring name = search(L"014567", true);
+        const std::wstring name = search(L"014567", Show::yes);
         forgetCalls();
         return name + L"|" + notes.ask(L"windows") + L"|" + lastLogLine();
     };
@@ -427,11 +427,11 @@ TEST_F(LotusOpenBooks, ViewThatWasSearchedByFullText_ServesTheSameNumberForAMome
     const BooksKeptOpen kept(session);
     EXPECT_EQ(search(L"077"), L"Zola");
     forgetCalls();
-    EXPECT_EQ(search(L"077", true), L"Zola");
+    EXPECT_EQ(search(L"077", Show::yes), L"Zola");
     EXPECT_EQ(calls(L"NotesView.FTSearch method"), 0u);
     EXPECT_EQ(calls(L"NotesDatabase.GetView method"), 0u);
     later(2.5);
-    EXPECT_EQ(search(L"077", true), L"Zola");
+    EXPECT_EQ(search(L"077", Show::yes), L"Zola");
     EXPECT_EQ(calls(L"NotesView.FTSearch method"), 1u);
 }
 
@@ -442,7 +442,7 @@ TEST_F(LotusOpenBooks, FilteredViewThatHasNoDocumentAnyMore_IsOpenedAnew)
     EXPECT_EQ(search(L"077"), L"Zola");
     forgetCalls();
     fault(L"on NotesView.GetFirstDocument at 1 answer Nothing");
-    EXPECT_EQ(search(L"077", true), L"Zola");
+    EXPECT_EQ(search(L"077", Show::yes), L"Zola");
     EXPECT_EQ(calls(L"NotesView.FTSearch method"), 1u);
     EXPECT_EQ(calls(L"NotesView.GetFirstDocument method"), 2u);
 }
@@ -454,7 +454,7 @@ TEST_F(LotusOpenBooks, BookThatIsOutOfReach_IsOpenedAnewOnce)
     forgetCalls();
     fault(L"on NotesView.GetDocumentByKey at 1 fail 0x800706BA");
     fault(L"on NotesSession.GetDatabase fail 0x800706BA");
-    EXPECT_EQ(search(L"014567", true), L"");
+    EXPECT_EQ(search(L"014567", Show::yes), L"");
     EXPECT_EQ(calls(L"NotesView.GetDocumentByKey method"), 1u);
     EXPECT_EQ(calls(L"NotesSession.GetDatabase method"), 2u) << "each book once";
     forgetCalls();

@@ -60,7 +60,7 @@ TEST_F(ContactTableInEvent, ContactThatIsMadeWithinAnEvent_IsFoundBySecondQuesti
     openAs(Version::v2016, people(3));
     const AnswersOfOneEvent answers(session);
     EXPECT_FALSE(walkFinds(L"99"));
-    NewOutlookContact(session, {L"9.9", L"Made", L""}, false);
+    NewOutlookContact(session, {L"9.9", L"Made", L""}, Show::no);
     EXPECT_EQ(walkFindsWhom(L"99"), L"Made");
     EXPECT_EQ(calls(L"Folder.GetTable method"), 2u) << "what was told before is forgotten";
 }

@@ -65,7 +65,7 @@ TEST_F(OutlookContacts, SavingFails_EmptyIdentifier_AndNoLogLine)
 {
     open();
     recorder.faults.add(L"on ContactItem.Close fail 0x80004005");
-    EXPECT_EQ(NewOutlookContact(session, {L"0123", L"Durand", L"Marc"}, true), L"");
+    EXPECT_EQ(NewOutlookContact(session, {L"0123", L"Durand", L"Marc"}, Show::yes), L"");
     EXPECT_EQ(calls(L"ContactItem.Display method"), 0u);
     EXPECT_EQ(count(L"journal"), 0u);
 }
@@ -73,7 +73,7 @@ TEST_F(OutlookContacts, SavingFails_EmptyIdentifier_AndNoLogLine)
 TEST_F(OutlookContacts, FromTexts_Displayed_OpensAfterSaving_ThenTheLine)
 {
     open();
-    const std::wstring id = NewOutlookContact(session, {L"01.23 45", L"Durand", L"Marc"}, true);
+    const std::wstring id = NewOutlookContact(session, {L"01.23 45", L"Durand", L"Marc"}, Show::yes);
     EXPECT_FALSE(id.empty());
     EXPECT_EQ(id, field(L"contact", 0, L"EntryID"));
     EXPECT_EQ(field(L"contact", 0, L"BusinessTelephoneNumber"), L"012345");
@@ -88,7 +88,7 @@ TEST_F(OutlookContacts, FromTexts_Displayed_OpensAfterSaving_ThenTheLine)
 TEST_F(OutlookContacts, FromTexts_NotDisplayed_OpensNothing)
 {
     open();
-    EXPECT_FALSE(NewOutlookContact(session, {L"0123", L"", L""}, false).empty());
+    EXPECT_FALSE(NewOutlookContact(session, {L"0123", L"", L""}, Show::no).empty());
     EXPECT_EQ(calls(L"ContactItem.Display method"), 0u);
     EXPECT_EQ(logBody(), L"3/15/2023 12:00:00 PM New contact 0123  ");
 }
@@ -96,8 +96,8 @@ TEST_F(OutlookContacts, FromTexts_NotDisplayed_OpensNothing)
 TEST_F(OutlookContacts, LastLogText_HoldsTheMostRecentLineOnly)
 {
     open();
-    NewOutlookContact(session, {L"1", L"A", L"B"}, false);
-    NewOutlookContact(session, {L"2", L"C", L"D"}, false);
+    NewOutlookContact(session, {L"1", L"A", L"B"}, Show::no);
+    NewOutlookContact(session, {L"2", L"C", L"D"}, Show::no);
     EXPECT_EQ(session.szLastLogText, L"New contact 2 C D");
 }
 
@@ -106,7 +106,7 @@ TEST_F(OutlookContacts, IdentifierUnreadableAfterSaving_NothingIsReturned_TheCon
     open();
     recorder.faults.add(L"on ContactItem.EntryID get fail 0x80004005");
     EXPECT_EQ(CreateOutlookContact(session, softphoneEntry(L"0123", L"Durand", L"Marc")), L"");
-    EXPECT_EQ(NewOutlookContact(session, {L"0456", L"Petit", L"Claire"}, true), L"");
+    EXPECT_EQ(NewOutlookContact(session, {L"0456", L"Petit", L"Claire"}, Show::yes), L"");
     EXPECT_EQ(count(L"contact"), 2u) << "saved before: the next initialisation finds them by number";
     EXPECT_EQ(count(L"journal"), 0u);
     EXPECT_EQ(session.szLastLogText, L"");
@@ -117,7 +117,7 @@ TEST_F(OutlookContacts, DisplayFails_NothingIsReturned_TheContactStays_WithoutAL
 {
     open();
     recorder.faults.add(L"on ContactItem.Display fail 0x80004005");
-    EXPECT_EQ(NewOutlookContact(session, {L"0123", L"Durand", L"Marc"}, true), L"");
+    EXPECT_EQ(NewOutlookContact(session, {L"0123", L"Durand", L"Marc"}, Show::yes), L"");
     EXPECT_EQ(count(L"contact"), 1u);
     EXPECT_EQ(calls(L"ContactItem.EntryID get"), 0u);
     EXPECT_EQ(count(L"journal"), 0u);
@@ -127,7 +127,7 @@ TEST_F(OutlookContacts, GuardThatRefuses_DoesNotKeepAContactFromBeingMade)
 {
     open();
     outlook.command(L"guard", L"deny");
-    EXPECT_FALSE(NewOutlookContact(session, {L"0123", L"Durand", L"Marc"}, false).empty());
+    EXPECT_FALSE(NewOutlookContact(session, {L"0123", L"Durand", L"Marc"}, Show::no).empty());
     EXPECT_EQ(outlook.guard().questions(), 0u);
 }
 

@@ -86,7 +86,7 @@ TEST_F(AddressBook, SecondInitialisation_CreatesNothing)
 {
     entry(1, L"0123", L"Durand", L"Marc");
     start();
-    link.InitConnector(true);
+    link.InitConnector(NewLog::yes);
     EXPECT_EQ(count(L"contact"), 1u);
 }
 
@@ -115,7 +115,7 @@ TEST_F(AddressBook, CreationFails_NothingIsMapped_AndTheNextRunTriesAgain)
     start();
     EXPECT_EQ(mapped(L"1.1"), L"");
     EXPECT_EQ(synchronisationLines().back(), L"Repertory Synchronisation Ok");
-    link.InitConnector(true);
+    link.InitConnector(NewLog::yes);
     EXPECT_EQ(count(L"contact"), 1u);
     EXPECT_NE(mapped(L"1.1"), L"");
 }
@@ -130,7 +130,7 @@ TEST_F(AddressBook, ErrorInTheLoopItself_LogsPbIn_AndTheRestWaits)
     EXPECT_EQ(synchronisationLines(), (Lines{L"Start repertory Synchronisation ", L"1 In OutLook 0456 Petit Claire",
                                              L"Pb In Repertory Synchronisation"}));
     EXPECT_EQ(count(L"contact"), 1u);
-    link.InitConnector(true);
+    link.InitConnector(NewLog::yes);
     EXPECT_EQ(count(L"contact"), 3u);
 }
 
@@ -152,7 +152,7 @@ TEST_F(AddressBook, InsertionOfACreatedContactFails_Silently_AndTheContactIsAdop
     EXPECT_EQ(synchronisationLines().back(), L"Repertory Synchronisation Ok");
     EXPECT_EQ(mapped(L"1.2"), L"");
     EXPECT_NE(mapped(L"1.1"), L"") << "the walk goes on";
-    link.InitConnector(true);
+    link.InitConnector(NewLog::yes);
     EXPECT_EQ(count(L"contact"), 2u);
     EXPECT_EQ(mapped(L"1.2"), field(L"contact", 0, L"EntryID"));
 }
@@ -165,7 +165,7 @@ TEST_F(AddressBook, InsertionOfAnAdoptedContactFails_LogsPbIn_AndTheRestWaits)
     start(L"[contact]\nLastName=Known\nBusinessTelephoneNumber=0456\n");
     EXPECT_EQ(synchronisationLines(), (Lines{L"Start repertory Synchronisation ", L"Pb In Repertory Synchronisation"}));
     EXPECT_EQ(count(L"contact"), 1u);
-    link.InitConnector(true);
+    link.InitConnector(NewLog::yes);
     EXPECT_EQ(mapped(L"1.2"), field(L"contact", 0, L"EntryID"));
     EXPECT_NE(mapped(L"1.1"), L"");
 }

@@ -158,7 +158,7 @@ TEST_F(Attachment, EveryInitialisation_TakesAFreshMapServerObject)
 {
     start();
     const automation::Object first = softphone.hashID;
-    link.InitConnector(true);
+    link.InitConnector(NewLog::yes);
     EXPECT_NE(softphone.hashID.dispatch(), first.dispatch());
 }
 

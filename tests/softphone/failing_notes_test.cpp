@@ -29,7 +29,7 @@ protected:
     {
         notes.load(databases);
         lotus.LotusMustInit = true;
-        link.InitConnector(true);
+        link.InitConnector(NewLog::yes);
         outlookCalls.clear();
     }
 

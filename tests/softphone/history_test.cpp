@@ -52,7 +52,7 @@ TEST_F(History, AllItemsMapped_NothingIsCreated_AndTheOnlyPauseIsTempo1)
     item(2, L"222");
     start();
     host.pauses.clear();
-    link.InitConnector(true);
+    link.InitConnector(NewLog::yes);
     EXPECT_EQ(count(L"journal"), 2u);
     EXPECT_EQ(host.pauses, (std::vector<std::int32_t>{20, 20}));
 }
@@ -108,7 +108,7 @@ TEST_F(History, CreationFails_NoMapRecord_AndTheItemIsMirroredNextTime)
     start();
     EXPECT_EQ(mapped(L"2.1"), L"");
     EXPECT_EQ(synchronisationLines().back(), L"History Synchronisation Ok");
-    link.InitConnector(true);
+    link.InitConnector(NewLog::yes);
     EXPECT_EQ(count(L"journal"), 1u);
     EXPECT_NE(mapped(L"2.1"), L"");
 }
@@ -120,7 +120,7 @@ TEST_F(History, ErrorInTheLoopItself_LogsPbIn_WithASmallI_AndTheRestWaits)
     start();
     EXPECT_EQ(synchronisationLines(), (Lines{L"start History Synchronisation ", L"Pb in History Synchronisation"}));
     EXPECT_EQ(count(L"journal"), 1u);
-    link.InitConnector(true);
+    link.InitConnector(NewLog::yes);
     EXPECT_EQ(count(L"journal"), 3u);
 }
 
@@ -142,7 +142,7 @@ TEST_F(History, InsertionIntoTheMapFails_Silently_AndTheItemIsCopiedAgainNextTim
     EXPECT_EQ(synchronisationLines(), (Lines{L"start History Synchronisation ", L"History Synchronisation Ok"}));
     EXPECT_EQ(mapped(L"2.1"), L"");
     EXPECT_NE(mapped(L"2.2"), L"") << "the walk goes on";
-    link.InitConnector(true);
+    link.InitConnector(NewLog::yes);
     EXPECT_EQ(count(L"journal"), 3u);
     EXPECT_NE(mapped(L"2.1"), L"");
 }

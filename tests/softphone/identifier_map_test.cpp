@@ -65,7 +65,7 @@ TEST_F(IdentifierMap, DeletionEvent_RemovesNothing_TheNextStartDoes)
     host.runDeferred();
     EXPECT_EQ(mapped(L"1.2"), L"A");
     EXPECT_EQ(mapped(L"3.4"), L"D");
-    link.InitConnector(true);
+    link.InitConnector(NewLog::yes);
     EXPECT_EQ(mapped(L"1.2"), L"");
     EXPECT_EQ(mapped(L"3.4"), L"");
 }
@@ -171,7 +171,7 @@ TEST_F(IdentifierMap, ListThatDoesNotAnswer_KeepsItsRecords_TheOtherListIsPurged
         start();
         EXPECT_EQ(store->records(1).size() + store->records(0).size(), 1u) << desk::utf8(list);
         EXPECT_NE(mapped(list == std::wstring(L"History") ? L"2.9" : L"1.9"), L"") << desk::utf8(list);
-        link.InitConnector(true);
+        link.InitConnector(NewLog::yes);
         EXPECT_EQ(store->records(1).size() + store->records(0).size(), 0u) << "it answers again";
     }
 }

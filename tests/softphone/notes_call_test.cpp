@@ -243,7 +243,7 @@ TEST_F(NotesCall, VariableThatCannotBeSet_EndsThePublishing_WithTheNamesThatWere
     for (const auto& variable : variables) {
         notes.load(databases);
         lotus.LotusMustInit = true;
-        InitLotus(lotus, true);
+        InitLotus(lotus, NewLog::yes);
         notes.recorder().faults.add(L"on NotesSession.SetEnvironmentVar at " + std::wstring(variable.at) +
                                     L" fail 0x80004005");
         EXPECT_EQ(SetLastCallInfo(softphone, L"4711").lastName, variable.lastName) << desk::utf8(variable.at);

@@ -97,7 +97,7 @@ TEST_F(NotesSynchronisation, FailureAtEveryCallOfAWalk_LeavesNoCallHalfMirrored_
         notes.load(databases);
         for (const wchar_t* number : {L"4711", L"4711", L"0777", L"4711"}) pastCall(++low, number);
         lotus.LotusMustInit = true;
-        InitLotus(lotus, true);
+        InitLotus(lotus, NewLog::yes);
         outlookCalls.clear();
         if (!fault.empty()) outlookCalls.faults.add(fault);
         link.InitHisto();
@@ -173,7 +173,7 @@ TEST_F(NotesSynchronisation, SecondRun_CopiesNothing)
     pastCall(1, L"4711");
     start();
     host.pauses.clear();
-    link.InitConnector(true);
+    link.InitConnector(NewLog::yes);
     EXPECT_EQ(noteCount(L"Person"), 3u);
     EXPECT_EQ(noteCount(L"Call"), 1u);
     EXPECT_EQ(count(L"contact"), 1u);
@@ -185,7 +185,7 @@ TEST_F(NotesSynchronisation, UnmappedCall_GetsOneDocumentAndOneJournalItem_Notes
 {
     start();
     pastCall(1, L"47.11");
-    link.InitConnector(true);
+    link.InitConnector(NewLog::yes);
     EXPECT_EQ(noteField(L"Call", 0, L"Number"), L"4711");
     EXPECT_EQ(noteField(L"Call", 0, L"LastName"), L"Petit");
     EXPECT_EQ(noteField(L"Call", 0, L"InfoSupdocNoteId"), L"8FA");
@@ -205,7 +205,7 @@ TEST_F(NotesSynchronisation, DocumentThatCannotBeSaved_IsNotMapped_AndTriedAgain
     start();
     EXPECT_EQ(mapped(L"1.1", 1), L"");
     EXPECT_EQ(synchronisationLines().back(), L"History Synchronisation Ok");
-    link.InitConnector(true);
+    link.InitConnector(NewLog::yes);
     EXPECT_EQ(noteCount(L"Call"), 1u);
     EXPECT_NE(mapped(L"1.1", 1), L"");
 }
@@ -262,10 +262,10 @@ TEST_F(NotesSynchronisation, Initialisation_OpensBoth_AndANewLogDocumentWhenTold
     EXPECT_TRUE(lotus.LotusReady);
     EXPECT_EQ(noteCount(L"Log"), 1u);
     lotus.LotusMustInit = true;
-    link.InitConnector(false);
+    link.InitConnector(NewLog::no);
     EXPECT_EQ(noteCount(L"Log"), 1u);
     lotus.LotusMustInit = true;
-    link.InitConnector(true);
+    link.InitConnector(NewLog::yes);
     EXPECT_EQ(noteCount(L"Log"), 2u);
 }
 
@@ -275,7 +275,7 @@ TEST_F(NotesSynchronisation, Initialisation_AsksOutlookBeforeNotes)
     session.bOutlookInit = false;
     lotus.LotusMustInit = true;
     outlookCalls.clear();
-    link.InitConnector(true);
+    link.InitConnector(NewLog::yes);
     EXPECT_LT(placeOf(L"Application.GetNamespace"), placeOf(L"NotesSession.GetEnvironmentString"));
     EXPECT_LT(placeOf(L"NameSpace.GetDefaultFolder"), placeOf(L"NotesSession.GetEnvironmentString"));
 }

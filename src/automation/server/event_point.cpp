@@ -11,7 +11,7 @@ namespace {
 // Enumerates the one connection point of an object.
 class PointEnumeration final : public Unknown<IEnumConnectionPoints> {
 public:
-    PointEnumeration(IConnectionPoint* point, bool done) : point_(point), done_(done) {}
+    PointEnumeration(IConnectionPoint* point, bool done = false) : point_(point), done_(done) {}
 
     STDMETHODIMP Next(ULONG count, IConnectionPoint** points, ULONG* fetched) noexcept override
     {
@@ -91,7 +91,7 @@ STDMETHODIMP EventPoint::EnumConnectionPoints(IEnumConnectionPoints** points) no
 {
     *points = nullptr;
     return atBorder([&] {
-        *points = new PointEnumeration(this, false);
+        *points = new PointEnumeration(this);
         return S_OK;
     });
 }
