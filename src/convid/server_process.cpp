@@ -13,7 +13,7 @@ void ServerProcess::run(UINT patience)
     offer();
     const UINT_PTR firstClient = SetTimer(nullptr, 0, patience, nullptr);
     MSG message;
-    while (!finishing_ && GetMessageW(&message, nullptr, 0, 0) > 0) {
+    while (!finishing_ && nextMessage(message)) {
         if (message.message == WM_TIMER && !message.hwnd && message.wParam == firstClient) {
             KillTimer(nullptr, firstClient);
             CoAddRefServerProcess();
@@ -23,6 +23,18 @@ void ServerProcess::run(UINT patience)
         if (finishing_) serveWaiting();
     }
     factory_.reset();
+}
+
+// Waits for it. False when the process shall end.
+bool ServerProcess::nextMessage(MSG& message)
+{
+    const HANDLE endAskedFor = endAskedFor_.get();
+    while (!PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {
+        const DWORD events = endAskedFor ? 1 : 0;
+        const DWORD woken = MsgWaitForMultipleObjects(events, &endAskedFor, FALSE, INFINITE, QS_ALLINPUT);
+        if (events == 1 && woken == WAIT_OBJECT_0) return false;
+    }
+    return message.message != WM_QUIT;
 }
 
 void ServerProcess::offer()

@@ -2,7 +2,9 @@
 // with the last object.
 #pragma once
 
+#include "automation/owners.h"
 #include "automation/server/class_factory.h"
+#include "automation/server/end_request.h"
 
 #include <memory>
 #include <optional>
@@ -19,17 +21,20 @@ public:
     ServerProcess(const ServerProcess&) = delete;
     ServerProcess& operator=(const ServerProcess&) = delete;
 
-    // Returns when nobody needs the process any more. A client that never
+    // Returns when nobody needs the process any more, or somebody asks it to end
+    // whoever needs it. A client that never
     // comes is waited for `patience` milliseconds. Throws AutomationError when
     // the class cannot be offered.
     void run(UINT patience);
 
 private:
+    bool nextMessage(MSG& message);
     void offer();
     void finish() noexcept;
     void serveWaiting();
     std::shared_ptr<IdentifierStore> sharedStore();
 
+    const automation::Handle endAskedFor_ = automation::server::offerEnd();
     std::optional<automation::server::ClassFactory> factory_;
     std::weak_ptr<IdentifierStore> store_; // the objects own it
     bool finishing_ = false;

@@ -1,6 +1,7 @@
 // PavexConvId.exe as its users meet it: as processes, through COM.
 #include "automation/enumeration.h"
 #include "automation/error.h"
+#include "automation/server/end_request.h"
 #include "convid/class_identity.h"
 #include "convid/server_process.h"
 #include "server_fixture.h"
@@ -222,6 +223,21 @@ TEST_F(Server, OnlyClientDiesSuddenly_LaterClientIsServed)
     EXPECT_EQ(Process(client + L"client").exitCode(), 9u);
     EXPECT_EQ(Process(client + L"later").exitCode(), 0u);
     EXPECT_LE(servers().size(), 1u);
+}
+
+TEST_F(Server, AskedToEnd_EndsThoughAClientHoldsAnObject_TheNextClientIsServed)
+{
+    const Object map = newObject();
+    map.call(L"InsertId", {L"entry", L"5.7", outlook, addressBook});
+    ASSERT_TRUE(automation::server::askToEnd(servers().at(0)));
+    EXPECT_TRUE(serversAre(0));
+    EXPECT_THROW(map.call(L"RemoveIdOrvel", {L"5.7", outlook}), automation::AutomationError);
+    EXPECT_EQ(converted(newObject(), L"5.7", outlook), L"entry");
+}
+
+TEST_F(Server, AskedToEnd_WhenNoSuchProcessRuns_IsTold)
+{
+    EXPECT_FALSE(automation::server::askToEnd(GetCurrentProcessId()));
 }
 
 TEST_F(Server, KilledRightAfterAnAnswer_LosesNothing)
