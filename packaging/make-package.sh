@@ -18,7 +18,32 @@ cp "$here/../src/shell/hublink.ico" "$here/hublink.wxs" "$work"
 cd "$work"
 wixl -D Version="$version" -o hublink.msi hublink.wxs 2> wixl.log || { cat wixl.log >&2; exit 1; }
 
-sed "s/@VERSION@/$version/g; /^--/d; /^\$/d" "$here/package-tables.sql" | while IFS= read -r statement; do
+properties=$here/setting-properties.txt
+names=$(awk '!/^#/ { printf "%s%s", separator, $1; separator = ";" }' "$properties")
+
+# Refuses a value that the program would take for something else.
+conditions() {
+    awk '
+        function refuse(condition, message) {
+            printf "INSERT INTO `LaunchCondition` (`Condition`, `Description`) VALUES "
+            printf "(\047NOT %s OR %s\047, \047%s %s, not \"[%s]\".\047)\n", $1, condition, $1, message, $1
+        }
+        function oneOf(values, count, text, number) {
+            for (number = 1; number <= count; number++)
+                text = text (number > 1 ? " OR " : "") $1 "=\"" values[number] "\""
+            return text
+        }
+        $4 == "switch" { n = split("true false", v); refuse(oneOf(v, n), "is true or false") }
+        $4 == "number" { refuse("(" $1 " >= 0 AND " $1 " <= 32767)", "is a number, 0 to 32767") }
+        $4 == "groupwares" {
+            n = split("OUTLOOK LOTUS OUTLOOK,LOTUS LOTUS,OUTLOOK", v)
+            refuse(oneOf(v, n), "is OUTLOOK, LOTUS or OUTLOOK,LOTUS")
+        }' "$properties"
+}
+
+tables() { sed "s/@VERSION@/$version/g; s/@PROPERTIES@/$names/; /^--/d; /^\$/d" "$here/package-tables.sql"; }
+
+{ tables && conditions; } | while IFS= read -r statement; do
     msibuild hublink.msi -q "$statement" || { echo "refused: $statement" >&2; exit 1; }
 done
 mkdir -p "$(dirname "$package")"

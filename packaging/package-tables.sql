@@ -1,4 +1,4 @@
--- What hublink.wxs means and wixl 0.101 does not write: one statement a line, @VERSION@ replaced.
+-- What hublink.wxs means and wixl 0.101 does not write: one statement a line, @VERSION@ and @PROPERTIES@ replaced.
 
 -- The programs' versions. Without them Windows Installer would never replace a file that has one.
 UPDATE `File` SET `Version` = '@VERSION@.0', `Language` = '1033' WHERE `File` = 'hublink.exe'
@@ -32,4 +32,4 @@ INSERT INTO `AppSearch` (`Property`, `Signature_`) VALUES ('MAPSERVER', 'OtherMa
 UPDATE `Component` SET `Condition` = 'NOT MAPSERVER OR MAPSERVER~="{6FC819A5-645C-4241-8809-6BBBE1AF913F}"' WHERE `Component` = 'MapServerClass'
 
 -- The properties that a command line may give: they reach the part that runs with the system's rights.
-UPDATE `Property` SET `Value` = 'OLDERVERSION;NEWERVERSION;INSTALLDIR;TRACE;TYPE;TYPE1;TEMPO;TEMPO1;TRYCNXNUMBER;POPUP;NEWCONTACT;HISTO;REPERTORY;CALLBACKMAIL;CALLBACKMAILSYNTAXE;REPLACEPHONENUMBER;QUITOUTLOOK;LANGUAGE;EXTENSION;DLLEXTENSION;DLLEXTENSIONNAME;PATHDLLEXTENSION;REGISTEDLLEXTENSION;NBPUBLICADDRESSBOOK;ORDER;SHOWGRPWAGENDA;POPUPGRPWAGENDA;CALLINMAIL;ALWAYSVERIFYPHONENUMBER' WHERE `Property` = 'SecureCustomProperties'
+UPDATE `Property` SET `Value` = 'OLDERVERSION;NEWERVERSION;INSTALLDIR;@PROPERTIES@' WHERE `Property` = 'SecureCustomProperties'

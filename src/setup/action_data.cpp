@@ -16,9 +16,16 @@ ActionData::ActionData(const std::wstring& text)
 
 std::wstring ActionData::value(const std::wstring& name) const
 {
+    const std::vector<std::wstring> all = values(name);
+    return all.empty() ? L"" : all.front();
+}
+
+std::vector<std::wstring> ActionData::values(const std::wstring& name) const
+{
+    std::vector<std::wstring> found;
     for (const auto& [each, value] : entries_)
-        if (each == name) return value;
-    return {};
+        if (each == name) found.push_back(value);
+    return found;
 }
 
 std::wstring ActionData::text() const

@@ -15,8 +15,9 @@ public:
 
     void add(const std::wstring& name, const std::wstring& value) { entries_.emplace_back(name, value); }
 
-    // "" for a name that was not added.
+    // "" for a name that was not added; the first one of several.
     std::wstring value(const std::wstring& name) const;
+    std::vector<std::wstring> values(const std::wstring& name) const;
 
     // The entries as one text, a line each.
     std::wstring text() const;

@@ -8,8 +8,10 @@
 namespace hublink::setup {
 
 // Asks a running Hublink to stop, before its files are in the way; leaves for
-// StartHublink, and for StartHublinkAgain after a failure, where it ran.
+// StartHublink, and for StartHublinkAgain after a failure, where it ran. Its map
+// server may be another user's, which only the system can end.
 void stop(const Package& package);
+void endMapServer(const Package& package);
 void start(const Package& package);
 
 // Leaves the given settings, and whether the ini file is as it was installed,

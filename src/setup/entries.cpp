@@ -34,6 +34,11 @@ UINT __stdcall StopHublink(MSIHANDLE handle)
     return carryOut(handle, hublink::setup::stop);
 }
 
+UINT __stdcall EndMapServer(MSIHANDLE handle)
+{
+    return carryOut(handle, hublink::setup::endMapServer);
+}
+
 UINT __stdcall StartHublink(MSIHANDLE handle)
 {
     return carryOut(handle, hublink::setup::start);

@@ -50,32 +50,7 @@ std::wstring stored(const automation::RegistryKey& key, const wchar_t* name)
 const std::vector<SettingProperty>& settingProperties()
 {
     static const std::vector<SettingProperty> properties{
-        {L"TRACE", "Application", "trace"},
-        {L"TYPE", "Application", "type"},
-        {L"TYPE1", "Application", "type1"},
-        {L"TEMPO", "Application", "tempo"},
-        {L"TEMPO1", "Application", "tempo1"},
-        {L"TRYCNXNUMBER", "Application", "TryCnxNumber"},
-        {L"POPUP", "AllApplication", "PopUp"},
-        {L"NEWCONTACT", "AllApplication", "NewContact"},
-        {L"HISTO", "AllApplication", "Histo"},
-        {L"REPERTORY", "AllApplication", "Repertory"},
-        {L"CALLBACKMAIL", "AllApplication", "CallBackMail"},
-        {L"CALLBACKMAILSYNTAXE", "outlook", "CallBackMailSyntaxe"},
-        {L"REPLACEPHONENUMBER", "outlook", "ReplacePhoneNumber"},
-        {L"QUITOUTLOOK", "outlook", "quitoutlook"},
-        {L"LANGUAGE", "outlook", "language"},
-        {L"EXTENSION", "outlook", "Extension"},
-        {L"DLLEXTENSION", "outlook", "DllExtension"},
-        {L"DLLEXTENSIONNAME", "outlook", "DllExtensionName"},
-        {L"PATHDLLEXTENSION", "outlook", "PathDllExtension"},
-        {L"REGISTEDLLEXTENSION", "outlook", "RegisteDllExtension"},
-        {L"NBPUBLICADDRESSBOOK", "lotus", "NbPublicAddressBook"},
-        {L"ORDER", "lotus", "Order"},
-        {L"SHOWGRPWAGENDA", "lotus", "ShowGrpwAgenda"},
-        {L"POPUPGRPWAGENDA", "lotus", "PopUpGrpwAgenda"},
-        {L"CALLINMAIL", "lotus", "CallInMail"},
-        {L"ALWAYSVERIFYPHONENUMBER", "lotus", "AlwaysVerifyPhoneNumber"},
+#include <setting_properties.inc>
     };
     return properties;
 }

@@ -1,5 +1,7 @@
 #include "setup/package.h"
 
+#include "automation/text.h"
+
 #include <msiquery.h>
 
 #include <stdexcept>
@@ -22,6 +24,16 @@ void Package::setProperty(const std::wstring& name, const std::wstring& value) c
 {
     if (MsiSetPropertyW(handle_, name.c_str(), value.c_str()) != ERROR_SUCCESS)
         throw std::runtime_error("a property cannot be set");
+}
+
+bool Package::hasOtherVersion() const
+{
+    const std::wstring family = property(L"UpgradeCode");
+    const std::wstring own = property(L"ProductCode");
+    wchar_t product[39];
+    for (DWORD index = 0; MsiEnumRelatedProductsW(family.c_str(), 0, index, product) == ERROR_SUCCESS; ++index)
+        if (!automation::equalWithoutCase(product, own)) return true;
+    return false;
 }
 
 void Package::log(const std::wstring& line) const

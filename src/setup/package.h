@@ -16,6 +16,11 @@ public:
     std::wstring property(const std::wstring& name) const;
     void setProperty(const std::wstring& name, const std::wstring& value) const;
 
+    // Whether another version of the product is installed besides: then this one is
+    // removed for its sake, and what both use stays. Windows Installer tells it by the
+    // property UPGRADINGPRODUCTCODE, Wine does not.
+    bool hasOtherVersion() const;
+
     // A line in Windows Installer's log.
     void log(const std::wstring& line) const;
 

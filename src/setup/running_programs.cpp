@@ -1,6 +1,7 @@
 #include "setup/running_programs.h"
 
 #include "automation/owners.h"
+#include "automation/server/end_request.h"
 #include "automation/text.h"
 #include "common/connector_settings.h"
 #include "common/files.h"
@@ -17,13 +18,16 @@ namespace hublink::setup {
 
 namespace {
 
+constexpr const wchar_t* hublinkFile = L"hublink.exe";
+constexpr const wchar_t* mapServerFile = L"PavexConvId.exe";
+
 // Milliseconds. A request is seen at the next of Hublink's five-second ticks, and
 // obeyed at the one after it; a partner may have to be waited for before.
 constexpr DWORD patienceForHublink = 60'000;
 constexpr DWORD patienceForMapServer = 10'000;
 constexpr DWORD pause = 200;
 
-std::vector<DWORD> processesNamed(const wchar_t* name)
+std::vector<DWORD> allNamed(const wchar_t* name)
 {
     std::vector<DWORD> found;
     const automation::Handle snapshot = automation::orNone(CreateToolhelp32Snapshot(TH32CS_SNAPPROCESS, 0));
@@ -39,7 +43,7 @@ template <class Ask>
 bool ends(const wchar_t* name, DWORD patience, Ask&& ask)
 {
     const DWORD begun = GetTickCount();
-    while (!processesNamed(name).empty()) {
+    while (!allNamed(name).empty()) {
         if (GetTickCount() - begun > patience) return false;
         ask();
         Sleep(pause);
@@ -47,22 +51,64 @@ bool ends(const wchar_t* name, DWORD patience, Ask&& ask)
     return true;
 }
 
-PROCESS_INFORMATION startedAs(HANDLE user, const std::wstring& program)
+// Windows Installer's service carries the actions out; elsewhere they run as whoever installs.
+bool isSystem()
 {
-    std::wstring command = L"\"" + program + L"\"";
-    const std::wstring folder = program.substr(0, program.rfind(L'\\'));
+    HANDLE opened = nullptr;
+    if (!OpenProcessToken(GetCurrentProcess(), TOKEN_QUERY, &opened)) return false;
+    const automation::Handle token(opened);
+    BYTE user[sizeof(TOKEN_USER) + SECURITY_MAX_SID_SIZE];
+    DWORD size = sizeof user;
+    return GetTokenInformation(token.get(), TokenUser, user, size, &size) &&
+           IsWellKnownSid(reinterpret_cast<const TOKEN_USER*>(user)->User.Sid, WinLocalSystemSid);
+}
+
+struct Start {
+    std::wstring command;
+    std::wstring folder;
+    STARTUPINFOW how{};
+    PROCESS_INFORMATION process{};
+
+    explicit Start(const std::wstring& program)
+        : command(L"\"" + program + L"\""), folder(program.substr(0, program.rfind(L'\\')))
+    {
+        how.cb = sizeof how;
+    }
+
+    ~Start()
+    {
+        const automation::Handle thread(process.hThread);
+        const automation::Handle owned(process.hProcess);
+    }
+
+    Start(const Start&) = delete;
+    Start& operator=(const Start&) = delete;
+};
+
+bool startAs(HANDLE user, const std::wstring& program)
+{
+    Start start(program);
     wchar_t desktop[] = L"winsta0\\default";
-    STARTUPINFOW start{};
-    start.cb = sizeof start;
-    start.lpDesktop = desktop;
+    start.how.lpDesktop = desktop;
     void* environment = nullptr;
     const DWORD flags = CreateEnvironmentBlock(&environment, user, FALSE) ? CREATE_UNICODE_ENVIRONMENT : 0;
-    PROCESS_INFORMATION process{};
-    if (!CreateProcessAsUserW(user, program.c_str(), command.data(), nullptr, nullptr, FALSE, flags, environment,
-                              folder.c_str(), &start, &process))
-        process = {};
+    const bool started = CreateProcessAsUserW(user, program.c_str(), start.command.data(), nullptr, nullptr, FALSE,
+                                              flags, environment, start.folder.c_str(), &start.how, &start.process);
     if (environment) DestroyEnvironmentBlock(environment);
-    return process;
+    return started;
+}
+
+bool startHere(const std::wstring& program)
+{
+    Start start(program);
+    return CreateProcessW(program.c_str(), start.command.data(), nullptr, nullptr, FALSE, 0, nullptr,
+                          start.folder.c_str(), &start.how, &start.process);
+}
+
+bool isOwn(DWORD session)
+{
+    DWORD own = 0;
+    return ProcessIdToSessionId(GetCurrentProcessId(), &own) && own == session;
 }
 
 }
@@ -70,7 +116,7 @@ PROCESS_INFORMATION startedAs(HANDLE user, const std::wstring& program)
 std::vector<DWORD> sessionsOfHublink()
 {
     std::vector<DWORD> sessions;
-    for (const DWORD process : processesNamed(L"hublink.exe")) {
+    for (const DWORD process : allNamed(hublinkFile)) {
         DWORD session = 0;
         const bool isNew = ProcessIdToSessionId(process, &session) &&
                            std::find(sessions.begin(), sessions.end(), session) == sessions.end();
@@ -84,23 +130,29 @@ bool stopHublink()
     const std::wstring file = connectorFolderHere() + L"\\" + iniFileName;
     const bool asks = FileExist(file); // writing would make one
     const IniFile ini(file);
-    const bool ended = ends(L"hublink.exe", patienceForHublink, [&] {
+    const bool ended = ends(hublinkFile, patienceForHublink, [&] {
         // The first one that reads the request takes it back, and others may run in other sessions.
         if (asks && !asksForStop(ini)) askForStop(ini);
     });
     if (asks) takeStopRequestBack(ini);
-    return ended && ends(L"PavexConvId.exe", patienceForMapServer, [] {});
+    return ended;
+}
+
+bool endMapServers()
+{
+    if (!allNamed(hublinkFile).empty()) return false;
+    return ends(mapServerFile, patienceForMapServer, [] {
+        for (const DWORD process : allNamed(mapServerFile)) automation::server::askToEnd(process);
+    });
 }
 
 bool startHublinkIn(DWORD session, const std::wstring& program)
 {
+    if (!isSystem()) return isOwn(session) && startHere(program);
     HANDLE opened = nullptr;
     if (!WTSQueryUserToken(session, &opened)) return false;
     const automation::Handle user(opened);
-    const PROCESS_INFORMATION process = startedAs(user.get(), program);
-    const automation::Handle thread(process.hThread);
-    const automation::Handle owned(process.hProcess);
-    return process.hProcess != nullptr;
+    return startAs(user.get(), program);
 }
 
 }

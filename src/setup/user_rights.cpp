@@ -1,8 +1,5 @@
 #include "setup/user_rights.h"
 
-#include "automation/owners.h"
-
-#include <windows.h>
 #include <aclapi.h>
 
 #include <stdexcept>
@@ -30,15 +27,8 @@ std::vector<BYTE> usersOfTheComputer()
 
 }
 
-void letUsersChange(const std::wstring& file)
+automation::LocalMemory<ACL> withChangeForUsers(ACL* list)
 {
-    std::wstring name = file; // the functions ask for one that they might write to
-    ACL* list = nullptr;
-    PSECURITY_DESCRIPTOR descriptor = nullptr;
-    require(GetNamedSecurityInfoW(name.data(), SE_FILE_OBJECT, DACL_SECURITY_INFORMATION, nullptr, nullptr, &list,
-                                  nullptr, &descriptor),
-            "GetNamedSecurityInfo");
-    const automation::LocalMemory<void> owned(descriptor);
     std::vector<BYTE> users = usersOfTheComputer();
     EXPLICIT_ACCESSW access{};
     access.grfAccessPermissions = change;
@@ -48,9 +38,21 @@ void letUsersChange(const std::wstring& file)
     access.Trustee.ptstrName = reinterpret_cast<wchar_t*>(users.data());
     ACL* extended = nullptr;
     require(SetEntriesInAclW(1, &access, list, &extended), "SetEntriesInAcl");
-    const automation::LocalMemory<ACL> ownedList(extended);
-    require(SetNamedSecurityInfoW(name.data(), SE_FILE_OBJECT, DACL_SECURITY_INFORMATION, nullptr, nullptr, extended,
-                                  nullptr),
+    return automation::LocalMemory<ACL>(extended);
+}
+
+void letUsersChange(const std::wstring& file)
+{
+    std::wstring name = file; // the functions ask for one that they might write to
+    ACL* list = nullptr;
+    PSECURITY_DESCRIPTOR descriptor = nullptr;
+    require(GetNamedSecurityInfoW(name.data(), SE_FILE_OBJECT, DACL_SECURITY_INFORMATION, nullptr, nullptr, &list,
+                                  nullptr, &descriptor),
+            "GetNamedSecurityInfo");
+    const automation::LocalMemory<void> owned(descriptor);
+    const auto extended = withChangeForUsers(list);
+    require(SetNamedSecurityInfoW(name.data(), SE_FILE_OBJECT, DACL_SECURITY_INFORMATION, nullptr, nullptr,
+                                  extended.get(), nullptr),
             "SetNamedSecurityInfo");
 }
 

@@ -28,7 +28,7 @@ const std::map<std::string, std::set<std::string>>& ofWindowsXp()
         {"advapi32.dll",
          "AddAccessAllowedAce CreateProcessAsUserW CreateWellKnownSid CryptAcquireContextA CryptGenRandom "
          "CryptReleaseContext EqualSid GetLengthSid GetNamedSecurityInfoW GetTokenInformation "
-         "InitializeAcl InitializeSecurityDescriptor OpenProcessToken RegCloseKey RegCreateKeyExW "
+         "InitializeAcl InitializeSecurityDescriptor IsWellKnownSid OpenProcessToken RegCloseKey RegCreateKeyExW "
          "RegDeleteKeyW RegDeleteValueA RegEnumKeyW RegOpenKeyExA RegOpenKeyExW RegQueryValueExA "
          "RegQueryValueExW RegQueryValueW RegSetValueExA RegSetValueExW SetEntriesInAclW "
          "SetNamedSecurityInfoW SetSecurityDescriptorDacl SetSecurityDescriptorGroup "
@@ -48,7 +48,7 @@ const std::map<std::string, std::set<std::string>>& ofWindowsXp()
          "GetPrivateProfileStringA GetPrivateProfileStringW GetProcAddress GetProcessTimes "
          "GetStartupInfoA GetStdHandle GetSystemTimeAsFileTime GetTickCount GetUserDefaultUILanguage "
          "GetVersionExW InitializeCriticalSection IsDBCSLeadByteEx LeaveCriticalSection LoadLibraryA "
-         "LoadLibraryW LocalFree lstrlenW MoveFileExW MultiByteToWideChar OpenProcess OutputDebugStringA "
+         "LoadLibraryW LocalFree lstrlenW MoveFileExW MultiByteToWideChar OpenEventW OpenProcess OutputDebugStringA "
          "OutputDebugStringW Process32FirstW Process32NextW ProcessIdToSessionId QueryPerformanceCounter "
          "QueryPerformanceFrequency ReadFile ReleaseSemaphore RemoveDirectoryW ResetEvent ResumeThread "
          "SetEndOfFile SetErrorMode SetEvent SetFileAttributesW SetFilePointerEx SetFileTime SetLastError "
@@ -56,8 +56,8 @@ const std::map<std::string, std::set<std::string>>& ofWindowsXp()
          "TlsGetValue TlsSetValue TryEnterCriticalSection VirtualProtect VirtualQuery "
          "WaitForMultipleObjects WaitForSingleObject WideCharToMultiByte WriteConsoleW WriteFile "
          "WritePrivateProfileStringA"},
-        {"msi.dll",
-         "MsiCloseHandle MsiCreateRecord MsiGetPropertyW MsiProcessMessage MsiRecordSetStringW MsiSetPropertyW"},
+        {"msi.dll", "MsiCloseHandle MsiCreateRecord MsiEnumRelatedProductsW MsiGetPropertyW MsiProcessMessage "
+                    "MsiRecordSetStringW MsiSetPropertyW"},
         {"msvcrt.dll",
          "__getmainargs __initenv __mb_cur_max __p__acmdln __p__commode __p__fmode __set_app_type "
          "__setusermatherr _amsg_exit _assert _beginthreadex _cexit _close _endthreadex _errno _exit "
@@ -194,4 +194,17 @@ TEST(InstalledPrograms, Version_IsTheProjects)
         EXPECT_EQ(version.productName, L"Hublink") << automation::ansi(program);
         EXPECT_NE(version.description, L"") << automation::ansi(program);
     }
+}
+
+TEST(InstalledPrograms, Icon_HasEverySizeThatWindowsShows)
+{
+    std::set<unsigned> sizes;
+    const HMODULE program = LoadLibraryExW(beside(L"hublink.exe").c_str(), nullptr, LOAD_LIBRARY_AS_DATAFILE);
+    const HRSRC place = FindResourceW(program, MAKEINTRESOURCEW(1), MAKEINTRESOURCEW(14)); // RT_GROUP_ICON
+    ASSERT_TRUE(place);
+    const auto* const group = static_cast<const BYTE*>(LockResource(LoadResource(program, place)));
+    constexpr unsigned head = 6, entry = 14;
+    for (unsigned index = 0; index < group[4]; ++index) sizes.insert(group[head + index * entry]);
+    FreeLibrary(program);
+    EXPECT_EQ(sizes, (std::set<unsigned>{0, 16, 20, 24, 32, 48, 64, 128})) << "0 stands for 256";
 }

@@ -1,0 +1,168 @@
+#include "installer/windows_installer.h"
+
+#include "automation/owners.h"
+#include "automation/text.h"
+#include "desk/player/windows_files.h"
+#include "support/scratch_folder.h"
+
+#include <shlobj.h>
+
+#include <algorithm>
+#include <stdexcept>
+#include <vector>
+
+namespace installer {
+
+namespace {
+
+constexpr const wchar_t* logFile = L"C:\\msiexec.log";
+constexpr const wchar_t* uninstallKey = L"SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\Uninstall";
+
+// The build machine's root is drive Z: to the test.
+std::wstring onDriveZ(const char* buildFile)
+{
+    std::wstring file = L"Z:" + automation::wide(buildFile);
+    std::replace(file.begin(), file.end(), L'/', L'\\');
+    return file;
+}
+
+std::wstring copied(const char* buildFile)
+{
+    const std::wstring file = onDriveZ(buildFile);
+    const std::wstring copy = L"C:" + file.substr(file.rfind(L'\\'));
+    desk::player::copyFile(file, copy);
+    return copy;
+}
+
+void addFilesBelow(const std::wstring& folder, const std::wstring& path, std::set<std::wstring>& found)
+{
+    WIN32_FIND_DATAW entry;
+    const auto search =
+        automation::orNone<automation::FileSearch>(FindFirstFileW((folder + L"\\" + path + L"*").c_str(), &entry));
+    if (!search) return;
+    do {
+        const std::wstring name = entry.cFileName;
+        if (name == L"." || name == L"..") continue;
+        if (entry.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) addFilesBelow(folder, path + name + L"\\", found);
+        else found.insert(path + name);
+    } while (FindNextFileW(search.get(), &entry));
+}
+
+automation::RegistryKey opened(HKEY root, const std::wstring& key)
+{
+    HKEY handle = nullptr;
+    RegOpenKeyExW(root, key.c_str(), 0, KEY_READ, &handle);
+    return automation::RegistryKey(handle);
+}
+
+std::vector<std::wstring> subkeys(HKEY root, const std::wstring& key)
+{
+    std::vector<std::wstring> names;
+    const automation::RegistryKey owner = opened(root, key);
+    wchar_t name[256];
+    for (DWORD index = 0; owner && RegEnumKeyW(owner.get(), index, name, 256) == ERROR_SUCCESS; ++index)
+        names.push_back(name);
+    return names;
+}
+
+}
+
+std::wstring thisPackage()
+{
+    return copied(THIS_PACKAGE);
+}
+
+std::wstring nextPackage()
+{
+    return copied(NEXT_PACKAGE);
+}
+
+DWORD msiexec(const std::wstring& arguments)
+{
+    DeleteFileW(logFile);
+    wchar_t folder[MAX_PATH];
+    GetSystemDirectoryW(folder, MAX_PATH);
+    const desk::player::Process process(std::wstring(folder) + L"\\msiexec.exe", arguments + L" /qn /l*v " + logFile);
+    if (!process.ended(100'000)) throw std::runtime_error("msiexec does not end");
+    return process.exitCode();
+}
+
+std::string log()
+{
+    const std::string bytes = support::readFile(logFile);
+    if (!bytes.starts_with("\xFF\xFE")) return bytes;
+    return automation::ansi({reinterpret_cast<const wchar_t*>(bytes.data()) + 1, bytes.size() / sizeof(wchar_t) - 1});
+}
+
+DWORD install(const std::wstring& package, const std::wstring& properties)
+{
+    return msiexec(L"/i \"" + package + L"\" " + properties);
+}
+
+DWORD repair(const std::wstring& package)
+{
+    return install(package, L"REINSTALL=ALL REINSTALLMODE=amus");
+}
+
+DWORD remove(const std::wstring& package)
+{
+    return msiexec(L"/x \"" + package + L"\"");
+}
+
+std::set<std::wstring> shippedFiles()
+{
+    return filesBelow(onDriveZ(SHIPPED_FOLDER));
+}
+
+std::set<std::wstring> filesBelow(const std::wstring& folder)
+{
+    std::set<std::wstring> found;
+    addFilesBelow(folder, L"", found);
+    return found;
+}
+
+std::optional<std::wstring> registryText(HKEY root, const std::wstring& key, const std::wstring& name)
+{
+    const automation::RegistryKey owner = opened(root, key);
+    wchar_t text[1024] = L"";
+    DWORD size = sizeof text - sizeof(wchar_t);
+    if (!owner || RegQueryValueExW(owner.get(), name.c_str(), nullptr, nullptr, reinterpret_cast<BYTE*>(text), &size) !=
+                      ERROR_SUCCESS)
+        return std::nullopt;
+    return text;
+}
+
+void setRegistryText(HKEY root, const std::wstring& key, const std::wstring& name, const std::wstring& value)
+{
+    desk::player::setRegistryText(root, key.c_str(), name.c_str(), value);
+}
+
+std::multiset<std::wstring> installedVersions()
+{
+    std::multiset<std::wstring> versions;
+    for (const std::wstring& product : subkeys(HKEY_LOCAL_MACHINE, uninstallKey)) {
+        const std::wstring key = uninstallKey + (L"\\" + product);
+        if (registryText(HKEY_LOCAL_MACHINE, key, L"DisplayName") == L"Hublink")
+            versions.insert(registryText(HKEY_LOCAL_MACHINE, key, L"DisplayVersion").value_or(L"none"));
+    }
+    return versions;
+}
+
+std::wstring startMenuEntry()
+{
+    // Wine's own installer takes the user's menu, Windows's that of all users.
+    for (const int menu : {CSIDL_COMMON_PROGRAMS, CSIDL_PROGRAMS}) {
+        wchar_t folder[MAX_PATH];
+        if (FAILED(SHGetFolderPathW(nullptr, menu, nullptr, SHGFP_TYPE_CURRENT, folder))) continue;
+        const std::wstring file = std::wstring(folder) + L"\\Hublink.lnk";
+        if (exists(file)) return file;
+    }
+    return {};
+}
+
+bool exists(const std::wstring& fileOrFolder)
+{
+    return GetFileAttributesW(fileOrFolder.c_str()) != INVALID_FILE_ATTRIBUTES;
+}
+
+}
