@@ -1,5 +1,7 @@
 #include "automation/call_permission.h"
 
+#include "automation/owners.h"
+
 #include <gtest/gtest.h>
 
 #include <vector>
@@ -11,12 +13,12 @@ constexpr DWORD mayCall = 3;
 
 std::vector<BYTE> userOfThisProcess()
 {
-    HANDLE token = nullptr;
-    OpenProcessToken(GetCurrentProcess(), TOKEN_QUERY, &token);
+    HANDLE opened = nullptr;
+    OpenProcessToken(GetCurrentProcess(), TOKEN_QUERY, &opened);
+    const automation::Handle token(opened);
     std::vector<BYTE> user(1024);
     DWORD size = 0;
-    GetTokenInformation(token, TokenUser, user.data(), static_cast<DWORD>(user.size()), &size);
-    CloseHandle(token);
+    GetTokenInformation(token.get(), TokenUser, user.data(), static_cast<DWORD>(user.size()), &size);
     return user;
 }
 

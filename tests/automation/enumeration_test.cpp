@@ -34,22 +34,10 @@ private:
 };
 
 // An enumerator that gives one number and then fails as told.
-class FailingEnumerator final : public IEnumVARIANT {
+class FailingEnumerator final : public support::StackObject<IEnumVARIANT, IID_IEnumVARIANT> {
 public:
     explicit FailingEnumerator(std::vector<HRESULT> answers) : answers_(std::move(answers)) {}
 
-    STDMETHODIMP QueryInterface(REFIID iid, void** result) override
-    {
-        if (iid != IID_IUnknown && iid != IID_IEnumVARIANT) {
-            *result = nullptr;
-            return E_NOINTERFACE;
-        }
-        *result = static_cast<IEnumVARIANT*>(this);
-        AddRef();
-        return S_OK;
-    }
-    STDMETHODIMP_(ULONG) AddRef() override { return ++references; }
-    STDMETHODIMP_(ULONG) Release() override { return --references; }
     STDMETHODIMP Next(ULONG, VARIANT* value, ULONG* fetched) override
     {
         const HRESULT answer = answers_.at(asked++);
@@ -64,7 +52,6 @@ public:
     STDMETHODIMP Reset() override { return E_NOTIMPL; }
     STDMETHODIMP Clone(IEnumVARIANT**) override { return E_NOTIMPL; }
 
-    ULONG references = 1;
     std::size_t asked = 0;
 
 private:

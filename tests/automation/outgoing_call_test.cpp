@@ -3,6 +3,7 @@
 #include "automation/error.h"
 #include "automation/object.h"
 #include "automation/outgoing_call.h"
+#include "automation/owners.h"
 #include "support/raw_partner.h"
 
 #include <gtest/gtest.h>
@@ -197,9 +198,8 @@ TEST(OutgoingCall, InProgress_ConcernsTheCallingThreadOnly)
 {
     const OutgoingCall scope;
     bool elsewhere = true;
-    const HANDLE thread = CreateThread(nullptr, 0, lookElsewhere, &elsewhere, 0, nullptr);
-    WaitForSingleObject(thread, INFINITE);
-    CloseHandle(thread);
+    const automation::Handle thread(CreateThread(nullptr, 0, lookElsewhere, &elsewhere, 0, nullptr));
+    WaitForSingleObject(thread.get(), INFINITE);
     EXPECT_TRUE(OutgoingCall::inProgress());
     EXPECT_FALSE(elsewhere);
 }

@@ -1,6 +1,7 @@
 // The message dictionary: which file is chosen, and the contract of a read.
 #include "common/dictionary.h"
 
+#include "automation/owners.h"
 #include "automation/text.h"
 #include "support/scratch_folder.h"
 
@@ -154,11 +155,11 @@ TEST(ShippedDictionary, EveryLanguage_IsThere)
 {
     std::set<std::wstring> found;
     WIN32_FIND_DATAW entry;
-    const HANDLE search = FindFirstFileW(support::projectFile(L"packaging/dictionary/*.ini").c_str(), &entry);
-    ASSERT_NE(search, INVALID_HANDLE_VALUE);
+    const auto search = automation::orNone<automation::FileSearch>(
+        FindFirstFileW(support::projectFile(L"packaging/dictionary/*.ini").c_str(), &entry));
+    ASSERT_TRUE(search);
     do found.insert(std::wstring(entry.cFileName, wcschr(entry.cFileName, L'.') - entry.cFileName));
-    while (FindNextFileW(search, &entry));
-    FindClose(search);
+    while (FindNextFileW(search.get(), &entry));
     EXPECT_EQ(found, languages);
 }
 

@@ -1,5 +1,6 @@
 #include "common/ini_file.h"
 
+#include "automation/owners.h"
 #include "automation/text.h"
 #include "support/scratch_folder.h"
 
@@ -170,10 +171,11 @@ TEST_F(Ini, FolderInItsPlace_GivesDefaultsAndRefusesToBeWritten)
 TEST_F(Ini, FileThatAnotherProgramKeepsToItself_GivesDefaults)
 {
     const std::wstring path = folder.write(L"kept.ini", "[s]\r\nk=v\r\n");
-    const HANDLE kept = CreateFileW(path.c_str(), GENERIC_READ, 0, nullptr, OPEN_EXISTING, 0, nullptr);
+    automation::Handle kept =
+        automation::orNone(CreateFileW(path.c_str(), GENERIC_READ, 0, nullptr, OPEN_EXISTING, 0, nullptr));
     EXPECT_EQ(IniFile(path).read("s", "k", "default"), L"default");
     EXPECT_FALSE(IniFile(path).write("s", "k", "other"));
-    CloseHandle(kept);
+    kept.reset();
     EXPECT_EQ(IniFile(path).read("s", "k", "default"), L"v");
 }
 

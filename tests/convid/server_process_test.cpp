@@ -1,6 +1,7 @@
 // PavexConvId.exe as its users meet it: as processes, through COM.
 #include "automation/enumeration.h"
 #include "automation/error.h"
+#include "automation/owners.h"
 #include "automation/server/end_request.h"
 #include "convid/class_identity.h"
 #include "convid/server_process.h"
@@ -180,9 +181,8 @@ TEST_F(Server, StoppedServer_HasLetGoOfTheStore_AndWorksOnWithTheNextCall)
     const Object map = newObject();
     map.call(L"InsertId", {L"entry", L"5.7", outlook, addressBook});
     const auto canBeHeldAlone = [&] {
-        const HANDLE file = CreateFileW(store.c_str(), GENERIC_READ, 0, nullptr, OPEN_EXISTING, 0, nullptr);
-        if (file != INVALID_HANDLE_VALUE) CloseHandle(file);
-        return file != INVALID_HANDLE_VALUE;
+        return automation::orNone(CreateFileW(store.c_str(), GENERIC_READ, 0, nullptr, OPEN_EXISTING, 0, nullptr)) !=
+               nullptr;
     };
     EXPECT_FALSE(canBeHeldAlone());
     map.call(L"StopOrvelConvertId");

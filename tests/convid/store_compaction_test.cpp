@@ -1,5 +1,6 @@
 // The file is written anew when most of it is dead; a process killed meanwhile
 // loses nothing that was answered.
+#include "automation/owners.h"
 #include "store_files.h"
 #include "support/process.h"
 
@@ -103,11 +104,11 @@ TEST_F(Compaction, FileReadByAnotherProgramWhileReplaced_InsertionStillSucceeds_
 {
     IdentifierStore store(path, compactsEarly);
     store.insert(version(0));
-    const HANDLE reader =
-        CreateFileW(path.c_str(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr, OPEN_EXISTING, 0, nullptr);
-    ASSERT_NE(reader, INVALID_HANDLE_VALUE);
+    automation::Handle reader = automation::orNone(CreateFileW(
+        path.c_str(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr, OPEN_EXISTING, 0, nullptr));
+    ASSERT_TRUE(reader);
     for (int number = 1; number < 60; ++number) ASSERT_NO_THROW(store.insert(version(number)));
-    CloseHandle(reader);
+    reader.reset();
     EXPECT_EQ(everything(store), (Records{{{L"5.7", 0}, version(59)}}));
     for (int number = 60; number < 200; ++number) store.insert(version(number));
     store.close();

@@ -1,6 +1,7 @@
 // Looking into a store without touching it.
 #include "convid/store_reading.h"
 
+#include "automation/owners.h"
 #include "convid/checksum.h"
 #include "store_files.h"
 
@@ -130,10 +131,11 @@ TEST_F(Reading, FolderInTheStoresPlace_IsUnreadable)
 TEST_F(Reading, StoreThatSomebodyKeepsToHimself_IsUnreadable)
 {
     fill();
-    const HANDLE holder = CreateFileW(path.c_str(), GENERIC_READ, 0, nullptr, OPEN_EXISTING, 0, nullptr);
-    ASSERT_NE(holder, INVALID_HANDLE_VALUE);
+    automation::Handle holder =
+        automation::orNone(CreateFileW(path.c_str(), GENERIC_READ, 0, nullptr, OPEN_EXISTING, 0, nullptr));
+    ASSERT_TRUE(holder);
     const StoreReading reading = readStore(path);
-    CloseHandle(holder);
+    holder.reset();
     EXPECT_EQ(reading.state, StoreState::unreadable);
     EXPECT_NE(reading.failure.find(L"is in use by another program"), std::wstring::npos);
 }

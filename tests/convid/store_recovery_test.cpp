@@ -1,4 +1,5 @@
 // A replacement that was left behind: it is never lost where it is the only good copy.
+#include "automation/owners.h"
 #include "convid/checksum.h"
 #include "convid/log_rewrite.h"
 #include "convid/store_error.h"
@@ -153,13 +154,13 @@ TEST_F(LeftReplacement, BesideADamagedStore_IsSetAside_AndTheStoreIsRepaired)
 TEST_F(LeftReplacement, ThatCannotBeMoved_WithoutAStore_IsKept_UntilItCanBe)
 {
     writeContents(replacement, whole);
-    const HANDLE holder = CreateFileW(replacement.c_str(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr,
-                                      OPEN_EXISTING, 0, nullptr);
-    ASSERT_NE(holder, INVALID_HANDLE_VALUE);
+    automation::Handle holder = automation::orNone(CreateFileW(
+        replacement.c_str(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr, OPEN_EXISTING, 0, nullptr));
+    ASSERT_TRUE(holder);
     IdentifierStore store(path, impatient);
     EXPECT_TRUE(FAILED(failureOf(store)));
     EXPECT_EQ(contents(replacement), whole);
-    CloseHandle(holder);
+    holder.reset();
     EXPECT_EQ(everything(store), records);
 }
 

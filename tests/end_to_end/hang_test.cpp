@@ -1,5 +1,6 @@
 // Partners that do not answer any more: a user who wants to stop the program can.
 // Each of these takes the two spells of ten seconds that the program is patient for.
+#include "automation/owners.h"
 #include "notes_desk_fixture.h"
 #include "support/processes.h"
 
@@ -34,10 +35,9 @@ void suspend(DWORD processId)
     using Suspend = LONG(WINAPI*)(HANDLE);
     const auto suspendProcess = reinterpret_cast<Suspend>(
         reinterpret_cast<void*>(GetProcAddress(GetModuleHandleW(L"ntdll.dll"), "NtSuspendProcess")));
-    const HANDLE process = OpenProcess(PROCESS_SUSPEND_RESUME, FALSE, processId);
+    const automation::Handle process(OpenProcess(PROCESS_SUSPEND_RESUME, FALSE, processId));
     ASSERT_TRUE(suspendProcess && process);
-    EXPECT_EQ(suspendProcess(process), 0);
-    CloseHandle(process);
+    EXPECT_EQ(suspendProcess(process.get()), 0);
 }
 
 }

@@ -3,6 +3,8 @@
 // the test's stack; at its end nobody may hold a reference to it any more.
 #pragma once
 
+#include "support/stack_object.h"
+
 #include <gtest/gtest.h>
 
 #include <windows.h>
@@ -15,7 +17,7 @@
 
 namespace support {
 
-class RawPartner : public IDispatch {
+class RawPartner : public StackObject<IDispatch, IID_IDispatch> {
 public:
     struct Invocation {
         DISPID id = DISPID_UNKNOWN;
@@ -37,8 +39,6 @@ public:
 
     RawPartner() = default;
     explicit RawPartner(std::map<std::wstring, DISPID> names) : ids(std::move(names)) {}
-    RawPartner(const RawPartner&) = delete;
-    RawPartner& operator=(const RawPartner&) = delete;
     virtual ~RawPartner() { EXPECT_EQ(references, 1u) << "references to the partner left behind"; }
 
     std::map<std::wstring, DISPID> ids;
@@ -46,21 +46,7 @@ public:
     std::vector<Invocation> invocations;
     std::function<HRESULT()> onLookUp;           // a failure is returned in place of an identifier
     std::function<HRESULT(const Call&)> onCall;  // S_OK without one
-    ULONG references = 1;
 
-    STDMETHODIMP QueryInterface(REFIID iid, void** result) override
-    {
-        if (iid != IID_IUnknown && iid != IID_IDispatch) {
-            *result = nullptr;
-            return E_NOINTERFACE;
-        }
-        *result = static_cast<IDispatch*>(this);
-        AddRef();
-        return S_OK;
-    }
-
-    STDMETHODIMP_(ULONG) AddRef() override { return ++references; }
-    STDMETHODIMP_(ULONG) Release() override { return --references; }
     STDMETHODIMP GetTypeInfoCount(UINT* count) override
     {
         *count = 0;

@@ -1,5 +1,7 @@
 #include "desk/common/control_pipe.h"
 
+#include "automation/owners.h"
+
 #include <gtest/gtest.h>
 
 #include <atomic>
@@ -59,29 +61,26 @@ TEST(Ask, PartnerStartsLate_IsFound)
             return 0;
         }
     };
-    const HANDLE stop = CreateEventW(nullptr, TRUE, FALSE, nullptr);
-    const HANDLE thread = CreateThread(nullptr, 0, Late::run, stop, 0, nullptr);
+    const automation::Handle stop(CreateEventW(nullptr, TRUE, FALSE, nullptr));
+    const automation::Handle thread(CreateThread(nullptr, 0, Late::run, stop.get(), 0, nullptr));
     EXPECT_EQ(desk::ask(L"late", L"ping"), L"here");
-    SetEvent(stop);
-    WaitForSingleObject(thread, INFINITE);
-    CloseHandle(thread);
-    CloseHandle(stop);
+    SetEvent(stop.get());
+    WaitForSingleObject(thread.get(), INFINITE);
 }
 
 TEST(Ask, PartnerThatDoesNotAnswer_FailsInTime)
 {
-    const HANDLE go = CreateEventW(nullptr, TRUE, FALSE, nullptr);
+    const automation::Handle go(CreateEventW(nullptr, TRUE, FALSE, nullptr));
     {
         const desk::ControlPipe pipe(
             L"slow",
             [&](const std::wstring&) {
-                WaitForSingleObject(go, 5000);
+                WaitForSingleObject(go.get(), 5000);
                 return L"late";
             },
             [] {});
         EXPECT_EQ(failureOf(L"slow", L"ping", 300), "the partner \"slow\" did not answer in time");
-        SetEvent(go);
+        SetEvent(go.get());
         EXPECT_EQ(desk::ask(L"slow", L"again"), L"late") << "the pipe serves on after a client that left";
     }
-    CloseHandle(go);
 }

@@ -2,6 +2,7 @@
 #include "automation/apartment.h"
 #include "automation/enumeration.h"
 #include "automation/error.h"
+#include "automation/owners.h"
 #include "running_outlook.h"
 #include "support/failure.h"
 #include "support/stand_in.h"
@@ -92,14 +93,13 @@ TEST(OutlookEnd, PlannedEndOfAnotherProcess_ComesBeforeTheAnswer)
     const RunningOutlook outlook;
     const support::ScratchFolder folder;
     const support::StandIn other(folder, L"other.exe");
-    const HANDLE watched = OpenProcess(SYNCHRONIZE, FALSE, other.processId());
+    const automation::Handle watched(OpenProcess(SYNCHRONIZE, FALSE, other.processId()));
     const Object application = outlookObject();
     EXPECT_EQ(outlook.ask(L"fault at 3 kill " + std::to_wstring(other.processId()) + L" after"), L"ok");
     application.get(L"Name"); // its look-up, and the call
-    EXPECT_EQ(WaitForSingleObject(watched, 0), static_cast<DWORD>(WAIT_TIMEOUT));
+    EXPECT_EQ(WaitForSingleObject(watched.get(), 0), static_cast<DWORD>(WAIT_TIMEOUT));
     EXPECT_EQ(application.get(L"Name").text(), L"Outlook");
-    EXPECT_EQ(WaitForSingleObject(watched, 0), WAIT_OBJECT_0);
-    CloseHandle(watched);
+    EXPECT_EQ(WaitForSingleObject(watched.get(), 0), WAIT_OBJECT_0);
 }
 
 TEST(OutlookEnd, PlannedEndOfAClientInsteadOfItsCall_LeavesNothingOfTheCall)
@@ -107,14 +107,13 @@ TEST(OutlookEnd, PlannedEndOfAClientInsteadOfItsCall_LeavesNothingOfTheCall)
     const RunningOutlook outlook;
     const support::ScratchFolder folder;
     const support::StandIn other(folder, L"other.exe");
-    const HANDLE watched = OpenProcess(SYNCHRONIZE, FALSE, other.processId());
+    const automation::Handle watched(OpenProcess(SYNCHRONIZE, FALSE, other.processId()));
     const Object contact = newContact(outlookObject(), L"Marc Durand");
     const std::wstring kill = L" kill " + std::to_wstring(other.processId()) + L" instead";
     EXPECT_EQ(outlook.ask(L"fault on ContactItem.Save at 1" + kill), L"ok");
     EXPECT_EQ(codeOf([&] { contact.call(L"Save"); }), HRESULT_FROM_WIN32(RPC_S_CALL_CANCELLED));
-    EXPECT_EQ(WaitForSingleObject(watched, 0), WAIT_OBJECT_0);
+    EXPECT_EQ(WaitForSingleObject(watched.get(), 0), WAIT_OBJECT_0);
     EXPECT_EQ(outlook.ask(L"contacts").find(L"Marc"), std::wstring::npos);
-    CloseHandle(watched);
 }
 
 TEST(OutlookEnd, HangingCall_TakesItsTime)
@@ -131,16 +130,15 @@ TEST(OutlookEnd, HangForEver_LeavesTheClientWaiting_AndTheControlPipeAnswers)
 {
     const RunningOutlook outlook;
     EXPECT_EQ(outlook.ask(L"fault on Application.Name hang"), L"ok");
-    const HANDLE client = CreateThread(nullptr, 0, askForTheName, nullptr, 0, nullptr);
+    const automation::Handle client(CreateThread(nullptr, 0, askForTheName, nullptr, 0, nullptr));
     EXPECT_TRUE(soon([&] { return outlook.ask(L"calls").find(L"Name get") != std::wstring::npos; }));
     EXPECT_TRUE(outlook.ask(L"ping").starts_with(L"outlook "));
-    EXPECT_EQ(WaitForSingleObject(client, 0), WAIT_TIMEOUT);
+    EXPECT_EQ(WaitForSingleObject(client.get(), 0), WAIT_TIMEOUT);
     EXPECT_EQ(outlook.ask(L"die"), L"ok");
-    WaitForSingleObject(client, INFINITE);
+    WaitForSingleObject(client.get(), INFINITE);
     DWORD code = 0;
-    GetExitCodeThread(client, &code);
+    GetExitCodeThread(client.get(), &code);
     EXPECT_EQ(static_cast<HRESULT>(code), HRESULT_FROM_WIN32(RPC_S_CALL_FAILED));
-    CloseHandle(client);
 }
 
 TEST(OutlookEnd, Restart_TheNextProcessServesWhatWasStored)
@@ -155,10 +153,9 @@ TEST(OutlookEnd, Restart_TheNextProcessServesWhatWasStored)
     EXPECT_NE(outlook.ask(L"contacts").find(L"Ann Abel"), std::wstring::npos);
     EXPECT_EQ(outlookObject().get(L"Name").text(), L"Outlook");
     const std::wstring next = outlook.ask(L"ping");
-    const HANDLE successor = OpenProcess(SYNCHRONIZE, FALSE, std::stoul(next.substr(next.find(L' '))));
+    const automation::Handle successor(OpenProcess(SYNCHRONIZE, FALSE, std::stoul(next.substr(next.find(L' ')))));
     EXPECT_EQ(outlook.ask(L"exit"), L"ok");
-    EXPECT_EQ(WaitForSingleObject(successor, 15'000), WAIT_OBJECT_0);
-    CloseHandle(successor);
+    EXPECT_EQ(WaitForSingleObject(successor.get(), 15'000), WAIT_OBJECT_0);
 }
 
 TEST(OutlookEnd, Version2003_ClosedByItsUser_LivesOnWhileAClientHoldsReferences)

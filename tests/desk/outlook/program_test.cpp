@@ -1,6 +1,7 @@
 #include "automation/apartment.h"
 #include "automation/enumeration.h"
 #include "automation/error.h"
+#include "automation/owners.h"
 #include "running_outlook.h"
 #include "support/failure.h"
 #include "support/stand_in.h"
@@ -149,13 +150,12 @@ TEST(OutlookProgram, ModalDisplay_ReturnsWhenTheUserHasClosed)
             return 0;
         }
     };
-    const HANDLE user = CreateThread(nullptr, 0, User::run, nullptr, 0, nullptr);
+    const automation::Handle user(CreateThread(nullptr, 0, User::run, nullptr, 0, nullptr));
     const DWORD start = GetTickCount();
     contact.call(L"Display", {true});
     EXPECT_GE(GetTickCount() - start, 250u);
     EXPECT_FALSE(isWindow(L"Marc Durand - Contact"));
-    WaitForSingleObject(user, INFINITE);
-    CloseHandle(user);
+    WaitForSingleObject(user.get(), INFINITE);
 }
 
 TEST(OutlookProgram, PlannedAnswer_TakesThePlaceOfTheCall)

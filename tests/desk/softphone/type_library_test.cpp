@@ -1,3 +1,4 @@
+#include "automation/owners.h"
 #include "desk/softphone/guids.h"
 #include "desk/softphone/type_library.h"
 
@@ -12,11 +13,9 @@ using namespace desk::softphone;
 
 std::wstring nameOf(ITypeInfo* type, MEMBERID member)
 {
-    BSTR name = nullptr;
-    EXPECT_EQ(type->GetDocumentation(member, &name, nullptr, nullptr, nullptr), S_OK);
-    const std::wstring text(name, SysStringLen(name));
-    SysFreeString(name);
-    return text;
+    automation::Bstr name;
+    EXPECT_EQ(type->GetDocumentation(member, name.receive(), nullptr, nullptr, nullptr), S_OK);
+    return name.text();
 }
 
 std::map<std::wstring, DISPID> membersOf(REFGUID id)
