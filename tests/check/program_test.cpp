@@ -24,9 +24,9 @@ std::wstring fromUtf8(const std::string& bytes)
 }
 
 // A class that is registered, with a program that is there.
-class RegisteredThing {
+class RegisteredProgram {
 public:
-    RegisteredThing(const std::wstring& progId, const std::wstring& classId, const std::wstring& program)
+    RegisteredProgram(const std::wstring& progId, const std::wstring& classId, const std::wstring& program)
         : id_(HKEY_LOCAL_MACHINE, L"Software\\Classes\\" + progId + L"\\CLSID", L""),
           usersId_(HKEY_CURRENT_USER, L"Software\\Classes\\" + progId + L"\\CLSID", L""),
           server_(HKEY_LOCAL_MACHINE, L"Software\\Classes\\CLSID\\" + classId + L"\\LocalServer32", L"")
@@ -96,8 +96,8 @@ protected:
     const support::SavedValue server{HKEY_CURRENT_USER, userKey, L"HostZRB"};
     const support::SavedValue user{HKEY_CURRENT_USER, userKey, L"Man"};
     const std::wstring program = folder.write(L"program.exe", "");
-    const RegisteredThing softphone{L"Pavex.Application", L"{2F1D6E4A-4B7C-4D0E-913A-5C77201B6E10}", program};
-    const RegisteredThing outlook{L"Outlook.Application", L"{2F1D6E4A-4B7C-4D0E-913A-5C77201B6E11}", program};
+    const RegisteredProgram softphone{L"Pavex.Application", L"{2F1D6E4A-4B7C-4D0E-913A-5C77201B6E10}", program};
+    const RegisteredProgram outlook{L"Outlook.Application", L"{2F1D6E4A-4B7C-4D0E-913A-5C77201B6E11}", program};
     std::wstring text;
 };
 
@@ -224,7 +224,7 @@ TEST_F(CheckProgram, WrongCommandLine_IsAnsweredWithTheUsage)
     EXPECT_NE(text.find(L"HublinkCheck [--map]"), std::wstring::npos);
 }
 
-TEST_F(CheckProgram, ChangesNothing)
+TEST_F(CheckProgram, AnyRun_ChangesNothing)
 {
     writeIni("[Application]\r\ntype=OUTLOOK,LOTUS\r\nkill=true\r\n[outlook]\r\nExtension=true\r\n"
              "DllExtensionName=Hublink\r\nRegisteDllExtension=4.0;x.dll\r\n[lotus]\r\nNbPublicAddressBook=1\r\n"
