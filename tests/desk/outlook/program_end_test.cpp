@@ -1,7 +1,5 @@
 // How the program ends, is ended, or stops answering.
 #include "automation/apartment.h"
-#include "automation/enumeration.h"
-#include "automation/error.h"
 #include "automation/owners.h"
 #include "running_outlook.h"
 #include "support/failure.h"
@@ -12,7 +10,6 @@
 namespace {
 
 using automation::Object;
-using automation::Value;
 using support::Process;
 using support::soon;
 
@@ -22,11 +19,6 @@ DWORD WINAPI askForTheName(void*)
     const automation::Apartment apartment;
     const Object application = outlookObject();
     return static_cast<DWORD>(codeOf([&] { application.get(L"Name"); }));
-}
-
-bool isWindow(const wchar_t* title)
-{
-    return FindWindowW(nullptr, title) != nullptr;
 }
 
 }

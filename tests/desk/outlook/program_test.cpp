@@ -1,10 +1,8 @@
-#include "automation/apartment.h"
 #include "automation/enumeration.h"
 #include "automation/error.h"
 #include "automation/owners.h"
 #include "running_outlook.h"
 #include "support/failure.h"
-#include "support/stand_in.h"
 
 #include <gtest/gtest.h>
 
