@@ -83,7 +83,7 @@ TEST(SettingsKeys, AnyKeyAddedToOneAlone_IsNoticed)
         EXPECT_EQ(packaging::keysOfSource(added), Keys{"AddedKey"}) << added;
 }
 
-TEST(SettingsKeys, EachHasALineOfExplanationAboveIt)
+TEST(SettingsKeys, Each_HasALineOfExplanationAboveIt)
 {
     std::istringstream lines(project(L"packaging/pavexconnector.ini"));
     std::string before;
@@ -117,7 +117,7 @@ TEST(SettingProperties, AreTheKeysOfTheGeneralSections_InCapitals)
     EXPECT_EQ(found, expected);
 }
 
-TEST(SettingProperties, AllAreDocumented)
+TEST(SettingProperties, All_AreDocumented)
 {
     std::map<std::string, std::string> known;
     for (const auto& each : hublink::setup::settingProperties())

@@ -6,15 +6,15 @@
 
 namespace {
 
-struct Entry {
+struct AccessEntry {
     ACCESS_MASK rights = 0;
     bool ofUsers = false;
     bool ofSystem = false;
 };
 
-std::vector<Entry> entriesOf(ACL* list)
+std::vector<AccessEntry> entriesOf(ACL* list)
 {
-    std::vector<Entry> entries;
+    std::vector<AccessEntry> entries;
     for (DWORD index = 0; index < list->AceCount; ++index) {
         void* found = nullptr;
         if (!GetAce(list, index, &found)) continue;
@@ -38,7 +38,7 @@ TEST(UserRights, UsersOfTheComputer_MayReadAndChange_WhatOthersMayStays)
     const auto extended = hublink::setup::withChangeForUsers(reinterpret_cast<ACL*>(list));
     ASSERT_TRUE(extended);
     ACCESS_MASK ofUsers = 0, ofSystem = 0;
-    for (const Entry& entry : entriesOf(extended.get())) {
+    for (const AccessEntry& entry : entriesOf(extended.get())) {
         if (entry.ofUsers) ofUsers |= entry.rights;
         if (entry.ofSystem) ofSystem |= entry.rights;
     }
