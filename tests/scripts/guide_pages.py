@@ -1,6 +1,5 @@
 """The pages of the user's guide, taken apart: tables, headings, links, code."""
 import re
-import unicodedata
 
 from source_texts import ROOT
 
@@ -60,10 +59,6 @@ class Page:
     def pictures(self):
         return re.findall(r"!\[[^\]]*\]\(([^)\s]+)\)", self.text)
 
-    @property
-    def anchors(self):
-        return {anchor(line.lstrip("# ")) for line in self.headings}
-
     def keys_by_section(self):
         """(section, key, default) of the tables of settings."""
         section = None
@@ -73,12 +68,6 @@ class Page:
             row = re.match(r"\| `(\w+)` \|", line)
             if row:
                 yield section, row[1], re.split(r"(?<!\\)\|", line)[3].strip()
-
-
-def anchor(heading):
-    """The name that the host of the pages gives to a heading."""
-    kept = "".join(c for c in heading.lower() if c in " -_" or unicodedata.category(c)[0] in "LN")
-    return kept.replace(" ", "-")
 
 
 def pages(language):

@@ -10,6 +10,28 @@ from source_texts import ROOT
 
 GUIDES = {language: guide_pages.pages(language) for language in LANGUAGES}
 
+# What the guide quotes for its readers to type or to look for, and what the tests or the
+# desk's player say where they try it.
+TRIED = {
+    r"msiexec /i hublink-<version>.msi /qn TYPE=OUTLOOK,LOTUS POPUP=true LANGUAGE=1036":
+        ("TYPE=OUTLOOK,LOTUS POPUP=", "LANGUAGE=1036", "/qn"),
+    r"HublinkCheck": ("HublinkCheck.exe",),
+    r"HublinkCheck --save report.txt": ("--save",),
+    r"HublinkCheck --map": ("--map",),
+    r"HKLM\SOFTWARE\Microsoft\Windows\CurrentVersion\App Paths\Pavex.exe":
+        (r"SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\App Paths\\Pavex.exe",),
+    r"HKLM\SOFTWARE\Hublink": (r'L"SOFTWARE\\Hublink"',),
+    r"Connector\pavexconnector.ini": (r"Connector\\pavexconnector.ini",),
+    r"%APPDATA%\Hublink": (r"\\Hublink\\identifiers.map",),
+    r"%APPDATA%\Hublink\identifiers.map": (r"\\Hublink\\identifiers.map",),
+    r"%APPDATA%\Hublink\identifiers.map.damaged-1": (r"identifiers.map.damaged-1",),
+    r"* Marc Durand (0123456)": ("* Marc Durand (0123456)",),
+}
+
+TESTS = "\n".join(path.read_text(encoding="utf-8") for folder in ("tests", "desk/player")
+                  for path in sorted((ROOT / folder).rglob("*"))
+                  if path.suffix in (".cpp", ".h", ".sh", ".py", ".txt") and path.parent.name != "scripts")
+
 
 def all_pages():
     for language, pages in GUIDES.items():
@@ -53,12 +75,12 @@ class Guide(unittest.TestCase):
         named = set(re.findall(r"`(\w+)`", (ROOT / "docs/settings.md").read_text(encoding="utf-8")))
         self.assertEqual({key for _, key in source_texts.ini_keys()} - named, set())
 
-    def test_every_key_of_the_installed_file_is_explained(self):
+    def test_installed_file_has_every_key_that_is_read_and_no_other(self):
         file = configparser.RawConfigParser(delimiters="=", comment_prefixes=";", strict=True)
         file.optionxform = str
         file.read(ROOT / "packaging/pavexconnector.ini", encoding="utf-8")
         installed = {(section, key) for section in file.sections() for key in file[section]}
-        self.assertEqual(installed - set(source_texts.ini_keys()), set())
+        self.assertEqual(sorted(installed), sorted(source_texts.ini_keys()))
 
     def test_settings_that_the_text_quotes_exist(self):
         keys = {key for _, key in source_texts.ini_keys()}
@@ -66,6 +88,13 @@ class Guide(unittest.TestCase):
             if name != "log.md":
                 for key in re.findall(r"`(\w+)=[^`\s]*`", page.text):
                     self.assertIn(key, keys, (language, name))
+
+    def test_values_that_the_page_of_settings_quotes_are_those_of_the_installed_file(self):
+        lines = (ROOT / "packaging/pavexconnector.ini").read_text(encoding="utf-8").splitlines()
+        for language in LANGUAGES:
+            quoted = re.findall(r"`(\w+=\w+)`", GUIDES[language]["settings.md"].text)
+            self.assertGreater(len(quoted), 0, language)
+            self.assertEqual(set(quoted) - set(lines), set(), language)
 
     def test_every_line_of_the_log_is_explained_and_no_other(self):
         texts = source_texts.log_texts()
@@ -107,6 +136,22 @@ class Guide(unittest.TestCase):
             self.assertEqual(picture.read_bytes()[:8], b"\x89PNG\r\n\x1a\n", picture)
             self.assertLess(picture.stat().st_size, 40_000, picture)
             self.assertRegex(script, rf"(?m)^cut \S+ {picture.stem} ")
+
+    def test_commands_and_paths_are_tried_or_said_to_be_untried(self):
+        for language, name, page in all_pages():
+            quoted = list(page.quoted_lines)
+            quoted += [span for span in page.spans if "\\" in span[0] or re.match("(%|HublinkCheck( |$)|msiexec)", span[0])]
+            for text, around in quoted:
+                if UNTRIED[language] in around.lower():
+                    continue
+                self.assertIn(text, TRIED, (language, name))
+                for tried in TRIED[text]:
+                    self.assertTrue(tried in TESTS, f"no test tries {tried} any more, for {language}/{name}")
+
+    def test_nothing_is_kept_that_the_guide_does_not_quote(self):
+        text = "\n".join(page.text for page in GUIDES["en"].values())
+        for quoted in TRIED:
+            self.assertIn(quoted, text)
 
     def test_programs_that_are_said_to_open_no_connection_have_no_means_to(self):
         for path in sorted((ROOT / "src").rglob("*")):
