@@ -135,6 +135,7 @@ std::vector<Words> mappings(const convid::StoreReading& store, const MapTexts& t
     };
     std::sort(records.begin(), records.end(), [&](const auto& a, const auto& b) { return key(a) < key(b); });
     std::vector<Words> lines;
+    lines.reserve(records.size() + 1);
     for (const RecordPointer& record : records) {
         lines.push_back(texts.mapping(record->idOrvel, record->idAppli, nameOf(record->typApplication),
                                       kindOf(record->collection, texts)));

@@ -21,18 +21,21 @@ bool takeFile(const std::wstring& file, Options& options)
     return !file.empty() && !file.starts_with(L"--");
 }
 
-// Of the option at `next`, which it moves on; false for a wrong one.
-bool take(const Arguments& arguments, std::size_t& next, Options& options)
+// An option that stands alone; false for any other.
+bool takeFlag(const std::wstring& option, Options& options)
 {
-    const std::wstring& option = arguments[next++];
     if (option == L"--with-names") options.savedNames = Names::shown;
     else if (option == L"--map") options.listsMap = true;
     else if (option == L"--help") options.asksForHelp = true;
-    else if (next == arguments.size()) return false;
-    else if (option == L"--save") return takeFile(arguments[next++], options);
-    else if (option == L"--language") return takeLanguage(arguments[next++], options);
     else return false;
     return true;
+}
+
+// An option with a word behind it.
+bool takePair(const std::wstring& option, const std::wstring& word, Options& options)
+{
+    if (option == L"--save") return takeFile(word, options);
+    return option == L"--language" && takeLanguage(word, options);
 }
 
 }
@@ -40,8 +43,12 @@ bool take(const Arguments& arguments, std::size_t& next, Options& options)
 std::optional<Options> optionsOf(const Arguments& arguments)
 {
     Options options;
-    for (std::size_t next = 0; next < arguments.size();)
-        if (!take(arguments, next, options)) return std::nullopt;
+    for (std::size_t next = 0; next < arguments.size(); ++next) {
+        if (takeFlag(arguments[next], options)) continue;
+        if (next + 1 == arguments.size() || !takePair(arguments[next], arguments[next + 1], options))
+            return std::nullopt;
+        ++next;
+    }
     if (options.savedNames == Names::shown && options.saveTo.empty()) return std::nullopt;
     return options;
 }

@@ -1,7 +1,7 @@
 #include "check/program_settings.h"
 
-#include "automation/error.h"
 #include "common/connector_settings.h"
+#include "common/error_trap.h"
 #include "common/ini_file.h"
 #include "lotus/settings.h"
 #include "outlook/settings.h"
@@ -11,7 +11,6 @@ namespace hublink::check {
 namespace {
 
 // What no file can hold: still there after a reading that did not reach its place.
-constexpr std::int32_t languageNotRead = -100'000;
 constexpr const wchar_t* itemNotRead = L"\x01";
 
 }
@@ -25,25 +24,10 @@ ProgramSettings::ProgramSettings(const std::wstring& programFolder)
 void ProgramSettings::read(const std::wstring& iniFile)
 {
     host_.read.szFileConnectorIni = iniFile;
-    readGeneral();
-    if (general().bgWithOutlook) readOutlook();
-    if (general().bgWithLotus) readLotus();
-}
-
-void ProgramSettings::readGeneral()
-try {
-    readConnectorSettings(IniFile(general().szFileConnectorIni), host_.read);
-    generalIsWhole_ = namesGroupware(general());
-} catch (const automation::AutomationError&) {
     // A number that is none ends the reading, here as in the program.
-}
-
-void ProgramSettings::readOutlook()
-{
-    outlook_.nLanguage = languageNotRead;
-    ReadOutlookIni(outlook_);
-    outlookIsWhole_ = outlook_.nLanguage != languageNotRead;
-    if (!outlookIsWhole_) outlook_.nLanguage = 0;
+    trapErrors([&] { readConnectorSettings(IniFile(iniFile), host_.read); });
+    if (general().bgWithOutlook) ReadOutlookIni(outlook_);
+    if (general().bgWithLotus) readLotus();
 }
 
 void ProgramSettings::readLotus()

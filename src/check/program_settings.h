@@ -47,13 +47,9 @@ public:
     const LotusSession& lotus() const noexcept { return lotus_; }
 
     // Whether the reading came to its end, or an error ended it before.
-    bool generalIsWhole() const noexcept { return generalIsWhole_; }
-    bool outlookIsWhole() const noexcept { return outlookIsWhole_; }
     bool lotusIsWhole() const noexcept { return lotusIsWhole_; }
 
 private:
-    void readGeneral();
-    void readOutlook();
     void readLotus();
 
     ReadingHost host_;
@@ -61,8 +57,6 @@ private:
     Dictionary dictionary_;
     OutlookSession outlook_;
     LotusSession lotus_;
-    bool generalIsWhole_ = false;
-    bool outlookIsWhole_ = true;
     bool lotusIsWhole_ = true;
 };
 
