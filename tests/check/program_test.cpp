@@ -226,6 +226,7 @@ TEST_F(CheckProgram, WrongCommandLine_IsAnsweredWithTheUsage)
 
 TEST_F(CheckProgram, AnyRun_ChangesNothing)
 {
+    run(); // Windows may note something at a program's first start
     writeIni("[Application]\r\ntype=OUTLOOK,LOTUS\r\nkill=true\r\n[outlook]\r\nExtension=true\r\n"
              "DllExtensionName=Hublink\r\nRegisteDllExtension=4.0;x.dll\r\n[lotus]\r\nNbPublicAddressBook=1\r\n"
              "Order=Base 1\r\n[lotus base description 1]\r\nbase=names.nsf|<server name>|Contacts||\r\n");
@@ -234,7 +235,6 @@ TEST_F(CheckProgram, AnyRun_ChangesNothing)
     extensions.setText(L"is there");
     const std::wstring appData = map.substr(0, map.rfind(L'\\'));
     support::writeFile(map, "damaged");
-    run(); // Windows may note something at a program's first start
     const auto everything = [&] {
         std::wstring text = registryText(HKEY_CURRENT_USER, L"") + folderText(folder.path()) + folderText(appData) +
                             folderText(support::besideTests(L"dictionary"));
