@@ -9,7 +9,12 @@ void Guard::ask()
     const GuardSetting& guard = setup_.guard;
     if (guard.answer == GuardSetting::Answer::off) return;
     ++questions_;
-    if (guard.delay != 0) recorder_.happen({.action = Fault::Action::hang, .milliseconds = guard.delay}, false);
+    if (guard.delay != 0) {
+        Fault hang;
+        hang.action = Fault::Action::hang;
+        hang.milliseconds = guard.delay;
+        recorder_.happen(hang, false);
+    }
     if (guard.answer == GuardSetting::Answer::deny) raise(guard.refusal, L"Operation aborted");
 }
 

@@ -66,7 +66,7 @@ private:
         return iid == IID_IDispatch || iid == interfaceId_ ? this : nullptr;
     }
 
-    ~EventSink() { --liveSinks; }
+    ~EventSink() override { --liveSinks; }
 
     const IID interfaceId_;
     std::map<DISPID, std::function<void(EventArguments)>> handlers_;

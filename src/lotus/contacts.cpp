@@ -48,7 +48,7 @@ std::wstring CreateContactDocument(LotusSession& session, const Party& party, Sh
     std::wstring noteId;
     if (!session.LotusReady || session.nSelectedPersonal == -1) return noteId;
     trapErrors([&] {
-        const LotusAddressBook book = session.LotusAddressBooks.at(session.nSelectedPersonal);
+        const LotusAddressBook book = session.LotusAddressBooks.at(static_cast<std::size_t>(session.nSelectedPersonal));
         const Object database = notesDatabase(session, book);
         const Object document = database.get(L"CREATEDOCUMENT").object();
         fill(document, book, party);

@@ -250,7 +250,7 @@ std::wstring FindNoteIdInPersonalBook(const LotusSession& session, const std::ws
     std::wstring noteId;
     if (!session.LotusReady || session.nSelectedPersonal == -1) return noteId;
     trapErrors([&] {
-        const LotusAddressBook book = session.LotusAddressBooks.at(session.nSelectedPersonal);
+        const LotusAddressBook book = session.LotusAddressBooks.at(static_cast<std::size_t>(session.nSelectedPersonal));
         askBook(session, book, [&](OpenBook& open) {
             open.forget(); // somebody may have saved the contact just now: it must not be made twice
             const Object document = findDocument(session, open, open.view(session, Number), Number, {Number});

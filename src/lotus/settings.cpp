@@ -52,12 +52,13 @@ std::vector<LotusAddressBook> readDescribedBooks(const LotusSession& session)
     if (session.nbPublicAddressBook < 1) throw automation::AutomationError(L"NbPublicAddressBook", DISP_E_BADINDEX);
     LotusAddressBook undescribed;
     undescribed.PhoneNumber = undescribed.MailAddress = itemNames(L"");
-    std::vector<LotusAddressBook> books(session.nbPublicAddressBook, undescribed);
+    std::vector<LotusAddressBook> books(static_cast<std::size_t>(session.nbPublicAddressBook), undescribed);
     std::set<std::wstring> sections;
     for (const std::wstring& name : iniFile(session).sections()) sections.insert(lowerCase(trim(name)));
-    for (std::int16_t k = 0; k < session.nbPublicAddressBook; ++k) {
-        const auto index = static_cast<std::int16_t>(k + 1);
-        if (sections.contains(sectionOfBook(index))) ReadLotusBaseDescription(session, index, books[k]);
+    std::int16_t index = 0;
+    for (LotusAddressBook& book : books) {
+        ++index;
+        if (sections.contains(sectionOfBook(index))) ReadLotusBaseDescription(session, index, book);
     }
     return books;
 }
@@ -78,8 +79,9 @@ void chooseBooks(LotusSession& session, const std::vector<LotusAddressBook>& des
         const std::int16_t number = automation::int16FromText(text);
         if (number < 1 || number > session.nbPublicAddressBook)
             throw automation::AutomationError(L"Order", DISP_E_BADINDEX);
-        session.LotusAddressBooks[k] = described[number - 1];
-        if (described[number - 1].PersonalAddressBook && session.nSelectedPersonal == -1) session.nSelectedPersonal = k;
+        LotusAddressBook& book = session.LotusAddressBooks[static_cast<std::size_t>(k)];
+        book = described[static_cast<std::size_t>(number - 1)];
+        if (book.PersonalAddressBook && session.nSelectedPersonal == -1) session.nSelectedPersonal = k;
         ++k;
     }
 }

@@ -19,7 +19,7 @@ UINT carryOut(MSIHANDLE handle, Action action) noexcept
     } catch (const std::exception& error) {
         try {
             package.log(automation::wide(error.what()));
-        } catch (...) { // the result tells it
+        } catch (...) { // NOLINT(bugprone-empty-catch): the result tells it
         }
         return ERROR_INSTALL_FAILURE;
     }
@@ -28,6 +28,12 @@ UINT carryOut(MSIHANDLE handle, Action action) noexcept
 }
 
 extern "C" {
+
+UINT __stdcall StopHublink(MSIHANDLE);
+UINT __stdcall StartHublink(MSIHANDLE);
+UINT __stdcall CollectSettings(MSIHANDLE);
+UINT __stdcall WriteSettings(MSIHANDLE);
+UINT __stdcall RemoveSettings(MSIHANDLE);
 
 UINT __stdcall StopHublink(MSIHANDLE handle)
 {

@@ -42,7 +42,7 @@ std::wstring stored(const automation::RegistryKey& key, const wchar_t* name)
     std::wstring value(size / sizeof(wchar_t), L'\0');
     require(RegQueryValueExW(key.get(), name, nullptr, nullptr, reinterpret_cast<BYTE*>(value.data()), &size),
             "a remembered setting cannot be read");
-    return value.c_str();
+    return value.substr(0, value.find(L'\0'));
 }
 
 }

@@ -9,6 +9,7 @@ namespace hublink::setup {
 
 namespace {
 
+// Both generic rights hold the standard ones. NOLINTNEXTLINE(misc-redundant-expression)
 constexpr DWORD change = FILE_GENERIC_READ | FILE_GENERIC_WRITE | DELETE;
 
 void require(DWORD result, const char* function)

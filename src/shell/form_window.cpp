@@ -145,7 +145,7 @@ void FormWindow::runHeldBack()
 void FormWindow::takeStopMessages()
 {
     MSG message;
-    for (const UINT wanted : {WM_MOUSEMOVE, WM_CLOSE})
+    for (const UINT wanted : {UINT{WM_MOUSEMOVE}, UINT{WM_CLOSE}})
         while (PeekMessageW(&message, window_, wanted, wanted, PM_REMOVE)) {
             // The end of the message loop is taken whatever is asked for.
             if (message.message == WM_QUIT) return PostQuitMessage(static_cast<int>(message.wParam));

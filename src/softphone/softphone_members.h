@@ -6,9 +6,7 @@
 #include <windows.h>
 #include <oaidl.h>
 
-namespace hublink {
-
-namespace softphone {
+namespace hublink::softphone {
 
 inline constexpr const wchar_t* progId = L"Pavex.Application";
 
@@ -30,8 +28,6 @@ namespace records {
 inline constexpr DISPID count = 1;
 inline constexpr DISPID atIndex = 3; // 0-based
 inline constexpr DISPID byId = 4;    // (IdHigh, IdLow): the record, or Nothing
-}
-
 }
 
 }

@@ -10,10 +10,15 @@
 
 namespace support {
 
-// The bare name in a compiler's "int Class::name(int) const::<lambda()>".
+// The bare name in a compiler's "int Class::name(int) const::<lambda()>", or in another
+// one's "int (anonymous namespace)::Class::name(int)::(anonymous class)::operator()() const".
 inline std::wstring bareName(std::string_view function)
 {
-    function = function.substr(0, function.find('('));
+    constexpr std::string_view unnamed = "(anonymous ";
+    std::size_t arguments = function.find('(');
+    while (arguments != function.npos && function.substr(arguments).starts_with(unnamed))
+        arguments = function.find('(', arguments + unnamed.size());
+    function = function.substr(0, arguments);
     function.remove_prefix(function.find_last_of(" :") + 1);
     return std::wstring(function.begin(), function.end());
 }
