@@ -63,6 +63,7 @@ protected:
     {
         if (!support::isWine()) GTEST_SKIP() << "would use the signed-in user's own identifier map";
         support::killMapServers();
+        CreateDirectoryW(map.substr(0, map.rfind(L'\\')).c_str(), nullptr);
         DeleteFileW(map.c_str());
     }
 
