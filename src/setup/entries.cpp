@@ -1,4 +1,5 @@
 // The custom actions as Windows Installer calls them, by the names in setup.def.
+#include "automation/border.h"
 #include "automation/text.h"
 #include "setup/actions.h"
 
@@ -13,16 +14,15 @@ template <class Action>
 UINT carryOut(MSIHANDLE handle, Action action) noexcept
 {
     const Package package(handle);
-    try {
-        action(package);
-        return ERROR_SUCCESS;
-    } catch (const std::exception& error) {
+    return automation::atBorder<UINT>(ERROR_INSTALL_FAILURE, [&]() -> UINT {
         try {
+            action(package);
+            return ERROR_SUCCESS;
+        } catch (const std::exception& error) {
             package.log(automation::wide(error.what()));
-        } catch (...) { // NOLINT(bugprone-empty-catch): the result tells it
+            return ERROR_INSTALL_FAILURE;
         }
-        return ERROR_INSTALL_FAILURE;
-    }
+    });
 }
 
 }
