@@ -3,6 +3,7 @@
 #pragma once
 
 #include <windows.h>
+#include <shellapi.h>
 
 #include <cstddef>
 #include <string>
@@ -19,10 +20,14 @@ struct TrayIconData {
     char szTip[64];
 };
 
-static_assert(sizeof(TrayIconData) == 88, "the record's size is part of its layout");
-static_assert(offsetof(TrayIconData, hWnd) == 4 && offsetof(TrayIconData, uID) == 8 &&
-              offsetof(TrayIconData, uFlags) == 12 && offsetof(TrayIconData, uCallbackMessage) == 16 &&
-              offsetof(TrayIconData, hIcon) == 20 && offsetof(TrayIconData, szTip) == 24);
+static_assert(sizeof(TrayIconData) == NOTIFYICONDATAA_V1_SIZE, "the record's size is part of its layout");
+static_assert(sizeof(void*) != 4 || sizeof(TrayIconData) == 88);
+static_assert(offsetof(TrayIconData, hWnd) == offsetof(NOTIFYICONDATAA, hWnd) &&
+              offsetof(TrayIconData, uID) == offsetof(NOTIFYICONDATAA, uID) &&
+              offsetof(TrayIconData, uFlags) == offsetof(NOTIFYICONDATAA, uFlags) &&
+              offsetof(TrayIconData, uCallbackMessage) == offsetof(NOTIFYICONDATAA, uCallbackMessage) &&
+              offsetof(TrayIconData, hIcon) == offsetof(NOTIFYICONDATAA, hIcon) &&
+              offsetof(TrayIconData, szTip) == offsetof(NOTIFYICONDATAA, szTip));
 
 // Builds the record. The tip fills its 64 characters: longer text is cut,
 // shorter text padded with blanks.
