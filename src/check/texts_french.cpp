@@ -20,7 +20,7 @@ constinit const Texts french{
             L"\r\n"
             L"HublinkCheck [--map] [--language en|fr] [--save FICHIER [--with-names]]\r\n"
             L"\r\n"
-            L"  --map           liste ce qui correspond à quoi : téléphone logiciel et messagerie\r\n"
+            L"  --map           liste ce qui correspond à quoi : softphone et messagerie\r\n"
             L"  --language      la langue du rapport\r\n"
             L"  --save FICHIER  enregistre aussi le rapport, dans un nouveau fichier, sans noms de personnes ni de\r\n"
             L"                  machines\r\n"
@@ -31,34 +31,33 @@ constinit const Texts french{
         .failed = L"HublinkCheck ne peut continuer : ",
     },
     .softphone{
-        .title = L"Téléphone logiciel",
-        .folder = L"Le dossier du téléphone logiciel est {1}.",
+        .title = L"Softphone",
+        .folder = L"Le dossier du softphone est {1}.",
         .noFolder =
-            {L"Le registre n'indique aucun dossier du téléphone logiciel.",
-             L"Installez le téléphone logiciel. La valeur texte « Path » de HKEY_LOCAL_MACHINE\\SOFTWARE\\"
+            {L"Le registre n'indique aucun dossier du softphone.",
+             L"Installez le softphone. La valeur texte « Path » de HKEY_LOCAL_MACHINE\\SOFTWARE\\"
              L"Microsoft\\Windows\\CurrentVersion\\App Paths\\Pavex.exe indique son dossier. Sans elle, Hublink "
-             L"ne trouve pas ses réglages et s'arrête."},
+             L"ne trouve pas ses paramètres et s'arrête."},
         .folderUnreadable =
-            {L"Le registre contient la clé du téléphone logiciel, mais pas de dossier utilisable.",
+            {L"Le registre contient la clé du softphone, mais pas de dossier utilisable.",
              L"Donnez à HKEY_LOCAL_MACHINE\\SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\App Paths\\"
              L"Pavex.exe une valeur texte « Path » de 255 caractères au plus, ou réinstallez le téléphone "
              L"logiciel."},
-        .folderInOtherView = {L"Seule la partie 64 bits du registre indique le dossier du téléphone logiciel, {1}. "
+        .folderInOtherView = {L"Seule la partie 64 bits du registre indique le dossier du softphone, {1}. "
                               L"Hublink lit la partie 32 bits.",
-                              L"Installez le téléphone logiciel 32 bits, ou mettez aussi la valeur « Path » dans la "
+                              L"Installez le softphone 32 bits, ou mettez aussi la valeur « Path » dans la "
                               L"partie 32 bits."},
-        .folderMissing = {L"Le dossier du téléphone logiciel, {1}, n'existe pas.",
-                          L"Réinstallez le téléphone logiciel, ou corrigez « Path » dans sa clé App Paths."},
+        .folderMissing = {L"Le dossier du softphone, {1}, n'existe pas.",
+                          L"Réinstallez le softphone, ou corrigez « Path » dans sa clé App Paths."},
         .programMissing = {L"pavex.exe ne se trouve pas dans {1}.",
-                           L"Rien, si le programme du téléphone logiciel est ailleurs ; sinon, réinstallez-le."},
-        .server = L"Le serveur du téléphone logiciel est {1}.",
-        .noServer =
-            {L"Le registre n'indique aucun serveur du téléphone logiciel pour cet utilisateur.",
-             L"Rien, si le téléphone logiciel fonctionne. Il écrit la valeur « HostZRB » dans HKEY_CURRENT_USER\\"
-             L"Software\\Orvel\\Pavex\\Name quand cet utilisateur s'y identifie."},
-        .user = L"L'utilisateur du téléphone logiciel est {1}.",
-        .noUser = {L"Le registre n'indique aucun utilisateur du téléphone logiciel.",
-                   L"Rien, si le téléphone logiciel fonctionne. Il écrit la valeur « Man » dans HKEY_CURRENT_USER\\"
+                           L"Rien, si le programme du softphone est ailleurs ; sinon, réinstallez-le."},
+        .server = L"Le serveur du softphone est {1}.",
+        .noServer = {L"Le registre n'indique aucun serveur du softphone pour cet utilisateur.",
+                     L"Rien, si le softphone fonctionne. Il écrit la valeur « HostZRB » dans HKEY_CURRENT_USER\\"
+                     L"Software\\Orvel\\Pavex\\Name quand cet utilisateur s'y identifie."},
+        .user = L"L'utilisateur du softphone est {1}.",
+        .noUser = {L"Le registre n'indique aucun utilisateur du softphone.",
+                   L"Rien, si le softphone fonctionne. Il écrit la valeur « Man » dans HKEY_CURRENT_USER\\"
                    L"Software\\Orvel\\Pavex\\Name quand cet utilisateur s'y identifie."},
     },
     .classes{
@@ -80,8 +79,8 @@ constinit const Texts french{
         .ansi = L"Il est écrit dans la page de codes du système (ANSI).",
         .utf8 = L"Il est écrit en UTF-8.",
         .utf16 = L"Il est écrit en UTF-16.",
-        .noSoftphone = {L"Sans le dossier du téléphone logiciel, Hublink ne trouve pas de fichier ini et s'arrête.",
-                        L"D'abord le dossier du téléphone logiciel : voir plus haut."},
+        .noSoftphone = {L"Sans le dossier du softphone, Hublink ne trouve pas de fichier ini et s'arrête.",
+                        L"D'abord le dossier du softphone : voir plus haut."},
         .toBeInstalled =
             {L"Le fichier ini {1} n'existe pas encore ; voici le fichier par défaut.",
              L"Lancez Hublink une fois : il y copie le fichier par défaut, si son utilisateur en a le droit."},
@@ -93,11 +92,11 @@ constinit const Texts french{
                      L"Supprimez le dossier et copiez-y pavexconnector.ini."},
         .unreadable = {L"Le fichier ini {1} ne peut être lu (erreur {2}).",
                        L"Permettez à cet utilisateur de le lire, et fermez le programme qui se le réserve."},
-        .tooLarge = {L"Le fichier ini {1} dépasse 4 Mo. Il ne contient pas de réglages et n'a pas été lu.",
+        .tooLarge = {L"Le fichier ini {1} dépasse 4 Mo. Il ne contient pas de paramètres et n'a pas été lu.",
                      L"Copiez-y de nouveau pavexconnector.ini."},
         .beyondCodePage = {L"Le chemin du fichier ini {1} contient des caractères absents de la page de codes du "
                            L"système : Hublink ne peut le lire.",
-                           L"Installez le téléphone logiciel dans un dossier dont le nom n'en contient pas."},
+                           L"Installez le softphone dans un dossier dont le nom n'en contient pas."},
         .notText = {L"Le fichier ini n'est pas un texte.", L"Copiez-y de nouveau pavexconnector.ini."},
         .utf8Mark =
             {L"Le fichier ini commence par la marque d'UTF-8, que Windows prend pour une partie de la première "
@@ -134,7 +133,7 @@ constinit const Texts french{
         .absentOff = L"[{1}] {2} ne figure pas dans le fichier : inactif",
         .milliseconds = L"[{1}] {2} = {3} : {3} millisecondes",
         .notNumber = {L"[{1}] {2} = {3} n'est pas un nombre entier de -32768 à 32767. Hublink cesse là de lire ces "
-                      L"réglages : ce qui suit n'est pas lu.",
+                      L"paramètres : ce qui suit n'est pas lu.",
                       L"Écrivez un nombre, ou supprimez la ligne pour que la valeur par défaut compte."},
         .value = L"[{1}] {2} = {3}",
         .empty = L"[{1}] {2} est vide",
@@ -158,7 +157,7 @@ constinit const Texts french{
         .outlookNotRead = L"[outlook] n'est pas lue : Outlook n'est pas utilisé.",
         .lotusNotRead = L"Les sections de Lotus Notes ne sont pas lues : Notes n'est pas utilisé.",
         .readingEnds =
-            {L"[lotus] {1} n'a pas de sens. La lecture des réglages de Notes s'arrête là : ni les options ni "
+            {L"[lotus] {1} n'a pas de sens. La lecture des paramètres de Notes s'arrête là : ni les options ni "
              L"l'historique des appels ne sont lus.",
              L"NbPublicAddressBook compte les carnets d'adresses décrits ; Order liste ceux où l'on cherche : "
              L"Base 1,Base 2."},
@@ -175,7 +174,7 @@ constinit const Texts french{
     },
     .groupware{
         .title = L"Messagerie",
-        .none = L"Aucune n'est cherchée : les réglages n'en indiquent pas.",
+        .none = L"Aucune n'est cherchée : les paramètres n'en indiquent pas.",
         .outlookNotUsed = L"Outlook n'est pas utilisé.",
         .notesNotUsed = L"Lotus Notes n'est pas utilisé.",
         .newOutlook = {L"Le nouvel Outlook est en marche. Aucun programme ne peut l'atteindre.",
@@ -186,7 +185,7 @@ constinit const Texts french{
         .registersItself = {L"Le serveur de la table n'est pas encore enregistré.",
                             L"Rien : Hublink enregistre {1} à son premier lancement."},
         .otherServer = {L"Le serveur de la table est un autre programme, {1}. Sa table n'est pas celle qui suit.",
-                        L"Rien, si le téléphone logiciel l'a apporté ; sinon, lancez PavexConvId /RegServer dans le "
+                        L"Rien, si le softphone l'a apporté ; sinon, lancez PavexConvId /RegServer dans le "
                         L"dossier de Hublink."},
         .store = L"Le fichier de la table est {1}.",
         .missing = L"Il n'existe pas encore : rien n'a été copié.",
@@ -214,7 +213,7 @@ constinit const Texts french{
             {L"Windows n'indique aucun dossier de données pour cet utilisateur : Hublink ne peut se souvenir de ce "
              L"qu'il a copié.",
              L"Réparez le profil de l'utilisateur."},
-        .listTitle = L"Ce qui correspond à quoi : téléphone logiciel, messagerie, programme, nature",
+        .listTitle = L"Ce qui correspond à quoi : softphone, messagerie, programme, nature",
         .contact = L"contact",
         .call = L"appel",
         .mapping = L"{1}  {2}  {3}  {4}",
@@ -239,11 +238,11 @@ constinit const Texts french{
         .writable = L"On peut écrire dans {1}.",
         .connectorFolder =
             {L"Cet utilisateur ne peut écrire dans {1}.",
-             L"Copiez-y pavexconnector.ini en tant qu'administrateur ; sinon, Hublink n'a pas de réglages "
+             L"Copiez-y pavexconnector.ini en tant qu'administrateur ; sinon, Hublink n'a pas de paramètres "
              L"et s'arrête."},
         .iniFile =
             {L"Cet utilisateur ne peut écrire dans le fichier ini {1}.",
-             L"Rien, si un administrateur tient les réglages : seul l'arrêt par « kill » manque à l'utilisateur."},
+             L"Rien, si un administrateur tient les paramètres : seul l'arrêt par « kill » manque à l'utilisateur."},
         .mapFolder = {L"Cet utilisateur ne peut écrire dans {1}.",
                       L"Permettez-le : sans la table des identifiants, chaque lancement recopie tout."},
         .mapFile = {L"Cet utilisateur ne peut écrire dans la table des identifiants {1}.",
@@ -267,7 +266,7 @@ constinit const Texts french{
         .runsNot = L"{1} n'est pas en marche.",
         .hublinkRunsNot = {L"hublink.exe n'est pas en marche.", L"Lancez Hublink, s'il doit l'être."},
         .softphoneRunsNot = {L"pavex.exe n'est pas en marche. Sans lui, Hublink s'arrête.",
-                             L"Lancez le téléphone logiciel, puis Hublink."},
+                             L"Lancez le softphone, puis Hublink."},
         .otherUser =
             {L"{1} est en marche pour un autre utilisateur (processus {2}) : les programmes de cet utilisateur ne "
              L"peuvent l'atteindre.",
