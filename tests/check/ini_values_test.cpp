@@ -200,8 +200,7 @@ TEST_F(CheckIniValues, WhatIsToldOn_IsOnInTheProgram)
         std::string general, features;
         for (const Switch& each : switches)
             if (!only || only == &each)
-                (&each == &switches[0] ? general : features) +=
-                    automation::ansi(each.key) + "=" + value + "\r\n";
+                (&each == &switches[0] ? general : features) += automation::ansi(each.key) + "=" + value + "\r\n";
         const Findings findings = found(outlookFile(general, features));
         Configuration configuration;
         readConnectorSettings(IniFile(file), configuration);
