@@ -30,6 +30,7 @@ UINT carryOut(MSIHANDLE handle, Action action) noexcept
 extern "C" {
 
 UINT __stdcall StopHublink(MSIHANDLE);
+UINT __stdcall EndMapServer(MSIHANDLE);
 UINT __stdcall StartHublink(MSIHANDLE);
 UINT __stdcall CollectSettings(MSIHANDLE);
 UINT __stdcall WriteSettings(MSIHANDLE);
