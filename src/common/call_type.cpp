@@ -59,13 +59,13 @@ std::wstring unknownCallerText(const Dictionary& dictionary)
     return withoutAccessKey(historyText(dictionary, "TI_NAMECALL_UNKNOWN", "No identity"));
 }
 
-std::wstring TranslateCallType(const std::wstring& Text, const Dictionary& dictionary)
+std::wstring TranslateCallType(const std::wstring& text, const Dictionary& dictionary)
 {
     const auto found = std::find_if(translations.begin(), translations.end(),
-                                    [&](const Translation& candidate) { return Text == candidate.text; });
-    if (found == translations.end()) return Text;
+                                    [&](const Translation& candidate) { return text == candidate.text; });
+    if (found == translations.end()) return text;
     const std::wstring translated = historyText(dictionary, found->key, "");
-    return translated.empty() ? Text : withoutAccessKey(translated);
+    return translated.empty() ? text : withoutAccessKey(translated);
 }
 
 }

@@ -19,7 +19,7 @@ std::wstring callTypeText(bool incoming, const automation::Value& state,
 // The dictionary's text for one of the six call-type texts, without the "&"
 // that marks a menu's access key. The text itself when it is none of the six
 // or the dictionary has none for it.
-std::wstring TranslateCallType(const std::wstring& Text, const Dictionary& dictionary);
+std::wstring TranslateCallType(const std::wstring& text, const Dictionary& dictionary);
 
 // The dictionary's text for a caller without a number ("No identity" where it
 // has none), without "&".

@@ -4,16 +4,16 @@
 
 namespace hublink {
 
-bool FileExist(const std::wstring& szFile)
+bool FileExist(const std::wstring& file)
 {
-    return GetFileAttributesW(szFile.c_str()) != INVALID_FILE_ATTRIBUTES;
+    return GetFileAttributesW(file.c_str()) != INVALID_FILE_ATTRIBUTES;
 }
 
-void CopieFileIfNotExist(const std::wstring& szpath, const std::wstring& szFile, const std::wstring& programFolder)
+void CopieFileIfNotExist(const std::wstring& folder, const std::wstring& file, const std::wstring& programFolder)
 {
-    const std::wstring target = szpath + L"\\" + szFile;
+    const std::wstring target = folder + L"\\" + file;
     if (FileExist(target)) return;
-    if (CopyFileW((programFolder + L"\\" + szFile).c_str(), target.c_str(), FALSE))
+    if (CopyFileW((programFolder + L"\\" + file).c_str(), target.c_str(), FALSE))
         SetFileAttributesW(target.c_str(), FILE_ATTRIBUTE_NORMAL);
 }
 

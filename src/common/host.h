@@ -19,7 +19,7 @@ public:
 
     // The one logging entry: the line goes to the groupware that is connected
     // and, with `Trace` on, to the user in a message box. Never throws.
-    virtual void WriteLog(const std::wstring& szMessage) = 0;
+    virtual void WriteLog(const std::wstring& line) = 0;
 
     // Asks for a stop; the next supervision tick ends the program. Never throws.
     virtual void StopConnector() = 0;
@@ -33,7 +33,7 @@ public:
 
     // A message box with the OK button and the program's name; returns when
     // the user has closed it. Ticks and events go on meanwhile.
-    virtual void showMessage(const std::wstring& szMessage) = 0;
+    virtual void showMessage(const std::wstring& text) = 0;
 
     // Blocks the thread; nothing else runs. Zero and less is no pause.
     virtual void pause(std::int32_t milliseconds) = 0;

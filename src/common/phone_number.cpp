@@ -2,9 +2,9 @@
 
 namespace hublink {
 
-std::wstring StripPhoneNumber(const std::wstring& szNumber)
+std::wstring StripPhoneNumber(const std::wstring& number)
 {
-    std::wstring stripped = szNumber;
+    std::wstring stripped = number;
     std::erase(stripped, L'.');
     std::erase(stripped, L' ');
     return stripped;

@@ -7,6 +7,6 @@ namespace hublink {
 
 // The number without any "." and " "; everything else (dashes, parentheses,
 // plus signs, letters) stays.
-std::wstring StripPhoneNumber(const std::wstring& szNumber);
+std::wstring StripPhoneNumber(const std::wstring& number);
 
 }

@@ -35,36 +35,35 @@ private:
 
 }
 
-std::wstring RegGetString(HKEY hInKey, const std::wstring& subkey, const std::wstring& valname)
+std::wstring RegGetString(HKEY root, const std::wstring& subkey, const std::wstring& name)
 {
-    const OpenedKey key(hInKey, subkey, KEY_READ);
+    const OpenedKey key(root, subkey, KEY_READ);
     if (!key) return L"";
 
     char buffer[bufferSize];
     DWORD size = bufferSize;
     DWORD type = REG_NONE;
-    if (RegQueryValueExA(key.get(), ansi(valname).c_str(), nullptr, &type, reinterpret_cast<BYTE*>(buffer), &size) !=
+    if (RegQueryValueExA(key.get(), ansi(name).c_str(), nullptr, &type, reinterpret_cast<BYTE*>(buffer), &size) !=
         ERROR_SUCCESS)
         return registryNoText;
     if (type != REG_SZ || size == 0) return L"";
     return automation::wide({buffer, size - 1});
 }
 
-std::wstring RegSetString(HKEY hInKey, const std::wstring& subkey, const std::wstring& valname,
-                          const std::wstring& Value)
+std::wstring RegSetString(HKEY root, const std::wstring& subkey, const std::wstring& name, const std::wstring& text)
 {
-    const OpenedKey key(hInKey, subkey, KEY_ALL_ACCESS);
-    const std::string text = ansi(Value);
-    const bool written =
-        key && RegSetValueExA(key.get(), ansi(valname).c_str(), 0, REG_SZ, reinterpret_cast<const BYTE*>(text.c_str()),
-                              static_cast<DWORD>(text.size())) == ERROR_SUCCESS;
-    return automation::textFromBoolean(written);
+    const OpenedKey key(root, subkey, KEY_ALL_ACCESS);
+    const std::string bytes = ansi(text);
+    const bool succeeded =
+        key && RegSetValueExA(key.get(), ansi(name).c_str(), 0, REG_SZ, reinterpret_cast<const BYTE*>(bytes.c_str()),
+                              static_cast<DWORD>(bytes.size())) == ERROR_SUCCESS;
+    return automation::textFromBoolean(succeeded);
 }
 
-std::wstring RegDeleteString(HKEY hInKey, const std::wstring& subkey, const std::wstring& valname)
+std::wstring RegDeleteString(HKEY root, const std::wstring& subkey, const std::wstring& name)
 {
-    const OpenedKey key(hInKey, subkey, KEY_ALL_ACCESS);
-    return automation::textFromBoolean(key && RegDeleteValueA(key.get(), ansi(valname).c_str()) == ERROR_SUCCESS);
+    const OpenedKey key(root, subkey, KEY_ALL_ACCESS);
+    return automation::textFromBoolean(key && RegDeleteValueA(key.get(), ansi(name).c_str()) == ERROR_SUCCESS);
 }
 
 }

@@ -14,15 +14,14 @@ inline constexpr const wchar_t* registryNoText = L"--Not String--";
 
 // A text value of up to 255 characters. "" when the key is missing or the
 // value is of another type; `registryNoText` when the value is missing or longer.
-std::wstring RegGetString(HKEY hInKey, const std::wstring& subkey, const std::wstring& valname);
+std::wstring RegGetString(HKEY root, const std::wstring& subkey, const std::wstring& name);
 
 // Writes a text value into an existing key. "True" when key and write were in
 // order, else "False". The length that is given leaves out the terminating NUL;
 // the system stores one all the same.
-std::wstring RegSetString(HKEY hInKey, const std::wstring& subkey, const std::wstring& valname,
-                          const std::wstring& Value);
+std::wstring RegSetString(HKEY root, const std::wstring& subkey, const std::wstring& name, const std::wstring& text);
 
 // Deletes a value. "True" when key and deletion were in order, else "False".
-std::wstring RegDeleteString(HKEY hInKey, const std::wstring& subkey, const std::wstring& valname);
+std::wstring RegDeleteString(HKEY root, const std::wstring& subkey, const std::wstring& name);
 
 }

@@ -17,10 +17,10 @@ using automation::Value;
 // for one that it could not open.
 Object groupCalendars(LotusSession& session)
 {
-    Object mail = session.MailDatabase;
+    Object mail = session.mailDatabase;
     if (!mail) mail = notesSession(session).get(L"GETDATABASE", {session.MailServer, session.MailFile}).object();
     const Object view = mail.get(L"GetView", {L"(GroupCalendarFolder)"}).object();
-    session.MailDatabase = mail;
+    session.mailDatabase = mail;
     return view;
 }
 
@@ -37,12 +37,12 @@ std::wstring GroupCalendarQuery()
     return L"[Form] CONTAINS \"(GroupCalendar)\"";
 }
 
-void ShowGroupCalendars(LotusSession& session, const std::wstring& Number)
+void ShowGroupCalendars(LotusSession& session, const std::wstring& number)
 {
     if (!session.bShowGrpwAgenda) return;
     trapErrors([&] {
-        const LotusSearchResult search = SearchByNumber(session, Number, Show::no, L"FullName");
-        const std::wstring& fullName = search.person.FullName;
+        const LotusSearchResult search = SearchByNumber(session, number, Show::no, L"FullName");
+        const std::wstring& fullName = search.person.fullName;
         if (!search.isFound || fullName.empty()) return;
         const Object view = groupCalendars(session);
         const std::int32_t count = view.get(L"FTSearch", {GroupCalendarQuery(), std::int16_t{0}}).int32();

@@ -12,6 +12,6 @@ std::wstring GroupCalendarQuery();
 
 // Opens every group calendar that lists the person with the number. Nothing
 // happens with "ShowGrpwAgenda" off. No error leaves it.
-void ShowGroupCalendars(LotusSession& session, const std::wstring& Number);
+void ShowGroupCalendars(LotusSession& session, const std::wstring& number);
 
 }

@@ -69,7 +69,7 @@ std::wstring numberOfCall(LotusSession& session, const FrontDocument& call)
     if (number.empty()) return number;
     const std::wstring storedLink = firstItemValue(call.stored, items.InfoSupdocNoteId);
     const LotusSearchResult party = SearchByNumber(session, number, Show::no);
-    const std::wstring& link = party.person.NoteId;
+    const std::wstring& link = party.person.noteId;
     if (link == storedLink) return number;
     const auto replace = [&](const std::wstring& item, const std::wstring& value) {
         call.stored.call(L"ReplaceItemValue", {item, value});

@@ -4,15 +4,15 @@
 
 namespace hublink {
 
-void SplitBaseDescription(const std::wstring& Text, LotusBaseRef& Record)
+void SplitBaseDescription(const std::wstring& text, LotusBaseRef& locator)
 {
-    const std::vector<std::wstring> parts = split(Text, L'|');
+    const std::vector<std::wstring> parts = split(text, L'|');
     if (parts.size() < 5) return;
-    Record.Base = parts[0];
-    Record.Server = parts[1];
-    Record.MainView = parts[2];
-    Record.ViewTel = parts[3];
-    Record.ViewMail = parts[4];
+    locator.Base = parts[0];
+    locator.Server = parts[1];
+    locator.MainView = parts[2];
+    locator.ViewTel = parts[3];
+    locator.ViewMail = parts[4];
 }
 
 }

@@ -59,11 +59,11 @@ struct PersonalLogDescription : LotusBaseRef {
     std::wstring TypeForm;
     std::wstring StartTime;
     std::wstring FinishTime;
-    std::wstring ServerItem; // of the key "Server"
+    std::wstring serverItem; // of the key "Server"
 };
 
 // Fills a locator from five parts separated by "|": base, server, main view,
 // telephone view, mail view. Fewer parts change nothing, further ones are ignored.
-void SplitBaseDescription(const std::wstring& Text, LotusBaseRef& Record);
+void SplitBaseDescription(const std::wstring& text, LotusBaseRef& locator);
 
 }

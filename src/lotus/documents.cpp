@@ -48,20 +48,20 @@ std::optional<std::wstring> readFirstNonEmptyItemValue(const Object& document, c
     return first;
 }
 
-std::wstring FirstNonEmptyItemValue(const Object& Doc, const std::vector<std::wstring>& ItemNames)
+std::wstring FirstNonEmptyItemValue(const Object& document, const std::vector<std::wstring>& items)
 {
-    return readFirstNonEmptyItemValue(Doc, ItemNames).value_or(L"");
+    return readFirstNonEmptyItemValue(document, items).value_or(L"");
 }
 
-bool IsCurrentDocument(const Object& Doc, Object& UIDoc)
+bool IsCurrentDocument(const Object& document, Object& frontDocument)
 {
     bool isCurrent = false;
     trapErrors([&] {
-        UIDoc = notesWorkspace().get(L"CURRENTDOCUMENT").object();
-        if (!UIDoc) return;
-        const Object current = UIDoc.get(L"DOCUMENT").object();
+        frontDocument = notesWorkspace().get(L"CURRENTDOCUMENT").object();
+        if (!frontDocument) return;
+        const Object current = frontDocument.get(L"DOCUMENT").object();
         if (!current) return;
-        isCurrent = Doc.get(L"NoteId").text() == current.get(L"NoteId").text();
+        isCurrent = document.get(L"NoteId").text() == current.get(L"NoteId").text();
     });
     return isCurrent;
 }
@@ -72,13 +72,13 @@ const std::wstring& DatabaseNames::asked(std::optional<std::wstring>& answer, co
     return *answer;
 }
 
-bool IsSameDatabase(const DatabaseNames& Db, const std::wstring& Server, const std::wstring& FileName)
+bool IsSameDatabase(const DatabaseNames& database, const std::wstring& server, const std::wstring& fileName)
 {
     bool isSame = false;
     trapErrors([&] {
-        if (comparableServer(Server) != comparableServer(Db.server())) return;
-        const std::wstring sought = lowerCase(FileName);
-        isSame = sought == lowerCase(Db.filePath()) || sought == lowerCase(Db.fileName());
+        if (comparableServer(server) != comparableServer(database.server())) return;
+        const std::wstring sought = lowerCase(fileName);
+        isSame = sought == lowerCase(database.filePath()) || sought == lowerCase(database.fileName());
     });
     return isSame;
 }

@@ -20,11 +20,11 @@ std::optional<std::wstring> readFirstNonEmptyItemValue(const automation::Object&
                                                        const std::vector<std::wstring>& items);
 
 // The same; "" too when one cannot be read.
-std::wstring FirstNonEmptyItemValue(const automation::Object& Doc, const std::vector<std::wstring>& ItemNames);
+std::wstring FirstNonEmptyItemValue(const automation::Object& document, const std::vector<std::wstring>& items);
 
-// Whether Doc is the document in front in the Notes client. UIDoc receives the
-// front-end document there, if any. No error leaves it.
-bool IsCurrentDocument(const automation::Object& Doc, automation::Object& UIDoc);
+// Whether it is the document in front in the Notes client. `frontDocument` receives
+// the front-end object of the one there, if any. No error leaves it.
+bool IsCurrentDocument(const automation::Object& document, automation::Object& frontDocument);
 
 // What a database is called, each name asked for once and when it is needed
 // first. A database itself may stand for its names.
@@ -46,7 +46,7 @@ private:
 
 // Whether a database lies on the server under that file name or path. Case and
 // the markers "CN=" and "O=" of a hierarchical name make no difference. No error leaves it.
-bool IsSameDatabase(const DatabaseNames& Db, const std::wstring& Server, const std::wstring& FileName);
+bool IsSameDatabase(const DatabaseNames& database, const std::wstring& server, const std::wstring& fileName);
 
 enum class OpenFor { reading, editing };
 

@@ -26,13 +26,13 @@ void appendParty(LotusSession& session, const Object& document, const CallLogDes
     LotusSearchResult search = SearchByNumber(session, number, Show::no);
     LotusPerson& party = search.person;
     if (!search.isFound) {
-        party.LastName = call.lastName();
-        party.FirstName = call.firstName();
+        party.lastName = call.lastName();
+        party.firstName = call.firstName();
     }
     append(document, items.PhoneNumber, number);
-    append(document, items.FirstName, party.FirstName);
-    append(document, items.LastName, party.LastName);
-    append(document, items.InfoSupdocNoteId, party.NoteId);
+    append(document, items.FirstName, party.firstName);
+    append(document, items.LastName, party.lastName);
+    append(document, items.InfoSupdocNoteId, party.noteId);
     append(document, items.InfoSupServer, search.book.Server);
     append(document, items.InfoSupBase, search.book.Base);
 }
@@ -72,7 +72,7 @@ void refreshView(const LotusSession& session, const Object& history)
 
 }
 
-std::wstring CreateHistoryDocument(LotusSession& session, const SoftphoneHistoryItem& Item)
+std::wstring CreateHistoryDocument(LotusSession& session, const SoftphoneHistoryItem& item)
 {
     std::wstring noteId;
     if (!session.LotusReady) return noteId;
@@ -82,9 +82,9 @@ std::wstring CreateHistoryDocument(LotusSession& session, const SoftphoneHistory
         const Object document = history.get(L"CREATEDOCUMENT").object();
         document.put(L"Form", items.Form);
         document.put(L"Type", items.TypeForm);
-        const std::wstring number = Item.number();
-        if (!number.empty()) appendParty(session, document, items, Item, StripPhoneNumber(number));
-        appendCall(session, document, items, Item);
+        const std::wstring number = item.number();
+        if (!number.empty()) appendParty(session, document, items, item, StripPhoneNumber(number));
+        appendCall(session, document, items, item);
         document.call(L"save", {true, true});
         noteId = document.get(L"NoteId").text();
         refreshView(session, history);

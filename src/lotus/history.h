@@ -10,6 +10,6 @@ namespace hublink {
 
 // Saves the document of one call; a user who looks at the history sees it at
 // once. Its NoteId, "" on failure. No error leaves it.
-std::wstring CreateHistoryDocument(LotusSession& session, const SoftphoneHistoryItem& Item);
+std::wstring CreateHistoryDocument(LotusSession& session, const SoftphoneHistoryItem& item);
 
 }

@@ -19,7 +19,7 @@ void show(const LotusSession& session, const wchar_t* message)
 
 void openSession(LotusSession& session)
 {
-    session.MailDatabase = Object(); // of the mail file as it was
+    session.mailDatabase = Object(); // of the mail file as it was
     if (session.NotesSession) return show(session, L"ReInit lotus");
     session.NotesSession = Object::create(L"Notes.Notessession");
     show(session, L"First Init lotus");

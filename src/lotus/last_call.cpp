@@ -24,12 +24,12 @@ void publishLastCall(LotusSession& session, Party& party)
     setVariable(notes, L"CTI_InfoLastCall_docid", L"");
     const LotusPerson known{party.lastName, party.firstName, L"", L"", L""};
     const auto [isFound, person, book] = SearchByNumber(session, party.number, Show::no, L"", known);
-    party.lastName = person.LastName;
-    party.firstName = person.FirstName;
-    if (person.NoteId.empty()) return;
+    party.lastName = person.lastName;
+    party.firstName = person.firstName;
+    if (person.noteId.empty()) return;
     setVariable(notes, L"CTI_InfoLastCall_Server", book.Server);
     setVariable(notes, L"CTI_InfoLastCall_Base", book.Base);
-    setVariable(notes, L"CTI_InfoLastCall_docid", person.NoteId);
+    setVariable(notes, L"CTI_InfoLastCall_docid", person.noteId);
 }
 
 }

@@ -16,7 +16,7 @@ void begin(const Object& document, const PersonalLogDescription& items, const Va
 {
     document.put(L"Form", items.Form);
     document.put(L"Type", items.TypeForm);
-    document.call(L"AppendItemValue", {items.ServerItem, author});
+    document.call(L"AppendItemValue", {items.serverItem, author});
     document.call(L"AppendItemValue", {items.Body, line});
     document.call(L"AppendItemValue", {items.Events, author});
     document.call(L"AppendItemValue", {items.StartTime, now});
@@ -32,7 +32,7 @@ void append(const Object& document, const PersonalLogDescription& items, const V
 
 }
 
-void WriteLotusLog(LotusSession& session, const std::wstring& Message)
+void WriteLotusLog(LotusSession& session, const std::wstring& text)
 {
     if (session.LotusMustInit) return;
     trapErrors([&] {
@@ -44,7 +44,7 @@ void WriteLotusLog(LotusSession& session, const std::wstring& Message)
         const Object document = session.LogDocument;
         if (!document) return;
         const Value now = Value::date(session.host.now());
-        const std::wstring line = L"\n" + now.text() + L" " + Message;
+        const std::wstring line = L"\n" + now.text() + L" " + text;
         // When a further line fails, the document stays as it was saved and the
         // next line opens another: a body that was removed and not written again,
         // or that has outgrown a Notes item, would lose every line.

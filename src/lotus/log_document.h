@@ -11,6 +11,6 @@ namespace hublink {
 // when there is none or a new one was asked for. Does nothing while the
 // session waits for its initialisation. No error leaves it: a failure loses
 // the line.
-void WriteLotusLog(LotusSession& session, const std::wstring& Message);
+void WriteLotusLog(LotusSession& session, const std::wstring& text);
 
 }

@@ -34,7 +34,7 @@ struct LotusSession {
     bool NotesRelease5 = false;         // kept only
     std::wstring MailServer;            // the user's mail database
     std::wstring MailFile;
-    automation::Object MailDatabase;    // the same, once it was opened
+    automation::Object mailDatabase;    // the same, once it was opened
     automation::Object HistoryDatabase; // the call history's
     automation::Object LogDatabase;     // the log document's
     automation::Object LogDocument;     // the one that lines are added to

@@ -19,9 +19,9 @@ std::wstring fullName(const std::wstring& firstName, const std::wstring& lastNam
 // without a full name is not found at all, since one of the two is wanted.
 std::wstring addresseeOf(const LotusPerson& person)
 {
-    if (!person.Mail.empty()) return person.Mail;
-    if (!person.FullName.empty()) return person.FullName;
-    return fullName(person.FirstName, person.LastName);
+    if (!person.mail.empty()) return person.mail;
+    if (!person.fullName.empty()) return person.fullName;
+    return fullName(person.firstName, person.lastName);
 }
 
 }

@@ -105,12 +105,12 @@ std::vector<std::wstring> writings(const std::wstring& number)
 // False when the mail address could not be read, without which a person is one too.
 bool readPerson(const Object& document, const LotusAddressBook& book, LotusPerson& person)
 {
-    person.LastName = firstItemValue(document, book.LastName);
-    person.FirstName = firstItemValue(document, book.FirstName);
-    person.FullName = firstItemValue(document, book.FullName);
+    person.lastName = firstItemValue(document, book.LastName);
+    person.firstName = firstItemValue(document, book.FirstName);
+    person.fullName = firstItemValue(document, book.FullName);
     const std::optional<std::wstring> mail = readFirstNonEmptyItemValue(document, book.MailAddress);
-    person.Mail = mail.value_or(L"");
-    person.NoteId = document.get(L"NoteId").text();
+    person.mail = mail.value_or(L"");
+    person.noteId = document.get(L"NoteId").text();
     return mail.has_value();
 }
 
@@ -133,7 +133,7 @@ bool findPerson(const LotusSession& session, OpenBook& open, const std::wstring&
         open.remember(number, std::nullopt);
         return false;
     }
-    if (known && known->NoteId == found.get(L"NoteId").text()) person = *known;
+    if (known && known->noteId == found.get(L"NoteId").text()) person = *known;
     else if (readPerson(found, open.description(), person)) open.remember(number, person);
     else open.forget(); // the next search may have more luck
     if (document) *document = found;
@@ -157,26 +157,26 @@ void logNoAccess(LotusSession& session, const LotusAddressBook& book, const wcha
 
 }
 
-std::wstring BuildFullTextQuery(const std::vector<std::wstring>& ItemNames, const std::wstring& Value)
+std::wstring BuildFullTextQuery(const std::vector<std::wstring>& items, const std::wstring& value)
 {
     std::wstring query;
-    for (const std::wstring& name : ItemNames) {
+    for (const std::wstring& name : items) {
         if (!query.empty()) query += L" OR ";
-        query += L"[" + name + L"] CONTAINS \"" + Value + L"\"";
+        query += L"[" + name + L"] CONTAINS \"" + value + L"\"";
     }
     return query;
 }
 
-bool WantedFieldsPresent(const LotusPerson& person, const std::wstring& Wanted)
+bool WantedFieldsPresent(const LotusPerson& person, const std::wstring& wanted)
 {
-    auto mayMiss = std::count(Wanted.begin(), Wanted.end(), L',');
+    auto mayMiss = std::count(wanted.begin(), wanted.end(), L',');
     const auto check = [&](const std::wstring& value, const wchar_t* name) {
-        if (value.empty() && Wanted.find(name) != std::wstring::npos) --mayMiss;
+        if (value.empty() && wanted.find(name) != std::wstring::npos) --mayMiss;
     };
-    check(person.LastName, L"LastName");
-    check(person.FirstName, L"FirstName");
-    check(person.Mail, L"InternetAddress");
-    check(person.FullName, L"FullName");
+    check(person.lastName, L"LastName");
+    check(person.firstName, L"FirstName");
+    check(person.mail, L"InternetAddress");
+    check(person.fullName, L"FullName");
     return mayMiss >= 0;
 }
 
@@ -245,7 +245,7 @@ bool SearchByMail(LotusSession& session, const std::wstring& mail, Party& person
     return false;
 }
 
-std::wstring FindNoteIdInPersonalBook(const LotusSession& session, const std::wstring& Number)
+std::wstring FindNoteIdInPersonalBook(const LotusSession& session, const std::wstring& number)
 {
     std::wstring noteId;
     if (!session.LotusReady || session.nSelectedPersonal == -1) return noteId;
@@ -253,7 +253,7 @@ std::wstring FindNoteIdInPersonalBook(const LotusSession& session, const std::ws
         const LotusAddressBook book = session.LotusAddressBooks.at(static_cast<std::size_t>(session.nSelectedPersonal));
         askBook(session, book, [&](OpenBook& open) {
             open.forget(); // somebody may have saved the contact just now: it must not be made twice
-            const Object document = findDocument(session, open, open.view(session, Number), Number, {Number});
+            const Object document = findDocument(session, open, open.view(session, number), number, {number});
             if (document) noteId = document.get(L"NoteId").text();
         });
     });

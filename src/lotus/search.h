@@ -13,20 +13,20 @@ namespace hublink {
 
 // What a search finds out.
 struct LotusPerson {
-    std::wstring LastName;
-    std::wstring FirstName;
-    std::wstring FullName;
-    std::wstring Mail;
-    std::wstring NoteId;
+    std::wstring lastName;
+    std::wstring firstName;
+    std::wstring fullName;
+    std::wstring mail;
+    std::wstring noteId;
 };
 
 // The full-text query for documents with the value in one of the items; "" for no items.
-std::wstring BuildFullTextQuery(const std::vector<std::wstring>& ItemNames, const std::wstring& Value);
+std::wstring BuildFullTextQuery(const std::vector<std::wstring>& items, const std::wstring& value);
 
 // Whether enough of the wanted fields ("LastName", "FirstName",
 // "InternetAddress", "FullName", separated by commas) are filled: all but one
 // may be missing, a single one may not.
-bool WantedFieldsPresent(const LotusPerson& person, const std::wstring& Wanted);
+bool WantedFieldsPresent(const LotusPerson& person, const std::wstring& wanted);
 
 struct LotusSearchResult {
     bool isFound = false;
@@ -52,6 +52,6 @@ bool SearchInPublicAdressBookByMail(LotusSession& session, const std::wstring& m
 
 // The NoteId of the document with exactly this number in the selected personal
 // address book; "" when there is none.
-std::wstring FindNoteIdInPersonalBook(const LotusSession& session, const std::wstring& Number);
+std::wstring FindNoteIdInPersonalBook(const LotusSession& session, const std::wstring& number);
 
 }

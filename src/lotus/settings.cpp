@@ -182,7 +182,7 @@ void ReadLotusPersonalLogIni(LotusSession& session)
         log.TypeForm = read("TypeForm");
         log.StartTime = read("StartTime");
         log.FinishTime = read("FinishTime");
-        log.ServerItem = read("Server");
+        log.serverItem = read("Server");
     });
 }
 

@@ -14,7 +14,7 @@ class FormEvents {
 public:
     virtual void supervisionTick() = 0;
     virtual void documentTick() = 0;
-    virtual void Form_MouseMove(int button, int shift, double X, double Y) = 0;
+    virtual void Form_MouseMove(int button, int shift, double x, double y) = 0;
     virtual void Form_Terminate() = 0;
     virtual void sessionEnds() = 0;
     virtual void callIsLong() = 0; // the one that is out

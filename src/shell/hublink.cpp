@@ -42,12 +42,12 @@ void Hublink::Form_Load()
     });
 }
 
-void Hublink::WriteLog(const std::wstring& szMessage)
+void Hublink::WriteLog(const std::wstring& line)
 {
     trapErrors([&] {
-        if (lotus_.LotusReady) WriteLotusLog(lotus_, szMessage);
-        if (outlook_.bOutlookInit) LogToOutlookJournal(outlook_, szMessage);
-        if (configuration_.Trace) showMessage(szMessage);
+        if (lotus_.LotusReady) WriteLotusLog(lotus_, line);
+        if (outlook_.bOutlookInit) LogToOutlookJournal(outlook_, line);
+        if (configuration_.Trace) showMessage(line);
     });
 }
 

@@ -32,11 +32,11 @@ public:
     void Form_Terminate() override { StopConnector(); }
 
     // The form's services to the rooms below.
-    void WriteLog(const std::wstring& szMessage) override;
+    void WriteLog(const std::wstring& line) override;
     void StopConnector() override { stopping_.StopConnector(); }
     const Configuration& configuration() const override { return configuration_; }
     void enableSupervision() override { window_.startSupervision(); }
-    void showMessage(const std::wstring& szMessage) override { messageBox(szMessage, MB_OK); }
+    void showMessage(const std::wstring& text) override { messageBox(text, MB_OK); }
     void pause(std::int32_t milliseconds) override;
     void letUserStop() override;
     DATE now() const override;
@@ -57,9 +57,9 @@ public:
 private:
     void supervisionTick() override { supervision_.SupervisionPavex_Timer(); }
     void documentTick() override { documents_.TimerCallInlotus_Timer(); }
-    void Form_MouseMove(int button, int shift, double X, double Y) override
+    void Form_MouseMove(int button, int shift, double x, double y) override
     {
-        question_.Form_MouseMove(button, shift, X, Y);
+        question_.Form_MouseMove(button, shift, x, y);
     }
     void sessionEnds() override { stopping_.sessionEnds(); }
     void callIsLong() override;

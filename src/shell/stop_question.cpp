@@ -13,10 +13,10 @@ StopQuestion::StopQuestion(FormWindow& window, Stopping& stopping, Box box)
     : window_(window), stopping_(stopping), box_(std::move(box))
 {}
 
-void StopQuestion::Form_MouseMove(int, int, double X, double)
+void StopQuestion::Form_MouseMove(int, int, double x, double)
 {
     // One question at a time, however often the icon is pressed.
-    if (pixelsFromTwips(X) != WM_RBUTTONDOWN || state_ != State::none) return;
+    if (pixelsFromTwips(x) != WM_RBUTTONDOWN || state_ != State::none) return;
     state_ = State::waits;
     // A question inside a call would hold it up; one that may never end is another matter.
     if (stopping_.callIsLong()) return ask();

@@ -19,9 +19,9 @@ public:
     StopQuestion(const StopQuestion&) = delete;
     StopQuestion& operator=(const StopQuestion&) = delete;
 
-    // A message of the icon: X is the notification code, in twips. A right press
+    // A message of the icon: `x` is the notification code, in twips. A right press
     // opens the question, inside a short call after it.
-    void Form_MouseMove(int button, int shift, double X, double Y);
+    void Form_MouseMove(int button, int shift, double x, double y);
 
     // Opens the question if one waits.
     void ask();

@@ -114,7 +114,7 @@ TEST_F(GroupCalendars, NobodyHasTheNumber_TheMailIsNotOpened)
     forgetCalls();
     ShowGroupCalendars(session, L"0300");
     EXPECT_EQ(calls(L"NotesView.GetNthDocument method"), 0u);
-    EXPECT_EQ(session.MailDatabase.dispatch(), nullptr);
+    EXPECT_EQ(session.mailDatabase.dispatch(), nullptr);
 }
 
 TEST_F(GroupCalendars, PersonWithoutAFullName_TheNextBookIsAsked)
@@ -123,7 +123,7 @@ TEST_F(GroupCalendars, PersonWithoutAFullName_TheNextBookIsAsked)
     const std::wstring sales = calendar(L"a", L"Members=\nMembers+=P. Novak/Acme");
     add(L"names.nsf", L"Form=Person\nLastName=Novak\nOfficePhoneNumber=0300");
     ShowGroupCalendars(session, L"0300");
-    EXPECT_EQ(session.MailDatabase.dispatch(), nullptr);
+    EXPECT_EQ(session.mailDatabase.dispatch(), nullptr);
     EXPECT_EQ(shown(), Lines{});
 
     add(L"books\\company.nsf", L"Form=Employee\nWholeName=P. Novak/Acme\nPhone=0300");

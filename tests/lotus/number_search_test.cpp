@@ -14,11 +14,11 @@ TEST_F(LotusNumberSearch, PersonInThePhoneView_IsFound_WithAllNames)
 {
     add(L"names.nsf", durand);
     EXPECT_TRUE(search(L"014567"));
-    EXPECT_EQ(person.LastName, L"Durand");
-    EXPECT_EQ(person.FirstName, L"Marc");
-    EXPECT_EQ(person.FullName, L"Marc Durand");
-    EXPECT_EQ(person.Mail, L"marc@acme.fr") << "the first mail item is empty";
-    EXPECT_EQ(person.NoteId, L"8F6");
+    EXPECT_EQ(person.lastName, L"Durand");
+    EXPECT_EQ(person.firstName, L"Marc");
+    EXPECT_EQ(person.fullName, L"Marc Durand");
+    EXPECT_EQ(person.mail, L"marc@acme.fr") << "the first mail item is empty";
+    EXPECT_EQ(person.noteId, L"8F6");
     EXPECT_EQ(book.Base, L"names.nsf");
     EXPECT_TRUE(book.PersonalAddressBook);
 }
@@ -42,12 +42,12 @@ TEST_F(LotusNumberSearch, NumberWithDotsAndSpaces_IsLookedUpWithoutThem_ThenUnch
     session.LotusAddressBooks.resize(1);
     add(L"names.nsf", L"Form=Person\nLastName=Abel\nOfficePhoneNumber=01.45 67\n");
     EXPECT_TRUE(search(L"01.45 67"));
-    EXPECT_EQ(person.LastName, L"Abel");
+    EXPECT_EQ(person.lastName, L"Abel");
     EXPECT_EQ(callsTo(L"NotesView."), (Lines{keyed(L"014567"), keyed(L"01.45 67")}));
     add(L"names.nsf", durand);
     forgetCalls();
     EXPECT_TRUE(search(L"01.45 67"));
-    EXPECT_EQ(person.LastName, L"Durand");
+    EXPECT_EQ(person.lastName, L"Durand");
     EXPECT_EQ(callsTo(L"NotesView."), Lines{keyed(L"014567")});
 }
 
@@ -73,7 +73,7 @@ TEST_F(LotusNumberSearch, BookWithAMainViewOnly_IsSearchedByFullText_ForOneDocum
     add(company, L"Form=Employee\nName=Zola\nGivenName=Emile\nMobile=0612\n");
     add(company, L"Form=Employee\nName=Other\nPhone=0612\n");
     EXPECT_TRUE(search(L"06.12"));
-    EXPECT_EQ(person.LastName, L"Other") << "the first of the view";
+    EXPECT_EQ(person.lastName, L"Other") << "the first of the view";
     EXPECT_EQ(callsTo(L"NotesView.").back(), L"NotesView.GetFirstDocument method ()");
     EXPECT_EQ(callsTo(L"NotesView.FTSearch"), Lines{L"NotesView.FTSearch method (BSTR \"[Phone] CONTAINS \"0612\" OR "
                                                     L"[Mobile] CONTAINS \"0612\"\", I2 1)"});
@@ -88,7 +88,7 @@ TEST_F(LotusNumberSearch, FullText_IsAskedForTheNumberWithoutSeparators_ThenUnch
     EXPECT_EQ(callsTo(L"NotesView.FTSearch"),
               (Lines{L"NotesView.FTSearch method (BSTR \"[Phone] CONTAINS \"061234\"\", I2 1)",
                      L"NotesView.FTSearch method (BSTR \"[Phone] CONTAINS \"06.12 34\"\", I2 1)"}));
-    EXPECT_EQ(person.LastName, L"Zola");
+    EXPECT_EQ(person.lastName, L"Zola");
     forgetCalls();
     EXPECT_FALSE(search(L"0699"));
     EXPECT_EQ(calls(L"NotesView.FTSearch method"), 1u) << "both writings are the same";
@@ -107,7 +107,7 @@ TEST_F(LotusNumberSearch, BookWithAMainViewButNoPhoneItems_IsRefusedByNotes_AndT
     ASSERT_EQ(session.LotusAddressBooks[0].PhoneNumber, Lines{L""});
     add(L"names.nsf", durand);
     EXPECT_TRUE(search(L"014567"));
-    EXPECT_EQ(person.LastName, L"Durand");
+    EXPECT_EQ(person.lastName, L"Durand");
     EXPECT_EQ(lastLogLine(), noAccess(L"CN=Mail1/O=Acme books\\company.nsf"));
 }
 
@@ -133,7 +133,7 @@ TEST_F(LotusNumberSearch, BookThatCannotBeOpened_IsLogged_AndTheOthersSearched)
     notes.ask(L"available CN=Mail1/O=Acme!!books\\company.nsf off");
     add(L"names.nsf", durand);
     EXPECT_TRUE(search(L"014567"));
-    EXPECT_EQ(person.LastName, L"Durand");
+    EXPECT_EQ(person.lastName, L"Durand");
     EXPECT_EQ(lastLogLine(), noAccess(L"CN=Mail1/O=Acme books\\company.nsf"));
     EXPECT_EQ(trapped.procedures, Lines{L"SearchInPublicAdressBook"});
 }
@@ -168,7 +168,7 @@ TEST_F(LotusNumberSearch, MailAddressThatCannotBeRead_IsNone_AndThePersonIsFound
         EXPECT_EQ(record().at(*item == L'M' ? 6 : 7),
                   L"NotesDocument.GetItemValue method (BSTR \"" + std::wstring(item) + L"\")")
             << "the one that failed";
-        EXPECT_EQ(person.FullName + L"|" + person.Mail + L"|" + person.NoteId, L"Marc Durand||8F6") << desk::utf8(item);
+        EXPECT_EQ(person.fullName + L"|" + person.mail + L"|" + person.noteId, L"Marc Durand||8F6") << desk::utf8(item);
         EXPECT_TRUE(notes.ask(L"windows").ends_with(L"\tread\tfront")) << desk::utf8(item);
     }
     EXPECT_EQ(lastLogLine(), before);
@@ -203,7 +203,7 @@ TEST_F(LotusNumberSearch, NumberThatNoQueryCanSay_IsAskedForByKeyOnly_AndNothing
     EXPECT_EQ(lastLogLine(), before);
     add(L"names.nsf", L"Form=Person\nLastName=Abel\nOfficePhoneNumber=06\"12\n");
     EXPECT_TRUE(search(L"06\"12"));
-    EXPECT_EQ(person.LastName, L"Abel") << "a key may hold anything";
+    EXPECT_EQ(person.lastName, L"Abel") << "a key may hold anything";
 }
 
 TEST_F(LotusNumberSearch, EmptyNumber_EndsQuietly)
@@ -218,8 +218,8 @@ TEST_F(LotusNumberSearch, DocumentWithoutTheNamedItems_IsFound_WithEmptyNames)
     add(L"names.nsf", L"Form=Person\nOfficePhoneNumber=014567\n");
     person = {L"old", L"old", L"old", L"old", L"old"};
     EXPECT_TRUE(search(L"014567"));
-    EXPECT_EQ(person.LastName + person.FirstName + person.FullName + person.Mail, L"");
-    EXPECT_EQ(person.NoteId, L"8F6");
+    EXPECT_EQ(person.lastName + person.firstName + person.fullName + person.mail, L"");
+    EXPECT_EQ(person.noteId, L"8F6");
 }
 
 TEST_F(LotusNumberSearch, BareValueOfAMissingItem_IsAFailureOfThisBook_WithWhatWasReadBefore)
@@ -227,8 +227,8 @@ TEST_F(LotusNumberSearch, BareValueOfAMissingItem_IsAFailureOfThisBook_WithWhatW
     notes.ask(L"missing text");
     add(L"names.nsf", L"Form=Person\nLastName=Abel\nOfficePhoneNumber=014567\n");
     EXPECT_FALSE(search(L"014567"));
-    EXPECT_EQ(person.LastName, L"Abel");
-    EXPECT_EQ(person.NoteId, L"");
+    EXPECT_EQ(person.lastName, L"Abel");
+    EXPECT_EQ(person.noteId, L"");
     EXPECT_EQ(lastLogLine(), noAccess(L" names.nsf"));
 }
 
@@ -237,10 +237,10 @@ TEST_F(LotusNumberSearch, ItemsOfOtherTypes_BecomeTexts)
     add(L"names.nsf", L"Form=Person\nLastName:number=42\nFirstName:date=2023-03-15\nFullName:richtext=Marc\n"
                       L"MailAddress:number=7\nOfficePhoneNumber=014567\n");
     EXPECT_TRUE(search(L"014567"));
-    EXPECT_EQ(person.LastName, L"42");
-    EXPECT_EQ(person.FirstName, L"3/15/2023");
-    EXPECT_EQ(person.FullName, L"Marc");
-    EXPECT_EQ(person.Mail, L"7");
+    EXPECT_EQ(person.lastName, L"42");
+    EXPECT_EQ(person.firstName, L"3/15/2023");
+    EXPECT_EQ(person.fullName, L"Marc");
+    EXPECT_EQ(person.mail, L"7");
 }
 
 TEST_F(LotusNumberSearch, PersonWithoutTheWantedField_IsSearchedInTheNextBooks)
@@ -248,10 +248,10 @@ TEST_F(LotusNumberSearch, PersonWithoutTheWantedField_IsSearchedInTheNextBooks)
     add(L"names.nsf", L"Form=Person\nLastName=Abel\nOfficePhoneNumber=014567\n");
     add(company, L"Form=Employee\nName=Zola\nMail=zola@acme.fr\nPhone=014567\n");
     EXPECT_TRUE(search(L"014567", L"InternetAddress"));
-    EXPECT_EQ(person.LastName, L"Zola");
+    EXPECT_EQ(person.lastName, L"Zola");
     EXPECT_EQ(book.Base, L"books\\company.nsf");
     EXPECT_TRUE(search(L"014567", L"LastName,InternetAddress"));
-    EXPECT_EQ(person.LastName, L"Abel") << "one of two is enough";
+    EXPECT_EQ(person.lastName, L"Abel") << "one of two is enough";
     EXPECT_EQ(book.Base, L"names.nsf");
 }
 
@@ -260,18 +260,18 @@ TEST_F(LotusNumberSearch, NoBookQualifies_FalseWithTheLastBooksValues)
     add(L"names.nsf", L"Form=Person\nLastName=Abel\nOfficePhoneNumber=014567\n");
     add(company, L"Form=Employee\nName=Zola\nPhone=014567\n");
     EXPECT_FALSE(search(L"014567", L"InternetAddress"));
-    EXPECT_EQ(person.LastName, L"Zola");
-    EXPECT_NE(person.NoteId, L"");
+    EXPECT_EQ(person.lastName, L"Zola");
+    EXPECT_NE(person.noteId, L"");
     EXPECT_EQ(book.Base, L"") << "nothing was found in a book";
 }
 
 TEST_F(LotusNumberSearch, NotReady_TouchesNothing)
 {
     session.LotusReady = false;
-    person.LastName = L"kept";
+    person.lastName = L"kept";
     EXPECT_FALSE(search(L"014567"));
     EXPECT_FALSE(SearchInPublicAdressBook(session, session.LotusAddressBooks[0], L"014567", person, Show::yes));
-    EXPECT_EQ(person.LastName, L"kept");
+    EXPECT_EQ(person.lastName, L"kept");
     EXPECT_EQ(notes.recorder().calls().size(), 0u);
 }
 
@@ -292,11 +292,11 @@ TEST_F(LotusNumberSearch, TypedArrays_AreReadAsAnyOther)
     add(L"names.nsf", L"Form=Person\nLastName=Durand\nFirstName:number=42\nFullName:date=2023-03-15\n"
                       L"OfficePhoneNumber=014567\nMailAddress=\nMailAddress+=marc@acme.fr\n");
     EXPECT_TRUE(search(L"014567"));
-    EXPECT_EQ(person.LastName + L"|" + person.FirstName + L"|" + person.FullName + L"|" + person.Mail,
+    EXPECT_EQ(person.lastName + L"|" + person.firstName + L"|" + person.fullName + L"|" + person.mail,
               L"Durand|42|3/15/2023|marc@acme.fr");
     add(L"names.nsf", L"Form=Person\nOfficePhoneNumber=99\n");
     EXPECT_TRUE(search(L"99"));
-    EXPECT_EQ(person.LastName + person.Mail, L"") << "missing items";
+    EXPECT_EQ(person.lastName + person.mail, L"") << "missing items";
     EXPECT_EQ(trapped.errors, std::vector<std::string>{});
 }
 

@@ -46,7 +46,7 @@ protected:
     std::wstring search(const std::wstring& number, Show show = Show::no)
     {
         const LotusSearchResult result = SearchByNumber(session, number, show);
-        return result.isFound ? result.person.LastName : L"";
+        return result.isFound ? result.person.lastName : L"";
     }
 
     // Two searches so long apart that the view was opened after the second in which
@@ -275,7 +275,7 @@ TEST_F(LotusOpenBooks, MailAddressThatCouldNotBeRead_IsReadByTheNextSearch)
     const auto mail = [&] {
         const LotusSearchResult result = SearchByNumber(session, L"014567", Show::no);
         EXPECT_TRUE(result.isFound);
-        return result.person.Mail;
+        return result.person.mail;
     };
     const BooksKeptOpen kept(session);
     fault(L"on NotesDocument.GetItemValue at 4 fail 0x80004005");
@@ -299,7 +299,7 @@ TEST_F(LotusOpenBooks, FailureOfWhatIsOpen_LeavesNothingOfWhatItRead)
     fault(L"on NotesView.FTSearch at 2 answer I4 0");
     const LotusSearchResult result = SearchByNumber(session, L"0612", Show::yes, L"", {L"before", L"", L"", L"", L""});
     EXPECT_FALSE(result.isFound);
-    EXPECT_EQ(result.person.LastName, L"before");
+    EXPECT_EQ(result.person.lastName, L"before");
     EXPECT_EQ(calls(L"NotesView.FTSearch method"), 2u);
 }
 

@@ -189,7 +189,7 @@ TEST_F(LotusSettings, EveryKeyOfThePersonalLog_GoesToItsField)
     const PersonalLogDescription& log = session.LotusPersonalLog;
     EXPECT_EQ(Names({log.Base, log.Server, log.MainView, log.ViewTel, log.ViewMail}),
               (Names{L"l.nsf", L"s", L"m", L"t", L"e"}));
-    EXPECT_EQ(Names({log.Body, log.Events, log.Form, log.TypeForm, log.StartTime, log.FinishTime, log.ServerItem}),
+    EXPECT_EQ(Names({log.Body, log.Events, log.Form, log.TypeForm, log.StartTime, log.FinishTime, log.serverItem}),
               (Names{L"1", L"2", L"3", L"4", L"5", L"6", L"7"}));
 }
 

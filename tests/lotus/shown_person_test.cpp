@@ -54,7 +54,7 @@ TEST_F(LotusShownPerson, DocumentThatCannotBeShown_IsAFailureOfThisBook)
     add(L"names.nsf", durand);
     fault(L"on NotesUIWorkspace.OpenDatabase fail 0x80004005");
     EXPECT_FALSE(searchAndShow(L"014567"));
-    EXPECT_EQ(person.LastName, L"Durand");
+    EXPECT_EQ(person.lastName, L"Durand");
     EXPECT_EQ(lastLogLine(), noAccess(L" names.nsf"));
 }
 
@@ -63,7 +63,7 @@ TEST_F(LotusShownPerson, OldCopyThatCannotBeClosed_IsAFailureOfThisBook_WithBoth
     notes.ask(L"open " + add(L"names.nsf", durand));
     fault(L"on NotesUIDocument.Close fail 0x80004005");
     EXPECT_FALSE(searchAndShow(L"014567"));
-    EXPECT_EQ(person.NoteId, L"8F6");
+    EXPECT_EQ(person.noteId, L"8F6");
     EXPECT_EQ(split(notes.ask(L"windows"), L'\n').size(), 2u);
     EXPECT_EQ(lastLogLine(), noAccess(L" names.nsf"));
 }

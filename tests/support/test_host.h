@@ -13,10 +13,10 @@ namespace hublink {
 
 class TestHost : public Host {
 public:
-    void WriteLog(const std::wstring& szMessage) override
+    void WriteLog(const std::wstring& line) override
     {
-        log.push_back(szMessage);
-        if (onLog) onLog(szMessage);
+        log.push_back(line);
+        if (onLog) onLog(line);
     }
 
     void StopConnector() override
@@ -28,10 +28,10 @@ public:
     const Configuration& configuration() const override { return settings; }
     void enableSupervision() override { supervised = true; }
 
-    void showMessage(const std::wstring& szMessage) override
+    void showMessage(const std::wstring& text) override
     {
-        messages.push_back(szMessage);
-        if (onMessage) onMessage(szMessage);
+        messages.push_back(text);
+        if (onMessage) onMessage(text);
     }
 
     void pause(std::int32_t milliseconds) override
