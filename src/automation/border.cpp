@@ -1,7 +1,7 @@
 #include "automation/border.h"
 
 #include "automation/error.h"
-#include "automation/server/failure.h"
+#include "automation/failure.h"
 
 #include <exception>
 #include <new>
@@ -22,9 +22,9 @@ try {
     throw;
 } catch (const AutomationError& error) {
     return error.code();
-} catch (const server::Exception& error) {
+} catch (const Exception& error) {
     return error.code;
-} catch (const server::Failure& error) {
+} catch (const Failure& error) {
     return error.code;
 } catch (const std::bad_alloc&) {
     return E_OUTOFMEMORY;

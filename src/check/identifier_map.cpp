@@ -2,6 +2,7 @@
 
 #include "automation/text.h"
 #include "common/files.h"
+#include "common/program_files.h"
 #include "convid/class_identity.h"
 #include "convid/store_error.h"
 #include "convid/store_place.h"
@@ -17,8 +18,6 @@ namespace {
 using convid::RecordPointer;
 using convid::StoreState;
 
-constexpr const wchar_t* serverFile = L"PavexConvId.exe";
-
 std::wstring storeFile()
 try {
     return convid::storePath(convid::MissingFolder::staysMissing);
@@ -30,7 +29,7 @@ try {
 bool isOwnServer(const ClassFacts& server)
 {
     const std::wstring name = server.server.substr(server.server.find_last_of(L'\\') + 1);
-    return automation::equalWithoutCase(name, serverFile);
+    return automation::equalWithoutCase(name, mapServerProgram);
 }
 
 Findings serverFindings(const MapFacts& facts, const Texts& texts)
@@ -105,7 +104,7 @@ MapFacts mapFacts(const std::wstring& programFolder)
 {
     MapFacts facts;
     facts.server = classFacts(convid::classRegistration.progId);
-    const std::wstring own = programFolder + L"\\" + serverFile;
+    const std::wstring own = programFolder + L"\\" + mapServerProgram;
     if (FileExist(own)) facts.ownServer = own;
     facts.file = storeFile();
     if (!facts.file.empty()) facts.store = convid::readStore(facts.file);

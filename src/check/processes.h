@@ -5,6 +5,7 @@
 #include "check/finding.h"
 #include "check/texts.h"
 #include "common/configuration.h"
+#include "common/program_files.h"
 
 #include <windows.h>
 
@@ -30,11 +31,11 @@ struct ProgramFacts {
 struct RunningFacts {
     bool isListed = true; // else the system told no processes
     Elevation own = Elevation::unknown; // of this program itself
-    ProgramFacts hublink{L"hublink.exe", {}};
-    ProgramFacts softphone{L"pavex.exe", {}};
-    ProgramFacts outlook{L"OUTLOOK.EXE", {}};
-    ProgramFacts notes{L"nlnotes.exe", {}};
-    ProgramFacts map{L"PavexConvId.exe", {}};
+    ProgramFacts hublink{hublinkProgram, {}};
+    ProgramFacts softphone{softphoneProgram, {}};
+    ProgramFacts outlook{outlookProgram, {}};
+    ProgramFacts notes{notesProgram, {}};
+    ProgramFacts map{mapServerProgram, {}};
     bool usesOutlook = false;
     bool usesNotes = false;
 };

@@ -3,6 +3,7 @@
 #include "check/registry_view.h"
 #include "common/files.h"
 #include "common/installation.h"
+#include "common/program_files.h"
 #include "common/registry.h"
 
 namespace hublink::check {
@@ -33,7 +34,7 @@ SoftphoneFacts softphoneFacts(const Configuration& installation)
     SoftphoneFacts facts{installation.szPathPavex, installation.szServer, installation.szUserName,
                          textInView(HKEY_LOCAL_MACHINE, softphoneKey, L"Path", KEY_WOW64_64KEY)};
     facts.folderIsThere = isText(facts.folder) && isFolder(facts.folder);
-    facts.programIsThere = facts.folderIsThere && FileExist(facts.folder + L"\\pavex.exe");
+    facts.programIsThere = facts.folderIsThere && FileExist(facts.folder + L"\\" + softphoneProgram);
     return facts;
 }
 

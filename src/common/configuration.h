@@ -12,8 +12,8 @@ struct Configuration {
     std::wstring szServer;            // address of the softphone's server component
     std::wstring szUserName;          // softphone user name
     std::wstring szPathPavex;         // softphone installation folder
-    std::wstring szPathLogFile;       // kept for a log file; nothing writes to it
-    std::wstring szFileInit;          // declared for completeness, never set
+    std::wstring szPathLogFile;       // of a log file: set at the start, read by nobody
+    std::wstring szFileInit;          // never set, read by nobody
     std::wstring szFileConnectorIni;  // full path of the ini file
     bool bgWithLotus = false;         // Lotus Notes is a groupware in use
     bool bgWithOutlook = false;       // Outlook is a groupware in use

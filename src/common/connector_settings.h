@@ -18,14 +18,14 @@ bool namesGroupware(const Configuration& configuration);
 // "kill", by which another program asks the connector to stop.
 bool asksForStop(const IniFile& ini);
 
-// Whether the file answers the question: not when its "kill" is missing or
-// empty, nor while another program keeps the file to itself.
+// Whether "kill" can be read: not when it is missing or empty, nor while another
+// program keeps the file to itself.
 bool tellsWhetherToStop(const IniFile& ini);
 
-// Asks it. False when the file could not be written.
+// Writes the request. False when the file could not be written.
 bool askForStop(const IniFile& ini);
 
-// Sets it back. False when the file could not be written.
+// Sets "kill" back. False when the file could not be written.
 bool takeStopRequestBack(const IniFile& ini);
 
 }

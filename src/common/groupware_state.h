@@ -10,7 +10,7 @@ class Host;
 
 struct GroupwareState {
     // Failed groupware initialisations since the start, both adapters counted
-    // together. Never reset while the program runs.
+    // together. The form sets it to 0 at its start, nobody later.
     std::int16_t nbInitFailure = 0;
 
     // The softphone user's two name texts, joined by a blank.

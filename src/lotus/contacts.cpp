@@ -33,7 +33,7 @@ void fill(const Object& document, const LotusAddressBook& book, const Party& con
 void save(const LotusSession& session, const Object& document)
 {
     openBooks(session)->forget();
-    document.call(L"save", {true, true});
+    saveDocument(document);
 }
 
 void logNewContact(LotusSession& session, const Party& contact)
@@ -74,9 +74,7 @@ std::wstring CreateContactFromEntry(LotusSession& session, const SoftphoneEntry&
 {
     std::wstring noteId;
     trapErrors([&] {
-        const std::wstring number = StripPhoneNumber(entry.number());
-        const std::wstring lastName = entry.lastName();
-        const Party party{number, lastName, entry.firstName()};
+        const Party party{StripPhoneNumber(entry.number()), entry.lastName(), entry.firstName()}; // asked in this order
         noteId = CreateContactDocument(session, party, Show::no);
         logNewContact(session, party);
     });

@@ -33,7 +33,7 @@ bool takeFrontDocument(FrontDocument& front)
 // that is open.
 void saveAndReopen(const FrontDocument& front)
 {
-    front.stored.call(L"save", {true, true});
+    saveDocument(front.stored);
     front.workspace.call(L"EDITDOCUMENT", {false, front.stored});
     front.shown.call(L"Close");
 }

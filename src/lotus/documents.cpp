@@ -83,6 +83,13 @@ bool IsSameDatabase(const DatabaseNames& database, const std::wstring& server, c
     return isSame;
 }
 
+void saveDocument(const Object& document)
+{
+    constexpr bool force = true;
+    constexpr bool createResponse = true; // says nothing beside `force`
+    document.call(L"save", {force, createResponse});
+}
+
 void openDocument(const LotusBaseRef& base, const Object& document, OpenFor purpose)
 {
     const Object workspace = notesWorkspace();

@@ -26,8 +26,8 @@ std::wstring FirstNonEmptyItemValue(const automation::Object& document, const st
 // the front-end object of the one there, if any. No error leaves it.
 bool IsCurrentDocument(const automation::Object& document, automation::Object& frontDocument);
 
-// What a database is called, each name asked for once and when it is needed
-// first. A database itself may stand for its names.
+// What a database is called. Each name is asked for when it is needed first, and kept.
+// A database can be given wherever its names are wanted.
 class DatabaseNames {
 public:
     DatabaseNames(const automation::Object& database) : database_(database) {}
@@ -47,6 +47,10 @@ private:
 // Whether a database lies on the server under that file name or path. Case and
 // the markers "CN=" and "O=" of a hierarchical name make no difference. No error leaves it.
 bool IsSameDatabase(const DatabaseNames& database, const std::wstring& server, const std::wstring& fileName);
+
+// Saves a document, also over what somebody else has saved of it meanwhile. Throws
+// AutomationError.
+void saveDocument(const automation::Object& document);
 
 enum class OpenFor { reading, editing };
 

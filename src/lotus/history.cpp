@@ -4,6 +4,7 @@
 #include "common/error_trap.h"
 #include "common/phone_number.h"
 #include "common/text.h"
+#include "lotus/documents.h"
 #include "lotus/open_books.h"
 #include "lotus/search.h"
 
@@ -85,7 +86,7 @@ std::wstring CreateHistoryDocument(LotusSession& session, const SoftphoneHistory
         const std::wstring number = item.number();
         if (!number.empty()) appendParty(session, document, items, item, StripPhoneNumber(number));
         appendCall(session, document, items, item);
-        document.call(L"save", {true, true});
+        saveDocument(document);
         noteId = document.get(L"NoteId").text();
         refreshView(session, history);
     });

@@ -20,8 +20,8 @@ void requireLotusInitialisation(LotusSession& session);
 // changed. No error leaves it.
 void reopenLotus(LotusSession& session);
 
-// Notes was closed: lets the session object go, unless the session waits for its
-// initialisation anyway. `LotusReady` stays, and brings the session back.
+// Notes was closed: an open session lets its object go and waits for its next
+// initialisation. `LotusReady` stays: Notes was in use and is to be followed.
 void notesHasGone(LotusSession& session);
 
 }

@@ -7,7 +7,7 @@
 namespace hublink {
 
 // Replaces the names by those of the person with the number, if there is one, and
-// publishes that one's document in the Notes environment. Does nothing while Notes
+// publishes this person's document in the Notes environment. Does nothing while Notes
 // is not ready. Throws AutomationError; names that were found stay then.
 void publishLastCall(LotusSession& session, Party& party);
 

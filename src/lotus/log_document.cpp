@@ -50,7 +50,7 @@ void WriteLotusLog(LotusSession& session, const std::wstring& text)
         // or that has outgrown a Notes item, would lose every line.
         session.NewLogDocument = !isNew;
         (isNew ? begin : append)(document, session.LotusPersonalLog, now, line);
-        document.call(L"save", {true, true});
+        saveDocument(document);
         session.NewLogDocument = false;
     });
 }

@@ -31,13 +31,13 @@ struct LotusSession {
     bool LotusReady = false;            // an initialisation has run to its end; stays when Notes goes away
     bool LotusMustInit = true;          // the next `InitLotus` has something to do
     bool NewLogDocument = false;        // the next log line opens a new log document
-    bool NotesRelease5 = false;         // kept only
+    bool NotesRelease5 = false;         // whether Notes called itself that; read by nobody
     std::wstring MailServer;            // the user's mail database
     std::wstring MailFile;
-    automation::Object mailDatabase;    // the same, once it was opened
-    automation::Object HistoryDatabase; // the call history's
-    automation::Object LogDatabase;     // the log document's
-    automation::Object LogDocument;     // the one that lines are added to
+    automation::Object mailDatabase;    // that database, once it was opened
+    automation::Object HistoryDatabase; // the one that the call history is in
+    automation::Object LogDatabase;     // the one that the log document is in
+    automation::Object LogDocument;     // the document that log lines are added to
     std::wstring LotusLogText;          // the last line about an initialisation
 
     std::int16_t nbPublicAddressBook = 0;            // address books described in the ini file
@@ -45,7 +45,7 @@ struct LotusSession {
     std::shared_ptr<OpenBooks> openBooks;            // of the event or walk under way, if there is one
     std::int16_t nSelectedPersonal = -1;             // index of the first personal one, -1 for none
     bool bShowGrpwAgenda = false;                    // group calendars may be shown
-    bool bPopUpGrpwAgenda = false;                   // and are, for a forwarded call
+    bool bPopUpGrpwAgenda = false;                   // they come up for a forwarded call
     bool bAlwaysVerifyPhoneNumber = false;           // a mail's number is looked up although it has one
     bool bCallInMail = false;                        // the sender's number is put into a mail
     CallLogDescription LotusCallLog;

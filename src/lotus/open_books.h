@@ -31,12 +31,12 @@ public:
     bool isFilteredFor(const std::wstring& number) const { return filteredFor_ == number; }
     void wasFilteredFor(const std::wstring& number) { filteredFor_ = number; }
 
-    // Who has a number, as the view has told: nobody is an answer too. Null when it
-    // was not asked. To be asked for after `view`, which forgets what may be stale.
+    // What the view has told about a number: a person, or that nobody has it. Null when
+    // it was not asked. Call `view` first, which forgets answers that may be stale.
     const std::optional<LotusPerson>* answer(const std::wstring& number) const;
     void remember(const std::wstring& number, std::optional<LotusPerson> person);
 
-    // What the view has shown does not hold any more, or nothing at all does.
+    // Drops the view and its answers; `close` drops the database too.
     void forget();
     void close();
 
@@ -64,16 +64,17 @@ public:
     // another one than they were opened in.
     std::shared_ptr<OpenBook> book(const LotusSession& session, const LotusAddressBook& description);
 
-    // A document was saved in one of them; in which, is not to be told, for a server
-    // may go by several names.
+    // A document was saved in one of the books. Which one cannot be told, since a server
+    // may go by several names: each book forgets what it has shown.
     void forget();
 
-    // A front-end object that has served before, or a new one. The caller gives it
-    // back once it has served again: one of a Notes that has gone serves nobody.
+    // The front-end object of an earlier call, or a new one. The caller gives it back
+    // after its own calls have succeeded: they fail once Notes has ended.
     automation::Object takeWorkspace();
     void giveBack(const automation::Object& workspace) { workspace_ = workspace; }
 
-    // Whom no book knew may be in one by now: their views are opened anew.
+    // Somebody may have got a number by now that nobody had: where no book knew it, the
+    // views are opened anew.
     void forgetIfUnknown(const std::wstring& number);
 
 private:
@@ -84,11 +85,11 @@ private:
     std::vector<std::shared_ptr<OpenBook>> books_;
 };
 
-// Those of the event or walk under way; without one, new ones that nobody keeps.
+// The books of the event or walk under way; outside of one, new ones for this use only.
 std::shared_ptr<OpenBooks> openBooks(const LotusSession& session);
 
-// While one lives, what a search has opened and found serves the next. An event
-// within a walk's message box uses the walk's.
+// While one lives, what a search has opened and found serves the next search. An event
+// that comes while a walk shows a message box uses the walk's books.
 class BooksKeptOpen {
 public:
     explicit BooksKeptOpen(LotusSession& session);

@@ -11,7 +11,7 @@
 
 namespace hublink {
 
-// What a search finds out.
+// What a search finds out about a person.
 struct LotusPerson {
     std::wstring lastName;
     std::wstring firstName;
@@ -36,7 +36,7 @@ struct LotusSearchResult {
 
 // Searches the books in their order for a person with the number and the
 // wanted fields ("" for none) and, if told to, shows each document found.
-// What is known already of the person stays where no document tells it.
+// The texts of `known` stay where no document tells them.
 LotusSearchResult SearchByNumber(LotusSession& session, const std::wstring& number, Show show,
                                  const std::wstring& wanted = L"", LotusPerson known = {});
 

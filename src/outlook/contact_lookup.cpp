@@ -119,7 +119,7 @@ Object WalkOutlookContacts(OutlookSession& session, const std::wstring& number)
         if (!match) return;
         if (match->needsRewrite) {
             match->contact.put(match->field, sought);
-            match->contact.call(L"Close", {std::int16_t{0}});
+            saveAndClose(match->contact);
         }
         contact = match->contact;
     });

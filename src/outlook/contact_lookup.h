@@ -33,7 +33,8 @@ struct OutlookPerson {
 automation::Object WalkOutlookContacts(OutlookSession& session, const std::wstring& number);
 
 // The contact with the number. When there is none the three texts are those that
-// are known already. So is the text that Outlook refuses to tell, and those after it.
+// are known already. A text that Outlook refuses to tell
+// stays as it is known, and so do those read after it.
 OutlookPerson FindOutlookContact(OutlookSession& session, const std::wstring& number, OutlookPerson known = {});
 
 // Opens the contact with the number on the screen; whether one was shown.

@@ -22,7 +22,7 @@ void fillAndSave(const Object& item, const Party& contact)
     item.put(L"FirstName", contact.firstName);
     item.put(L"LastName", contact.lastName);
     item.put(L"BusinessTelephoneNumber", contact.number);
-    item.call(L"Close", {std::int16_t{0}});
+    saveAndClose(item);
 }
 
 void logNewContact(OutlookSession& session, const Party& contact)
@@ -38,6 +38,7 @@ std::wstring CreateOutlookContact(OutlookSession& session, const SoftphoneEntry&
     std::wstring entryId;
     trapErrors([&] {
         const Object item = addContact(session);
+        // The first name is asked for before the last, which `Party` has the other way round.
         const std::wstring number = entry.number();
         const std::wstring firstName = entry.firstName();
         const Party contact{StripPhoneNumber(number), entry.lastName(), firstName};

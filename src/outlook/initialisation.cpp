@@ -26,14 +26,19 @@ void openApplication(OutlookSession& session)
     show(session, L"First Init Outlook");
 }
 
+Object defaultFolder(const Object& nameSpace, OutlookFolder folder)
+{
+    return nameSpace.get(L"GetDefaultFolder", {static_cast<std::int16_t>(folder)}).object();
+}
+
 void openFolders(OutlookSession& session)
 {
     const Object outlook = session.OutlookApp;
     const Object nameSpace = outlook.get(L"GetNamespace", {L"MAPI"}).object();
     session.OutlookNameSpace = nameSpace;
-    session.OutlookContacts = nameSpace.get(L"GetDefaultFolder", {std::int16_t{10}}).object();
-    session.OutlookInbox = nameSpace.get(L"GetDefaultFolder", {std::int16_t{6}}).object();
-    session.OutlookJournal = nameSpace.get(L"GetDefaultFolder", {std::int16_t{11}}).object();
+    session.OutlookContacts = defaultFolder(nameSpace, OutlookFolder::contacts);
+    session.OutlookInbox = defaultFolder(nameSpace, OutlookFolder::inbox);
+    session.OutlookJournal = defaultFolder(nameSpace, OutlookFolder::journal);
 }
 
 void loadDictionary(OutlookSession& session)

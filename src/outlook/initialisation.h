@@ -12,7 +12,7 @@ void InitOutlook(OutlookSession& session);
 // The same, also while the session is open: its settings may have changed.
 void reopenOutlook(OutlookSession& session);
 
-// Outlook was closed: lets go what is held of it, unless the session is not open.
+// Outlook was closed: an open session lets it go and waits for its next opening.
 void outlookHasGone(OutlookSession& session);
 
 // Ends an open session because the program stops, and Outlook with it where the

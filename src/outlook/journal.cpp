@@ -68,7 +68,7 @@ std::wstring CreateOutlookHistoItem(OutlookSession& session, const SoftphoneHist
         const std::wstring type =
             callTypeText(incoming, historyItem.state(), [&] { return historyItem.acknowledged(); });
         item.put(L"Body", TranslateCallType(type, session.dictionary));
-        item.call(L"Close", {std::int16_t{0}});
+        saveAndClose(item);
         entryId = item.get(L"EntryID").text();
     });
     return entryId;

@@ -20,7 +20,7 @@ void LogToOutlookJournal(OutlookSession& session, const std::wstring& text)
         item.put(L"End", now);
         if (isFirst) item.put(L"Type", L"Pavex Connector");
         item.put(L"Body", isFirst ? line : item.get(L"Body").text() + L"\n" + line);
-        item.call(L"Close", {std::int16_t{0}});
+        saveAndClose(item);
     });
 }
 

@@ -20,4 +20,10 @@ Object newOutlookItem(const OutlookSession& session, OutlookItemType type)
     return item.sharing(type == OutlookItemType::mail ? session.names.mail : session.names.journalItem);
 }
 
+void saveAndClose(const Object& item)
+{
+    constexpr std::int16_t save = 0; // of the ways to close an item
+    item.call(L"Close", {save});
+}
+
 }

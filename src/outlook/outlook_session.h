@@ -41,9 +41,9 @@ struct OutlookSession {
 
     automation::Object OutlookApp;        // empty until created and after a failed initialisation
     automation::Object OutlookNameSpace;
-    automation::Object OutlookContacts;   // default folder 10
-    automation::Object OutlookInbox;      // default folder 6, kept only
-    automation::Object OutlookJournal;    // default folder 11, kept only
+    automation::Object OutlookContacts;
+    automation::Object OutlookInbox;      // this and the next: opened as they are given, read by nobody
+    automation::Object OutlookJournal;
     bool bOutlookInit = false;            // the session is fully open; callers test it first
     bool tablesAreGuarded = false;        // Outlook asked about a table, or refused it, since it was opened
     KeptAnswers keptAnswers;              // of the contacts' table, while an event is handled
@@ -63,8 +63,13 @@ struct OutlookSession {
 automation::Object contactItems(const OutlookSession& session);
 
 enum class OutlookItemType : std::int16_t { mail = 0, journal = 4 };
+enum class OutlookFolder : std::int16_t { inbox = 6, contacts = 10, journal = 11 };
 
 // A new item, not saved yet. Throws AutomationError.
 automation::Object newOutlookItem(const OutlookSession& session, OutlookItemType type);
+
+// Saves an item without asking the user, and closes its window if there is one. Throws
+// AutomationError.
+void saveAndClose(const automation::Object& item);
 
 }

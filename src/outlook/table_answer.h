@@ -20,9 +20,9 @@ struct TableAnswer {
     std::int32_t rows = 0;    // which it had then
 };
 
-// Answers that serve again while one event is handled. A table shows that contacts come
-// or go, and is asked for their count. Nobody promises that it shows what is typed into
-// one, nor does the count tell that one has come for another: answers do not grow old.
+// Answers that serve again while one event is handled, and for two seconds at most. The
+// table's count of rows shows that contacts have come or gone. It does not show that a
+// contact was changed, nor that one has gone and another one come.
 struct KeptAnswers {
     struct Entry {
         std::wstring sought;

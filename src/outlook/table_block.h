@@ -14,9 +14,10 @@ inline constexpr std::size_t entryIdColumn = telephoneFields.size();
 inline constexpr std::size_t messageClassColumn = entryIdColumn + 1;
 inline constexpr std::size_t columnCount = messageClassColumn + 1;
 
-// Which of the array's two indexes is the column's, the vendor's help and the programs
-// in the field tell differently. It is the one that has as many values as there are
-// columns; where both have, the one with a message class at its place in every row.
+// The array has two indexes. By the vendor's help ("Table.GetArray method") the first one
+// is the column, in programs in the field it is the row. So the column is the index with
+// as many values as there are columns. Where both have as many, it is the index by which
+// every row holds a message class at the place of the message class.
 class TableBlock {
 public:
     // What GetArray gave. Throws AutomationError when it is no such array.

@@ -1,5 +1,6 @@
 #include "setup/actions.h"
 
+#include "common/program_files.h"
 #include "setup/action_data.h"
 #include "setup/first_settings.h"
 #include "setup/installed_settings.h"
@@ -43,7 +44,7 @@ void start(const Package& package)
 {
     const ActionData data = handedOver(package);
     for (const std::wstring& session : data.values(sessionEntry))
-        if (!startHublinkIn(std::stoul(session), data.value(folderEntry) + L"hublink.exe"))
+        if (!startHublinkIn(std::stoul(session), data.value(folderEntry) + hublinkProgram))
             package.log(L"it is not started again in session " + session);
 }
 

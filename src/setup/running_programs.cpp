@@ -6,6 +6,7 @@
 #include "common/connector_settings.h"
 #include "common/files.h"
 #include "common/installation.h"
+#include "common/program_files.h"
 #include "setup/softphone_place.h"
 
 #include <tlhelp32.h>
@@ -17,9 +18,6 @@
 namespace hublink::setup {
 
 namespace {
-
-constexpr const wchar_t* hublinkFile = L"hublink.exe";
-constexpr const wchar_t* mapServerFile = L"PavexConvId.exe";
 
 // Milliseconds. A request is seen at the next of Hublink's five-second ticks, and
 // obeyed at the one after it; a partner may have to be waited for before.
@@ -116,7 +114,7 @@ bool isOwn(DWORD session)
 std::vector<DWORD> sessionsOfHublink()
 {
     std::vector<DWORD> sessions;
-    for (const DWORD process : allNamed(hublinkFile)) {
+    for (const DWORD process : allNamed(hublinkProgram)) {
         DWORD session = 0;
         const bool isNew = ProcessIdToSessionId(process, &session) &&
                            std::find(sessions.begin(), sessions.end(), session) == sessions.end();
@@ -130,7 +128,7 @@ bool stopHublink()
     const std::wstring file = connectorFolderHere() + L"\\" + iniFileName;
     const bool asks = FileExist(file); // writing would make one
     const IniFile ini(file);
-    const bool ended = ends(hublinkFile, patienceForHublink, [&] {
+    const bool ended = ends(hublinkProgram, patienceForHublink, [&] {
         // The first one that reads the request takes it back, and others may run in other sessions.
         if (asks && !asksForStop(ini)) askForStop(ini);
     });
@@ -140,9 +138,9 @@ bool stopHublink()
 
 bool endMapServers()
 {
-    if (!allNamed(hublinkFile).empty()) return false;
-    return ends(mapServerFile, patienceForMapServer, [] {
-        for (const DWORD process : allNamed(mapServerFile)) automation::server::askToEnd(process);
+    if (!allNamed(hublinkProgram).empty()) return false;
+    return ends(mapServerProgram, patienceForMapServer, [] {
+        for (const DWORD process : allNamed(mapServerProgram)) automation::server::askToEnd(process);
     });
 }
 

@@ -1,6 +1,6 @@
-// A partner may never answer, and the thread that called it cannot help itself.
-// So another one looks, once a second, at the call that is out, and keeps the
-// program stoppable. It makes no call of its own and knows nothing of the form.
+// A partner may never answer, and the thread that called it can only wait. So another
+// thread looks once a second at the call under way and keeps the program stoppable. It
+// makes no COM call of its own and knows nothing of the form.
 #pragma once
 
 #include "automation/owners.h"
@@ -15,7 +15,7 @@ namespace hublink {
 class CallWatch {
 public:
     struct Times {                // milliseconds
-        DWORD patience = 10'000;  // a call out for longer is a long one
+        DWORD patience = 10'000;  // a call that lasts longer is a long one
         DWORD interval = 1'000;   // between two looks
     };
 
@@ -26,13 +26,14 @@ public:
     CallWatch& operator=(const CallWatch&) = delete;
 
     // Starts looking. Both run on the watch's thread and may not throw:
-    // `onLongCall` at each look at a long call; `end` instead when a stop has been
-    // asked for, and the call has gone on for as long again.
+    // `onLongCall` at each look at a long call; `end` instead when a stop
+    // has been asked for, and the call has gone on for `patience` since.
     void start(std::function<void()> onLongCall, std::function<void()> end);
 
     // The program has been asked to stop.
     void stopIsAsked() noexcept;
 
+    // Whether the call under way is a long one.
     bool callIsLong() const noexcept;
 
 private:

@@ -27,11 +27,11 @@ public:
     // ("Histo" is not compared); false otherwise, and when the reading ended early.
     bool ReadConnectorIni();
 
-    // Takes note of the file's time of change. Whether it is another one than
-    // before; throws AutomationError while there is no file.
+    // Remembers when the file was last changed; whether it has changed since the last
+    // time. Throws AutomationError while there is no file.
     bool noteChange();
 
-    // For the times at which no tick comes: stops the program if a changed file says so.
+    // Stops the program if a changed file says so. For long works, during which no tick comes.
     void obeyKill();
 
 private:

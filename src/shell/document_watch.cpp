@@ -1,6 +1,7 @@
 #include "shell/document_watch.h"
 
 #include "common/error_trap.h"
+#include "common/program_files.h"
 #include "lotus/current_document.h"
 #include "lotus/lotus_session.h"
 #include "shell/process_lookup.h"
@@ -49,7 +50,7 @@ void DocumentWatch::TimerCallInlotus_Timer()
         if (!session_.LotusReady) return;
         HANDLE process = nullptr;
         // A look-up of its own: the supervision's tells but once that Notes was restarted.
-        if (notesProcessId_ == 0) ProcessLookup().GetProcessHandle(L"nlnotes.exe", process, notesProcessId_);
+        if (notesProcessId_ == 0) ProcessLookup().GetProcessHandle(notesProgram, process, notesProcessId_);
         if (!shows(front, notesProcessId_)) return;
         UpdateCurrentDocumentNumber(session_);
     });

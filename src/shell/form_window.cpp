@@ -73,11 +73,11 @@ LRESULT CALLBACK FormWindow::procedure(HWND window, UINT message, WPARAM wParam,
     if (!form || !form->window_) return DefWindowProcW(window, message, wParam, lParam);
 
     LRESULT result = 0;
-    trapErrors([&] { result = form->handle(message, wParam, lParam); });
+    trapErrors([&] { result = form->handleMessage(message, wParam, lParam); });
     return result;
 }
 
-LRESULT FormWindow::handle(UINT message, WPARAM wParam, LPARAM lParam)
+LRESULT FormWindow::handleMessage(UINT message, WPARAM wParam, LPARAM lParam)
 {
     switch (message) {
     case WM_TIMER: timer(wParam); return 0;
@@ -92,7 +92,7 @@ LRESULT FormWindow::handle(UINT message, WPARAM wParam, LPARAM lParam)
         events_.sessionEnds();
         return 0;
     case longCallMessage:
-        if (automation::OutgoingCall::inProgress()) events_.callIsLong();
+        if (automation::OutgoingCall::inProgress()) events_.longCallNoticed();
         return 0;
     default: return DefWindowProcW(window_, message, wParam, lParam);
     }

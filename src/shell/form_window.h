@@ -17,7 +17,7 @@ public:
     virtual void Form_MouseMove(int button, int shift, double x, double y) = 0;
     virtual void Form_Terminate() = 0;
     virtual void sessionEnds() = 0;
-    virtual void callIsLong() = 0; // the one that is out
+    virtual void longCallNoticed() = 0; // the program waits in a call to another one, for long by now
 
 protected:
     ~FormEvents() = default;
@@ -52,8 +52,8 @@ public:
     // Whether COM refuses calls now, inside a message that another thread has sent.
     static bool comRefusesCalls() noexcept;
 
-    // Says, from another thread, that the call that is out is a long one. Waits a
-    // moment for the answer, since what nobody takes must not pile up.
+    // Says, from another thread, that the window's thread waits in a long call. Waits a
+    // moment for the answer: messages that nobody takes must not pile up.
     static void tellOfLongCall(HWND window);
 
     static constexpr const wchar_t* className = L"Hublink";
@@ -63,7 +63,7 @@ public:
 
 private:
     static LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) noexcept;
-    LRESULT handle(UINT message, WPARAM wParam, LPARAM lParam);
+    LRESULT handleMessage(UINT message, WPARAM wParam, LPARAM lParam);
     void startTimer(UINT_PTR id);
     void timer(UINT_PTR id);
     void mouseMove(WPARAM wParam, LPARAM lParam);

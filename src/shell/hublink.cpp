@@ -70,9 +70,9 @@ void Hublink::letUserStop()
     });
 }
 
-void Hublink::callIsLong()
+void Hublink::longCallNoticed()
 {
-    if (!stopping_.callIsLong()) return; // it is over, and another one is out
+    if (!stopping_.isHeldUpByCall()) return; // it is over, and another one is out
     letUserStop();
     question_.ask();
 }

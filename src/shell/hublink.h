@@ -62,7 +62,7 @@ private:
         question_.Form_MouseMove(button, shift, x, y);
     }
     void sessionEnds() override { stopping_.sessionEnds(); }
-    void callIsLong() override;
+    void longCallNoticed() override;
     int messageBox(const std::wstring& text, UINT flags);
 
     const Desktop desktop_;

@@ -22,7 +22,7 @@ public:
     // One of the supervision's ticks: offers the icon again that the shell has refused.
     void offerAgain();
 
-    // Takes it away. Any thread may.
+    // Removes the icon. Any thread may call it.
     void remove() const;
 
     const TrayIconData& record() const { return record_; }

@@ -19,7 +19,7 @@ void StopQuestion::Form_MouseMove(int, int, double x, double)
     if (pixelsFromTwips(x) != WM_RBUTTONDOWN || state_ != State::none) return;
     state_ = State::waits;
     // A question inside a call would hold it up; one that may never end is another matter.
-    if (stopping_.callIsLong()) return ask();
+    if (stopping_.isHeldUpByCall()) return ask();
     trapErrors([this] { window_.outsideCalls([this] { ask(); }); }, [this] { state_ = State::none; });
 }
 

@@ -20,7 +20,7 @@ public:
     StopQuestion& operator=(const StopQuestion&) = delete;
 
     // A message of the icon: `x` is the notification code, in twips. A right press
-    // opens the question, inside a short call after it.
+    // opens the question; during a short call to another program, after that call.
     void Form_MouseMove(int button, int shift, double x, double y);
 
     // Opens the question if one waits.

@@ -22,19 +22,21 @@ public:
     // Starts the watch. Whatever fails, the program goes on without it.
     void watchCalls();
 
-    // The call that is out has been so for long.
-    bool callIsLong() const { return callWatch_.callIsLong(); }
+    // Whether a stop would have to wait for a call to another program, for long already.
+    bool isHeldUpByCall() const { return callWatch_.callIsLong(); }
 
-    // Asks for a stop. Outlook is let go and the line logged where calls may go out.
+    // Asks for a stop. Outlook is let go and the stop is logged as soon as calls may go out.
     void StopConnector();
 
-    // The Windows session ends: asks for a stop that waits for nothing that need not be.
+    // The Windows session ends: asks for a stop that waits for a call under way only where
+    // COM would refuse further calls.
     void sessionEnds();
 
-    // Nobody is there any more to answer a box.
+    // Whether the Windows session ends: nobody would answer a message box.
     bool sessionIsEnding() const { return sessionEnds_; }
 
-    // Ends the process, unless the map server cannot be told: then the next try does.
+    // Tells the map server and ends the process. Where the map server cannot be told, the
+    // process goes on; the next call ends it without telling.
     void StopAll();
 
 private:
@@ -46,7 +48,7 @@ private:
     SoftphoneSession& session_;
     NotificationIcon& icon_;
     bool sessionEnds_ = false;
-    bool mapWasTold_ = false; // StopAll has called the map server, in vain perhaps
+    bool mapWasTold_ = false; // StopAll has called the map server, with success or without
     bool ending_ = false;     // "The End !!!" is on the screen
     CallWatch callWatch_;
 };

@@ -2,6 +2,7 @@
 
 #include "common/configuration.h"
 #include "common/error_trap.h"
+#include "common/program_files.h"
 #include "common/under_way.h"
 #include "lotus/initialisation.h"
 #include "outlook/initialisation.h"
@@ -19,7 +20,7 @@ Supervision::Supervision(SoftphoneSession& session, PavexInterface& link, Connec
 
 void Supervision::initProcessHandle()
 {
-    isRunning(L"pavex.exe", hPavexProcess);
+    isRunning(softphoneProgram, hPavexProcess);
     bProcessWatchReady = true;
 }
 
@@ -49,7 +50,7 @@ void Supervision::SupervisionPavex_Timer()
 
 void Supervision::superviseSoftphone()
 {
-    if (isRunning(L"pavex.exe", hPavexProcess)) return;
+    if (isRunning(softphoneProgram, hPavexProcess)) return;
     session_.host.WriteLog(L"Stop Connector Pavex HS");
     link_.Kill();
 }
@@ -58,7 +59,7 @@ void Supervision::superviseNotes()
 {
     LotusSession& lotus = session_.lotus;
     if (!lotus.LotusReady) return;
-    if (!isRunning(L"nlnotes.exe", hNotesProcess)) return notesHasGone(lotus);
+    if (!isRunning(notesProgram, hNotesProcess)) return notesHasGone(lotus);
     if (lotus.LotusMustInit) link_.InitConnector(NewLog::yes);
 }
 
@@ -66,7 +67,7 @@ void Supervision::superviseOutlook()
 {
     OutlookSession& outlook = session_.outlook;
     if (!session_.host.configuration().bgWithOutlook) return;
-    if (!isRunning(L"OUTLOOK.exe", hOutlookProcess)) return outlookHasGone(outlook);
+    if (!isRunning(outlookProgram, hOutlookProcess)) return outlookHasGone(outlook);
     if (!outlook.bOutlookInit) link_.InitConnector(NewLog::yes);
 }
 

@@ -40,7 +40,7 @@ private:
     Stopping& stopping_;
     ProcessLookup processes_;
     bool bProcessWatchReady = false;
-    HANDLE hPavexProcess = nullptr; // these three as the last look-up told them, kept only
+    HANDLE hPavexProcess = nullptr; // these three: set by each look-up, read by nobody
     HANDLE hOutlookProcess = nullptr;
     HANDLE hNotesProcess = nullptr;
     bool inTick_ = false; // a tick is under way, or waits in a message box of its own

@@ -20,7 +20,7 @@ using automation::Object;
 void logNewContact(SoftphoneSession& session, int created, const wchar_t* where, const std::wstring& number,
                    const SoftphoneEntry& entry)
 {
-    const std::wstring lastName = entry.lastName();
+    const std::wstring lastName = entry.lastName(); // asked for first: "+" promises no order
     session.host.WriteLog(std::to_wstring(created) + where + number + L" " + lastName + L" " + entry.firstName());
 }
 

@@ -20,8 +20,8 @@ void DoCallAction(SoftphoneSession& session, bool force, bool sendCallBackMessag
 void DisplayGroupwareInfo(SoftphoneSession& session);
 
 // Carries out what is switched on (with `force`: everything) for a call: the
-// callback message to the one it was forwarded to and that one's calendars,
-// then the caller's contact.
+// callback message to the person to whom it was forwarded, and that person's
+// calendars; then the caller's contact.
 void ProcessCallAction(SoftphoneSession& session, const Party& caller, Party destination, const std::wstring& cause,
                        bool force);
 

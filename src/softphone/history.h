@@ -15,7 +15,7 @@ void InitHisto(SoftphoneSession& session);
 // A new item is mirrored in each groupware; no contact is made for its party.
 void histo_OnHistoricNewItem(SoftphoneSession& session, const SoftphoneHistoryItem& item);
 
-// A journal item, a history document for the item, and its record in the map.
+// Makes the item's journal item, or its history document, and its record in the map.
 // `newContact` lets a contact be made for an unknown party. `id` is the item's
 // identifier text where it is known already.
 void SetHistoItemOutlook(SoftphoneSession& session, const SoftphoneHistoryItem& item, bool newContact,

@@ -2,6 +2,7 @@
 
 #include "automation/error.h"
 #include "automation/owners.h"
+#include "common/program_files.h"
 
 namespace hublink {
 
@@ -22,7 +23,7 @@ bool saysNotRegistered(HRESULT code)
 // Whether the map server beside the program registered itself.
 bool registerServer(const std::wstring& programFolder)
 {
-    const std::wstring program = programFolder + L"\\PavexConvId.exe";
+    const std::wstring program = programFolder + L"\\" + mapServerProgram;
     std::wstring command = L"\"" + program + L"\" /RegServer";
     STARTUPINFOW start{};
     start.cb = sizeof start;

@@ -8,7 +8,7 @@ namespace hublink {
 
 // A new object of the map server. Where the server is not registered, the
 // program that lies beside this one is registered for the current user first.
-// Throws AutomationError when there is no way to one.
+// Throws AutomationError when none can be made.
 automation::Object createIdentifierMap(const Host& host);
 
 }

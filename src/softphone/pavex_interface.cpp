@@ -34,6 +34,7 @@ void PavexInterface::InitPavex()
         session.LineObj = session.PavexObj.get(application::line).object();
         lineEvents_ = Subscription(session.LineObj, progId, lineHandlers());
         session.UserObj = session.PavexObj.get(application::user).object();
+        // Two statements, for "+" promises no order of its calls.
         const std::wstring firstText = session.UserObj.get(user::firstText).text();
         session.groupware.PavexUserName = firstText + L" " + session.UserObj.get(user::secondText).text();
         session.histo = session.PavexObj.get(application::history).object();

@@ -47,7 +47,7 @@ public:
     }
     void adressbookPavex_OnRepertoryDeleteEntry(std::int32_t, std::int32_t) {}
 
-    // What the link offers at any time; each is told of where its subject is.
+    // What the link offers at any time. The headers above say what each does.
     void DoCallAction(bool force, bool sendCallBackMessage)
     {
         hublink::DoCallAction(session_, force, sendCallBackMessage);

@@ -32,7 +32,7 @@ struct SoftphoneSession {
     const SoftphoneMemberNames names;
 
     automation::Object UserObj;
-    bool bInitConnector = false;          // InitConnector is running; kept only
+    bool bInitConnector = false;          // InitConnector is running; read by nobody
     std::wstring gPhoneNumberCalled;      // other party of the last new call
     std::wstring gLastNameCalled;
     std::wstring gFirstNameCalled;
@@ -45,8 +45,8 @@ struct SoftphoneSession {
     automation::Object histo;
     automation::Object adressbookPavex;
 
-    int repertoryWalks = 0;               // counts taken by the synchronisations so far
-    int historyWalks = 0;
+    int repertoryWalks = 0;               // how often a synchronisation has asked for the count of entries
+    int historyWalks = 0;                 // and of history items
 };
 
 }

@@ -2,7 +2,7 @@
 #include "automation/border.h"
 
 #include "automation/error.h"
-#include "automation/server/failure.h"
+#include "automation/failure.h"
 
 #include <gtest/gtest.h>
 

@@ -11,8 +11,8 @@ class Attachment : public LinkFixture {};
 TEST_F(Attachment, Start_AttachesToEverything_AndSubscribes)
 {
     start();
-    EXPECT_TRUE(softphone.PavexObj && softphone.LineObj && softphone.UserObj && softphone.histo &&
-                softphone.adressbookPavex && softphone.hashID);
+    EXPECT_TRUE(session.PavexObj && session.LineObj && session.UserObj && session.histo && session.adressbookPavex &&
+                session.hashID);
     EXPECT_TRUE(pavex.phone().attached);
     EXPECT_EQ(groupware.PavexUserName, L"Anna Keller");
     for (const auto& [object, subscribers] : pavex.subscribers()) EXPECT_EQ(subscribers, 1u) << desk::utf8(object);
@@ -51,11 +51,11 @@ TEST_F(Attachment, SubscribesToTheApplication_BeforeItTellsItThatItIsAttached)
 TEST_F(Attachment, Initialisation_LogsItsTwoLines_WithTwoBlanksBeforeOk)
 {
     std::vector<bool> underWay;
-    host.onLog = [&](const std::wstring&) { underWay.push_back(softphone.bInitConnector); };
+    host.onLog = [&](const std::wstring&) { underWay.push_back(session.bInitConnector); };
     start();
     EXPECT_EQ(host.log, (Lines{L"Start Connector Initialization", L"Connector Initialization  Ok"}));
     EXPECT_EQ(underWay, (std::vector<bool>{true, true}));
-    EXPECT_FALSE(softphone.bInitConnector);
+    EXPECT_FALSE(session.bInitConnector);
 }
 
 TEST_F(Attachment, InitialisationThatAnErrorEnds_IsUnderWayNoLonger)
@@ -63,7 +63,7 @@ TEST_F(Attachment, InitialisationThatAnErrorEnds_IsUnderWayNoLonger)
     host.onLog = [](const std::wstring&) { throw automation::AutomationError(L"WriteLog", E_FAIL); };
     start();
     EXPECT_EQ(host.log, Lines{L"Start Connector Initialization"});
-    EXPECT_FALSE(softphone.bInitConnector);
+    EXPECT_FALSE(session.bInitConnector);
 }
 
 TEST_F(Attachment, Initialisation_LogsItsStart_ThenPurges_ThenWalks)
@@ -113,7 +113,7 @@ TEST_F(Attachment, WithoutASoftphone_TheReferencesStayEmpty_AndTheInitialisation
     pavexFactory.reset();
     automation::server::unregisterClass(pavexClass);
     start();
-    EXPECT_FALSE(softphone.PavexObj || softphone.LineObj || softphone.histo || softphone.adressbookPavex);
+    EXPECT_FALSE(session.PavexObj || session.LineObj || session.histo || session.adressbookPavex);
     EXPECT_EQ(host.log, (Lines{L"Start Connector Initialization", L"Connector Initialization  Ok"}));
     EXPECT_TRUE(host.supervised);
 }
@@ -122,8 +122,8 @@ TEST_F(Attachment, SoftphoneWithoutAHistory_IsAttachedAsFarAsItGoes)
 {
     softphoneCalls.faults.add(L"on Application.History fail 0x80004005");
     start();
-    EXPECT_TRUE(softphone.LineObj && softphone.UserObj);
-    EXPECT_FALSE(softphone.histo || softphone.adressbookPavex);
+    EXPECT_TRUE(session.LineObj && session.UserObj);
+    EXPECT_FALSE(session.histo || session.adressbookPavex);
     EXPECT_TRUE(host.supervised);
 }
 
@@ -132,8 +132,8 @@ TEST_F(Attachment, UsersSecondNameFails_TheUserHasNoName_AndNeitherListIsReached
     softphoneCalls.faults.add(L"on User.SecondText fail 0x80004005");
     start();
     EXPECT_EQ(groupware.PavexUserName, L"");
-    EXPECT_TRUE(softphone.LineObj && softphone.UserObj);
-    EXPECT_FALSE(softphone.histo || softphone.adressbookPavex);
+    EXPECT_TRUE(session.LineObj && session.UserObj);
+    EXPECT_FALSE(session.histo || session.adressbookPavex);
     EXPECT_EQ(host.log.back(), L"Connector Initialization  Ok");
 }
 
@@ -146,8 +146,8 @@ TEST_F(Attachment, WithoutAMapServer_BothSynchronisationsEndAtTheirFirstRecord_A
     mapFactory.reset();
     automation::server::unregisterClass(convid::classRegistration);
     start();
-    EXPECT_FALSE(softphone.hashID);
-    EXPECT_TRUE(session.bOutlookInit);
+    EXPECT_FALSE(session.hashID);
+    EXPECT_TRUE(outlookSession.bOutlookInit);
     EXPECT_EQ(host.log, (Lines{L"Start Connector Initialization", L"Start repertory Synchronisation ",
                                L"Pb In Repertory Synchronisation", L"start History Synchronisation ",
                                L"Pb in History Synchronisation", L"Connector Initialization  Ok"}));
@@ -157,9 +157,9 @@ TEST_F(Attachment, WithoutAMapServer_BothSynchronisationsEndAtTheirFirstRecord_A
 TEST_F(Attachment, EveryInitialisation_TakesAFreshMapServerObject)
 {
     start();
-    const automation::Object first = softphone.hashID;
+    const automation::Object first = session.hashID;
     link.InitConnector(NewLog::yes);
-    EXPECT_NE(softphone.hashID.dispatch(), first.dispatch());
+    EXPECT_NE(session.hashID.dispatch(), first.dispatch());
 }
 
 }

@@ -22,7 +22,7 @@ protected:
     void begin()
     {
         start(people);
-        session.szCallBackMailSyntaxe = L"<FirstName> <LastName> <PhoneNumber>";
+        outlookSession.szCallBackMailSyntaxe = L"<FirstName> <LastName> <PhoneNumber>";
     }
 
     static desk::softphone::CallRecord incoming(const wchar_t* number, const wchar_t* destination = L"")
@@ -38,10 +38,10 @@ TEST_F(CallHandling, KnownCaller_IsShown_AndTheNamesAreTheContacts)
     begin();
     ring(incoming(L"0123"));
     EXPECT_EQ(windows(), L"Marc Durand - Contact");
-    EXPECT_EQ(softphone.gPhoneNumberCalled, L"0123");
-    EXPECT_EQ(softphone.gLastNameCalled, L"Durand");
-    EXPECT_EQ(softphone.gFirstNameCalled, L"Marc");
-    EXPECT_EQ(softphone.gDestinationNumber, L"");
+    EXPECT_EQ(session.gPhoneNumberCalled, L"0123");
+    EXPECT_EQ(session.gLastNameCalled, L"Durand");
+    EXPECT_EQ(session.gFirstNameCalled, L"Marc");
+    EXPECT_EQ(session.gDestinationNumber, L"");
 }
 
 TEST_F(CallHandling, NotForwarded_OnlyThePopUpActionsRun)
@@ -57,8 +57,8 @@ TEST_F(CallHandling, Forwarded_AMailToTheDestinationNamesTheCaller_ThenTheCaller
     begin();
     ring(incoming(L"0123", L"4711"));
     EXPECT_EQ(windows(), L"Marc Durand 0123 - Message\nMarc Durand - Contact");
-    EXPECT_EQ(softphone.gDestinationLastName, L"Petit");
-    EXPECT_EQ(softphone.gDestinationFirstName, L"Claire");
+    EXPECT_EQ(session.gDestinationLastName, L"Petit");
+    EXPECT_EQ(session.gDestinationFirstName, L"Claire");
     EXPECT_NE(outlookCalls.record().find(L"MailItem.To put (BSTR \"claire@example.com\")"), std::wstring::npos);
 }
 
@@ -84,7 +84,7 @@ TEST_F(CallHandling, UnknownDestination_NoMail_AndItsNamesAreCleared)
     outlook.command(L"close-windows", L"");
     ring(incoming(L"0123", L"99"));
     EXPECT_EQ(windows(), L"Marc Durand - Contact");
-    EXPECT_EQ(softphone.gDestinationLastName, L"");
+    EXPECT_EQ(session.gDestinationLastName, L"");
 }
 
 TEST_F(CallHandling, UnknownCallerWithNewContactOff_NothingIsShown)
@@ -93,8 +93,8 @@ TEST_F(CallHandling, UnknownCallerWithNewContactOff_NothingIsShown)
     ring({{L"555", L"Nguyen", L"Linh"}, true, L""});
     EXPECT_EQ(windows(), L"");
     EXPECT_EQ(count(L"contact"), 3u);
-    EXPECT_EQ(softphone.gLastNameCalled, L"Nguyen") << "the softphone's own names serve where no contact is known";
-    EXPECT_EQ(softphone.gFirstNameCalled, L"Linh");
+    EXPECT_EQ(session.gLastNameCalled, L"Nguyen") << "the softphone's own names serve where no contact is known";
+    EXPECT_EQ(session.gFirstNameCalled, L"Linh");
 }
 
 TEST_F(CallHandling, UnknownCallerWithNewContactOn_IsCreatedAndShown)
@@ -121,7 +121,7 @@ TEST_F(CallHandling, OutgoingCall_RefreshesTheNames_AndRunsNoAction)
 {
     begin();
     ring({{L"4711", L"", L""}, false, L""});
-    EXPECT_EQ(softphone.gLastNameCalled, L"Petit");
+    EXPECT_EQ(session.gLastNameCalled, L"Petit");
     EXPECT_EQ(windows(), L"");
     EXPECT_EQ(softphoneCalls.count(L"Call.DestinationNumber get"), 0u);
 }
@@ -131,8 +131,8 @@ TEST_F(CallHandling, OutgoingCallAfterAForwardedOne_ClearsTheDestinationNumberOn
     begin();
     ring(incoming(L"0123", L"4711"));
     ring({{L"4712", L"", L""}, false, L""});
-    EXPECT_EQ(softphone.gDestinationNumber, L"");
-    EXPECT_EQ(softphone.gDestinationLastName, L"Petit");
+    EXPECT_EQ(session.gDestinationNumber, L"");
+    EXPECT_EQ(session.gDestinationLastName, L"Petit");
 }
 
 TEST_F(CallHandling, EmptyNumber_KeepsTheNamesOfThePreviousCall_AndRunsNoAction)
@@ -141,10 +141,10 @@ TEST_F(CallHandling, EmptyNumber_KeepsTheNamesOfThePreviousCall_AndRunsNoAction)
     ring(incoming(L"0123"));
     outlook.command(L"close-windows", L"");
     ring({{L"", L"Nguyen", L"Linh"}, true, L"4711"});
-    EXPECT_EQ(softphone.gPhoneNumberCalled, L"");
-    EXPECT_EQ(softphone.gLastNameCalled, L"Durand");
-    EXPECT_EQ(softphone.gFirstNameCalled, L"Marc");
-    EXPECT_EQ(softphone.gDestinationNumber, L"");
+    EXPECT_EQ(session.gPhoneNumberCalled, L"");
+    EXPECT_EQ(session.gLastNameCalled, L"Durand");
+    EXPECT_EQ(session.gFirstNameCalled, L"Marc");
+    EXPECT_EQ(session.gDestinationNumber, L"");
     EXPECT_EQ(windows(), L"");
 }
 
@@ -192,18 +192,18 @@ TEST_F(CallHandling, ContactWithoutALastName_TheSoftphonesNamesServe)
     begin();
     outlook.load(desk::parseStore(L"[contact]\nFirstName=Firm\nBusinessTelephoneNumber=555\n"));
     ring({{L"555", L"Nguyen", L"Linh"}, true, L""});
-    EXPECT_EQ(softphone.gLastNameCalled, L"Nguyen");
-    EXPECT_EQ(softphone.gFirstNameCalled, L"Linh");
+    EXPECT_EQ(session.gLastNameCalled, L"Nguyen");
+    EXPECT_EQ(session.gFirstNameCalled, L"Linh");
     EXPECT_EQ(windows(), L"Firm - Contact");
 }
 
 TEST_F(CallHandling, OutlookNotReady_NothingIsAskedOfIt)
 {
     begin();
-    session.bOutlookInit = false;
+    outlookSession.bOutlookInit = false;
     ring({{L"0123", L"Nguyen", L"Linh"}, true, L"4711"});
     EXPECT_EQ(outlookCalls.calls().size(), 0u);
-    EXPECT_EQ(softphone.gLastNameCalled, L"Nguyen");
+    EXPECT_EQ(session.gLastNameCalled, L"Nguyen");
 }
 
 TEST_F(CallHandling, Forced_RunsTheActionsThatAreSwitchedOff)
@@ -240,7 +240,7 @@ TEST_F(CallHandling, ForcedBeforeAnyCall_PreparesNoMessage)
     EXPECT_EQ(outlookCalls.count(L"Application.CreateItem method"), 0u);
     link.DisplayGroupwareInfo();
     ring(incoming(L"0123"));
-    EXPECT_EQ(softphone.gLastNameCalled, L"Durand") << "the next call is served";
+    EXPECT_EQ(session.gLastNameCalled, L"Durand") << "the next call is served";
 }
 
 // The names are looked up first: what is switched meanwhile holds for this call.
@@ -274,7 +274,7 @@ TEST_F(CallHandling, NumbersWithDots_OneTableServesTheWholeCall_AndNoWalkRuns)
     start(L"[contact]\nFirstName=Marc\nLastName=Durand\nMobileTelephoneNumber=01.23\n"
           L"[contact]\nFirstName=Claire\nLastName=Petit\nBusinessTelephoneNumber=47 "
           L"11\nEmail1Address=claire@example.com\n");
-    session.bReplacePhoneNumber = false;
+    outlookSession.bReplacePhoneNumber = false;
     for (unsigned long rings = 1; rings <= 2; ++rings) {
         ring(incoming(L"0123", L"4711"));
         EXPECT_EQ(windows(), L"Untitled - Message\nMarc Durand - Contact");

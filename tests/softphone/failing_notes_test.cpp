@@ -28,7 +28,7 @@ protected:
     void prepare()
     {
         notes.load(databases);
-        lotus.LotusMustInit = true;
+        lotusSession.LotusMustInit = true;
         link.InitConnector(NewLog::yes);
         outlookCalls.clear();
     }

@@ -45,8 +45,8 @@ protected:
         outlook.command(L"close-windows", L"");
         notes.ask(L"close-windows");
         outlook.load(desk::parseStore(people));
-        session.bOutlookInit = false;
-        InitOutlook(session);
+        outlookSession.bOutlookInit = false;
+        InitOutlook(outlookSession);
         recorder.clear();
         if (!fault.empty()) recorder.faults.add(fault);
         ring({{L"0123", L"", L""}, true, L"4711"});
@@ -109,7 +109,7 @@ void FailingPartner::sweepOutlook(const std::wstring& fault)
         EXPECT_TRUE(isOpen(contact));
         EXPECT_TRUE(isOpen(L" - Message") || (index >= mailBegins && index <= mailEnds));
         EXPECT_LE(count(L"contact"), index > mailEnds ? 3u : 2u);
-        EXPECT_TRUE(session.bOutlookInit);
+        EXPECT_TRUE(outlookSession.bOutlookInit);
         expectNextCallServed(outlookCalls);
     }
 }

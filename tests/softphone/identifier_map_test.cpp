@@ -106,7 +106,7 @@ TEST_F(IdentifierMap, Purge_HasAMapServerObjectOfItsOwn)
 {
     start();
     put(L"A", L"1.9", 0, 1);
-    softphone.hashID = automation::Object();
+    session.hashID = automation::Object();
     link.PurgeIdRepertory();
     EXPECT_EQ(mapped(L"1.9"), L"");
 }
@@ -132,7 +132,7 @@ TEST_F(IdentifierMap, StopDuringThePurge_LeavesTheRest)
 {
     start();
     for (int n = 0; n < 10; ++n) put(L"A", (L"9." + std::to_wstring(n)).c_str(), 0, 1);
-    const automation::Object book = softphone.adressbookPavex;
+    const automation::Object book = session.adressbookPavex;
     support::RawPartner stopping; // asks for a stop at its third look-up, and has nothing
     int lookUps = 0;
     stopping.onCall = [&](const support::RawPartner::Call& call) {
@@ -142,11 +142,11 @@ TEST_F(IdentifierMap, StopDuringThePurge_LeavesTheRest)
         host.settings.gStop = ++lookUps == 3;
         return S_OK;
     };
-    softphone.adressbookPavex = automation::Object(&stopping);
+    session.adressbookPavex = automation::Object(&stopping);
     link.PurgeIdRepertory();
     EXPECT_EQ(lookUps, 3);
     EXPECT_EQ(store->records(1).size(), 7u);
-    softphone.adressbookPavex = book;
+    session.adressbookPavex = book;
     host.settings.gStop = false;
     link.PurgeIdRepertory();
     EXPECT_EQ(store->records(1).size(), 0u);
@@ -214,7 +214,7 @@ TEST_F(IdentifierMap, SoftphoneThatIsNotReached_CostsNoRecord)
     put(L"D", L"3.4", 0, 0);
     softphoneCalls.faults.add(L"on Application.Line fail 0x80004005");
     start();
-    ASSERT_FALSE(softphone.histo || softphone.adressbookPavex);
+    ASSERT_FALSE(session.histo || session.adressbookPavex);
     EXPECT_EQ(mapped(L"1.2"), L"A");
     EXPECT_EQ(mapped(L"3.4"), L"D");
 }
@@ -260,10 +260,10 @@ TEST_F(IdentifierMap, MappedId_IsCutToTheReturnedLength)
 TEST_F(IdentifierMap, MappedId_IsThatOfTheGroupware)
 {
     start();
-    insertId(softphone.hashID, L"ENTRYID", L"1.2", MapApplication::outlook, MapCollection::contacts);
-    EXPECT_EQ(mappedId(softphone.hashID, L"1.2", MapApplication::outlook), L"ENTRYID");
-    EXPECT_EQ(mappedId(softphone.hashID, L"1.2", MapApplication::lotus), L"");
-    EXPECT_EQ(mappedId(softphone.hashID, L"1.3", MapApplication::outlook), L"");
+    insertId(session.hashID, L"ENTRYID", L"1.2", MapApplication::outlook, MapCollection::contacts);
+    EXPECT_EQ(mappedId(session.hashID, L"1.2", MapApplication::outlook), L"ENTRYID");
+    EXPECT_EQ(mappedId(session.hashID, L"1.2", MapApplication::lotus), L"");
+    EXPECT_EQ(mappedId(session.hashID, L"1.3", MapApplication::outlook), L"");
 }
 
 }

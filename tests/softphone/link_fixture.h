@@ -40,7 +40,7 @@ protected:
         host.settings.bgWithOutlook = true;
         host.settings.szFileConnectorIni = L"C:\\no such folder\\pavexconnector.ini";
         pavex.phone().contents.user = {L"Anna", L"Keller", L"4700"};
-        session.OutlookApp = automation::Object(outlook.application().get());
+        outlookSession.OutlookApp = automation::Object(outlook.application().get());
     }
 
     ~LinkFixture() override
@@ -122,10 +122,10 @@ protected:
     std::shared_ptr<convid::IdentifierStore> store = std::make_shared<convid::IdentifierStore>(folder.file(L"map"));
     std::optional<automation::server::ClassFactory> pavexFactory;
     std::optional<automation::server::ClassFactory> mapFactory;
-    OutlookSession session{host, groupware, dictionary};
-    LotusSession lotus{host, groupware, dictionary};
-    SoftphoneSession softphone{host, groupware, session, lotus};
-    PavexInterface link{softphone};
+    OutlookSession outlookSession{host, groupware, dictionary};
+    LotusSession lotusSession{host, groupware, dictionary};
+    SoftphoneSession session{host, groupware, outlookSession, lotusSession};
+    PavexInterface link{session};
 };
 
 }

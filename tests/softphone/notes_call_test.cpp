@@ -34,8 +34,8 @@ TEST_F(NotesCall, KnownCaller_IsShownInNotes_AndPublished)
     startWithNotesOnly();
     ring({.party = {L"47.11", L"", L""}, .incoming = true, .destinationNumber = L""});
     EXPECT_EQ(openNotes(), Lines{L"Claire Petit/Acme read"});
-    EXPECT_EQ(softphone.gLastNameCalled, L"Petit");
-    EXPECT_EQ(softphone.gFirstNameCalled, L"Claire");
+    EXPECT_EQ(session.gLastNameCalled, L"Petit");
+    EXPECT_EQ(session.gFirstNameCalled, L"Claire");
     EXPECT_EQ(environment(L"CTI_InfoLastCall_Server"), L"Mail1/Acme");
     EXPECT_EQ(environment(L"CTI_InfoLastCall_Base"), L"public.nsf");
     EXPECT_EQ(environment(L"CTI_InfoLastCall_docid"), L"8FA");
@@ -83,7 +83,7 @@ TEST_F(NotesCall, Stranger_IsPublishedAsNobody_TheOtherTwoVariablesStay)
     ring({.party = {L"999", L"Stranger", L"Sam"}, .incoming = true, .destinationNumber = L""});
     EXPECT_EQ(environment(L"CTI_InfoLastCall_docid"), L"");
     EXPECT_EQ(environment(L"CTI_InfoLastCall_Base"), L"public.nsf");
-    EXPECT_EQ(softphone.gLastNameCalled, L"Stranger") << "as the softphone has it";
+    EXPECT_EQ(session.gLastNameCalled, L"Stranger") << "as the softphone has it";
 }
 
 TEST_F(NotesCall, Stranger_OpensANewContact_InEditMode_Unsaved)
@@ -127,7 +127,7 @@ TEST_F(NotesCall, Calendars_OnACall_NeedBothSwitches)
 {
     for (const char* one : {"ShowGrpwAgenda=true\r\n", "PopUpGrpwAgenda=true\r\n"}) {
         writeIni(one);
-        lotus.LotusMustInit = true;
+        lotusSession.LotusMustInit = true;
         startWithNotesOnly();
         ring({.party = {L"999", L"", L""}, .incoming = true, .destinationNumber = L"4711"});
         EXPECT_EQ(openNotes(), Lines{L"New Phone Message edit"}) << one << "the phone message alone";
@@ -164,11 +164,11 @@ TEST_F(NotesCall, Force_RunsWhatIsSwitchedOff)
 TEST_F(NotesCall, DisplayGroupwareInfo_OpensTheCalendarsOfTheLastDestination)
 {
     startWithNotesOnly();
-    softphone.gDestinationNumber = L"4711";
+    session.gDestinationNumber = L"4711";
     link.DisplayGroupwareInfo();
     EXPECT_EQ(openNotes(), Lines{L"Sales read"});
     notes.ask(L"close-windows");
-    lotus.LotusReady = false;
+    lotusSession.LotusReady = false;
     link.DisplayGroupwareInfo();
     EXPECT_EQ(openNotes(), Lines{});
 }
@@ -195,19 +195,19 @@ TEST_F(NotesCall, BothGroupware_ForwardedCall_LeavesAMailAndAPhoneMessage_Outloo
 TEST_F(NotesCall, NamesOfNotes_ReplaceThoseOfOutlook_WhereADocumentIsFound)
 {
     start(claireInOutlook);
-    Party party = SetLastCallInfo(softphone, L"4711");
+    Party party = SetLastCallInfo(session, L"4711");
     EXPECT_EQ(party.lastName + L" " + party.firstName, L"Petit Claire");
     outlook.load(desk::parseStore(L"[contact]\nFirstName=Only\nLastName=Outlook\nBusinessTelephoneNumber=555\n"));
-    party = SetLastCallInfo(softphone, L"555");
+    party = SetLastCallInfo(session, L"555");
     EXPECT_EQ(party.lastName + L" " + party.firstName, L"Outlook Only");
-    party = SetLastCallInfo(softphone, L"999");
+    party = SetLastCallInfo(session, L"999");
     EXPECT_EQ(party.lastName + party.firstName, L"");
 }
 
 TEST_F(NotesCall, DocumentVariable_IsClearedBeforeTheSearch_AndSetLast)
 {
     startWithNotesOnly();
-    SetLastCallInfo(softphone, L"4711");
+    SetLastCallInfo(session, L"4711");
     Lines sets;
     for (const std::wstring& line : desk::linesOf(outlookCalls.record()))
         if (line.starts_with(L"NotesSession.") && line.find(L"lookup") == std::wstring::npos) sets.push_back(line);
@@ -223,7 +223,7 @@ TEST_F(NotesCall, NotesGoneWithoutNotice_CallEndsQuietly)
 {
     startWithNotesOnly();
     notes.recorder().faults.add(L"on * fail 0x800706BA"); // its objects are dead, and nobody has looked yet
-    const Party party = SetLastCallInfo(softphone, L"4711");
+    const Party party = SetLastCallInfo(session, L"4711");
     EXPECT_EQ(party.lastName + party.firstName, L"");
     ring({.party = {L"4711", L"Petit", L"C"}, .incoming = true, .destinationNumber = L"0123"});
     EXPECT_EQ(openNotes(), Lines{});
@@ -242,11 +242,11 @@ TEST_F(NotesCall, VariableThatCannotBeSet_EndsThePublishing_WithTheNamesThatWere
                      {L"4", L"Petit", L"public.nsf"}};
     for (const auto& variable : variables) {
         notes.load(databases);
-        lotus.LotusMustInit = true;
-        InitLotus(lotus, NewLog::yes);
+        lotusSession.LotusMustInit = true;
+        InitLotus(lotusSession, NewLog::yes);
         notes.recorder().faults.add(L"on NotesSession.SetEnvironmentVar at " + std::wstring(variable.at) +
                                     L" fail 0x80004005");
-        EXPECT_EQ(SetLastCallInfo(softphone, L"4711").lastName, variable.lastName) << desk::utf8(variable.at);
+        EXPECT_EQ(SetLastCallInfo(session, L"4711").lastName, variable.lastName) << desk::utf8(variable.at);
         EXPECT_EQ(environment(L"CTI_InfoLastCall_Base"), variable.base) << desk::utf8(variable.at);
         EXPECT_NE(environment(L"CTI_InfoLastCall_docid"), L"8FA") << desk::utf8(variable.at);
     }
@@ -257,7 +257,7 @@ TEST_F(NotesCall, ForwardedCall_TheEnvironmentNamesTheDestination)
     startWithNotesOnly();
     ring({.party = {L"0123", L"", L""}, .incoming = true, .destinationNumber = L"4711"});
     EXPECT_EQ(environment(L"CTI_InfoLastCall_docid"), L"8FA");
-    EXPECT_EQ(softphone.gLastNameCalled + L" " + softphone.gDestinationLastName, L"Durand Petit");
+    EXPECT_EQ(session.gLastNameCalled + L" " + session.gDestinationLastName, L"Durand Petit");
 }
 
 }

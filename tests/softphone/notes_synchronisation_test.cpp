@@ -96,8 +96,8 @@ TEST_F(NotesSynchronisation, FailureAtEveryCallOfAWalk_LeavesNoCallHalfMirrored_
     const auto walk = [&](const std::wstring& fault) {
         notes.load(databases);
         for (const wchar_t* number : {L"4711", L"4711", L"0777", L"4711"}) pastCall(++low, number);
-        lotus.LotusMustInit = true;
-        InitLotus(lotus, NewLog::yes);
+        lotusSession.LotusMustInit = true;
+        InitLotus(lotusSession, NewLog::yes);
         outlookCalls.clear();
         if (!fault.empty()) outlookCalls.faults.add(fault);
         link.InitHisto();
@@ -259,12 +259,12 @@ TEST_F(NotesSynchronisation, NoPersonalBook_LogsTheEntryEachTime_AndMapsNothing)
 TEST_F(NotesSynchronisation, Initialisation_OpensBoth_AndANewLogDocumentWhenToldSo)
 {
     start();
-    EXPECT_TRUE(lotus.LotusReady);
+    EXPECT_TRUE(lotusSession.LotusReady);
     EXPECT_EQ(noteCount(L"Log"), 1u);
-    lotus.LotusMustInit = true;
+    lotusSession.LotusMustInit = true;
     link.InitConnector(NewLog::no);
     EXPECT_EQ(noteCount(L"Log"), 1u);
-    lotus.LotusMustInit = true;
+    lotusSession.LotusMustInit = true;
     link.InitConnector(NewLog::yes);
     EXPECT_EQ(noteCount(L"Log"), 2u);
 }
@@ -272,8 +272,8 @@ TEST_F(NotesSynchronisation, Initialisation_OpensBoth_AndANewLogDocumentWhenTold
 TEST_F(NotesSynchronisation, Initialisation_AsksOutlookBeforeNotes)
 {
     start();
-    session.bOutlookInit = false;
-    lotus.LotusMustInit = true;
+    outlookSession.bOutlookInit = false;
+    lotusSession.LotusMustInit = true;
     outlookCalls.clear();
     link.InitConnector(NewLog::yes);
     EXPECT_LT(placeOf(L"Application.GetNamespace"), placeOf(L"NotesSession.GetEnvironmentString"));

@@ -54,7 +54,7 @@ TEST_F(QueuedEvent, RecordsThatComeBeforeTheWalks_AreMirroredOnce)
 TEST_F(QueuedEvent, RecordsThatComeWhileTheyAreCounted_AreMirroredOnce)
 {
     start();
-    const automation::Object book = softphone.adressbookPavex;
+    const automation::Object book = session.adressbookPavex;
     support::RawPartner counting;
     counting.onCall = [&](const support::RawPartner::Call& call) {
         if (call.id == softphone::records::count) pavex.addEntry({{1, 1}, {L"0123", L"Durand", L"Marc"}});
@@ -63,9 +63,9 @@ TEST_F(QueuedEvent, RecordsThatComeWhileTheyAreCounted_AreMirroredOnce)
         *call.result = answer.release();
         return S_OK;
     };
-    softphone.adressbookPavex = automation::Object(&counting);
+    session.adressbookPavex = automation::Object(&counting);
     link.InsertRepertory();
-    softphone.adressbookPavex = book;
+    session.adressbookPavex = book;
     host.runDeferred();
     EXPECT_EQ(count(L"contact"), 1u);
 }
@@ -73,7 +73,7 @@ TEST_F(QueuedEvent, RecordsThatComeWhileTheyAreCounted_AreMirroredOnce)
 TEST_F(QueuedEvent, RecordsThatAreTooManyToCount_AreMirroredByTheirEvents)
 {
     start();
-    const automation::Object book = softphone.adressbookPavex;
+    const automation::Object book = session.adressbookPavex;
     support::RawPartner counting;
     counting.onCall = [](const support::RawPartner::Call& call) {
         V_VT(call.result) = VT_I4;
@@ -81,9 +81,9 @@ TEST_F(QueuedEvent, RecordsThatAreTooManyToCount_AreMirroredByTheirEvents)
         return S_OK;
     };
     pavex.addEntry({{1, 1}, {L"0123", L"Durand", L"Marc"}});
-    softphone.adressbookPavex = automation::Object(&counting);
+    session.adressbookPavex = automation::Object(&counting);
     link.InsertRepertory();
-    softphone.adressbookPavex = book;
+    session.adressbookPavex = book;
     EXPECT_EQ(host.log.back(), L"Pb In Repertory Synchronisation");
     host.runDeferred();
     EXPECT_EQ(count(L"contact"), 1u);

@@ -32,7 +32,7 @@ protected:
     void beginAnew()
     {
         outlook.load(desk::parseStore(bystanders));
-        session.OutlookLogItem = automation::Object(); // it is among what has gone
+        outlookSession.OutlookLogItem = automation::Object(); // it is among what has gone
     }
 
     // The bystanders as they are saved.

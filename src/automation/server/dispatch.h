@@ -5,8 +5,8 @@
 #pragma once
 
 #include "automation/error.h"
+#include "automation/failure.h"
 #include "automation/object.h"
-#include "automation/server/failure.h"
 #include "automation/unknown.h"
 #include "automation/value.h"
 
@@ -18,6 +18,9 @@
 #include <string>
 
 namespace automation::server {
+
+using automation::Exception; // what a member throws
+using automation::Failure;
 
 // The arguments of one incoming call, from left to right.
 class Arguments {

@@ -5,7 +5,7 @@
 
 #include <string>
 
-namespace automation::server {
+namespace automation {
 
 // Reaches the client as an automation exception (DISP_E_EXCEPTION) with this
 // source and description.
