@@ -6,8 +6,8 @@
 
 namespace automation {
 
-// These are for use while an exception is handled. Its text; its code for a COM
-// caller; and a line for the debugger where the caller has no ear for failures.
+// For use while an exception is handled: its text, its code for a COM caller, and a line
+// for the debugger where the caller cannot be told of a failure.
 const char* textOfException() noexcept;
 HRESULT codeOfException() noexcept;
 void tellDebuggerOfException() noexcept;

@@ -29,7 +29,7 @@ enum class StartsServers { no, yes };
 // For the whole process, once, after COM's initialisation and before the first
 // object: only those may call in, and no object that arrives brings marshalling
 // code of its own along. A process that says so starts no servers in its own
-// name either. Where it is refused the system's default stays; nobody is told.
+// name either. Where Windows refuses this, its own default stays, without an error.
 void permitCallsOfOwnUserOnly(StartsServers startsServers);
 
 }

@@ -1,6 +1,6 @@
 // Receives an object's events. The sink only keeps an event's arguments and
-// hands them to the handler given for its name; when the handler's work is
-// done is its own affair.
+// hands them to the handler given for its name; the handler decides
+// when its work is done.
 #pragma once
 
 #include "automation/event_source.h"

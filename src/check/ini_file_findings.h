@@ -20,7 +20,7 @@ struct IniPlace {
 inline constexpr std::size_t largestIni = 4 * 1024 * 1024;
 
 struct IniReading {
-    std::wstring file; // the one that was read, "" for none: the default one before the first start
+    std::wstring file; // that was read: before the first start the default one; "" for none
     IniDocument document;
 };
 

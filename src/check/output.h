@@ -8,7 +8,7 @@
 namespace hublink::check {
 
 // To the program's output or its error output (STD_OUTPUT_HANDLE, STD_ERROR_HANDLE).
-// What nobody takes is lost.
+// Text that cannot be written is lost.
 void tell(DWORD stream, const std::wstring& text);
 
 // Writes a new file, UTF-8 with its mark. One that is there already is left alone. A

@@ -1,5 +1,5 @@
 // The programs that Hublink works with: which run, whose they are, and whether elevated.
-// One that runs elevated cannot be reached by one that does not.
+// A program that runs elevated cannot be reached by one that does not.
 #pragma once
 
 #include "check/finding.h"

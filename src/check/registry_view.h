@@ -12,7 +12,7 @@ namespace hublink::check {
 // such; "" without one. `view` is 0, KEY_WOW64_32KEY or KEY_WOW64_64KEY.
 std::wstring textInView(HKEY root, const std::wstring& key, const wchar_t* value, REGSAM view);
 
-// Whether the key could be written to. Nothing is.
+// Whether the key could be written to; nothing is written.
 bool keyIsWritable(HKEY root, const std::wstring& key);
 
 bool isFolder(const std::wstring& path);

@@ -21,10 +21,9 @@ public:
     ServerProcess(const ServerProcess&) = delete;
     ServerProcess& operator=(const ServerProcess&) = delete;
 
-    // Returns when nobody needs the process any more, or somebody asks it to end
-    // whoever needs it. A client that never
-    // comes is waited for `patience` milliseconds. Throws AutomationError when
-    // the class cannot be offered.
+    // Returns when nobody needs the process any more, or somebody asks it to end all
+    // the same. A client that never comes is waited for `patience` milliseconds.
+    // Throws AutomationError when the class cannot be offered.
     void run(UINT patience);
 
 private:

@@ -22,7 +22,7 @@ enum class StoreState {
 struct StoreReading {
     StoreState state = StoreState::missing;
     std::vector<RecordPointer> records; // in no particular order
-    std::wstring failure;               // of an unreadable one, in words
+    std::wstring failure;               // why it cannot be read, in words
     bool hasReplacement = false;        // one that was left behind lies beside it
     std::size_t damagedCopies = 0;      // kept beside it by earlier repairs
 };

@@ -18,7 +18,7 @@ bool isAsInstalled(const std::wstring& programFolder);
 // Throws std::runtime_error for what cannot be written.
 void installSettings(const std::wstring& programFolder, bool wasAsInstalled, const ActionData& given);
 
-// What installSettings made, but for a file that somebody has edited.
+// Removes what installSettings made, but not a file that somebody has edited.
 void removeSettings(bool wasAsInstalled);
 
 }

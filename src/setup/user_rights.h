@@ -10,7 +10,7 @@
 namespace hublink::setup {
 
 // Lets every user of the computer read and change the file, besides what its
-// folder hands down. Throws std::runtime_error when that cannot be.
+// folder hands down. Throws std::runtime_error when it cannot.
 void letUsersChange(const std::wstring& file);
 
 // The list with that right added to what it holds.
