@@ -38,8 +38,8 @@ public:
     // Blocks the thread; nothing else runs. Zero and less is no pause.
     virtual void pause(std::int32_t milliseconds) = 0;
 
-    // Between two records of a long work, outside any call: lets a user's wish to
-    // stop through, which shows in `gStop` then. Never throws.
+    // For a long work to call between two records, outside any call: lets the user ask
+    // for a stop, which shows in `gStop` then. Never throws.
     virtual void letUserStop() = 0;
 
     // The current local date and time.

@@ -1,7 +1,6 @@
 // Asks Outlook in bulk who may have a telephone number. A walk over the contacts
 // costs 14 calls for each of them; where Outlook offers tables (2007 and later), a
-// few dozen calls tell whether it is worth its while, and often which contact it
-// would find.
+// few dozen calls tell whether a walk would find anybody, and often whom.
 #pragma once
 
 #include "outlook/outlook_session.h"
@@ -10,14 +9,15 @@
 
 namespace hublink {
 
-// Nobody: every telephone field of every contact was read, and none, stripped,
-// equals `sought`. One contact: a single row may have the number, and no other kind
-// of item, at which a walk would end, lies among the contacts. Untold: more than one
-// may have it, or the table cannot tell: an older Outlook, a refused column, a value
-// that cannot be read, rows that came or went meanwhile, any error. No error leaves it.
+// What the table tells about the number `sought`. No error leaves it.
+// nobody: every telephone field of every contact was read, and none, stripped, is it.
+// oneContact: a single row may have it, and the folder holds nothing but contacts (a
+// walk would end at any other item).
+// untold: several rows may have it, or the table cannot tell: an older Outlook, a
+// refused column, an unreadable value, rows that came or went meanwhile, any error.
 //
-// A table cuts long texts: such a one may be the number when what is left of it is a
-// beginning of it.
+// A table cuts long texts: a cut one may be the number when, stripped, it is the
+// number's beginning.
 //
 // Where Outlook guards its tables, its user is asked about each column, or the
 // column is refused. After the first question or refusal the tables are left
@@ -28,9 +28,9 @@ TableAnswer whoMayHave(OutlookSession& session, const std::wstring& sought);
 // the answer is used. False too when it cannot tell. No error leaves it.
 bool stillHolds(const TableAnswer& answer);
 
-// While one lives, what a table told about a number is not asked again but for its
-// count of rows, for at most two seconds: an event asks for each party twice, for
-// its names and for its window. A message box may hold the event up in between.
+// While one lives, what the table told about a number serves again, for at most two
+// seconds; only its count of rows is asked anew. An event needs each party twice, for
+// the names and for the window, and a message box may hold it up in between.
 class AnswersOfOneEvent {
 public:
     explicit AnswersOfOneEvent(OutlookSession& session);

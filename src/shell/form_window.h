@@ -75,7 +75,7 @@ private:
     FormEvents& events_;
     std::deque<std::function<void()>> deferred_;
     bool runningDeferred_ = false;
-    std::deque<std::function<void()>> heldBack_; // what came where no call may go out
+    std::deque<std::function<void()>> heldBack_; // work that waits until calls may go out
     HWND window_ = nullptr;
 };
 
