@@ -10,7 +10,6 @@
 #include <stdexcept>
 
 using automation::atBorder;
-namespace server = automation::server;
 
 namespace {
 
@@ -31,8 +30,8 @@ TEST(Border, WorkThatSucceeds_GivesItsOwnAnswer)
 TEST(Border, ExceptionOfEachKind_BecomesItsCode)
 {
     EXPECT_EQ(codeOf(automation::AutomationError(L"Find", E_ABORT)), E_ABORT);
-    EXPECT_EQ(codeOf(server::Failure{DISP_E_BADINDEX}), DISP_E_BADINDEX);
-    EXPECT_EQ(codeOf(server::Exception{E_PENDING, L"Partner", L"It waits."}), E_PENDING);
+    EXPECT_EQ(codeOf(automation::Failure{DISP_E_BADINDEX}), DISP_E_BADINDEX);
+    EXPECT_EQ(codeOf(automation::Exception{E_PENDING, L"Partner", L"It waits."}), E_PENDING);
     EXPECT_EQ(codeOf(std::bad_alloc()), E_OUTOFMEMORY);
     EXPECT_EQ(codeOf(std::runtime_error("broken")), E_FAIL);
     EXPECT_EQ(codeOf(4), E_FAIL);
@@ -41,7 +40,7 @@ TEST(Border, ExceptionOfEachKind_BecomesItsCode)
 TEST(Border, ExceptionWhereNoCodeIsAnswered_BecomesTheDefault)
 {
     EXPECT_EQ(atBorder(-1, []() -> int { throw std::bad_alloc(); }), -1);
-    EXPECT_EQ(atBorder(-1, []() -> int { throw server::Failure{E_PENDING}; }), -1);
+    EXPECT_EQ(atBorder(-1, []() -> int { throw automation::Failure{E_PENDING}; }), -1);
 }
 
 TEST(Border, TextOfAnException_IsItsOwn_OrSaysThatItHasNone)
