@@ -44,6 +44,13 @@ function(add_room name)
     target_link_libraries(${name} PUBLIC ${ROOM_USES})
 endfunction()
 
+# The resource compiler does not tell what it has read. A program's resources are made
+# again when its version changes, or one of the files that are named.
+function(resources_read name)
+    set_property(SOURCE ${name} APPEND PROPERTY OBJECT_DEPENDS
+        ${PROJECT_SOURCE_DIR}/packaging/program_version.rc ${PROJECT_BINARY_DIR}/packaging/version.h ${ARGN})
+endfunction()
+
 # A program that is handed out goes without its symbols; Visual C++ keeps them elsewhere.
 function(strip_symbols name)
     if(CMAKE_STRIP)
