@@ -111,7 +111,7 @@ std::wstring Database::newUniversalId(unsigned long noteId) const
 void Database::wasModified() noexcept
 {
     constexpr double secondsOfADay = 86'400;
-    modified_ = std::floor(automation::now() * secondsOfADay) / secondsOfADay;
+    modified_ = std::round(automation::now() * secondsOfADay) / secondsOfADay; // whole seconds, nearly
 }
 
 SavedNote Database::add(Note contents)
