@@ -13,4 +13,7 @@ namespace hublink {
 // system cannot list its processes.
 std::optional<std::vector<DWORD>> processesNamed(const wchar_t* fileName);
 
+// The same of all users' sessions.
+std::optional<std::vector<DWORD>> processesOfAllSessions(const wchar_t* fileName);
+
 }

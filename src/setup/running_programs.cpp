@@ -2,14 +2,13 @@
 
 #include "automation/owners.h"
 #include "automation/server/end_request.h"
-#include "automation/text.h"
 #include "common/connector_settings.h"
 #include "common/files.h"
 #include "common/installation.h"
 #include "common/program_files.h"
+#include "common/running_processes.h"
 #include "setup/softphone_place.h"
 
-#include <tlhelp32.h>
 #include <userenv.h>
 #include <wtsapi32.h>
 
@@ -27,14 +26,7 @@ constexpr DWORD pause = 200;
 
 std::vector<DWORD> allNamed(const wchar_t* name)
 {
-    std::vector<DWORD> found;
-    const automation::Handle snapshot = automation::orNone(CreateToolhelp32Snapshot(TH32CS_SNAPPROCESS, 0));
-    PROCESSENTRY32W entry;
-    entry.dwSize = sizeof entry;
-    for (BOOL more = snapshot && Process32FirstW(snapshot.get(), &entry); more;
-         more = Process32NextW(snapshot.get(), &entry))
-        if (automation::equalWithoutCase(entry.szExeFile, name)) found.push_back(entry.th32ProcessID);
-    return found;
+    return processesOfAllSessions(name).value_or(std::vector<DWORD>());
 }
 
 template <class Ask>
