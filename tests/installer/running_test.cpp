@@ -78,6 +78,18 @@ TEST_F(InstalledProgram, UpgradeOverIt_AsksItToStop_StartsTheNewOne_KeepsTheMap)
     EXPECT_EQ(ini("Application", "kill"), "false");
 }
 
+TEST_F(InstalledProgram, UpgradeOverItThatFails_StartsItAgain)
+{
+    start();
+    const DWORD before = support::processesNamed(L"hublink.exe").at(0);
+    ASSERT_NE(install(failingPackage()), succeeded) << log();
+    ASSERT_TRUE(initialised(2));
+    const auto running = support::processesNamed(L"hublink.exe");
+    ASSERT_EQ(running.size(), 1u);
+    EXPECT_NE(running[0], before);
+    EXPECT_EQ(ini("Application", "kill"), "false");
+}
+
 TEST_F(InstalledProgram, RemovalOverIt_StopsIt_LeavesTheMap)
 {
     start();

@@ -5,6 +5,8 @@
 #include "desk/player/windows_files.h"
 #include "support/scratch_folder.h"
 
+#include <msi.h>
+#include <msiquery.h>
 #include <shlobj.h>
 
 #include <algorithm>
@@ -32,6 +34,21 @@ std::wstring copied(const char* buildFile)
     const std::wstring copy = L"C:" + file.substr(file.rfind(L'\\'));
     desk::player::copyFile(file, copy);
     return copy;
+}
+
+void change(const std::wstring& package, const std::vector<std::wstring>& statements)
+{
+    const auto succeeds = [](UINT result) {
+        if (result != ERROR_SUCCESS) throw std::runtime_error("a package for the tests cannot be made");
+    };
+    PMSIHANDLE database;
+    succeeds(MsiOpenDatabaseW(package.c_str(), MSIDBOPEN_TRANSACT, &database));
+    for (const std::wstring& statement : statements) {
+        PMSIHANDLE view;
+        succeeds(MsiDatabaseOpenViewW(database, statement.c_str(), &view));
+        succeeds(MsiViewExecute(view, 0));
+    }
+    succeeds(MsiDatabaseCommit(database));
 }
 
 void addFilesBelow(const std::wstring& folder, const std::wstring& path, std::set<std::wstring>& found)
@@ -75,6 +92,18 @@ std::wstring thisPackage()
 std::wstring nextPackage()
 {
     return copied(NEXT_PACKAGE);
+}
+
+std::wstring failingPackage()
+{
+    const std::wstring package = nextPackage();
+    // A program (34) whose exit code counts, in the installation's script (1024), and the script
+    // carried out before it comes to files: undoing it, Wine would remove the earlier version's too.
+    change(package, {L"INSERT INTO `CustomAction` (`Action`, `Type`, `Source`, `Target`) "
+                     L"VALUES ('Fail', 1058, 'TARGETDIR', 'cmd.exe /c exit 1')",
+                     L"INSERT INTO `InstallExecuteSequence` (`Action`, `Sequence`) VALUES ('Fail', 1600)",
+                     L"UPDATE `InstallExecuteSequence` SET `Sequence` = 1610 WHERE `Action` = 'InstallExecute'"});
+    return package;
 }
 
 DWORD msiexec(const std::wstring& arguments)

@@ -12,6 +12,8 @@ namespace installer {
 // Copies of both packages on this computer's own disk.
 std::wstring thisPackage();
 std::wstring nextPackage();
+// The later version's, with an action that fails once Hublink has been stopped.
+std::wstring failingPackage();
 
 // Runs msiexec with these arguments, silently, and waits. Returns its exit code; what
 // it logged is in log().
