@@ -2,40 +2,34 @@
 
 #include "common/connector_settings.h"
 #include "common/error_trap.h"
-#include "common/ini_file.h"
-#include "lotus/settings.h"
-#include "outlook/settings.h"
+#include "lotus/settings_reading.h"
+#include "outlook/settings_reading.h"
 
 namespace hublink::check {
 
-namespace {
-
-// What no file can hold: still there after a reading that did not reach its place.
-constexpr const wchar_t* itemNotRead = L"\x01";
-
-}
-
-ProgramSettings::ProgramSettings(const std::wstring& programFolder)
-    : dictionary_(programFolder), outlook_(host_, groupware_, dictionary_), lotus_(host_, groupware_, dictionary_)
-{
-    host_.folder = programFolder;
-}
-
+// An error ends the reading of a part, here as in the program.
 void ProgramSettings::read(const std::wstring& iniFile)
 {
-    host_.read.szFileConnectorIni = iniFile;
-    // A number that is none ends the reading, here as in the program.
-    trapErrors([&] { readConnectorSettings(IniFile(iniFile), host_.read); });
-    if (general().bgWithOutlook) ReadOutlookIni(outlook_);
-    if (general().bgWithLotus) readLotus();
+    general_.szFileConnectorIni = iniFile;
+    const IniFile ini(iniFile);
+    trapErrors([&] { readConnectorSettings(ini, general_); });
+    if (general_.bgWithOutlook) trapErrors([&] { readOutlookSettings(ini, programFolder_, outlook_); });
+    if (general_.bgWithLotus) readLotus(ini);
 }
 
-void ProgramSettings::readLotus()
+void ProgramSettings::readLotus(const IniFile& ini)
 {
-    lotus_.LotusCallLog.InfoSupBase = itemNotRead;
-    ReadLotusPersonalLogIni(lotus_);
-    ReadLotusIni(lotus_);
-    lotusIsWhole_ = lotus_.LotusCallLog.InfoSupBase != itemNotRead;
+    const auto noServer = [] { return std::wstring(); }; // no session is opened to ask for it
+    const auto readBook = [&](std::int16_t index, LotusAddressBook& book) {
+        readLotusBook(ini, index, noServer, book);
+    };
+    lotusIsWhole_ = false;
+    trapErrors([&] {
+        readLotusPersonalLog(ini, lotus_.LotusPersonalLog);
+        readLotusAddressBooks(ini, readBook, lotus_);
+        readLotusSwitchesAndCallLog(ini, lotus_);
+        lotusIsWhole_ = true;
+    });
 }
 
 }

@@ -49,6 +49,8 @@ struct CallLogDescription : LotusBaseRef {
     std::wstring InfoSupdocNoteId;
     std::wstring InfoSupServer;
     std::wstring InfoSupBase;
+
+    bool operator==(const CallLogDescription&) const = default;
 };
 
 // The database of the program's own log.
@@ -60,6 +62,8 @@ struct PersonalLogDescription : LotusBaseRef {
     std::wstring StartTime;
     std::wstring FinishTime;
     std::wstring serverItem; // of the key "Server"
+
+    bool operator==(const PersonalLogDescription&) const = default;
 };
 
 // Fills a locator from five parts separated by "|": base, server, main view,

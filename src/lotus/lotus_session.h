@@ -18,7 +18,22 @@ namespace hublink {
 class Dictionary;
 class OpenBooks;
 
-struct LotusSession {
+// The sections of the ini file that are about Notes.
+struct LotusConfiguration {
+    std::int16_t nbPublicAddressBook = 0;            // address books described in the ini file
+    std::vector<LotusAddressBook> LotusAddressBooks; // those that are searched, in search order
+    std::int16_t nSelectedPersonal = -1;             // index of the first personal one, -1 for none
+    bool bShowGrpwAgenda = false;                    // group calendars may be shown
+    bool bPopUpGrpwAgenda = false;                   // they come up for a forwarded call
+    bool bAlwaysVerifyPhoneNumber = false;           // a mail's number is looked up although it has one
+    bool bCallInMail = false;                        // the sender's number is put into a mail
+    CallLogDescription LotusCallLog;
+    PersonalLogDescription LotusPersonalLog;
+
+    bool operator==(const LotusConfiguration&) const = default;
+};
+
+struct LotusSession : LotusConfiguration {
     LotusSession(Host& host, GroupwareState& groupware, const Dictionary& dictionary)
         : host(host), groupware(groupware), dictionary(dictionary)
     {}
@@ -40,16 +55,7 @@ struct LotusSession {
     automation::Object LogDocument;     // the document that log lines are added to
     std::wstring LotusLogText;          // the last line about an initialisation
 
-    std::int16_t nbPublicAddressBook = 0;            // address books described in the ini file
-    std::vector<LotusAddressBook> LotusAddressBooks; // those that are searched, in search order
-    std::shared_ptr<OpenBooks> openBooks;            // of the event or walk under way, if there is one
-    std::int16_t nSelectedPersonal = -1;             // index of the first personal one, -1 for none
-    bool bShowGrpwAgenda = false;                    // group calendars may be shown
-    bool bPopUpGrpwAgenda = false;                   // they come up for a forwarded call
-    bool bAlwaysVerifyPhoneNumber = false;           // a mail's number is looked up although it has one
-    bool bCallInMail = false;                        // the sender's number is put into a mail
-    CallLogDescription LotusCallLog;
-    PersonalLogDescription LotusPersonalLog;
+    std::shared_ptr<OpenBooks> openBooks; // of the event or walk under way, if there is one
 };
 
 // The session object. Throws AutomationError when there is none. Callers hold

@@ -12,7 +12,7 @@
 namespace hublink {
 
 // Section "lotus base description " and the index. What cannot be read of a
-// book leaves the books and settings behind it alone. No error leaves it.
+// book leaves the books and settings behind it alone.
 void ReadLotusBaseDescription(const LotusSession& session, std::int16_t index, LotusAddressBook& book);
 
 // Section "lotus", the address books in their order, the switches and section

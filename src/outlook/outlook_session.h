@@ -29,7 +29,19 @@ struct OutlookMemberNames {
     automation::SharedNames columns = automation::sharedNames();
 };
 
-struct OutlookSession {
+// The section "outlook" of the ini file.
+struct OutlookConfiguration {
+    std::wstring szCallBackMailSyntaxe; // template of the callback mail
+    bool bReplacePhoneNumber = false;   // rewrite a found number in its stripped form
+    bool bQuitOutlook = false;          // quit Outlook when the program stops
+    std::int32_t nLanguage = 0;         // of the dictionary; 0 is the user's own
+    std::wstring szDllExtensionName;    // Exchange client extension: value name
+    std::wstring szRegisteDllExtension; // and value
+
+    bool operator==(const OutlookConfiguration&) const = default;
+};
+
+struct OutlookSession : OutlookConfiguration {
     OutlookSession(Host& host, GroupwareState& groupware, Dictionary& dictionary)
         : host(host), groupware(groupware), dictionary(dictionary)
     {}
@@ -47,13 +59,6 @@ struct OutlookSession {
     bool bOutlookInit = false;            // the session is fully open; callers test it first
     bool tablesAreGuarded = false;        // Outlook asked about a table, or refused it, since it was opened
     KeptAnswers keptAnswers;              // of the contacts' table, while an event is handled
-
-    std::wstring szCallBackMailSyntaxe;   // template of the callback mail
-    bool bReplacePhoneNumber = false;     // rewrite a found number in its stripped form
-    bool bQuitOutlook = false;            // quit Outlook when the program stops
-    std::int32_t nLanguage = 0;           // of the dictionary; 0 is the user's own
-    std::wstring szDllExtensionName;      // Exchange client extension: value name
-    std::wstring szRegisteDllExtension;   // and value
 
     automation::Object OutlookLogItem;    // made with the first log line, kept to the end
     std::wstring szLastLogText;           // the last line about a new contact

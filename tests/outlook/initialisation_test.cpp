@@ -1,6 +1,7 @@
 #include "outlook/initialisation.h"
 
 #include "outlook/settings.h"
+#include "outlook/settings_reading.h"
 #include "outlook_fixture.h"
 
 namespace hublink {
@@ -167,6 +168,20 @@ TEST_F(OutlookSettings, ExtensionUnchanged_IsRegisteredAtEveryCall)
     EXPECT_EQ(key.value("Hub"), "(none)");
     EXPECT_TRUE(ReadOutlookIni(session));
     EXPECT_EQ(key.value("Hub"), "4.0");
+}
+
+TEST_F(OutlookSettings, ReadAlone_AskForAnExtension_ButRegisterNone_AndLeaveTheSessionOpen)
+{
+    const ExtensionsKey key;
+    session.bOutlookInit = true;
+    write("CallBackMailSyntaxe=new\r\nExtension=true\r\nDllExtensionName=Hub\r\nRegisteDllExtension=4.0\r\n");
+    const IniFile ini(host.settings.szFileConnectorIni);
+    EXPECT_EQ(readOutlookSettings(ini, host.folder, session), ExtensionUse::registered);
+    EXPECT_EQ(session.szRegisteDllExtension, L"4.0");
+    EXPECT_EQ(key.value("Hub"), "(none)");
+    EXPECT_TRUE(session.bOutlookInit);
+    write("Extension=True\r\n");
+    EXPECT_EQ(readOutlookSettings(ini, host.folder, session), ExtensionUse::none);
 }
 
 TEST_F(OutlookInitialisation, SwitchedOff_EndsTheSession_AndTouchesNothing)

@@ -33,7 +33,7 @@ Keys sources()
 {
     Keys keys;
     for (const wchar_t* file :
-         {L"src/common/connector_settings.cpp", L"src/outlook/settings.cpp", L"src/lotus/settings.cpp"})
+         {L"src/common/connector_settings.cpp", L"src/outlook/settings_reading.cpp", L"src/lotus/settings_reading.cpp"})
         keys.merge(packaging::keysOfSource(project(file)));
     return keys;
 }
