@@ -18,8 +18,11 @@ cp "$here/../src/shell/hublink.ico" "$here/hublink.wxs" "$work"
 cd "$work"
 wixl -D Version="$version" -o hublink.msi hublink.wxs 2> wixl.log || { cat wixl.log >&2; exit 1; }
 
-properties=$here/setting-properties.txt
-names=$(awk '!/^#/ { printf "%s%s", separator, $1; separator = ";" }' "$properties")
+# Property and kind of each setting that may be given, from the rows {"section", "key", kind, "fallback", L"PROPERTY"}.
+properties=$(awk -F '"' '/^    [{]"/ && NF == 9 { gsub(/.*::|, $/, "", $5); print $8, $5 }' \
+    "$here/../src/common/settings_table.h")
+names=$(awk '{ printf "%s%s", separator, $1; separator = ";" }' <<< "$properties")
+[ -n "$names" ] || { echo "the table of the settings cannot be read" >&2; exit 1; }
 
 # Refuses a value that the program would take for something else.
 conditions() {
@@ -33,12 +36,12 @@ conditions() {
                 text = text (number > 1 ? " OR " : "") $1 "=\"" values[number] "\""
             return text
         }
-        $4 == "switch" { n = split("true false", v); refuse(oneOf(v, n), "is true or false") }
-        $4 == "number" { refuse("(" $1 " >= 0 AND " $1 " <= 32767)", "is a number, 0 to 32767") }
-        $4 == "groupwares" {
+        $2 == "toggle" { n = split("true false", v); refuse(oneOf(v, n), "is true or false") }
+        $2 == "number" || $2 == "pause" { refuse("(" $1 " >= 0 AND " $1 " <= 32767)", "is a number, 0 to 32767") }
+        $2 == "groupwares" {
             n = split("OUTLOOK LOTUS OUTLOOK,LOTUS LOTUS,OUTLOOK", v)
             refuse(oneOf(v, n), "is OUTLOOK, LOTUS or OUTLOOK,LOTUS")
-        }' "$properties"
+        }' <<< "$properties"
 }
 
 tables() { sed "s/@VERSION@/$version/g; s/@PROPERTIES@/$names/; /^--/d; /^\$/d" "$here/package-tables.sql"; }

@@ -6,8 +6,6 @@
 #include "check/likeness.h"
 #include "check/registry_view.h"
 
-#include <cwchar>
-
 namespace hublink::check {
 
 namespace {
@@ -100,25 +98,25 @@ const IniLine* firstOfName(const std::vector<IniLine>& lines, const IniLine& lin
     return nullptr;
 }
 
-bool holds(std::span<const IniKey> keys, const std::wstring& name)
+bool holds(std::span<const Setting> keys, const std::wstring& name)
 {
-    for (const IniKey& key : keys)
-        if (equalWithoutCase(name, wide(key.name))) return true;
+    for (const Setting& each : keys)
+        if (equalWithoutCase(name, wide(each.key))) return true;
     return false;
 }
 
 // The section that a key belongs to, "" for one that no section has.
 std::wstring homeOf(const std::wstring& key)
 {
-    for (const IniKeys& section : iniSections())
-        if (holds(section.keys, key)) return wide(section.section);
+    for (const Setting& each : settingsTable)
+        if (!isOfBook(each) && equalWithoutCase(key, wide(each.key))) return wide(each.section);
     return L"";
 }
 
-std::wstring mostLike(std::span<const IniKey> keys, const std::wstring& name)
+std::wstring mostLike(std::span<const Setting> keys, const std::wstring& name)
 {
-    for (const IniKey& key : keys)
-        if (areAlike(name, wide(key.name))) return wide(key.name);
+    for (const Setting& each : keys)
+        if (areAlike(name, wide(each.key))) return wide(each.key);
     return L"";
 }
 
@@ -149,13 +147,6 @@ const IniSection* firstSection(const std::vector<IniSection>& sections, const In
     for (const IniSection& each : sections)
         if (equalWithoutCase(each.name, section.name)) return each.line == section.line ? nullptr : &each;
     return nullptr;
-}
-
-// The number of a book's section, 0 for any other.
-int bookNumber(const std::wstring& section)
-{
-    if (keysOf(section).data() != bookKeys().data()) return 0;
-    return static_cast<int>(std::wcstol(section.c_str() + std::wcslen(bookSectionBeginning), nullptr, 10));
 }
 
 }

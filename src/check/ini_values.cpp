@@ -3,8 +3,8 @@
 #include "automation/conversion.h"
 #include "automation/error.h"
 #include "automation/text.h"
-#include "check/ini_keys.h"
 #include "common/connector_settings.h"
+#include "common/settings_table.h"
 #include "common/text.h"
 
 #include <algorithm>
@@ -69,21 +69,22 @@ private:
 
     // Both return false where the program's reading ends.
     bool judgeGeneral();
-    bool judgeKey(const std::string& section, const IniKey& key);
+    bool judgeKey(const Setting& setting);
 
-    bool judgeKeys(const std::string& section, std::span<const IniKey> keys)
+    bool judgeKeys(std::span<const Setting> settings)
     {
-        return std::all_of(keys.begin(), keys.end(), [&](const IniKey& key) { return judgeKey(section, key); });
+        return std::all_of(settings.begin(), settings.end(), [&](const Setting& each) { return judgeKey(each); });
     }
 
     void judgeOutlook();
     void judgeLotus();
     void judgeBooks();
+    void judgeBook(const std::string& section);
     void judgeOrder();
-    void judgeToggle(const Words& section, const IniKey& key, const std::wstring& value, bool isThere);
-    bool judgeNumber(const Words& section, const IniKey& key, const std::wstring& value);
-    void judgeGroupwares(const Words& section, const IniKey& key, const std::wstring& value);
-    void judgeText(const Words& section, const IniKey& key, const std::wstring& value);
+    void judgeToggle(const Setting& setting, const std::wstring& value, bool isThere);
+    bool judgeNumber(const Setting& setting, const std::wstring& value);
+    void judgeGroupwares(const Setting& setting, const std::wstring& value);
+    void judgeText(const Setting& setting, const std::wstring& value);
 
     const ProgramSettings& settings_;
     const IniTexts& texts_;
@@ -91,58 +92,63 @@ private:
     Findings findings_;
 };
 
-bool Judge::judgeKey(const std::string& section, const IniKey& key)
+bool Judge::judgeKey(const Setting& setting)
 {
-    const bool isThere = ini_.read(section.c_str(), key.name, nothing) != wide(nothing);
-    const std::wstring value = ini_.read(section.c_str(), key.name, key.fallback);
-    const Words name = wide(section);
-    if (key.kind == Kind::toggle || key.kind == Kind::stopRequest) {
-        judgeToggle(name, key, value, isThere);
+    const bool isThere = ini_.read(setting.section, setting.key, nothing) != wide(nothing);
+    const std::wstring value = ini_.read(setting);
+    const std::wstring section = wide(setting.section);
+    const std::wstring key = wide(setting.key);
+    if (setting.kind == SettingKind::toggle || setting.kind == SettingKind::stopRequest) {
+        judgeToggle(setting, value, isThere);
         return true;
     }
     if (!isThere) {
-        add(value.empty() ? ok(texts_.absentEmpty, name, wide(key.name))
-                          : ok(texts_.absent, name, wide(key.name), value));
+        add(value.empty() ? ok(texts_.absentEmpty, section, key) : ok(texts_.absent, section, key, value));
         return true;
     }
-    switch (key.kind) {
-    case Kind::pause:
-    case Kind::number: return judgeNumber(name, key, value);
-    case Kind::groupwares: judgeGroupwares(name, key, value); break;
-    default: judgeText(name, key, value); break;
+    switch (setting.kind) {
+    case SettingKind::pause:
+    case SettingKind::number: return judgeNumber(setting, value);
+    case SettingKind::groupwares: judgeGroupwares(setting, value); break;
+    default: judgeText(setting, value); break;
     }
     return true;
 }
 
-void Judge::judgeToggle(const Words& section, const IniKey& key, const std::wstring& value, bool isThere)
+void Judge::judgeToggle(const Setting& setting, const std::wstring& value, bool isThere)
 {
-    const std::wstring name = wide(key.name);
+    const std::wstring section = wide(setting.section);
+    const std::wstring key = wide(setting.key);
     const bool isOn = value == L"true";
-    if (!isThere) return add(isOn ? ok(texts_.absentOn, section, name) : ok(texts_.absentOff, section, name));
-    if (key.kind == Kind::stopRequest && isOn) return add(note(texts_.stopRequest));
-    if (isOn) return add(ok(texts_.on, section, name));
-    if (isPlainOff(value)) return add(ok(texts_.off, section, name, value));
+    if (!isThere) return add(isOn ? ok(texts_.absentOn, section, key) : ok(texts_.absentOff, section, key));
+    if (setting.kind == SettingKind::stopRequest && isOn) return add(note(texts_.stopRequest));
+    if (isOn) return add(ok(texts_.on, section, key));
+    if (isPlainOff(value)) return add(ok(texts_.off, section, key, value));
     const Words shown = isWellKnown(value) ? Words(value) : personal(value);
-    add(meansOn(value) ? problem(texts_.offThoughMeantOn, section, name, shown)
-                       : note(texts_.offForOtherText, section, name, shown));
+    add(meansOn(value) ? problem(texts_.offThoughMeantOn, section, key, shown)
+                       : note(texts_.offForOtherText, section, key, shown));
 }
 
-bool Judge::judgeNumber(const Words& section, const IniKey& key, const std::wstring& value)
+bool Judge::judgeNumber(const Setting& setting, const std::wstring& value)
 {
+    const std::wstring section = wide(setting.section);
+    const std::wstring key = wide(setting.key);
     const std::optional<int> number = numberOf(value);
     if (!number) {
-        add(problem(texts_.notNumber, section, wide(key.name), personal(value)));
+        add(problem(texts_.notNumber, section, key, personal(value)));
         return false;
     }
     const std::wstring text = std::to_wstring(*number);
-    add(key.kind == Kind::pause ? ok(texts_.milliseconds, section, wide(key.name), text)
-                                : ok(texts_.value, section, wide(key.name), text));
+    add(setting.kind == SettingKind::pause ? ok(texts_.milliseconds, section, key, text)
+                                           : ok(texts_.value, section, key, text));
     return true;
 }
 
-void Judge::judgeGroupwares(const Words& section, const IniKey& key, const std::wstring& value)
+void Judge::judgeGroupwares(const Setting& setting, const std::wstring& value)
 {
-    if (value.empty()) return add(ok(texts_.empty, section, wide(key.name)));
+    const std::wstring section = wide(setting.section);
+    const std::wstring key = wide(setting.key);
+    if (value.empty()) return add(ok(texts_.empty, section, key));
     std::wstring known;
     for (const std::wstring& each : split(value, L',')) {
         if (isOneOf(each, {L"OUTLOOK", L"LOTUS"})) {
@@ -150,55 +156,57 @@ void Judge::judgeGroupwares(const Words& section, const IniKey& key, const std::
             continue;
         }
         const bool isMisspelt = isOneOf(lowerCase(trim(each)), {L"outlook", L"lotus", L""});
-        add(problem(texts_.unknownGroupware, wide(key.name), isMisspelt ? Words(each) : personal(each)));
+        add(problem(texts_.unknownGroupware, key, isMisspelt ? Words(each) : personal(each)));
     }
-    if (!known.empty()) add(ok(texts_.value, section, wide(key.name), known));
+    if (!known.empty()) add(ok(texts_.value, section, key, known));
 }
 
-void Judge::judgeText(const Words& section, const IniKey& key, const std::wstring& value)
+void Judge::judgeText(const Setting& setting, const std::wstring& value)
 {
-    const std::wstring name = wide(key.name);
-    if (value.empty()) return add(ok(texts_.empty, section, name));
-    add(ok(texts_.value, section, name, personal(value)));
-    if (key.kind == Kind::base && split(value, L'|').size() < 5) add(problem(texts_.baseParts, section, name));
+    const std::wstring section = wide(setting.section);
+    const std::wstring key = wide(setting.key);
+    if (value.empty()) return add(ok(texts_.empty, section, key));
+    add(ok(texts_.value, section, key, personal(value)));
+    if (setting.kind == SettingKind::base && split(value, L'|').size() < 5)
+        add(problem(texts_.baseParts, section, key));
 }
 
 bool Judge::judgeGeneral()
 {
-    for (const IniKey& key : keysOf(wide(applicationSection))) {
+    for (const Setting& each : settingsIn("Application")) {
         // Without a groupware the program reads no further.
-        if (key.kind == Kind::pause && !namesGroupware(settings_.general())) break;
-        if (!judgeKey(applicationSection, key)) return false;
+        if (each.kind == SettingKind::pause && !namesGroupware(settings_.general())) break;
+        if (!judgeKey(each)) return false;
     }
-    if (!ini_.read(applicationSection, "type1", "").empty()) add(note(texts_.typeReplaced));
+    if (!ini_.read(setting("Application", "type1")).empty()) add(note(texts_.typeReplaced));
     if (!namesGroupware(settings_.general())) {
         add(problem(texts_.noGroupware));
         return false;
     }
-    return judgeKeys(featuresSection, keysOf(wide(featuresSection)));
+    return judgeKeys(settingsIn("AllApplication"));
 }
 
 void Judge::judgeOutlook()
 {
-    for (const IniKey& key : keysOf(wide(outlookSection))) {
-        if (!judgeKey(outlookSection, key)) return;
+    for (const Setting& each : settingsIn("outlook")) {
+        if (!judgeKey(each)) return;
         // Its four keys are read only where it is on.
-        if (key.name == std::string_view("Extension") && !ini_.readSwitch(outlookSection, key.name, "")) return;
+        if (each.key == std::string_view("Extension") && !ini_.readSwitch(each)) return;
     }
 }
 
 void Judge::judgeLotus()
 {
-    judgeKeys(personalLogSection, keysOf(wide(personalLogSection)));
-    const auto keys = keysOf(wide(lotusSection));
-    if (!judgeKeys(lotusSection, keys.first(1))) return;
-    if (settings_.lotus().nbPublicAddressBook < 1) return add(problem(texts_.readingEnds, wide(keys[0].name)));
+    judgeKeys(settingsIn("lotus personnel log description"));
+    const auto general = settingsIn("lotus");
+    if (!judgeKeys(general.first(1))) return;
+    if (settings_.lotus().nbPublicAddressBook < 1) return add(problem(texts_.readingEnds, wide(general[0].key)));
     judgeBooks();
-    judgeKeys(lotusSection, keys.subspan(1, 1));
-    if (!settings_.lotusIsWhole()) return add(problem(texts_.readingEnds, wide(keys[1].name)));
+    judgeKeys(general.subspan(1, 1));
+    if (!settings_.lotusIsWhole()) return add(problem(texts_.readingEnds, wide(general[1].key)));
     judgeOrder();
-    judgeKeys(lotusSection, keys.subspan(2));
-    judgeKeys(callLogSection, keysOf(wide(callLogSection)));
+    judgeKeys(general.subspan(2));
+    judgeKeys(settingsIn("lotus call log description"));
 }
 
 void Judge::judgeBooks()
@@ -209,11 +217,15 @@ void Judge::judgeBooks()
     std::vector<std::wstring> sections = ini_.sections();
     for (std::wstring& section : sections) section = lowerCase(trim(section));
     for (int number = 1; number <= count; ++number) {
-        const std::wstring section = bookSectionBeginning + std::to_wstring(number);
-        if (std::find(sections.begin(), sections.end(), section) != sections.end())
-            judgeKeys(ansi(section), bookKeys());
+        const std::wstring section = wide(bookSection) + std::to_wstring(number);
+        if (std::find(sections.begin(), sections.end(), section) != sections.end()) judgeBook(ansi(section));
         else add(problem(texts_.bookNotDescribed, section));
     }
+}
+
+void Judge::judgeBook(const std::string& section)
+{
+    for (const Setting& each : settingsIn(bookSection)) judgeKey(each.in(section.c_str()));
 }
 
 void Judge::judgeOrder()

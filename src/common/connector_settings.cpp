@@ -1,6 +1,7 @@
 #include "common/connector_settings.h"
 
 #include "automation/conversion.h"
+#include "common/settings_table.h"
 #include "common/text.h"
 
 #include <windows.h>
@@ -9,13 +10,21 @@ namespace hublink {
 
 namespace {
 
-constexpr const char* application = "Application";
-constexpr const char* features = "AllApplication";
-constexpr const char* kill = "kill";
-
-std::int16_t number(const IniFile& ini, const char* key, const char* fallback)
+consteval const Setting& application(std::string_view key)
 {
-    return automation::int16FromText(ini.read(application, key, fallback));
+    return setting("Application", key);
+}
+
+consteval const Setting& feature(std::string_view key)
+{
+    return setting("AllApplication", key);
+}
+
+constexpr Setting kill = application("kill");
+
+std::int16_t number(const IniFile& ini, const Setting& setting)
+{
+    return automation::int16FromText(ini.read(setting));
 }
 
 void chooseGroupwares(Configuration& configuration, const std::wstring& list)
@@ -30,30 +39,30 @@ void chooseGroupwares(Configuration& configuration, const std::wstring& list)
 
 void readGroupwares(const IniFile& ini, Configuration& configuration)
 {
-    chooseGroupwares(configuration, ini.read(application, "type", ""));
-    const std::wstring replacement = ini.read(application, "type1", "");
+    chooseGroupwares(configuration, ini.read(application("type")));
+    const std::wstring replacement = ini.read(application("type1"));
     if (!replacement.empty()) chooseGroupwares(configuration, replacement);
 }
 
 void readFeatures(const IniFile& ini, Configuration& configuration)
 {
-    configuration.bgWithPopUp = ini.readSwitch(features, "PopUp", "");
-    configuration.bgSetNewContact = ini.readSwitch(features, "NewContact", "");
-    configuration.bgWithHisto = ini.readSwitch(features, "Histo", "");
-    configuration.bgWithRepertory = ini.readSwitch(features, "Repertory", "");
-    configuration.bgWithCallBackMail = ini.readSwitch(features, "CallBackMail", "");
+    configuration.bgWithPopUp = ini.readSwitch(feature("PopUp"));
+    configuration.bgSetNewContact = ini.readSwitch(feature("NewContact"));
+    configuration.bgWithHisto = ini.readSwitch(feature("Histo"));
+    configuration.bgWithRepertory = ini.readSwitch(feature("Repertory"));
+    configuration.bgWithCallBackMail = ini.readSwitch(feature("CallBackMail"));
 }
 
 }
 
 void readConnectorSettings(const IniFile& ini, Configuration& configuration)
 {
-    configuration.Trace = ini.readSwitch(application, "trace", "false");
+    configuration.Trace = ini.readSwitch(application("trace"));
     readGroupwares(ini, configuration);
     if (!namesGroupware(configuration)) return;
-    configuration.tempo = number(ini, "tempo", "200");
-    configuration.tempo1 = number(ini, "tempo1", "20");
-    configuration.gnb_echec = number(ini, "TryCnxNumber", "10") != 0 ? VARIANT_TRUE : VARIANT_FALSE;
+    configuration.tempo = number(ini, application("tempo"));
+    configuration.tempo1 = number(ini, application("tempo1"));
+    configuration.gnb_echec = number(ini, application("TryCnxNumber")) != 0 ? VARIANT_TRUE : VARIANT_FALSE;
     readFeatures(ini, configuration);
 }
 
@@ -64,22 +73,22 @@ bool namesGroupware(const Configuration& configuration)
 
 bool asksForStop(const IniFile& ini)
 {
-    return ini.readSwitch(application, kill, "false");
+    return ini.readSwitch(kill);
 }
 
 bool tellsWhetherToStop(const IniFile& ini)
 {
-    return !ini.read(application, kill, "").empty();
+    return !ini.read(kill.section, kill.key, "").empty();
 }
 
 bool askForStop(const IniFile& ini)
 {
-    return ini.write(application, kill, "true");
+    return ini.write(kill, "true");
 }
 
 bool takeStopRequestBack(const IniFile& ini)
 {
-    return ini.write(application, kill, "false");
+    return ini.write(kill, "false");
 }
 
 }

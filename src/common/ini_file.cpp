@@ -1,6 +1,7 @@
 #include "common/ini_file.h"
 
 #include "automation/text.h"
+#include "common/settings_table.h"
 
 #include <windows.h>
 
@@ -70,6 +71,16 @@ bool IniFile::readSwitch(const char* section, const char* key, const char* fallb
     return read(section, key, fallback) == L"true";
 }
 
+std::wstring IniFile::read(const Setting& setting) const
+{
+    return read(setting.section, setting.key, setting.fallback);
+}
+
+bool IniFile::readSwitch(const Setting& setting) const
+{
+    return readSwitch(setting.section, setting.key, setting.fallback);
+}
+
 std::vector<std::wstring> IniFile::sections() const
 {
     // Each name ends with a NUL, the list with one more; a cut list fills the buffer but for two.
@@ -86,6 +97,11 @@ std::vector<std::wstring> IniFile::sections() const
 bool IniFile::write(const char* section, const char* key, const char* value) const
 {
     return WritePrivateProfileStringA(section, key, value, path_.c_str()) != FALSE;
+}
+
+bool IniFile::write(const Setting& setting, const char* value) const
+{
+    return write(setting.section, setting.key, value);
 }
 
 }

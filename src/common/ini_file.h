@@ -6,6 +6,8 @@
 
 namespace hublink {
 
+struct Setting;
+
 class IniFile {
 public:
     explicit IniFile(const std::wstring& path);
@@ -18,11 +20,16 @@ public:
     // Whether the value is exactly "true".
     bool readSwitch(const char* section, const char* key, const char* fallback) const;
 
+    // Both of a setting, with its own fallback.
+    std::wstring read(const Setting& setting) const;
+    bool readSwitch(const Setting& setting) const;
+
     // The names of all sections, as they stand in the file.
     std::vector<std::wstring> sections() const;
 
     // False when the file could not be written.
     bool write(const char* section, const char* key, const char* value) const;
+    bool write(const Setting& setting, const char* value) const;
 
 private:
     std::string path_;

@@ -3,6 +3,7 @@
 #include "automation/conversion.h"
 #include "automation/error.h"
 #include "automation/text.h"
+#include "common/settings_table.h"
 #include "common/text.h"
 
 #include <set>
@@ -11,7 +12,25 @@ namespace hublink {
 
 namespace {
 
-constexpr const char* lotusSection = "lotus";
+consteval const Setting& lotus(std::string_view key)
+{
+    return setting("lotus", key);
+}
+
+consteval const Setting& ofBook(std::string_view key)
+{
+    return setting(bookSection, key);
+}
+
+consteval const Setting& ofCallLog(std::string_view key)
+{
+    return setting("lotus call log description", key);
+}
+
+consteval const Setting& ofPersonalLog(std::string_view key)
+{
+    return setting("lotus personnel log description", key);
+}
 
 // The item names of a list; an empty value is one empty name.
 std::vector<std::wstring> itemNames(const std::wstring& value)
@@ -22,7 +41,7 @@ std::vector<std::wstring> itemNames(const std::wstring& value)
 
 std::wstring sectionOfBook(std::int16_t index)
 {
-    return L"lotus base description " + std::to_wstring(index);
+    return automation::wide(bookSection) + std::to_wstring(index);
 }
 
 // A book whose section is missing has empty texts and empty item names. Only
@@ -70,33 +89,30 @@ void chooseBooks(LotusConfiguration& configuration, const std::vector<LotusAddre
 
 void readSwitches(const IniFile& ini, LotusConfiguration& configuration)
 {
-    configuration.bShowGrpwAgenda = ini.readSwitch(lotusSection, "ShowGrpwAgenda", "0");
-    configuration.bAlwaysVerifyPhoneNumber = ini.readSwitch(lotusSection, "AlwaysVerifyPhoneNumber", "0");
-    configuration.bCallInMail = ini.readSwitch(lotusSection, "CallInMail", "0");
-    configuration.bPopUpGrpwAgenda = ini.readSwitch(lotusSection, "PopUpGrpwAgenda", "0");
+    configuration.bShowGrpwAgenda = ini.readSwitch(lotus("ShowGrpwAgenda"));
+    configuration.bAlwaysVerifyPhoneNumber = ini.readSwitch(lotus("AlwaysVerifyPhoneNumber"));
+    configuration.bCallInMail = ini.readSwitch(lotus("CallInMail"));
+    configuration.bPopUpGrpwAgenda = ini.readSwitch(lotus("PopUpGrpwAgenda"));
 }
 
 void readCallLog(const IniFile& ini, CallLogDescription& log)
 {
-    const auto read = [&](const char* key, const char* fallback = "") {
-        return ini.read("lotus call log description", key, fallback);
-    };
-    SplitBaseDescription(read("base"), log);
-    log.LastName = read("LastName");
-    log.FirstName = read("FirstName");
-    log.PhoneNumber = read("PhoneNumber");
-    log.State = read("State");
-    log.BeginDate = read("BeginDate");
-    log.EndDate = read("EndDate");
-    log.Incoming = read("Incoming");
-    log.Extern = read("Extern");
-    log.Form = read("Form");
-    log.TypeForm = read("TypeForm");
-    log.Acknowledged = read("Acknowledged");
-    log.TypeCall = read("TypeCall");
-    log.InfoSupdocNoteId = read("InfoSupdocNoteId", "InfoSupdocNoteId");
-    log.InfoSupServer = read("InfoSupServer", "InfoSupServer");
-    log.InfoSupBase = read("InfoSupBase", "InfoSupBase");
+    SplitBaseDescription(ini.read(ofCallLog("base")), log);
+    log.LastName = ini.read(ofCallLog("LastName"));
+    log.FirstName = ini.read(ofCallLog("FirstName"));
+    log.PhoneNumber = ini.read(ofCallLog("PhoneNumber"));
+    log.State = ini.read(ofCallLog("State"));
+    log.BeginDate = ini.read(ofCallLog("BeginDate"));
+    log.EndDate = ini.read(ofCallLog("EndDate"));
+    log.Incoming = ini.read(ofCallLog("Incoming"));
+    log.Extern = ini.read(ofCallLog("Extern"));
+    log.Form = ini.read(ofCallLog("Form"));
+    log.TypeForm = ini.read(ofCallLog("TypeForm"));
+    log.Acknowledged = ini.read(ofCallLog("Acknowledged"));
+    log.TypeCall = ini.read(ofCallLog("TypeCall"));
+    log.InfoSupdocNoteId = ini.read(ofCallLog("InfoSupdocNoteId"));
+    log.InfoSupServer = ini.read(ofCallLog("InfoSupServer"));
+    log.InfoSupBase = ini.read(ofCallLog("InfoSupBase"));
 }
 
 }
@@ -104,25 +120,25 @@ void readCallLog(const IniFile& ini, CallLogDescription& log)
 void readLotusBook(const IniFile& ini, std::int16_t index, const ServerName& serverName, LotusAddressBook& book)
 {
     const std::string section = automation::ansi(sectionOfBook(index));
-    const auto read = [&](const char* key) { return ini.read(section.c_str(), key, ""); };
-    book.PersonalAddressBook = ini.readSwitch(section.c_str(), "PersonalAddressBook", "");
-    SplitBaseDescription(read("base"), book);
+    const auto read = [&](const Setting& setting) { return ini.read(setting.in(section.c_str())); };
+    book.PersonalAddressBook = ini.readSwitch(ofBook("PersonalAddressBook").in(section.c_str()));
+    SplitBaseDescription(read(ofBook("base")), book);
     if (book.Server == L"<server name>") book.Server = serverName();
-    book.LastName = read("LastName");
-    book.FirstName = read("FirstName");
-    book.PhoneNumber = itemNames(read("PhoneNumber"));
-    book.FullName = read("FullName");
-    book.MailAddress = itemNames(read("MailAddress"));
-    book.Form = read("Form");
-    book.TypeForm = read("TypeForm");
+    book.LastName = read(ofBook("LastName"));
+    book.FirstName = read(ofBook("FirstName"));
+    book.PhoneNumber = itemNames(read(ofBook("PhoneNumber")));
+    book.FullName = read(ofBook("FullName"));
+    book.MailAddress = itemNames(read(ofBook("MailAddress")));
+    book.Form = read(ofBook("Form"));
+    book.TypeForm = read(ofBook("TypeForm"));
 }
 
 void readLotusAddressBooks(const IniFile& ini, const BookReader& readBook, LotusConfiguration& configuration)
 {
     configuration.nSelectedPersonal = -1;
-    configuration.nbPublicAddressBook = automation::int16FromText(ini.read(lotusSection, "NbPublicAddressBook", "0"));
+    configuration.nbPublicAddressBook = automation::int16FromText(ini.read(lotus("NbPublicAddressBook")));
     const std::vector<LotusAddressBook> books = readDescribedBooks(ini, configuration.nbPublicAddressBook, readBook);
-    chooseBooks(configuration, books, ini.read(lotusSection, "Order", "0"));
+    chooseBooks(configuration, books, ini.read(lotus("Order")));
 }
 
 void readLotusSwitchesAndCallLog(const IniFile& ini, LotusConfiguration& configuration)
@@ -133,15 +149,14 @@ void readLotusSwitchesAndCallLog(const IniFile& ini, LotusConfiguration& configu
 
 void readLotusPersonalLog(const IniFile& ini, PersonalLogDescription& log)
 {
-    const auto read = [&](const char* key) { return ini.read("lotus personnel log description", key, ""); };
-    SplitBaseDescription(read("base"), log);
-    log.Body = read("Body");
-    log.Events = read("Events");
-    log.Form = read("Form");
-    log.TypeForm = read("TypeForm");
-    log.StartTime = read("StartTime");
-    log.FinishTime = read("FinishTime");
-    log.serverItem = read("Server");
+    SplitBaseDescription(ini.read(ofPersonalLog("base")), log);
+    log.Body = ini.read(ofPersonalLog("Body"));
+    log.Events = ini.read(ofPersonalLog("Events"));
+    log.Form = ini.read(ofPersonalLog("Form"));
+    log.TypeForm = ini.read(ofPersonalLog("TypeForm"));
+    log.StartTime = ini.read(ofPersonalLog("StartTime"));
+    log.FinishTime = ini.read(ofPersonalLog("FinishTime"));
+    log.serverItem = ini.read(ofPersonalLog("Server"));
 }
 
 }

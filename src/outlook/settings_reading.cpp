@@ -1,21 +1,25 @@
 #include "outlook/settings_reading.h"
 
 #include "automation/conversion.h"
+#include "common/settings_table.h"
 #include "common/text.h"
 
 namespace hublink {
 
 namespace {
 
-constexpr const char* section = "outlook";
+consteval const Setting& outlook(std::string_view key)
+{
+    return setting("outlook", key);
+}
 
 void readExtension(const IniFile& ini, const std::wstring& programFolder, OutlookConfiguration& configuration)
 {
-    const std::wstring library = ini.read(section, "DllExtension", "");
-    configuration.szDllExtensionName = ini.read(section, "DllExtensionName", "");
-    std::wstring folder = ini.read(section, "PathDllExtension", "");
+    const std::wstring library = ini.read(outlook("DllExtension"));
+    configuration.szDllExtensionName = ini.read(outlook("DllExtensionName"));
+    std::wstring folder = ini.read(outlook("PathDllExtension"));
     if (folder.empty()) folder = programFolder;
-    std::wstring value = ini.read(section, "RegisteDllExtension", "");
+    std::wstring value = ini.read(outlook("RegisteDllExtension"));
     value = replaceAll(std::move(value), L"<PathDllExtension>", folder);
     configuration.szRegisteDllExtension = replaceAll(std::move(value), L"<DllExtension>", library);
 }
@@ -25,11 +29,11 @@ void readExtension(const IniFile& ini, const std::wstring& programFolder, Outloo
 ExtensionUse readOutlookSettings(const IniFile& ini, const std::wstring& programFolder,
                                  OutlookConfiguration& configuration)
 {
-    configuration.szCallBackMailSyntaxe = ini.read(section, "CallBackMailSyntaxe", "");
-    configuration.bReplacePhoneNumber = ini.readSwitch(section, "ReplacePhoneNumber", "true");
-    configuration.bQuitOutlook = ini.readSwitch(section, "quitoutlook", "false");
-    configuration.nLanguage = automation::int16FromText(ini.read(section, "language", "0"));
-    if (!ini.readSwitch(section, "Extension", "")) return ExtensionUse::none;
+    configuration.szCallBackMailSyntaxe = ini.read(outlook("CallBackMailSyntaxe"));
+    configuration.bReplacePhoneNumber = ini.readSwitch(outlook("ReplacePhoneNumber"));
+    configuration.bQuitOutlook = ini.readSwitch(outlook("quitoutlook"));
+    configuration.nLanguage = automation::int16FromText(ini.read(outlook("language")));
+    if (!ini.readSwitch(outlook("Extension"))) return ExtensionUse::none;
     readExtension(ini, programFolder, configuration);
     return ExtensionUse::registered;
 }

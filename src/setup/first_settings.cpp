@@ -47,26 +47,28 @@ std::wstring stored(const automation::RegistryKey& key, const wchar_t* name)
 
 }
 
-const std::vector<SettingProperty>& settingProperties()
+const std::vector<Setting>& settingProperties()
 {
-    static const std::vector<SettingProperty> properties{
-#include <setting_properties.inc>
-    };
-    return properties;
+    static const std::vector<Setting> given = [] {
+        std::vector<Setting> settings(std::begin(settingsTable), std::end(settingsTable));
+        std::erase_if(settings, [](const Setting& each) { return !each.property; });
+        return settings;
+    }();
+    return given;
 }
 
 void addGiven(const Package& package, ActionData& data)
 {
-    for (const SettingProperty& each : settingProperties())
-        if (const std::wstring value = package.property(each.name); !value.empty()) data.add(each.name, value);
+    for (const Setting& each : settingProperties())
+        if (const std::wstring value = package.property(each.property); !value.empty()) data.add(each.property, value);
 }
 
 void writeInto(const std::wstring& iniFile, const ActionData& data)
 {
     const IniFile ini(iniFile);
-    for (const SettingProperty& each : settingProperties()) {
-        const std::wstring value = data.value(each.name);
-        if (!value.empty() && !ini.write(each.section, each.key, automation::ansi(value).c_str()))
+    for (const Setting& each : settingProperties()) {
+        const std::wstring value = data.value(each.property);
+        if (!value.empty() && !ini.write(each, automation::ansi(value).c_str()))
             throw std::runtime_error("cannot write " + std::string(each.key) + " into " + automation::ansi(iniFile));
     }
 }
@@ -75,9 +77,9 @@ ActionData remember(const ActionData& given)
 {
     const automation::RegistryKey key = rememberedKey();
     ActionData all;
-    for (const SettingProperty& each : settingProperties()) {
-        if (const std::wstring value = given.value(each.name); !value.empty()) store(key, each.name, value);
-        if (const std::wstring known = stored(key, each.name); !known.empty()) all.add(each.name, known);
+    for (const Setting& each : settingProperties()) {
+        if (const std::wstring value = given.value(each.property); !value.empty()) store(key, each.property, value);
+        if (const std::wstring known = stored(key, each.property); !known.empty()) all.add(each.property, known);
     }
     return all;
 }

@@ -4,6 +4,7 @@
 // ini file, which gets them too.
 #pragma once
 
+#include "common/settings_table.h"
 #include "setup/action_data.h"
 #include "setup/package.h"
 
@@ -12,13 +13,8 @@
 
 namespace hublink::setup {
 
-// A property is called as its key, in capitals.
-struct SettingProperty {
-    const wchar_t* name;
-    const char* section;
-    const char* key;
-};
-const std::vector<SettingProperty>& settingProperties();
+// Those that have a property.
+const std::vector<Setting>& settingProperties();
 
 // Adds those that are given to `data`.
 void addGiven(const Package& package, ActionData& data);

@@ -31,38 +31,6 @@ std::vector<std::string> between(const std::string& text, char mark)
     return found;
 }
 
-// The arguments of a call whose opening bracket stands at `start`, as they are written.
-std::vector<std::string> arguments(const std::string& text, std::size_t start)
-{
-    std::vector<std::string> found(1);
-    int depth = 0;
-    bool quoted = false;
-    for (std::size_t at = start; at < text.size(); ++at) {
-        const char c = text[at];
-        if (c == '"') quoted = !quoted;
-        if (!quoted && c == '(' && depth++ == 0) continue;
-        if (!quoted && c == ')' && --depth == 0) break;
-        if (!quoted && c == ',' && depth == 1) found.emplace_back();
-        else if (quoted || c != ' ') found.back() += c;
-    }
-    return found;
-}
-
-// The text of a literal, or of the constant of that name; "" for what is neither.
-std::string textOf(const std::string& argument, const std::string& source)
-{
-    if (argument.starts_with('"')) return between(argument, '"').front();
-    const std::string definition = "const char* " + argument + " = ";
-    const std::size_t place = source.find(definition);
-    return place == std::string::npos ? "" : between(source.substr(place, 200), '"').front();
-}
-
-// read(key) and read(key, fallback) within a section; with section and fallback everywhere else.
-std::string keyAmong(const std::vector<std::string>& given, const std::string& source)
-{
-    return textOf(given.size() >= 3 ? given[1] : given[0], source);
-}
-
 }
 
 Sections keysOfIni(const std::string& text)
@@ -91,24 +59,6 @@ Sections keysOfPage(const std::string& text)
                 sections[section].insert(key);
     }
     return sections;
-}
-
-Keys keysOfSource(const std::string& text)
-{
-    Keys keys;
-    for (const std::string call : {"read(", "readSwitch(", "number("})
-        for (std::size_t at = text.find(call); at != std::string::npos; at = text.find(call, at + 1)) {
-            const std::string key = keyAmong(arguments(text, at + call.size() - 1), text);
-            if (!key.empty()) keys.insert(key);
-        }
-    return keys;
-}
-
-Keys together(const Sections& sections)
-{
-    Keys all;
-    for (const auto& [section, keys] : sections) all.insert(keys.begin(), keys.end());
-    return all;
 }
 
 }

@@ -1,5 +1,4 @@
-// The keys of the settings as the three that name them do: the default ini file, its
-// documentation and the sources that read them.
+// The keys of the settings as the default ini file and its documentation name them.
 #pragma once
 
 #include <map>
@@ -16,11 +15,5 @@ Sections keysOfIni(const std::string& text);
 
 // Of docs/settings.md: the first column of each table below a heading with a section's name.
 Sections keysOfPage(const std::string& text);
-
-// Of a source: what it hands to read, readSwitch and number as a key. A constant stands for its text.
-Keys keysOfSource(const std::string& text);
-
-// All of all sections together.
-Keys together(const Sections& sections);
 
 }

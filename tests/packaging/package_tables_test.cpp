@@ -113,8 +113,8 @@ TEST(PackageTables, EverySettingOfACommandLine_ReachesTheInstallation)
 {
     const std::wstring passed = L";" + property(L"SecureCustomProperties") + L";";
     for (const auto& each : hublink::setup::settingProperties())
-        EXPECT_NE(passed.find(L";" + std::wstring(each.name) + L";"), std::wstring::npos)
-            << automation::ansi(each.name);
+        EXPECT_NE(passed.find(L";" + std::wstring(each.property) + L";"), std::wstring::npos)
+            << automation::ansi(each.property);
     EXPECT_NE(passed.find(L";INSTALLDIR;"), std::wstring::npos);
 }
 

@@ -14,24 +14,17 @@ WIDE = r'L"((?:[^"\\]|\\.)*)"'
 FUNCTION = re.compile(r"^(?P<head>[^\s#/{}][^\n;{]*(?:\n +[^\n;{]*)*)\n(?:try )?\{\n(?P<body>.*?)^\}", re.M | re.S)
 
 
-def constants_of(text):
-    return dict(re.findall(r"constexpr (?:const )?(?:char|wchar_t)\* (?:const )?(\w+) = L?" + NARROW, text))
-
-
 class Source:
-    def __init__(self, path, shared_constants):
+    def __init__(self, path):
         self.path = path
         text = path.read_text(encoding="utf-8")
         text = re.sub(r"'(\\.|[^'\\\n])'", "0", text)  # characters: a parenthesis or quote counts no more
         self.text = re.sub(r"(?m)^\s*//.*$|(?<=[;{}),]) +//.*$", "", text)
         self.functions = [(match["head"], match["body"]) for match in FUNCTION.finditer(self.text)]
-        self.constants = shared_constants | constants_of(self.text)
 
 
 def sources():
-    headers = "".join(path.read_text(encoding="utf-8") for path in (ROOT / "src").rglob("*.h"))
-    shared = constants_of(headers)
-    return [Source(path, shared) for room in ROOMS for path in sorted((ROOT / "src" / room).rglob("*.cpp"))]
+    return [Source(path) for room in ROOMS for path in sorted((ROOT / "src" / room).rglob("*.cpp"))]
 
 
 def without_texts(code):
@@ -64,55 +57,13 @@ def calls(text, name):
 # ---------------------------------------------------------------- the ini keys
 
 
-def constant(source, text):
-    """The text of a literal or of a constant; None for anything else."""
-    literal = re.fullmatch(NARROW, text)
-    if literal:
-        return literal[1]
-    return source.constants.get(text)
-
-
-def section_name(source, text):
-    known = constant(source, text)
-    if known is not None:
-        return known
-    numbered = re.search(r'L"(lotus base description )"', source.text)
-    if text == "section.c_str()" and numbered:
-        return numbered[1] + "1"
-    raise AssertionError(f"{source.path}: which section is {text}?")
-
-
-def reads_through(source, helper, scope, section, default):
-    """The keys that are read through a helper which knows their section."""
-    for arguments in calls(scope, rf"(?<!\.){helper}"):
-        parts = [part for part in split_arguments(arguments) if constant(source, part) is not None]
-        if parts:
-            yield section, constant(source, parts[0]), constant(source, parts[1]) if len(parts) > 1 else default
-
-
-def keys_of(source):
-    for head, body in source.functions:
-        for arguments in calls(body, r"(?:ini|iniFile\(\w+\)|IniFile\([^()]*\))\.(?:read|readSwitch)"):
-            section, key, default = split_arguments(arguments)
-            section = section_name(source, section)
-            if constant(source, key) is not None:
-                yield section, constant(source, key), constant(source, default)
-                continue
-            bound = re.search(r"const auto (\w+) = \[&\]\(const char\* key", body)
-            helper = bound[1] if bound else re.search(r"(\w+)\(", head)[1]
-            yield from reads_through(source, helper, body if bound else source.text, section,
-                                     constant(source, default) or "")
+SETTING = re.compile(r'^    \{(?:"([^"]*)"|bookSection), "(\w+)", SettingKind::\w+, "([^"]*)"', re.M)
 
 
 def ini_keys():
-    """{(section, key): default} of all that the program reads."""
-    found = {}
-    for source in sources():
-        if source.path.name == "ini_file.cpp":
-            continue  # how a key is read, whichever
-        for section, key, default in keys_of(source):
-            found[section, key] = found.get((section, key)) or default
-    return found
+    """{(section, key): fallback} of all that the program reads."""
+    table = (ROOT / "src/common/settings_table.h").read_text(encoding="utf-8")
+    return {(section or "lotus base description 1", key): fallback for section, key, fallback in SETTING.findall(table)}
 
 
 # --------------------------------------------------------------- the log lines
