@@ -2,10 +2,11 @@
 
 #include "automation/apartment.h"
 #include "automation/owners.h"
+#include "automation/process_arguments.h"
 #include "desk/common/running_program.h"
 #include "desk/common/text.h"
 
-#include <shellapi.h>
+#include <windows.h>
 
 namespace desk {
 
@@ -29,12 +30,11 @@ int fail(int code, const std::string& text)
 
 std::vector<std::wstring> commandLine()
 {
-    int count = 0;
-    const automation::LocalMemory<wchar_t*> words(CommandLineToArgvW(GetCommandLineW(), &count));
-    std::vector<std::wstring> arguments;
-    for (int index = 1; index < count; ++index) arguments.push_back(lowerCase(words.get()[index]));
-    for (std::wstring& argument : arguments)
+    std::vector<std::wstring> arguments = automation::processArguments();
+    for (std::wstring& argument : arguments) {
+        argument = lowerCase(argument);
         if (argument[0] == L'-') argument[0] = L'/';
+    }
     return arguments;
 }
 

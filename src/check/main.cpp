@@ -1,12 +1,12 @@
 // HublinkCheck.exe: tells what Hublink would find on this computer.
 #include "automation/apartment.h"
+#include "automation/process_arguments.h"
 #include "automation/process_protection.h"
 #include "automation/server/registration.h"
 #include "automation/text.h"
 #include "check/examination.h"
 #include "check/options.h"
 #include "check/output.h"
-#include "convid/command_line.h"
 
 #include <version.h>
 
@@ -48,7 +48,7 @@ int report(const Options& options, const Texts& texts)
 
 int run(const Texts& usersOwn)
 {
-    const std::optional<Options> options = optionsOf(convid::processArguments());
+    const std::optional<Options> options = optionsOf(automation::processArguments());
     if (!options || options->asksForHelp) {
         tell(options ? STD_OUTPUT_HANDLE : STD_ERROR_HANDLE, usersOwn.report.usage().full);
         return options ? noProblem : noReport;

@@ -1,10 +1,6 @@
 #include "convid/command_line.h"
 
-#include "automation/owners.h"
 #include "automation/text.h"
-
-#include <windows.h>
-#include <shellapi.h>
 
 namespace convid {
 
@@ -18,14 +14,6 @@ Task taskOf(const std::vector<std::wstring>& arguments)
     if (automation::equalWithoutCase(word, L"UnregServer")) return Task::unregisterServer;
     if (automation::equalWithoutCase(word, L"Embedding")) return Task::serve;
     return Task::wrong;
-}
-
-std::vector<std::wstring> processArguments()
-{
-    int count = 0;
-    const automation::LocalMemory<wchar_t*> words(CommandLineToArgvW(GetCommandLineW(), &count));
-    if (!words) return {};
-    return std::vector<std::wstring>(words.get() + (count > 0 ? 1 : 0), words.get() + count);
 }
 
 }

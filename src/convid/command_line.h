@@ -12,7 +12,4 @@ enum class Task { registerServer, unregisterServer, serve, wrong };
 // in any case. COM starts a server with "-Embedding".
 Task taskOf(const std::vector<std::wstring>& arguments);
 
-// The arguments that this process was started with.
-std::vector<std::wstring> processArguments();
-
 }

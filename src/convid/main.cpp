@@ -1,6 +1,7 @@
 // PavexConvId.exe: the identifier map as a local COM server without windows.
 #include "automation/apartment.h"
 #include "automation/call_permission.h"
+#include "automation/process_arguments.h"
 #include "automation/process_protection.h"
 #include "automation/text.h"
 #include "convid/class_identity.h"
@@ -59,7 +60,7 @@ std::wstring hex(HRESULT code)
 int WINAPI WinMain(HINSTANCE, HINSTANCE, LPSTR, int)
 try {
     automation::protectProcess();
-    return carryOut(taskOf(processArguments()));
+    return carryOut(taskOf(automation::processArguments()));
 } catch (const automation::AutomationError& error) {
     report(error.member() + L" failed with " + hex(error.code()));
     return failed;

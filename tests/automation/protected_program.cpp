@@ -3,10 +3,10 @@
 //   automation_protected load LIBRARY     0 when the library was loaded, 1 when not
 //   automation_protected unprotected LIBRARY    the same without the protection
 //   automation_protected errors           its error mode
+#include "automation/process_arguments.h"
 #include "automation/process_protection.h"
 
 #include <windows.h>
-#include <shellapi.h>
 
 #include <stdexcept>
 #include <string_view>
@@ -31,7 +31,6 @@ int run(std::wstring_view what, const wchar_t* name)
 
 int WINAPI WinMain(HINSTANCE, HINSTANCE, LPSTR, int)
 {
-    int count = 0;
-    wchar_t** const words = CommandLineToArgvW(GetCommandLineW(), &count);
-    return run(count > 1 ? words[1] : L"", count > 2 ? words[2] : L"");
+    const std::vector<std::wstring> arguments = automation::processArguments();
+    return run(arguments.empty() ? L"" : arguments[0], arguments.size() > 1 ? arguments[1].c_str() : L"");
 }
