@@ -2,13 +2,11 @@
 
 #include "automation/owners.h"
 #include "check/registry_view.h"
-#include "common/ini_file.h"
+#include "outlook/settings.h"
 
 namespace hublink::check {
 
 namespace {
-
-constexpr const wchar_t* extensionsKey = L"SOFTWARE\\Microsoft\\Exchange\\Client\\Extensions";
 
 Access accessTo(const std::wstring& path, DWORD rights)
 {

@@ -11,8 +11,6 @@ namespace hublink {
 
 namespace {
 
-constexpr const wchar_t* extensionsKey = L"SOFTWARE\\Microsoft\\Exchange\\Client\\Extensions";
-
 bool softphoneIsInstalled(const OutlookSession& session)
 {
     const std::wstring& folder = session.host.configuration().szPathPavex;

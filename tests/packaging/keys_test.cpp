@@ -35,6 +35,20 @@ packaging::Sections table()
     return sections;
 }
 
+// How an explanation may say what counts when a key is missing.
+std::vector<std::string> fallbackInWords(const std::string& section, const std::string& key)
+{
+    const bool isOfOneBook = section.starts_with(hublink::bookSection);
+    for (const hublink::Setting& each : hublink::settingsIn(isOfOneBook ? hublink::bookSection : section))
+        if (each.key == key) {
+            const std::string fallback = each.fallback;
+            if (each.kind == hublink::SettingKind::toggle && fallback != "true") return {"off)", "false)"};
+            if (fallback.empty()) return {"empty", "none"};
+            return {fallback + ")", fallback + ":"};
+        }
+    return {};
+}
+
 // The sections whose keys are properties, as docs/installing.md names them.
 std::set<std::string> documentedSections()
 {
@@ -67,14 +81,18 @@ TEST(SettingsKeys, AnyKeyAddedToOneAlone_IsNoticed)
     EXPECT_NE(packaging::keysOfPage("## [outlook]\n| `AddedKey` | |\n"), packaging::Sections());
 }
 
-TEST(SettingsKeys, Each_HasALineOfExplanationAboveIt)
+TEST(SettingsKeys, Each_HasALineOfExplanationAboveIt_ThatEndsWithWhatCountsWhenItIsMissing)
 {
     std::istringstream lines(project(L"packaging/pavexconnector.ini"));
-    std::string before;
-    for (std::string line; std::getline(lines, line); before = line)
-        if (!line.starts_with(';') && line.find('=') != std::string::npos) {
-            EXPECT_TRUE(before.starts_with("; ") && before.find('(') != std::string::npos) << line;
-        }
+    std::string section, before;
+    for (std::string line; std::getline(lines, line); before = line) {
+        if (line.starts_with('[')) section = line.substr(1, line.find(']') - 1);
+        if (line.starts_with(';') || line.find('=') == std::string::npos) continue;
+        const std::string end = before.substr(std::min(before.rfind('('), before.size()));
+        const auto tells = [&](const std::string& what) { return end.starts_with("(" + what); };
+        EXPECT_TRUE(before.starts_with("; ")) << line;
+        EXPECT_TRUE(std::ranges::any_of(fallbackInWords(section, line.substr(0, line.find('='))), tells)) << before;
+    }
 }
 
 TEST(SettingsKeys, DefaultIniFile_BeginsWithAComment_AndItsLinesEndAsNotepadWantsThem)
