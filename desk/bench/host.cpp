@@ -32,7 +32,7 @@ long residentMemory()
     return asked("resident?");
 }
 
-long mostResidentMemory()
+long peakResidentMemory()
 {
     return asked("most resident?");
 }

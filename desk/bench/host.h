@@ -13,7 +13,7 @@ long privateMemory();
 // Memory in KB that it has in use, shared or not: now, and the most since that
 // was asked. Throw likewise.
 long residentMemory();
-long mostResidentMemory();
+long peakResidentMemory();
 
 // Processor time used so far, in milliseconds. Throws likewise.
 long processorTime();

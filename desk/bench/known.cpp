@@ -11,8 +11,8 @@ namespace desk::bench {
 
 namespace {
 
-constexpr unsigned long mostInOutlook = 120; // round trips, wherever the contact lies
-constexpr int measuredContacts = 10'000;     // what the steps are reckoned for
+constexpr unsigned long maxInOutlook = 120; // round trips, wherever the contact lies
+constexpr int measuredContacts = 10'000;    // what the steps are reckoned for
 
 enum class Place { middle, end };
 
@@ -41,7 +41,7 @@ People withCaller(int count, Place place)
 
 std::wstring callersNumber()
 {
-    return automation::wide(caller().number);
+    return automation::toWide(caller().number);
 }
 
 OutlookCall callOf(Place place, Numbers numbers)
@@ -86,7 +86,7 @@ OutlookCall outgoingCall()
 OutlookCall forwardedCall(Numbers numbers)
 {
     const bool isRewritten = numbers == Numbers::rewritten;
-    const std::wstring colleaguesNumber = automation::wide(colleague().number);
+    const std::wstring colleaguesNumber = automation::toWide(colleague().number);
     OutlookCall call = callOf(Place::middle, numbers);
     call.name = std::wstring(L"forwarded, both under dots or blanks, ") + (isRewritten ? L"rewritten" : L"kept");
     call.contacts = [](int count) {
@@ -108,24 +108,24 @@ OutlookCall forwardedCall(Numbers numbers)
 void measureKnown(player::Desk& desk, Report& report)
 {
     report.section(L"Outlook: a known caller");
-    report.tell(howTheScriptRuns);
+    report.remark(howTheScriptRuns);
     OutlookCalls calls(desk, report);
     calls.compare(storedCall());
     unsigned long most = 0;
     for (const Place place : {Place::middle, Place::end})
         for (const Numbers numbers : {Numbers::rewritten, Numbers::kept})
             most = std::max(most, calls.compare(callOf(place, numbers)).inGroupware);
-    report.target(most <= mostInOutlook, L"known under dots or blanks, 10,000 contacts, event to window: at most " +
-                                             std::to_wstring(most) + L" round trips in Outlook; target " +
-                                             std::to_wstring(mostInOutlook));
-    calls.tellWithoutTables(callOf(Place::end, Numbers::kept));
+    report.target(most <= maxInOutlook, L"known under dots or blanks, 10,000 contacts, event to window: at most " +
+                                            std::to_wstring(most) + L" round trips in Outlook; target " +
+                                            std::to_wstring(maxInOutlook));
+    calls.reportWithoutTables(callOf(Place::end, Numbers::kept));
     calls.compare(outgoingCall());
 }
 
 void measureForwarded(player::Desk& desk, Report& report)
 {
     report.section(L"Outlook: a forwarded call, caller in the middle of the folder, colleague at its end");
-    report.tell(howTheScriptRuns);
+    report.remark(howTheScriptRuns);
     OutlookCalls calls(desk, report);
     for (const Numbers numbers : {Numbers::rewritten, Numbers::kept}) calls.compare(forwardedCall(numbers));
 }

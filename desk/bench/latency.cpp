@@ -27,7 +27,7 @@ constexpr int calls = 200;
 constexpr int betweenCallers = contactsInFolder / calls;
 constexpr int scriptedCalls = 12;    // it takes seconds for each
 constexpr int betweenScripted = 83; // all over the folder, and no multiple of the four layouts
-constexpr DWORD patience = 20'000;     // milliseconds, for an event
+constexpr DWORD timeout = 20'000;     // milliseconds, for an event
 
 class Latency {
 public:
@@ -40,9 +40,9 @@ public:
     {
         runner_.startPartners();
         runner_.configure(false);
-        report_.tell(L"milliseconds     calls      50 %      90 %      99 %      most");
-        tell(L"Hublink", hublink());
-        tell(L"script", script());
+        report_.remark(L"milliseconds     calls      50 %      90 %      99 %      most");
+        reportTimes(L"Hublink", hublink());
+        reportTimes(L"script", script());
     }
 
 private:
@@ -54,13 +54,13 @@ private:
 
     std::wstring numberAt(int place) const
     {
-        return automation::wide(withoutSeparators(people_[static_cast<std::size_t>(place)].number));
+        return automation::toWide(withoutSeparators(people_[static_cast<std::size_t>(place)].number));
     }
 
     std::vector<double> hublink()
     {
         load();
-        runner_.hublinkStarts();
+        runner_.measureStart();
         std::vector<double> times;
         for (int call = 0; call < calls; ++call) {
             const int place = call * betweenCallers;
@@ -103,12 +103,12 @@ private:
     // What Outlook has to save is in its store then: it does not fall into the next call.
     void closeWindows()
     {
-        player::waitUntil([&] { return desk_.softphone(L"pending") == L"0"; }, patience);
+        player::waitUntil([&] { return desk_.softphone(L"pending") == L"0"; }, timeout);
         desk_.outlook(L"close-windows");
         watch_.gone();
     }
 
-    void tell(const std::wstring& client, std::vector<double> times)
+    void reportTimes(const std::wstring& client, std::vector<double> times)
     {
         std::sort(times.begin(), times.end());
         std::wstring line = client + std::wstring(14 - client.size(), L' ') + aligned(std::to_wstring(times.size()), 8);
@@ -118,7 +118,7 @@ private:
             figure.push_back(std::to_wstring(std::lround(times[rank - 1])));
             line += aligned(figure.back(), 10);
         }
-        report_.tell(line);
+        report_.remark(line);
         report_.figure(figure);
     }
 

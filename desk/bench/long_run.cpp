@@ -15,13 +15,13 @@ using player::Desk;
 using player::waitFor;
 using player::waitUntil;
 
-constexpr DWORD patience = 60'000; // milliseconds
+constexpr DWORD timeout = 60'000; // milliseconds
 
 // What is allowed to a program that holds nothing: what the system itself takes and
 // gives back at any moment.
-constexpr DWORD handleStep = 4;      // from one place of the table to the next: one handle more
-constexpr long mostGrowth = 256;     // KB, after thousands of ticks or calls
-constexpr long mostIdleTime = 200;   // milliseconds of processor time a minute
+constexpr DWORD handleStep = 4;     // from one place of the table to the next: one handle more
+constexpr long maxGrowth = 256;     // KB, after thousands of ticks or calls
+constexpr long maxIdleTime = 200;   // milliseconds of processor time a minute
 
 // The lowest free place in a process's handle table, found by lending it a
 // handle for a moment. It is taken back, not closed there: Wine closes nothing
@@ -50,7 +50,10 @@ DWORD lowestFreeHandle(HANDLE process)
 // Some systems do not count these for another process and answer 0.
 void compareGui(Report& report, const wchar_t* what, DWORD before, DWORD after)
 {
-    if (before == 0 && after == 0) return report.tell(std::wstring(what) + L" are not counted on this system");
+    if (before == 0 && after == 0) {
+        report.remark(std::wstring(what) + L" are not counted on this system");
+        return;
+    }
     report.target(after <= before, std::wstring(what) + L": " + std::to_wstring(before) + L" before, " +
                                        std::to_wstring(after) + L" after");
 }
@@ -66,9 +69,9 @@ void holdingNothing(Desk& desk, Report& report, Work work)
     const long memory = privateMemory();
     work();
     const long memoryAfter = privateMemory();
-    report.target(memoryAfter - memory <= mostGrowth, L"private memory: " + std::to_wstring(memory) + L" KB before, " +
-                                                          std::to_wstring(memoryAfter) + L" KB after; at most " +
-                                                          std::to_wstring(mostGrowth) + L" KB more");
+    report.target(memoryAfter - memory <= maxGrowth, L"private memory: " + std::to_wstring(memory) + L" KB before, " +
+                                                         std::to_wstring(memoryAfter) + L" KB after; at most " +
+                                                         std::to_wstring(maxGrowth) + L" KB more");
     const DWORD handlesAfter = lowestFreeHandle(hublink);
     report.target(handlesAfter <= handles + handleStep, L"lowest free handle: " + std::to_wstring(handles) +
                                                             L" before, " + std::to_wstring(handlesAfter) +
@@ -81,7 +84,7 @@ void holdingNothing(Desk& desk, Report& report, Work work)
 void settle()
 {
     DWORD_PTR result = 0;
-    SendMessageTimeoutW(FindWindowW(L"Hublink", nullptr), WM_NULL, 0, 0, SMTO_NORMAL, patience, &result);
+    SendMessageTimeoutW(FindWindowW(L"Hublink", nullptr), WM_NULL, 0, 0, SMTO_NORMAL, timeout, &result);
 }
 
 unsigned long displays(Desk& desk)
@@ -99,8 +102,8 @@ void idleMinute(Report& report)
     const long before = processorTime();
     waitFor(60'000);
     const long used = processorTime() - before;
-    report.target(used <= mostIdleTime, L"processor time used: " + std::to_wstring(used) + L" ms; at most " +
-                                            std::to_wstring(mostIdleTime) + L" ms");
+    report.target(used <= maxIdleTime, L"processor time used: " + std::to_wstring(used) + L" ms; at most " +
+                                           std::to_wstring(maxIdleTime) + L" ms");
 }
 
 void tickOften(Desk& desk, int count)
@@ -121,7 +124,7 @@ void callOften(Desk& desk, int count)
         desk.outlook(L"clear");
         desk.softphone(L"clear");
         for (int call = 0; call < block; ++call) desk.softphone(L"call Number=4711 Incoming=true");
-        if (!waitUntil([&] { return displays(desk) == block; }, patience))
+        if (!waitUntil([&] { return displays(desk) == block; }, timeout))
             throw std::runtime_error("calls are not served any more");
     }
     settle();
@@ -149,7 +152,7 @@ void measureLongRun(Desk& desk, Report& report)
     desk.startSoftphone();
     desk.startOutlook("[contact]\nFirstName=Claire\nLastName=Petit\nBusinessTelephoneNumber=4711\n");
     desk.startHublink();
-    if (!waitUntil([&] { return desk.logHolds(L"Connector Initialization  Ok"); }, patience))
+    if (!waitUntil([&] { return desk.logHolds(L"Connector Initialization  Ok"); }, timeout))
         throw std::runtime_error("Hublink does not start");
     measureTicks(desk, report, 2000);
     measureCalls(desk, report, 5000);

@@ -89,11 +89,11 @@ MapTimes timesWith(const Object& map, int records)
     return times;
 }
 
-void tell(Report& report, int records, const MapTimes& times)
+void reportTimes(Report& report, int records, const MapTimes& times)
 {
     const auto cell = [](double milliseconds) { return aligned(decimal(milliseconds) + L" ms", 14); };
-    report.tell(aligned(std::to_wstring(records), 8) + cell(times.opening) + cell(times.lookUp) + cell(times.miss) +
-                cell(times.insertion));
+    report.remark(aligned(std::to_wstring(records), 8) + cell(times.opening) + cell(times.lookUp) + cell(times.miss) +
+                  cell(times.insertion));
 }
 
 }
@@ -106,9 +106,9 @@ void measureMap(player::Desk& desk, Report& report)
     const Object map = Object::create(L"PavexConvId.OrvelConvertId");
     const MapTimes small = timesWith(map, few);
     const MapTimes large = timesWith(map, many);
-    report.tell(L" records       opening       look-up   unknown one     insertion");
-    tell(report, few, small);
-    tell(report, many, large);
+    report.remark(L" records       opening       look-up   unknown one     insertion");
+    reportTimes(report, few, small);
+    reportTimes(report, many, large);
     report.target(large.opening < 1'000,
                   L"opening a map of 200,000 records: " + decimal(large.opening / 1000) + L" s; less than 1.000");
     const double growth = std::max(large.lookUp / small.lookUp, large.miss / small.miss);

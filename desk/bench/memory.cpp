@@ -16,7 +16,7 @@ constexpr int entries = 20;
 constexpr int few = 200;
 constexpr int many = 2'000;
 constexpr int contactsOfALargeFolder = 100'000;
-constexpr long mostWhileReading = 2'048; // KB above what it had before the call
+constexpr long maxWhileReading = 2'048; // KB above what it had before the call
 constexpr long tolerance = 128; // KB: what two runs of the same differ by
 
 // The least of three runs: now and then the system takes about 1,000 KB more for
@@ -26,7 +26,7 @@ long memoryAfter(Runner& runner, int items)
     long least = LONG_MAX;
     for (int run = 0; run < 3; ++run) {
         runner.give(synchronisationRecords(entries, items));
-        runner.hublinkStarts();
+        runner.measureStart();
         least = std::min(least, privateMemory());
         runner.stopHublink();
     }
@@ -40,17 +40,17 @@ void measureReading(player::Desk& desk, Runner& runner, Report& report)
     std::string number = people[people.size() - 3].number;
     std::erase_if(number, [](char letter) { return letter == '.' || letter == ' '; });
     runner.give({people, "", 0});
-    runner.hublinkStarts();
+    runner.measureStart();
     const long before = residentMemory();
-    const Run run = runner.hublinkIsCalled(L"Number=" + automation::wide(number) + L" Incoming=true");
-    const long most = mostResidentMemory();
+    const Run run = runner.measureCall(L"Number=" + automation::toWide(number) + L" Incoming=true");
+    const long most = peakResidentMemory();
     runner.stopHublink();
     if (desk.outlook(L"windows").empty()) throw std::runtime_error("the caller is not shown");
-    report.target(most - before <= mostWhileReading,
+    report.target(most - before <= maxWhileReading,
                   L"a known caller over " + std::to_wstring(contactsOfALargeFolder) + L" contacts: " +
                       std::to_wstring(run.counts.total()) + L" round trips, " + seconds(run.milliseconds) +
                       L", memory in use " + std::to_wstring(before) + L" KB before, at most " + std::to_wstring(most) +
-                      L" KB; at most " + std::to_wstring(mostWhileReading) + L" KB more");
+                      L" KB; at most " + std::to_wstring(maxWhileReading) + L" KB more");
 }
 
 }

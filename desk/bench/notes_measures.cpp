@@ -16,8 +16,8 @@ constexpr int entries = 200;
 constexpr int items = 1'000;
 constexpr int personsInABook = 20'000;
 constexpr const char* callersNumber = "0123456789";
-constexpr double mostOfTheScripts = 0.45; // of its round trips in the first run
-constexpr unsigned long mostOfTheMorning = 28;
+constexpr double maxOfScripts = 0.45; // of its round trips in the first run
+constexpr unsigned long maxOfMorning = 28;
 constexpr int personsOfTheMorning = 43;
 constexpr int contactsBefore = 150;
 
@@ -50,9 +50,8 @@ private:
         report_.target(notes_.mirrored() == mirrored, L"the script has left the same documents as Hublink");
         const Run scriptSecond = script(L"script, second run", L"sync");
         const double ratio = compare(L"first synchronisation", contactsBefore, first, scriptFirst);
-        report_.target(ratio <= mostOfTheScripts, L"first synchronisation: " + decimal(ratio) +
-                                                      L" of the script's round trips; at most " +
-                                                      decimal(mostOfTheScripts));
+        report_.target(ratio <= maxOfScripts, L"first synchronisation: " + decimal(ratio) +
+                                                  L" of the script's round trips; at most " + decimal(maxOfScripts));
         report_.needed(L"Notes, first synchronisation", sumOf(notesFirstSynchronisationSteps()));
         compare(L"second synchronisation", contactsBefore, second, scriptSecond);
         compareWithSteps(second);
@@ -60,27 +59,27 @@ private:
 
     Run hublink(const wchar_t* what)
     {
-        report_.tell(what);
-        const Run run = runner_.hublinkStarts();
+        report_.remark(what);
+        const Run run = runner_.measureStart();
         runner_.stopHublink();
         return run;
     }
 
     Run script(const wchar_t* what, const std::wstring& arguments)
     {
-        report_.tell(what);
+        report_.remark(what);
         return runner_.script(arguments);
     }
 
     double compare(const std::wstring& what, int contacts, const Run& hublink, const Run& script)
     {
         for (const std::wstring& line : table({{L"Hublink", hublink.counts}, {L"script", script.counts}}))
-            report_.tell(line);
+            report_.remark(line);
         const double ratio = static_cast<double>(hublink.counts.total()) / script.counts.total();
-        report_.tell(what + L": Hublink " + std::to_wstring(hublink.counts.total()) + L" round trips, " +
-                     seconds(hublink.milliseconds) + L"; script " + std::to_wstring(script.counts.total()) + L", " +
-                     seconds(script.milliseconds) + L"; ratio " + decimal(ratio) + L", of the times " +
-                     decimal(hublink.milliseconds / script.milliseconds));
+        report_.remark(what + L": Hublink " + std::to_wstring(hublink.counts.total()) + L" round trips, " +
+                       seconds(hublink.milliseconds) + L"; script " + std::to_wstring(script.counts.total()) + L", " +
+                       seconds(script.milliseconds) + L"; ratio " + decimal(ratio) + L", of the times " +
+                       decimal(hublink.milliseconds / script.milliseconds));
         const std::wstring work = L"Notes, " + what;
         report_.cost({work, L"Hublink", contacts, static_cast<double>(hublink.counts.total()), hublink.milliseconds});
         report_.cost({work, L"script", contacts, static_cast<double>(script.counts.total()), script.milliseconds});
@@ -101,12 +100,12 @@ private:
 
     void call()
     {
-        report_.tell(L"the call of a person in the last of three books with " + std::to_wstring(personsInABook) +
-                     L" persons each");
+        report_.remark(L"the call of a person in the last of three books with " + std::to_wstring(personsInABook) +
+                       L" persons each");
         notes_.fillBooks(personsInABook, callersNumber);
         scriptIsCalled(); // Notes makes the indexes of its views at the first look-up
-        runner_.hublinkStarts();
-        const Run hublink = runner_.hublinkIsCalled(L"Number=0123456789 Incoming=true");
+        runner_.measureStart();
+        const Run hublink = runner_.measureCall(L"Number=0123456789 Incoming=true");
         expectDocument();
         runner_.stopHublink();
         report_.needed(L"Notes, known caller in the last of three books", sumOf(notesKnownCallersSteps()));
@@ -118,28 +117,28 @@ private:
     // meanwhile.
     void morningsCall()
     {
-        report_.tell(L"the morning's call from a known number");
+        report_.remark(L"the morning's call from a known number");
         for (const player::Setting& setting : player::notesSettings())
             desk_.setIni(setting.section, setting.key, setting.value);
         desk_.notes(L"load\n" + fromUtf8(player::morningDatabases()));
         desk_.softphone(L"load\n" + fromUtf8(player::morningSoftphone()));
         player::Desk::emptyIdentifierMap();
-        const Run run = leastOfThreeFirstCalls();
-        for (const std::wstring& line : table({{L"Hublink", run.counts}})) report_.tell(line);
+        const Run run = fewestOfThreeFirstCalls();
+        for (const std::wstring& line : table({{L"Hublink", run.counts}})) report_.remark(line);
         report_.cost({L"Notes, known caller of the morning", L"Hublink", personsOfTheMorning,
                       static_cast<double>(run.counts.total()), run.milliseconds});
-        report_.target(run.inGroupware <= mostOfTheMorning,
+        report_.target(run.inGroupware <= maxOfMorning,
                        L"known caller of the morning: " + std::to_wstring(run.inGroupware) +
-                           L" round trips in Notes; at most " + std::to_wstring(mostOfTheMorning));
+                           L" round trips in Notes; at most " + std::to_wstring(maxOfMorning));
     }
 
-    Run leastOfThreeFirstCalls()
+    Run fewestOfThreeFirstCalls()
     {
         Run least;
         for (int call = 0; call < 3; ++call) {
             desk_.notes(L"close-windows");
-            runner_.hublinkStarts();
-            const Run run = runner_.hublinkIsCalled(L"Number=0123456789 Incoming=true");
+            runner_.measureStart();
+            const Run run = runner_.measureCall(L"Number=0123456789 Incoming=true");
             expectDocument();
             runner_.stopHublink();
             if (call == 0 || run.inGroupware < least.inGroupware) least = run;

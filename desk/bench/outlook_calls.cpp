@@ -63,8 +63,8 @@ Run OutlookCalls::served(const OutlookCall& call)
 {
     runner_.configure(true);
     desk_.setIni("outlook", "ReplacePhoneNumber", call.numbers == Numbers::rewritten ? "true" : "false");
-    runner_.hublinkStarts();
-    const Run run = runner_.hublinkIsCalled(call.ring);
+    runner_.measureStart();
+    const Run run = runner_.measureCall(call.ring);
     expectWindows(call);
     runner_.stopHublink();
     return run;
@@ -86,22 +86,23 @@ void OutlookCalls::expectWindows(const OutlookCall& call)
     std::vector<std::wstring> expected = call.titles;
     std::sort(titles.begin(), titles.end());
     std::sort(expected.begin(), expected.end());
-    if (titles != expected) throw std::runtime_error("not the expected windows: " + automation::ansi(call.name));
+    if (titles != expected) throw std::runtime_error("not the expected windows: " + automation::toAnsi(call.name));
 }
 
 Run OutlookCalls::compare(const OutlookCall& call)
 {
-    report_.tell(call.name);
+    report_.remark(call.name);
     const Run few = script(call, scriptedCounts[0]);
     const Run more = script(call, scriptedCounts[1]);
-    report_.tell(L"contacts     Hublink  in Outlook        time      script        time   ratio");
+    report_.remark(L"contacts     Hublink  in Outlook        time      script        time   ratio");
     Run last;
     for (const int contacts : contactCounts) {
         last = hublink(call, contacts);
-        tellFigures(costOf(call, L"Hublink", contacts, last), last.inGroupware, scriptsCost(call, contacts, few, more));
+        reportFigures(costOf(call, L"Hublink", contacts, last), last.inGroupware,
+                      scriptsCost(call, contacts, few, more));
     }
-    tellNeeded(call);
-    for (const std::wstring& line : table({{L"over 10,000", last.counts}})) report_.tell(line);
+    reportNeeded(call);
+    for (const std::wstring& line : table({{L"over 10,000", last.counts}})) report_.remark(line);
     return last;
 }
 
@@ -113,27 +114,27 @@ Cost OutlookCalls::scriptsCost(const OutlookCall& call, int contacts, const Run&
     return costOf(call, L"script", contacts, ReckonedWork(scriptedCounts[0], few, scriptedCounts[1], more));
 }
 
-void OutlookCalls::tellFigures(const Cost& hublink, unsigned long inOutlook, const Cost& script)
+void OutlookCalls::reportFigures(const Cost& hublink, unsigned long inOutlook, const Cost& script)
 {
-    report_.tell(aligned(std::to_wstring(hublink.contacts), 8) + aligned(shown(hublink.roundTrips), 12) +
-                 aligned(std::to_wstring(inOutlook), 12) + aligned(seconds(hublink.milliseconds), 12) +
-                 aligned(shown(script.roundTrips), 12) + aligned(seconds(script.milliseconds), 12) +
-                 aligned(decimal(hublink.roundTrips / script.roundTrips), 8));
+    report_.remark(aligned(std::to_wstring(hublink.contacts), 8) + aligned(shown(hublink.roundTrips), 12) +
+                   aligned(std::to_wstring(inOutlook), 12) + aligned(seconds(hublink.milliseconds), 12) +
+                   aligned(shown(script.roundTrips), 12) + aligned(seconds(script.milliseconds), 12) +
+                   aligned(decimal(hublink.roundTrips / script.roundTrips), 8));
     report_.cost(hublink);
     report_.cost(script);
 }
 
-void OutlookCalls::tellNeeded(const OutlookCall& call)
+void OutlookCalls::reportNeeded(const OutlookCall& call)
 {
-    report_.tell(L"the calls that its steps need:");
+    report_.remark(L"the calls that its steps need:");
     for (const NeededCalls& step : call.needed)
-        report_.tell(aligned(std::to_wstring(step.count), 8) + L"  " + step.what);
+        report_.remark(aligned(std::to_wstring(step.count), 8) + L"  " + step.what);
     report_.needed(call.name, sumOf(call.needed));
 }
 
-void OutlookCalls::tellWithoutTables(const OutlookCall& call)
+void OutlookCalls::reportWithoutTables(const OutlookCall& call)
 {
-    report_.tell(call.name + L", in an Outlook without tables");
+    report_.remark(call.name + L", in an Outlook without tables");
     const Run few = hublinkWithoutTables(call, walkedCounts[0]);
     const Run more = hublinkWithoutTables(call, walkedCounts[1]);
     const ReckonedWork walk(walkedCounts[0], few, walkedCounts[1], more);
@@ -141,9 +142,9 @@ void OutlookCalls::tellWithoutTables(const OutlookCall& call)
     report_.cost(costOf(call, walked, walkedCounts[0], few));
     report_.cost(costOf(call, walked, walkedCounts[1], more));
     report_.cost(costOf(call, walked, most, walk));
-    report_.tell(L"over " + std::to_wstring(walkedCounts[1]) + L" contacts " + std::to_wstring(more.counts.total()) +
-                 L" round trips, " + seconds(more.milliseconds) + L"; over " + std::to_wstring(most) +
-                 L" they would be " + shown(walk.callsOver(most)) + L", " + seconds(walk.millisecondsOver(most)));
+    report_.remark(L"over " + std::to_wstring(walkedCounts[1]) + L" contacts " + std::to_wstring(more.counts.total()) +
+                   L" round trips, " + seconds(more.milliseconds) + L"; over " + std::to_wstring(most) +
+                   L" they would be " + shown(walk.callsOver(most)) + L", " + seconds(walk.millisecondsOver(most)));
 }
 
 }

@@ -46,15 +46,15 @@ public:
     Run compare(const OutlookCall& call);
 
     // Hublink in an Outlook without tables, over 10,000 contacts reckoned too.
-    void tellWithoutTables(const OutlookCall& call);
+    void reportWithoutTables(const OutlookCall& call);
 
 private:
     Run served(const OutlookCall& call);
     void load(const OutlookCall& call, int contacts);
     void expectWindows(const OutlookCall& call);
     Cost scriptsCost(const OutlookCall& call, int contacts, const Run& few, const Run& more);
-    void tellFigures(const Cost& hublink, unsigned long inOutlook, const Cost& script);
-    void tellNeeded(const OutlookCall& call);
+    void reportFigures(const Cost& hublink, unsigned long inOutlook, const Cost& script);
+    void reportNeeded(const OutlookCall& call);
 
     player::Desk& desk_;
     Report& report_;

@@ -7,7 +7,7 @@ namespace desk::bench {
 
 namespace {
 
-constexpr DWORD longestLoad = 120'000; // milliseconds, for a hundred thousand contacts beside other work
+constexpr DWORD maxLoadTime = 120'000; // milliseconds, for a hundred thousand contacts beside other work
 
 struct Field {
     const char* name;
@@ -58,8 +58,8 @@ void OutlookGroupware::start(const People& contacts)
 
 void OutlookGroupware::load(const People& contacts)
 {
-    desk_.outlook(L"load\n" + fromUtf8(recordsOf(contacts)), longestLoad);
-    desk_.outlook(L"count", longestLoad); // behind the saving of the store, in which no client is answered
+    desk_.outlook(L"load\n" + fromUtf8(recordsOf(contacts)), maxLoadTime);
+    desk_.outlook(L"count", maxLoadTime); // behind the saving of the store, in which no client is answered
 }
 
 int OutlookGroupware::logLines(const std::wstring& ending)

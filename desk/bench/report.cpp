@@ -32,7 +32,7 @@ void Report::section(const std::wstring& title)
     print(L"\n== " + title);
 }
 
-void Report::tell(const std::wstring& text)
+void Report::remark(const std::wstring& text)
 {
     print(L"      " + text);
 }

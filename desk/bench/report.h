@@ -22,7 +22,7 @@ public:
     void section(const std::wstring& title);
 
     // What happens now, or a figure without a target.
-    void tell(const std::wstring& text);
+    void remark(const std::wstring& text);
 
     // A figure that has a target.
     void target(bool met, const std::wstring& figure);

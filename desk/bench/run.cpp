@@ -11,8 +11,8 @@ namespace {
 
 using player::Process;
 
-constexpr DWORD patience = 600'000;  // milliseconds, for the longest work
-constexpr DWORD quiet = 400;         // without a call, before the end is looked for
+constexpr DWORD timeout = 600'000;  // milliseconds, for the longest work
+constexpr DWORD quiet = 400;        // without a call, before the end is looked for
 constexpr DWORD progressEvery = 15'000;
 constexpr DWORD scriptDone = 42;     // what a script quits with
 
@@ -74,9 +74,9 @@ Run Runner::measured(const Action& begin, const Condition& isDone)
         } else if (now - lastCall > quiet && isDone()) {
             break;
         }
-        if (now - start > patience) throw std::runtime_error("the work does not come to its end");
+        if (now - start > timeout) throw std::runtime_error("the work does not come to its end");
         if (now - told > progressEvery) {
-            report_.tell(L"... " + seconds(now - start) + L", " + std::to_wstring(seen) + L" round trips so far");
+            report_.remark(L"... " + seconds(now - start) + L", " + std::to_wstring(seen) + L" round trips so far");
             told = now;
         }
     }
@@ -84,14 +84,14 @@ Run Runner::measured(const Action& begin, const Condition& isDone)
     return run;
 }
 
-Run Runner::hublinkStarts()
+Run Runner::measureStart()
 {
     constexpr const wchar_t* lastLine = L" Connector Initialization  Ok";
     const int before = groupware_.logLines(lastLine);
     return measured([&] { desk_.startHublink(); }, [&] { return groupware_.logLines(lastLine) > before; });
 }
 
-Run Runner::hublinkIsCalled(const std::wstring& fields)
+Run Runner::measureCall(const std::wstring& fields)
 {
     return measured([&] { desk_.softphone(L"call " + fields); },
                     [&] { return desk_.softphone(L"pending") == L"0" && !desk_.softphone(L"calls").empty(); });
@@ -113,7 +113,7 @@ Process Runner::startScript(const std::wstring& arguments)
 
 void Runner::expectScriptEnds(const Process& script)
 {
-    if (!script.ended(patience) || script.exitCode() != scriptDone)
+    if (!script.ended(timeout) || script.exitCode() != scriptDone)
         throw std::runtime_error("the script does not come to its end");
 }
 

@@ -32,11 +32,11 @@ public:
     void configure(bool newContacts);
 
     // Hublink from its start to the end of its initialisation; it goes on running.
-    Run hublinkStarts();
+    Run measureStart();
 
     // A call that rings while Hublink runs, until it is served. `fields` as the
     // softphone takes them.
-    Run hublinkIsCalled(const std::wstring& fields);
+    Run measureCall(const std::wstring& fields);
 
     // The groupware's script to its end. Throws std::runtime_error when it fails.
     Run script(const std::wstring& arguments);

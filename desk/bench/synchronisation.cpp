@@ -14,8 +14,8 @@ constexpr int contactsBefore = 150;
 constexpr int entries = 200;
 constexpr int items = 1'000;
 constexpr int share = 10; // of which the script does one
-constexpr double mostOfTheScripts = 0.04;
-constexpr unsigned long mostInSecondRun = 5'054;
+constexpr double maxOfScripts = 0.04;
+constexpr unsigned long maxInSecondRun = 5'054;
 
 // What the script would have taken for everything.
 struct Reckoned {
@@ -39,7 +39,7 @@ public:
         const Run hublinkTenth = firstRun(tenth_, L"Hublink, a tenth");
         const std::wstring mirrored = groupware_.mirrored();
         runner_.give(tenth_);
-        report_.tell(L"script, a tenth");
+        report_.remark(L"script, a tenth");
         const Run scriptTenth = runner_.script(L"sync");
         report_.target(groupware_.mirrored() == mirrored, L"the script has left the same records as Hublink");
         compareFirstRuns(hublink, hublinkTenth, scriptTenth);
@@ -49,8 +49,8 @@ private:
     Run firstRun(const SynchronisationRecords& records, const std::wstring& what)
     {
         runner_.give(records);
-        report_.tell(what);
-        const Run run = runner_.hublinkStarts();
+        report_.remark(what);
+        const Run run = runner_.measureStart();
         runner_.stopHublink();
         return run;
     }
@@ -58,21 +58,21 @@ private:
     void compareSecondRuns()
     {
         const std::wstring mirrored = groupware_.mirrored();
-        report_.tell(L"Hublink, second run: everything is mapped");
-        const Run hublink = runner_.hublinkStarts();
+        report_.remark(L"Hublink, second run: everything is mapped");
+        const Run hublink = runner_.measureStart();
         runner_.stopHublink();
-        report_.tell(L"script, second run");
+        report_.remark(L"script, second run");
         const Run script = runner_.script(L"sync");
         if (groupware_.mirrored() != mirrored) throw std::runtime_error("a second run has mirrored something again");
         tellLines(table({{L"Hublink", hublink.counts}, {L"script", script.counts}}));
         tellComparison(L"second run", hublink, reckonedAs(script));
-        tellFigures(L"second", hublink, reckonedAs(script), Known::measured);
+        reportFigures(L"second", hublink, reckonedAs(script), Known::measured);
         compareWithSteps(hublink);
     }
 
     void tellLines(const std::vector<std::wstring>& lines)
     {
-        for (const std::wstring& line : lines) report_.tell(line);
+        for (const std::wstring& line : lines) report_.remark(line);
     }
 
     static Reckoned reckonedAs(const Run& run) { return {static_cast<double>(run.counts.total()), run.milliseconds}; }
@@ -95,28 +95,27 @@ private:
         tellLines(
             table({{L"Hublink", hublink.counts}, {L"a tenth", hublinkTenth.counts}, {L"script", scriptTenth.counts}}));
         tellComparison(L"first run, a tenth", hublinkTenth, reckonedAs(scriptTenth));
-        report_.tell(L"The script's walks asked for " + std::to_wstring(tenth_.walked) +
-                     L" contacts; for everything they would for " + std::to_wstring(whole_.walked) + L".");
+        report_.remark(L"The script's walks asked for " + std::to_wstring(tenth_.walked) +
+                       L" contacts; for everything they would for " + std::to_wstring(whole_.walked) + L".");
         const double ratio = tellComparison(L"first run, the script's whole reckoned", hublink, wholeOf(scriptTenth));
-        tellFigures(L"first", hublink, wholeOf(scriptTenth), Known::reckoned);
+        reportFigures(L"first", hublink, wholeOf(scriptTenth), Known::reckoned);
         report_.needed(std::wstring(groupware_.name()) + L", first synchronisation",
                        sumOf(firstSynchronisationSteps()));
-        report_.target(ratio <= mostOfTheScripts, L"first synchronisation: " + decimal(ratio) +
-                                                      L" of the script's round trips; at most " +
-                                                      decimal(mostOfTheScripts));
+        report_.target(ratio <= maxOfScripts, L"first synchronisation: " + decimal(ratio) +
+                                                  L" of the script's round trips; at most " + decimal(maxOfScripts));
     }
 
     double tellComparison(const std::wstring& what, const Run& hublink, const Reckoned& script)
     {
         const double ratio = hublink.counts.total() / script.calls;
-        report_.tell(what + L": Hublink " + std::to_wstring(hublink.counts.total()) + L" round trips, " +
-                     seconds(hublink.milliseconds) + L"; script " + std::to_wstring(std::lround(script.calls)) + L", " +
-                     seconds(script.milliseconds) + L"; ratio " + decimal(ratio) + L", of the times " +
-                     decimal(hublink.milliseconds / script.milliseconds));
+        report_.remark(what + L": Hublink " + std::to_wstring(hublink.counts.total()) + L" round trips, " +
+                       seconds(hublink.milliseconds) + L"; script " + std::to_wstring(std::lround(script.calls)) +
+                       L", " + seconds(script.milliseconds) + L"; ratio " + decimal(ratio) + L", of the times " +
+                       decimal(hublink.milliseconds / script.milliseconds));
         return ratio;
     }
 
-    void tellFigures(const wchar_t* which, const Run& hublink, const Reckoned& script, Known how)
+    void reportFigures(const wchar_t* which, const Run& hublink, const Reckoned& script, Known how)
     {
         const std::wstring work = std::wstring(groupware_.name()) + L", " + which + L" synchronisation";
         report_.cost(
@@ -135,17 +134,17 @@ private:
         };
         for (const NeededCalls& step : groupware_.neededForSession()) steps.push_back(step);
         unsigned long needed = 0;
-        report_.tell(L"Hublink's second run, the calls that its steps need:");
+        report_.remark(L"Hublink's second run, the calls that its steps need:");
         for (const NeededCalls& step : steps) {
-            report_.tell(aligned(std::to_wstring(step.count), 8) + L"  " + step.what);
+            report_.remark(aligned(std::to_wstring(step.count), 8) + L"  " + step.what);
             needed += step.count;
         }
         const unsigned long seen = second.counts.total();
         report_.needed(std::wstring(groupware_.name()) + L", second synchronisation", needed);
-        report_.target(seen <= mostInSecondRun,
+        report_.target(seen <= maxInSecondRun,
                        L"second run: " + std::to_wstring(needed) + L" round trips needed, " + std::to_wstring(seen) +
                            L" seen, " + std::to_wstring(second.counts.lookUps()) + L" of them name look-ups; at most " +
-                           std::to_wstring(mostInSecondRun));
+                           std::to_wstring(maxInSecondRun));
     }
 
     Groupware& groupware_;
@@ -162,7 +161,7 @@ void measureSynchronisation(player::Desk& desk, Groupware& groupware, Report& re
     report.section(std::wstring(groupware.name()) + L": " + std::to_wstring(entries) + L" entries over " +
                    std::to_wstring(contactsBefore) + L" contacts, half of them known under other layouts; " +
                    std::to_wstring(items) + L" history items; pauses 0");
-    report.tell(L"Calls of the identifier map are not among the round trips: nobody counts there.");
+    report.remark(L"Calls of the identifier map are not among the round trips: nobody counts there.");
     Synchronisation(desk, groupware, report).measure();
 }
 

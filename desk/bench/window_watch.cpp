@@ -8,7 +8,7 @@ namespace desk::bench {
 
 namespace {
 
-constexpr double patience = 120'000; // milliseconds
+constexpr double timeout = 120'000; // milliseconds
 
 bool isItemsWindow(HWND window)
 {
@@ -21,7 +21,7 @@ bool isItemsWindow(HWND window)
 template <class Condition>
 double momentOf(DWORD pause, Condition holds)
 {
-    for (const double start = now(); now() - start < patience;) {
+    for (const double start = now(); now() - start < timeout;) {
         if (holds()) return now();
         MsgWaitForMultipleObjects(0, nullptr, FALSE, pause, QS_ALLINPUT);
         MSG message;

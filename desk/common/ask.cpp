@@ -63,8 +63,8 @@ void Request::connect()
 {
     const std::wstring name = controlPipeName(partner_);
     for (;;) {
-        pipe_ = automation::orNone(CreateFileW(name.c_str(), GENERIC_READ | GENERIC_WRITE, 0, nullptr, OPEN_EXISTING,
-                                               FILE_FLAG_OVERLAPPED, nullptr));
+        pipe_ = automation::ownedIfValid(CreateFileW(name.c_str(), GENERIC_READ | GENERIC_WRITE, 0, nullptr,
+                                                     OPEN_EXISTING, FILE_FLAG_OVERLAPPED, nullptr));
         if (pipe_) break;
         if (left() == 0) fail(GetLastError() == ERROR_PIPE_BUSY ? "is busy with other requests" : "is not running");
         wait(std::min(pauseBetweenTries, left()), 0, nullptr);

@@ -1,6 +1,6 @@
 #include "desk/common/control_pipe.h"
 
-#include "automation/border.h"
+#include "automation/catch_all.h"
 #include "desk/common/text.h"
 
 #include <stdexcept>
@@ -23,7 +23,7 @@ std::wstring controlPipeName(std::wstring_view partner)
 ControlPipe::ControlPipe(std::wstring_view partner, Answer answer, Answered answered)
     : answer_(std::move(answer)), answered_(std::move(answered))
 {
-    pipe_ = automation::orNone(
+    pipe_ = automation::ownedIfValid(
         CreateNamedPipeW(controlPipeName(partner).c_str(), PIPE_ACCESS_DUPLEX | FILE_FLAG_OVERLAPPED,
                          PIPE_TYPE_MESSAGE | PIPE_READMODE_MESSAGE | PIPE_WAIT, 1, bufferSize, bufferSize, 0, nullptr));
     if (!pipe_) throw std::runtime_error("the control pipe exists already");
@@ -45,7 +45,7 @@ ControlPipe::~ControlPipe()
 
 DWORD WINAPI ControlPipe::run(void* self) noexcept
 {
-    return automation::atBorder(DWORD{1}, [self] {
+    return automation::catchAll(DWORD{1}, [self] {
         static_cast<ControlPipe*>(self)->serve();
         return DWORD{0};
     });

@@ -8,7 +8,7 @@ namespace desk {
 
 namespace {
 
-using automation::server::sameName;
+using automation::server::isSameName;
 
 constexpr CallKind allKinds[] = {CallKind::lookup, CallKind::get, CallKind::put, CallKind::method};
 
@@ -37,7 +37,7 @@ automation::Value resultOf(std::wstring_view text)
 
 bool matchesName(const std::wstring& pattern, std::wstring_view name)
 {
-    return pattern == L"*" || sameName(pattern, name);
+    return pattern == L"*" || isSameName(pattern, name);
 }
 
 }
@@ -116,7 +116,10 @@ void FaultPlan::readAction(Planned& planned, const std::wstring& action, std::ws
 void FaultPlan::add(std::wstring_view text)
 {
     std::wstring word = takeWord(text);
-    if (word == L"off" && text.empty()) return clear();
+    if (word == L"off" && text.empty()) {
+        clear();
+        return;
+    }
     Planned planned;
     if (word == L"on") {
         readPattern(planned, takeWord(text));

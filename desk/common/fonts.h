@@ -14,7 +14,7 @@ public:
     Font& operator=(const Font&) = delete;
 
     HFONT get() const noexcept { return font_; }
-    void giveTo(HWND control) const { SendMessageW(control, WM_SETFONT, reinterpret_cast<WPARAM>(font_), TRUE); }
+    void applyTo(HWND control) const { SendMessageW(control, WM_SETFONT, reinterpret_cast<WPARAM>(font_), TRUE); }
 
 private:
     HFONT font_;

@@ -1,6 +1,6 @@
 #include "desk/common/frame.h"
 
-#include "automation/border.h"
+#include "automation/catch_all.h"
 #include "desk/common/text.h"
 
 #include <stdexcept>
@@ -48,10 +48,10 @@ LRESULT CALLBACK Frame::procedure(HWND window, UINT message, WPARAM wParam, LPAR
 {
     auto* self = reinterpret_cast<Frame*>(GetWindowLongPtrW(window, GWLP_USERDATA));
     if (!self) return DefWindowProcW(window, message, wParam, lParam);
-    return automation::atBorder(LRESULT{0}, [&] { return self->onMessage(message, wParam, lParam); });
+    return automation::catchAll(LRESULT{0}, [&] { return self->onMessage(message, wParam, lParam); });
 }
 
-LRESULT Frame::leaveToWindows(UINT message, WPARAM wParam, LPARAM lParam) const
+LRESULT Frame::handleByDefault(UINT message, WPARAM wParam, LPARAM lParam) const
 {
     return DefWindowProcW(window_, message, wParam, lParam);
 }

@@ -25,7 +25,7 @@ protected:
 
     // Every message from then on.
     virtual LRESULT onMessage(UINT message, WPARAM wParam, LPARAM lParam) = 0;
-    LRESULT leaveToWindows(UINT message, WPARAM wParam, LPARAM lParam) const;
+    LRESULT handleByDefault(UINT message, WPARAM wParam, LPARAM lParam) const;
 
     // A visible child: left, top, width and height.
     HWND makeControl(const wchar_t* kind, const wchar_t* text, DWORD style, RECT place, DWORD extended = 0) const;

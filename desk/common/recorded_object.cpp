@@ -32,10 +32,10 @@ HRESULT RecordedObject::admitCall(const automation::server::IncomingCall& call)
 // this one, or in place of it, is taken along first.
 automation::Value RecordedObject::carryOut(const automation::server::IncomingCall& call)
 {
-    const Fault left = recorder_.takeLeft();
+    const Fault left = recorder_.takePendingFault();
     if (left.action == Fault::Action::answer) return left.result;
     automation::Value value = Dispatch::carryOut(call);
-    const HRESULT result = recorder_.happen(left, false);
+    const HRESULT result = recorder_.apply(left, false);
     if (FAILED(result)) throw automation::server::Failure{result};
     return value;
 }

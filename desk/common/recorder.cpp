@@ -8,9 +8,9 @@ namespace desk {
 
 namespace {
 
-constexpr std::size_t mostKept = 200'000;
+constexpr std::size_t maxKept = 200'000;
 
-constexpr DWORD endPatience = 5'000; // milliseconds
+constexpr DWORD endTimeout = 5'000; // milliseconds
 
 // Returns when it has ended; one that has gone already is no fault.
 void endProcess(DWORD id)
@@ -18,7 +18,7 @@ void endProcess(DWORD id)
     const automation::Handle process(OpenProcess(PROCESS_TERMINATE | SYNCHRONIZE, FALSE, id));
     if (!process) return;
     TerminateProcess(process.get(), 9);
-    WaitForSingleObject(process.get(), endPatience);
+    WaitForSingleObject(process.get(), endTimeout);
 }
 
 std::wstring typeName(VARTYPE type)
@@ -56,7 +56,7 @@ std::wstring valueText(const automation::Value& value)
     case VT_EMPTY:
     case VT_NULL: return L"";
     case VT_BSTR: return quoted(value.text());
-    case VT_BOOL: return value.truth() ? L"True" : L"False";
+    case VT_BOOL: return value.isTrue() ? L"True" : L"False";
     case VT_DATE: return isoText(V_DATE(&value.variant()));
     case VT_DISPATCH:
     case VT_UNKNOWN: return V_UNKNOWN(&value.variant()) ? L"" : L"Nothing";
@@ -87,7 +87,7 @@ std::wstring RecordedCall::text() const
 HRESULT Recorder::lookUp(const wchar_t* className, std::wstring_view name)
 {
     keep({className, std::wstring(name), CallKind::lookup, L""});
-    return happen(faults.next(className, name, CallKind::lookup), false);
+    return apply(faults.next(className, name, CallKind::lookup), false);
 }
 
 HRESULT Recorder::call(const wchar_t* className, std::wstring member, CallKind kind,
@@ -99,18 +99,18 @@ HRESULT Recorder::call(const wchar_t* className, std::wstring member, CallKind k
     const Fault fault = faults.next(className, member, kind);
     keep({className, std::move(member), kind, std::move(list)});
     const bool isForLater = fault.after || fault.action == Fault::Action::answer;
-    if (!isForLater) return happen(fault, true);
-    left_ = fault;
+    if (!isForLater) return apply(fault, true);
+    pendingFault_ = fault;
     return S_OK;
 }
 
 void Recorder::keep(RecordedCall call)
 {
     ++totals_[std::wstring(call.className) + L"." + call.member + L" " + nameOf(call.kind)];
-    if (calls_.size() < mostKept) calls_.push_back(std::move(call));
+    if (calls_.size() < maxKept) calls_.push_back(std::move(call));
 }
 
-HRESULT Recorder::happen(const Fault& fault, bool mayThrow)
+HRESULT Recorder::apply(const Fault& fault, bool mayThrow)
 {
     if (dead_) return HRESULT_FROM_WIN32(RPC_S_SERVER_UNAVAILABLE);
     switch (fault.action) {

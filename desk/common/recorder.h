@@ -36,8 +36,8 @@ public:
     HRESULT lookUp(const wchar_t* className, std::wstring_view name);
     HRESULT call(const wchar_t* className, std::wstring member, CallKind kind,
                  const automation::server::Arguments& arguments);
-    Fault takeLeft() noexcept { return std::exchange(left_, Fault{}); }
-    HRESULT happen(const Fault& fault, bool mayThrow);
+    Fault takePendingFault() noexcept { return std::exchange(pendingFault_, Fault{}); }
+    HRESULT apply(const Fault& fault, bool mayThrow);
 
     // Calls in order; after the first 200 000 only the totals go on.
     const std::vector<RecordedCall>& calls() const noexcept { return calls_; }
@@ -69,7 +69,7 @@ private:
 
     std::vector<RecordedCall> calls_;
     std::map<std::wstring, unsigned long> totals_;
-    Fault left_;
+    Fault pendingFault_;
     bool dead_ = false;
 };
 

@@ -1,6 +1,6 @@
 #include "desk/common/running_program.h"
 
-#include "automation/border.h"
+#include "automation/catch_all.h"
 #include "desk/common/text.h"
 
 #include <algorithm>
@@ -17,7 +17,7 @@ constexpr UINT endDelay = 50; // milliseconds
 
 // Who follows a client's work asks for its calls again and again: a big store
 // written for each answer would leave the partner no time for the client.
-bool tellsOfCallsOnly(const std::wstring& request)
+bool isAboutCallsOnly(const std::wstring& request)
 {
     return request == L"calls" || request == L"record" || request == L"objects" || request == L"ping";
 }
@@ -79,7 +79,7 @@ LRESULT CALLBACK RunningProgram::procedure(HWND window, UINT message, WPARAM wPa
 {
     auto* self = reinterpret_cast<RunningProgram*>(GetWindowLongPtrW(window, GWLP_USERDATA));
     if (!self) return DefWindowProcW(window, message, wParam, lParam);
-    return automation::atBorder(LRESULT{0}, [&] { return self->onMessage(message, wParam, lParam); });
+    return automation::catchAll(LRESULT{0}, [&] { return self->onMessage(message, wParam, lParam); });
 }
 
 LRESULT RunningProgram::onMessage(UINT message, WPARAM wParam, LPARAM lParam)
@@ -126,7 +126,7 @@ try {
     std::wstring_view rest = request;
     const std::wstring word = takeWord(rest);
     std::wstring response = carryOut(word, rest);
-    if (store_.isDirty() && !tellsOfCallsOnly(word)) store_.save(*partner_);
+    if (store_.isDirty() && !isAboutCallsOnly(word)) store_.save(*partner_);
     return response;
 } catch (const std::exception& error) {
     return L"error: " + fromUtf8(error.what());
@@ -137,7 +137,7 @@ std::wstring RunningProgram::carryOut(const std::wstring& word, std::wstring_vie
     if (word == L"ping") return description_.name + (L" " + std::to_wstring(GetCurrentProcessId()));
     if (word == L"calls") return recorder_.totals();
     if (word == L"record") return recorder_.record();
-    if (word == L"objects") return std::to_wstring(automation::server::Dispatch::live());
+    if (word == L"objects") return std::to_wstring(automation::server::Dispatch::liveCount());
     if (word == L"load") return reload(rest);
     if (word == L"clear") recorder_.clear();
     else if (word == L"fault") recorder_.faults.add(rest);

@@ -14,8 +14,8 @@ namespace {
 
 namespace server = automation::server;
 
-constexpr DWORD longestRun = 3 * 60 * 60 * 1000;   // milliseconds
-constexpr DWORD endPatience = 60 * 1000;           // milliseconds
+constexpr DWORD maxRunTime = 3 * 60 * 60 * 1000;   // milliseconds
+constexpr DWORD endTimeout = 60 * 1000;            // milliseconds
 constexpr int badCommandLine = 1;
 constexpr int badStore = 2;
 constexpr int otherFault = 3;
@@ -42,9 +42,9 @@ std::vector<std::wstring> commandLine()
 // behind for ever, since a client's death is not told to it everywhere.
 DWORD WINAPI watch(void* mainThread) noexcept
 {
-    Sleep(longestRun);
+    Sleep(maxRunTime);
     PostThreadMessageW(static_cast<DWORD>(reinterpret_cast<DWORD_PTR>(mainThread)), WM_QUIT, 0, 0);
-    Sleep(endPatience);
+    Sleep(endTimeout);
     TerminateProcess(GetCurrentProcess(), otherFault);
     return 0;
 }
@@ -67,7 +67,7 @@ private:
 void waitForEnd(DWORD processId)
 {
     const automation::Handle process(OpenProcess(SYNCHRONIZE, FALSE, processId));
-    if (process) WaitForSingleObject(process.get(), endPatience);
+    if (process) WaitForSingleObject(process.get(), endTimeout);
 }
 
 void serve(const ProgramDescription& description, const PartnerMaker& makePartner)

@@ -13,8 +13,9 @@ namespace {
 
 automation::Handle openFile(const std::wstring& path, DWORD access, DWORD disposition)
 {
-    return automation::orNone(CreateFileW(path.c_str(), access, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
-                                          nullptr, disposition, FILE_ATTRIBUTE_NORMAL, nullptr));
+    return automation::ownedIfValid(CreateFileW(path.c_str(), access,
+                                                FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
+                                                disposition, FILE_ATTRIBUTE_NORMAL, nullptr));
 }
 
 [[noreturn]] void fileError(const std::wstring& path, const char* what)

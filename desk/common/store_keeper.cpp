@@ -32,7 +32,7 @@ void StoreKeeper::save(Partner& partner)
         throw;
     }
     // A big store must not keep its clients waiting more than a fifth of the time.
-    delay_ = std::max(leastDelay, 4 * (GetTickCount() - start));
+    delay_ = std::max(minDelay, 4 * (GetTickCount() - start));
 }
 
 void StoreKeeper::saveQuietly(Partner& partner)

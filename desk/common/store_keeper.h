@@ -39,9 +39,9 @@ private:
     const HWND window_;
     const UINT_PTR timer_;
     bool dirty_ = false;
-    DWORD delay_ = leastDelay;
+    DWORD delay_ = minDelay;
 
-    static constexpr DWORD leastDelay = 100; // milliseconds
+    static constexpr DWORD minDelay = 100; // milliseconds
 };
 
 void writeError(const std::string& text);

@@ -39,7 +39,7 @@ std::uint64_t fingerprint(const std::wstring& text)
 
 bool Database::isAt(std::wstring_view wantedServer, std::wstring_view wantedPath) const
 {
-    return automation::equalWithoutCase(abbreviatedName(server), abbreviatedName(wantedServer)) &&
+    return automation::equalIgnoringCase(abbreviatedName(server), abbreviatedName(wantedServer)) &&
            comparablePath(filePath) == comparablePath(wantedPath);
 }
 
@@ -80,9 +80,9 @@ const ViewIndex& Database::index(const View& view)
 const Form* Database::form(std::wstring_view name) const
 {
     for (const Form& form : forms) {
-        if (automation::equalWithoutCase(form.name, name)) return &form;
+        if (automation::equalIgnoringCase(form.name, name)) return &form;
         for (const std::wstring& alias : form.aliases)
-            if (automation::equalWithoutCase(alias, name)) return &form;
+            if (automation::equalIgnoringCase(alias, name)) return &form;
     }
     return nullptr;
 }

@@ -29,12 +29,12 @@ private:
     // The place may be given anew only while the object stands for none.
     Value open(const IncomingCall& call)
     {
-        const std::wstring place = call.arguments.given(0) ? call.arguments.text(0) : L"";
-        const std::wstring filePath = call.arguments.given(1) ? call.arguments.text(1) : L"";
+        const std::wstring place = call.arguments.isGiven(0) ? call.arguments.text(0) : L"";
+        const std::wstring filePath = call.arguments.isGiven(1) ? call.arguments.text(1) : L"";
         if (filePath_.empty()) {
             server_ = place;
             filePath_ = filePath;
-        } else if (!filePath.empty() && !automation::equalWithoutCase(filePath, filePath_)) {
+        } else if (!filePath.empty() && !automation::equalIgnoringCase(filePath, filePath_)) {
             raise(numbers::notesError, L"Database object is already open on another database");
         }
         const SharedDatabase found = notes_.database(server_, filePath_);
@@ -84,7 +84,7 @@ const std::vector<MemberRow<DatabaseObject>>& DatabaseObject::members()
          }},
         {L"FilePath", 0x204, server::readOnly, 0, 0,
          [](DatabaseObject& self, const IncomingCall&) -> Value {
-             return self.database_ ? self.notes_.toldPath(*self.database_) : self.filePath_;
+             return self.database_ ? self.notes_.reportedPath(*self.database_) : self.filePath_;
          }},
         {L"FileName", 0x205, server::readOnly, 0, 0,
          [](DatabaseObject& self, const IncomingCall&) -> Value { return self.fileName(); }},

@@ -56,7 +56,7 @@ DocumentFrame::DocumentFrame(const DocumentView& view, int place, Handlers handl
 HWND DocumentFrame::addControl(const wchar_t* kind, const wchar_t* text, DWORD style, RECT place) const
 {
     const HWND control = makeControl(kind, text, style, place);
-    font_.giveTo(control);
+    font_.applyTo(control);
     return control;
 }
 
@@ -117,9 +117,9 @@ LRESULT DocumentFrame::onMessage(UINT message, WPARAM wParam, LPARAM lParam)
         return 0;
     case WM_ACTIVATE:
         if (LOWORD(wParam) != WA_INACTIVE) handlers_.activated();
-        return leaveToWindows(message, wParam, lParam);
+        return handleByDefault(message, wParam, lParam);
     case WM_CLOSE: pressed(closeId); return 0;
-    default: return leaveToWindows(message, wParam, lParam);
+    default: return handleByDefault(message, wParam, lParam);
     }
 }
 

@@ -53,7 +53,7 @@ Value DocumentObject::itemProperty(const ItemName& name, const IncomingCall& cal
         changed();
         return {};
     }
-    if (!call.arguments.given(0)) return valueOfItem(name);
+    if (!call.arguments.isGiven(0)) return valueOfItem(name);
     // Doc.Subject(0): one of its values.
     const Item* const item = note().find(name);
     const std::int32_t index = call.arguments.int32(0);
@@ -119,7 +119,7 @@ void DocumentObject::removeItem(const std::wstring& name)
 
 Value DocumentObject::save(const IncomingCall& call)
 {
-    const bool saved = opened()->save(call.arguments.truth(0), call.arguments.truth(1));
+    const bool saved = opened()->save(call.arguments.isTrue(0), call.arguments.isTrue(1));
     if (saved) {
         changed();
         notes_.changed();
@@ -186,9 +186,9 @@ const std::vector<MemberRow<DocumentObject>>& DocumentObject::members()
         {L"Save", 0x412, server::method, 2, 3,
          [](DocumentObject& self, const IncomingCall& call) -> Value { return self.save(call); }},
         {L"Remove", 0x413, server::method, 1, 1,
-         [](DocumentObject& self, const IncomingCall& call) -> Value { return self.remove(call.arguments.truth(0)); }},
+         [](DocumentObject& self, const IncomingCall& call) -> Value { return self.remove(call.arguments.isTrue(0)); }},
         {L"RemovePermanently", 0x414, server::method, 1, 1,
-         [](DocumentObject& self, const IncomingCall& call) -> Value { return self.remove(call.arguments.truth(0)); }},
+         [](DocumentObject& self, const IncomingCall& call) -> Value { return self.remove(call.arguments.isTrue(0)); }},
     };
     return rows;
 }

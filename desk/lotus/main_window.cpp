@@ -44,7 +44,7 @@ void MainWindow::makeLists()
                           LVS_OWNERDATA);
     status_ = makeControl(L"STATIC", L"", SS_NOPREFIX,
                           {2 * margin, client.bottom - statusHeight, client.right - 4 * margin, statusHeight - margin});
-    for (const HWND control : {databases_, variables_, documents_, status_}) font_.giveTo(control);
+    for (const HWND control : {databases_, variables_, documents_, status_}) font_.applyTo(control);
     addColumn(databases_, 0, L"Database", 140);
     addColumn(databases_, 1, L"On", 72);
     addColumn(databases_, 2, L"Documents", 66, LVCFMT_RIGHT);
@@ -162,9 +162,9 @@ LRESULT MainWindow::onMessage(UINT message, WPARAM wParam, LPARAM lParam)
     case WM_TIMER: refresh(); return 0;
     case WM_ACTIVATE:
         if (LOWORD(wParam) != WA_INACTIVE) handlers_.activated();
-        return leaveToWindows(message, wParam, lParam);
+        return handleByDefault(message, wParam, lParam);
     case WM_CLOSE: handlers_.closed(); return 0;
-    default: return leaveToWindows(message, wParam, lParam);
+    default: return handleByDefault(message, wParam, lParam);
     }
 }
 

@@ -62,7 +62,7 @@ std::wstring Notes::folderPrefix() const
     return behaviour.dataFolder.empty() ? L"" : behaviour.dataFolder + L"\\";
 }
 
-std::wstring Notes::toldPath(const Database& database) const
+std::wstring Notes::reportedPath(const Database& database) const
 {
     return database.server.empty() ? folderPrefix() + database.filePath : database.filePath;
 }

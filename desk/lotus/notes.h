@@ -59,7 +59,7 @@ public:
     SharedDatabase database(std::wstring_view server, std::wstring_view filePath) const;
 
     // What NotesDatabase.FilePath tells of an open database.
-    std::wstring toldPath(const Database& database) const;
+    std::wstring reportedPath(const Database& database) const;
 
     // The records of the store. Loading others closes the windows.
     void load(const std::vector<StoreRecord>& records);

@@ -13,6 +13,8 @@ automation::Value databaseValue(Notes& notes, const SharedDatabase& database);
 automation::Value viewValue(Notes& notes, const SharedDatabase& database, const View* view);
 automation::Value documentValue(Notes& notes, const SharedDatabase& database, const SavedNote& note);
 automation::Value windowValue(Notes& notes, WindowId id);
+automation::Value uiDatabaseValue(Notes& notes, const SharedDatabase& database);
+automation::Value uiViewValue(Notes& notes, const SharedDatabase& database, const View* view);
 
 // A database that is not there or cannot be opened.
 automation::Value closedDatabaseValue(Notes& notes, const std::wstring& server, const std::wstring& filePath);

@@ -10,8 +10,8 @@ namespace desk::lotus {
 
 namespace {
 
-constexpr DWORD patience = 15'000; // milliseconds
-constexpr DWORD lookEvery = 20;
+constexpr DWORD timeout = 15'000; // milliseconds
+constexpr DWORD pollInterval = 20;
 
 // The program's process identifier.
 DWORD startFrame()
@@ -45,8 +45,8 @@ HWND frameOf(DWORD processId)
 OuterFrame::OuterFrame()
 {
     const DWORD processId = startFrame();
-    for (DWORD waited = 0; !window_ && waited < patience; waited += lookEvery) {
-        Sleep(lookEvery);
+    for (DWORD waited = 0; !window_ && waited < timeout; waited += pollInterval) {
+        Sleep(pollInterval);
         window_ = frameOf(processId);
     }
     if (!window_) throw std::runtime_error("notes2.exe shows no window");

@@ -25,7 +25,7 @@ private:
         const std::wstring filePath = call.arguments.text(1);
         const SharedDatabase database = notes_.database(place, filePath);
         if (database && database->canBeOpened) return databaseValue(notes_, database);
-        const bool evenSo = !call.arguments.given(2) || call.arguments.truth(2);
+        const bool evenSo = !call.arguments.isGiven(2) || call.arguments.isTrue(2);
         return evenSo ? closedDatabaseValue(notes_, place, filePath) : Value(automation::Object());
     }
 
@@ -33,7 +33,7 @@ private:
     static std::wstring variable(const IncomingCall& call, std::size_t system)
     {
         const std::wstring name = call.arguments.text(0);
-        return call.arguments.given(system) && call.arguments.truth(system) ? name : L"$" + name;
+        return call.arguments.isGiven(system) && call.arguments.isTrue(system) ? name : L"$" + name;
     }
 
     Value environmentText(const IncomingCall& call) const

@@ -55,7 +55,7 @@ private:
     Value editMode(const IncomingCall& call)
     {
         if (!call.isPut()) return window().editing;
-        notes_.workspace().setEditing(window().id, call.arguments.truth(0));
+        notes_.workspace().setEditing(window().id, call.arguments.isTrue(0));
         return {};
     }
 
@@ -86,7 +86,7 @@ const std::vector<MemberRow<UIDocument>>& UIDocument::members()
          [](UIDocument& self, const IncomingCall&) -> Value { return self.currentField(); }},
         {L"FieldGetText", 0x706, server::method, 0, 1,
          [](UIDocument& self, const IncomingCall& call) -> Value {
-             return self.fieldText(call.arguments.given(0) ? call.arguments.text(0) : std::wstring());
+             return self.fieldText(call.arguments.isGiven(0) ? call.arguments.text(0) : std::wstring());
          }},
         {L"FieldSetText", 0x707, server::method, 2, 2,
          [](UIDocument& self, const IncomingCall& call) -> Value {
@@ -98,7 +98,7 @@ const std::vector<MemberRow<UIDocument>>& UIDocument::members()
          }},
         {L"FieldClear", 0x709, server::method, 0, 1,
          [](UIDocument& self, const IncomingCall& call) -> Value {
-             return self.setField(call.arguments.given(0) ? call.arguments.text(0) : L"", L"", false), Value();
+             return self.setField(call.arguments.isGiven(0) ? call.arguments.text(0) : L"", L"", false), Value();
          }},
         {L"GotoField", 0x70A, server::method, 1, 1,
          [](UIDocument& self, const IncomingCall& call) -> Value {

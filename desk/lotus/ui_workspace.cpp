@@ -1,4 +1,4 @@
-// NotesUIWorkspace, NotesUIDatabase and NotesUIView: what the user looks at.
+// NotesUIWorkspace: what the user looks at.
 #include "desk/common/text.h"
 #include "desk/lotus/document_object.h"
 #include "desk/lotus/errors.h"
@@ -7,73 +7,6 @@
 namespace desk::lotus {
 
 namespace {
-
-class UIDatabase final : public NotesTable<UIDatabase> {
-public:
-    UIDatabase(Notes& notes, SharedDatabase database)
-        : NotesTable(notes, L"NotesUIDatabase"), notes_(notes), database_(std::move(database))
-    {}
-    static const std::vector<MemberRow<UIDatabase>>& members();
-
-private:
-    Value openView(const std::wstring& name)
-    {
-        const View* const view = database_->view(name);
-        if (!view) raise(numbers::userInterface, L"Cannot locate view: " + name);
-        notes_.workspace().show(database_, view);
-        return {};
-    }
-
-    Notes& notes_;
-    const SharedDatabase database_;
-};
-
-const std::vector<MemberRow<UIDatabase>>& UIDatabase::members()
-{
-    static const std::vector<MemberRow<UIDatabase>> rows{
-        {L"Database", 0x801, server::readOnly, 0, 0,
-         [](UIDatabase& self, const IncomingCall&) -> Value { return databaseValue(self.notes_, self.database_); }},
-        {L"OpenView", 0x802, server::method, 1, 4,
-         [](UIDatabase& self, const IncomingCall& call) -> Value { return self.openView(call.arguments.text(0)); }},
-    };
-    return rows;
-}
-
-class UIView final : public NotesTable<UIView> {
-public:
-    UIView(Notes& notes, SharedDatabase database, const View& view)
-        : NotesTable(notes, L"NotesUIView"), notes_(notes), database_(std::move(database)), view_(view)
-    {}
-    static const std::vector<MemberRow<UIView>>& members();
-
-private:
-    std::wstring aliases() const
-    {
-        std::wstring text;
-        for (std::size_t index = 1; index < view_.names.size(); ++index)
-            text += (index > 1 ? L"|" : L"") + view_.names[index];
-        return text;
-    }
-
-    Notes& notes_;
-    const SharedDatabase database_;
-    const View& view_;
-};
-
-const std::vector<MemberRow<UIView>>& UIView::members()
-{
-    static const std::vector<MemberRow<UIView>> rows{
-        {L"View", 0x901, server::readOnly, 0, 0,
-         [](UIView& self, const IncomingCall&) -> Value {
-             return viewValue(self.notes_, self.database_, &self.view_);
-         }},
-        {L"ViewName", 0x902, server::readOnly, 0, 0,
-         [](UIView& self, const IncomingCall&) -> Value { return self.view_.names[0]; }},
-        {L"ViewAlias", 0x903, server::readOnly, 0, 0,
-         [](UIView& self, const IncomingCall&) -> Value { return self.aliases(); }},
-    };
-    return rows;
-}
 
 class UIWorkspace final : public NotesTable<UIWorkspace> {
 public:
@@ -85,12 +18,12 @@ private:
 
     static std::wstring textOr(const IncomingCall& call, std::size_t index)
     {
-        return call.arguments.given(index) ? call.arguments.text(index) : std::wstring();
+        return call.arguments.isGiven(index) ? call.arguments.text(index) : std::wstring();
     }
 
     static bool truthOr(const IncomingCall& call, std::size_t index, bool otherwise)
     {
-        return call.arguments.given(index) ? call.arguments.truth(index) : otherwise;
+        return call.arguments.isGiven(index) ? call.arguments.isTrue(index) : otherwise;
     }
 
     // The one of the document in front, or that of the view.
@@ -115,19 +48,9 @@ private:
         return windowValue(notes_, window ? window->id : 0);
     }
 
-    Value currentDatabase() const
-    {
-        const SharedDatabase database = shownDatabase();
-        if (!database) return automation::Object();
-        return server::valueOf(server::make<UIDatabase>(notes_, database));
-    }
+    Value currentDatabase() const { return uiDatabaseValue(notes_, shownDatabase()); }
 
-    Value currentView() const
-    {
-        const View* const view = workspace().shownView();
-        if (!view) return automation::Object();
-        return server::valueOf(server::make<UIView>(notes_, workspace().shownDatabase(), *view));
-    }
+    Value currentView() const { return uiViewValue(notes_, workspace().shownDatabase(), workspace().shownView()); }
 
     Value openDatabase(const IncomingCall& call)
     {
@@ -150,7 +73,7 @@ private:
     Value editDocument(const IncomingCall& call)
     {
         const bool editing = truthOr(call, 0, true);
-        if (!call.arguments.given(1)) {
+        if (!call.arguments.isGiven(1)) {
             const DocumentWindow* const window = workspace().current();
             if (!window) raiseNotAvailable();
             const WindowId id = window->id;

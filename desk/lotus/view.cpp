@@ -35,7 +35,7 @@ ColumnValue columnOf(const Item* item)
 bool View::isCalled(std::wstring_view name) const
 {
     return std::any_of(names.begin(), names.end(),
-                       [name](const std::wstring& own) { return automation::equalWithoutCase(own, name); });
+                       [name](const std::wstring& own) { return automation::equalIgnoringCase(own, name); });
 }
 
 bool View::shows(const Note& note) const
@@ -43,7 +43,7 @@ bool View::shows(const Note& note) const
     if (forms.empty()) return true;
     const std::wstring form = note.text(names::form);
     return std::any_of(forms.begin(), forms.end(),
-                       [&form](const std::wstring& own) { return automation::equalWithoutCase(own, form); });
+                       [&form](const std::wstring& own) { return automation::equalIgnoringCase(own, form); });
 }
 
 Columns View::columnsOf(const Note& note) const

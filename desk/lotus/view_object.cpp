@@ -68,7 +68,7 @@ private:
     // this object was made or refreshed last.
     Value byKey(const IncomingCall& call) const
     {
-        const bool exact = call.arguments.given(1) && call.arguments.truth(1);
+        const bool exact = call.arguments.isGiven(1) && call.arguments.isTrue(1);
         const Columns wanted = columnsFor(call);
         if (wanted.empty() || wanted.size() > view_.sorted.size())
             raise(numbers::notesError, L"Key array has more entries than the view has sorted columns");
@@ -92,7 +92,7 @@ private:
 
     Value search(const IncomingCall& call)
     {
-        const std::int32_t most = call.arguments.given(1) ? call.arguments.int32(1) : 0;
+        const std::int32_t most = call.arguments.isGiven(1) ? call.arguments.int32(1) : 0;
         const auto condition = parseQuery(call.arguments.text(0));
         found_ = database_->search(view_, *condition, static_cast<std::size_t>(std::max(most, 0)));
         filtered_ = true;

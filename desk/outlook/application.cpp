@@ -42,7 +42,7 @@ public:
 private:
     Value nameSpace(const std::wstring& type)
     {
-        if (!automation::equalWithoutCase(type, L"MAPI")) raiseBadParameter();
+        if (!automation::equalIgnoringCase(type, L"MAPI")) raiseBadParameter();
         return sessionOf(outlook());
     }
 

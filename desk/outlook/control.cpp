@@ -167,14 +167,14 @@ std::wstring showFolder(Screen& screen, std::wstring_view name)
 }
 
 // "BLOCKS COMMAND": what somebody else does when so many more blocks of tables have been read.
-void Outlook::putOff(std::wstring_view text)
+void Outlook::deferCommand(std::wstring_view text)
 {
     const unsigned long blocks = numberOf(takeWord(text), "blocks");
     if (blocks == 0) throw std::runtime_error("the next block is number 1");
     const std::wstring word = takeWord(text);
     if (word != L"add" && word != L"change" && word != L"delete")
         throw std::runtime_error("later: add, change or delete");
-    later_ = Later{word, std::wstring(text), blocks};
+    deferredCommand_ = DeferredCommand{word, std::wstring(text), blocks};
 }
 
 std::optional<std::wstring> Outlook::settingCommand(const std::wstring& word, std::wstring_view rest)
@@ -207,7 +207,7 @@ std::optional<std::wstring> Outlook::command(const std::wstring& word, std::wstr
     if (word == L"old") return setOld(*this, rest);
     if (word == L"questions") return std::to_wstring(guard_.questions());
     if (word == L"creations") return std::to_wstring(creations_);
-    if (word == L"later") return putOff(rest), L"ok";
+    if (word == L"later") return deferCommand(rest), L"ok";
     return settingCommand(word, rest);
 }
 

@@ -2,11 +2,10 @@
 
 #include "automation/server/dispatch.h"
 #include "automation/text.h"
-#include "desk/common/text.h"
+#include "desk/outlook/comparison.h"
 #include "desk/outlook/errors.h"
 
 #include <algorithm>
-#include <cmath>
 #include <cwctype>
 
 namespace desk::outlook {
@@ -16,8 +15,6 @@ namespace {
 using automation::Value;
 
 using Operand = std::unique_ptr<Condition>;
-
-constexpr double minutesOfDay = 24 * 60;
 
 class Both final : public Condition {
 public:
@@ -44,56 +41,6 @@ public:
 
 private:
     Operand a_;
-};
-
-class Comparison final : public Condition {
-public:
-    Comparison(const Field& field, std::wstring sign, Value value)
-        : field_(field), sign_(std::move(sign)), value_(std::move(value)), text_(value_.text()),
-          lowerText_(lowerCase(text_))
-    {}
-
-    bool holds(const Item& item) const override
-    {
-        const bool equal = sign_ == L"=" || sign_ == L"<>";
-        if (equal && field_.type == FieldType::text)
-            return (lowerCase(held(item).text()) == lowerText_) == (sign_ == L"=");
-        const int order = compare(held(item));
-        if (order == 0) return sign_ == L"=" || sign_ == L"<=" || sign_ == L">=";
-        return sign_ == L"<>" || sign_[0] == (order < 0 ? L'<' : L'>');
-    }
-
-private:
-    // What an item of another class does not have is empty for it.
-    Value held(const Item& item) const { return valueOf(item, field_); }
-
-    int compare(const Value& held) const
-    {
-        if (field_.type == FieldType::text)
-            return CompareStringW(LOCALE_USER_DEFAULT, NORM_IGNORECASE, held.text().c_str(), -1, text_.c_str(), -1) -
-                   CSTR_EQUAL;
-        // Dates are compared to the minute, as they are written in conditions.
-        const bool date = field_.type == FieldType::date;
-        const double scale = date ? minutesOfDay : 1;
-        const double difference =
-            std::floor(numberIn(held) * scale + 0.001) - std::floor(numberIn(value_) * scale + 0.001);
-        return difference < 0 ? -1 : difference > 0;
-    }
-
-    static double numberIn(const Value& value)
-    {
-        switch (value.type()) {
-        case VT_DATE: return value.asDate();
-        case VT_BOOL: return value.truth() ? 1 : 0;
-        default: return value.int32();
-        }
-    }
-
-    const Field& field_;
-    const std::wstring sign_;
-    const Value value_;
-    const std::wstring text_;
-    const std::wstring lowerText_;
 };
 
 class Parser {
@@ -130,7 +77,7 @@ private:
     bool takeKeyword(std::wstring_view word)
     {
         skipBlanks();
-        if (!automation::equalWithoutCase(rest_.substr(0, word.size()), word)) return false;
+        if (!automation::equalIgnoringCase(rest_.substr(0, word.size()), word)) return false;
         if (rest_.size() > word.size() && std::iswalnum(rest_[word.size()])) return false;
         rest_.remove_prefix(word.size());
         return true;
@@ -200,9 +147,9 @@ private:
 
     static Value truth(const std::wstring& text)
     {
-        if (automation::equalWithoutCase(text, L"Yes")) return true;
-        if (automation::equalWithoutCase(text, L"No")) return false;
-        return Value(text).truth();
+        if (automation::equalIgnoringCase(text, L"Yes")) return true;
+        if (automation::equalIgnoringCase(text, L"No")) return false;
+        return Value(text).isTrue();
     }
 
     std::wstring quotedText()

@@ -23,7 +23,7 @@ protected:
     // Before 2007 a folder had no table.
     DISPID idOf(std::wstring_view name) override
     {
-        if (outlook().version() == Version::v2003 && automation::equalWithoutCase(name, L"GetTable"))
+        if (outlook().version() == Version::v2003 && automation::equalIgnoringCase(name, L"GetTable"))
             return DISPID_UNKNOWN;
         return OutlookTable::idOf(name);
     }
@@ -50,14 +50,15 @@ private:
 
     Value table(const IncomingCall& call)
     {
-        return tableOf(outlook(), folder_, call.arguments.given(0) ? call.arguments.text(0) : std::wstring());
+        return tableOf(outlook(), folder_, call.arguments.isGiven(0) ? call.arguments.text(0) : std::wstring());
     }
 
     std::int32_t unread() const
     {
         static const Field& field = *fieldNamed(L"UnRead");
-        return static_cast<std::int32_t>(std::count_if(folder_.items.begin(), folder_.items.end(),
-                                                       [](const auto& item) { return valueOf(*item, field).truth(); }));
+        return static_cast<std::int32_t>(
+            std::count_if(folder_.items.begin(), folder_.items.end(),
+                          [](const auto& item) { return valueOf(*item, field).isTrue(); }));
     }
 
     Folder& folder_;

@@ -13,7 +13,7 @@ void Guard::ask()
         Fault hang;
         hang.action = Fault::Action::hang;
         hang.milliseconds = guard.delay;
-        recorder_.happen(hang, false);
+        recorder_.apply(hang, false);
     }
     if (guard.answer == GuardSetting::Answer::deny) raise(guard.refusal, L"Operation aborted");
 }

@@ -3,6 +3,7 @@
 #include "automation/conversion.h"
 #include "desk/common/text.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace desk::outlook {
@@ -113,6 +114,17 @@ RecipientData& addRecipient(Item& item, std::wstring name, long type)
     recipient.name = std::move(name);
     recipient.type = type;
     return item.recipients.emplace_back(std::move(recipient));
+}
+
+void setAddressees(Item& item, long type, const std::wstring& names)
+{
+    std::erase_if(item.recipients, [type](const RecipientData& recipient) { return recipient.type == type; });
+    for (std::size_t start = 0; start < names.size();) {
+        const std::size_t end = std::min(names.find(L';', start), names.size());
+        const std::size_t first = names.find_first_not_of(L' ', start);
+        if (first < end) addRecipient(item, names.substr(first, end - first), type);
+        start = end + 1;
+    }
 }
 
 std::wstring recipientNames(const Item& item, long type)

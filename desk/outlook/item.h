@@ -57,6 +57,7 @@ std::wstring nameOf(const Item& item);
 
 RecipientData& addRecipient(Item& item, std::wstring name, long type);
 std::wstring recipientNames(const Item& item, long type); // "A; B"
+void setAddressees(Item& item, long type, const std::wstring& names); // these alone, of that type
 
 // The record of the store file; fields that hold nothing are left out.
 StoreRecord recordOf(const Item& item);

@@ -30,7 +30,7 @@ Value argumentFor(const Field& field, const IncomingCall& call)
     case FieldType::number: return call.arguments.int32(0);
     case FieldType::boolean: break;
     }
-    return call.arguments.truth(0);
+    return call.arguments.isTrue(0);
 }
 
 }
@@ -136,7 +136,7 @@ Value ItemObject::answerClose(const IncomingCall& call)
 Value ItemObject::answerDisplay(const IncomingCall& call)
 {
     checkReachable();
-    outlook().display(*this, call.arguments.given(0) && call.arguments.truth(0));
+    outlook().display(*this, call.arguments.isGiven(0) && call.arguments.isTrue(0));
     return {};
 }
 

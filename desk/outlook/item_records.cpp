@@ -22,7 +22,7 @@ std::wstring storedText(const Value& value, FieldType type)
     case FieldType::number: return std::to_wstring(value.int32());
     case FieldType::boolean: break;
     }
-    return value.truth() ? L"True" : L"False";
+    return value.isTrue() ? L"True" : L"False";
 }
 
 // What a new item of the class has anyway need not be written.
@@ -30,7 +30,7 @@ bool isDefault(const Item& item, const Field& field, const Value& value)
 {
     if (field.name == std::wstring_view(L"MessageClass")) return value.text() == messageClass(item.itemClass);
     if (field.name == std::wstring_view(L"Importance")) return value.int32() == 1;
-    return field.type == FieldType::boolean && !value.truth();
+    return field.type == FieldType::boolean && !value.isTrue();
 }
 
 void addRecipients(StoreRecord& record, const Item& item)

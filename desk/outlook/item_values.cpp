@@ -2,6 +2,7 @@
 #include "desk/common/text.h"
 #include "desk/outlook/item.h"
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 
@@ -147,21 +148,26 @@ void setEnd(Item& item, DATE end)
 
 void setJournalTime(Item& item, DISPID id, const Value& value)
 {
-    if (id == idEnd) return setEnd(item, value.asDate());
-    if (id == idDuration) return setDuration(item, value.int32());
-    item.fields[idStart] = value;
-    setDuration(item, item.fields[idDuration].int32());
+    if (id == idEnd) {
+        setEnd(item, value.asDate());
+    } else if (id == idDuration) {
+        setDuration(item, value.int32());
+    } else {
+        item.fields[idStart] = value;
+        setDuration(item, item.fields[idDuration].int32());
+    }
 }
 
-void setAddressees(Item& item, long type, const std::wstring& names)
+// Writes the fields that the named one stands for; false for a field that stands for itself.
+bool setFieldsBehind(Item& item, DISPID id, const Value& value)
 {
-    std::erase_if(item.recipients, [type](const RecipientData& recipient) { return recipient.type == type; });
-    for (std::size_t start = 0; start < names.size();) {
-        const std::size_t end = std::min(names.find(L';', start), names.size());
-        const std::size_t first = names.find_first_not_of(L' ', start);
-        if (first < end) addRecipient(item, names.substr(first, end - first), type);
-        start = end + 1;
-    }
+    const auto addressees = std::find(idAddressees.begin(), idAddressees.end(), id);
+    if (addressees != idAddressees.end())
+        setAddressees(item, static_cast<long>(addressees - idAddressees.begin()) + 1, value.text());
+    else if (id == idFullName) partsFromName(item, value.text());
+    else if (id == idStart || id == idEnd || id == idDuration) setJournalTime(item, id, value);
+    else return false;
+    return true;
 }
 
 }
@@ -183,10 +189,7 @@ Value valueOf(const Item& item, const Field& field)
 void setValue(Item& item, const Field& field, const Value& value)
 {
     const DISPID id = field.id();
-    for (std::size_t type = 0; type < idAddressees.size(); ++type)
-        if (id == idAddressees[type]) return setAddressees(item, static_cast<long>(type) + 1, value.text());
-    if (id == idFullName) return partsFromName(item, value.text());
-    if (id == idStart || id == idEnd || id == idDuration) return setJournalTime(item, id, value);
+    if (setFieldsBehind(item, id, value)) return;
     if (field.type == FieldType::text) keepText(item, id, value.text());
     else item.fields[id] = value;
     if (id == idTitle || id == idFirst || id == idMiddle || id == idLast || id == idSuffix) nameFromParts(item);

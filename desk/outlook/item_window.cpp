@@ -73,7 +73,7 @@ void ItemWindow::show(const InspectorView& view)
 HWND ItemWindow::addControl(const wchar_t* kind, const wchar_t* text, DWORD style, RECT place, DWORD extended) const
 {
     const HWND control = makeControl(kind, text, style, place, extended);
-    font_.giveTo(control);
+    font_.applyTo(control);
     return control;
 }
 
@@ -132,7 +132,7 @@ LRESULT ItemWindow::onMessage(UINT message, WPARAM wParam, LPARAM lParam)
         handler();
         return 0;
     }
-    default: return leaveToWindows(message, wParam, lParam);
+    default: return handleByDefault(message, wParam, lParam);
     }
 }
 

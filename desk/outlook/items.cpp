@@ -43,14 +43,14 @@ private:
     Value named(const std::wstring& name) const
     {
         for (std::size_t index = 0; index < all().size(); ++index)
-            if (automation::equalWithoutCase(nameOf(*all()[index]), name)) return at(index);
+            if (automation::equalIgnoringCase(nameOf(*all()[index]), name)) return at(index);
         raiseNotFound();
     }
 
     Value add(const IncomingCall& call) const
     {
         ItemClass itemClass = folder_.defaultClass;
-        if (call.arguments.given(0)) {
+        if (call.arguments.isGiven(0)) {
             const Value type = call.arguments.value(0);
             if (type.type() != VT_BSTR) itemClass = itemClassOfType(call.arguments.int32(0));
             else if (!itemClassOf(type.text(), itemClass)) raiseNotFound();

@@ -64,7 +64,7 @@ void MainWindow::makeLists()
                  LVS_OWNERDATA);
     status_ = makeControl(L"STATIC", L"", SS_NOPREFIX,
                           {2 * margin, client.bottom - statusHeight, client.right - 4 * margin, statusHeight - margin});
-    for (const HWND control : {folders_, items_, status_}) font_.giveTo(control);
+    for (const HWND control : {folders_, items_, status_}) font_.applyTo(control);
     addColumn(folders_, 0, L"Folder", foldersWidth - 60);
     addColumn(folders_, 1, L"Items", 54, LVCFMT_RIGHT);
 }
@@ -168,7 +168,7 @@ LRESULT MainWindow::onMessage(UINT message, WPARAM wParam, LPARAM lParam)
     case WM_NOTIFY: return mailbox_ ? notified(*reinterpret_cast<NMHDR*>(lParam)) : 0;
     case WM_TIMER: refresh(); return 0;
     case WM_CLOSE: handlers_.closed(); return 0;
-    default: return leaveToWindows(message, wParam, lParam);
+    default: return handleByDefault(message, wParam, lParam);
     }
 }
 

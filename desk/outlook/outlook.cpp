@@ -55,7 +55,7 @@ void Outlook::load(const std::vector<StoreRecord>& records)
     });
     mailbox_.load(items);
     setup_ = setup;
-    later_.reset();
+    deferredCommand_.reset();
     closeWindows();
     screen_.updateFolders();
 }
@@ -77,16 +77,16 @@ automation::ComPtr<ItemObject> Outlook::itemOf(const SavedItem& saved)
 
 void Outlook::blockWasRead()
 {
-    if (!later_ || --later_->blocks != 0) return;
-    const Later due = *std::exchange(later_, std::nullopt);
+    if (!deferredCommand_ || --deferredCommand_->blocks != 0) return;
+    const DeferredCommand due = *std::exchange(deferredCommand_, std::nullopt);
     command(due.word, due.rest);
 }
 
 bool Outlook::isHeld()
 {
-    if (!application_) return automation::server::Dispatch::live() > 0;
+    if (!application_) return automation::server::Dispatch::liveCount() > 0;
     const auto* const own = static_cast<automation::server::Dispatch*>(application_.get());
-    return own->references() > 1 || automation::server::Dispatch::live() > 1;
+    return own->references() > 1 || automation::server::Dispatch::liveCount() > 1;
 }
 
 void Outlook::closeWindows()
@@ -130,7 +130,8 @@ void Outlook::closedByUser(InspectorId id)
     for (const Inspector& inspector : inspectors_) {
         if (inspector.id != id) continue;
         inspector.item->discard();
-        return remove(id);
+        remove(id);
+        return;
     }
 }
 
@@ -143,7 +144,8 @@ void Outlook::savedByUser(InspectorId id)
         } catch (const automation::server::Exception& error) {
             throw std::runtime_error(utf8(error.description));
         }
-        return remove(id);
+        remove(id);
+        return;
     }
 }
 

@@ -94,7 +94,7 @@ public:
 
 private:
     // A control command that waits until so many more blocks of tables have been read.
-    struct Later {
+    struct DeferredCommand {
         std::wstring word;
         std::wstring rest;
         unsigned long blocks;
@@ -102,7 +102,7 @@ private:
 
     Inspector* inspectorOf(const ItemObject& item) noexcept;
     std::optional<std::wstring> settingCommand(const std::wstring& word, std::wstring_view rest);
-    void putOff(std::wstring_view text);
+    void deferCommand(std::wstring_view text);
     void remove(InspectorId id);
 
     Recorder& recorder_;
@@ -112,7 +112,7 @@ private:
     Mailbox mailbox_;
     Setup setup_;
     Guard guard_{recorder_, setup_};
-    std::optional<Later> later_;
+    std::optional<DeferredCommand> deferredCommand_;
     std::vector<Inspector> inspectors_;
     InspectorId lastInspector_ = 0;
     automation::ComPtr<IDispatch> application_;

@@ -1,4 +1,4 @@
-// Recipients of a message or a journal entry, and Recipient.
+// The recipients of a message or a journal entry, as a collection.
 #pragma once
 
 #include "automation/value.h"

@@ -84,11 +84,11 @@ CreationSetting creationOf(std::wstring_view text)
 
 void change(Setup& setup, std::wstring_view setting, std::wstring_view text)
 {
-    const auto is = [&](const wchar_t* name) { return automation::equalWithoutCase(setting, name); };
+    const auto is = [&](const wchar_t* name) { return automation::equalIgnoringCase(setting, name); };
     if (is(L"Version")) setup.version = versionOf(text);
     else if (is(L"Guard")) setup.guard = guardOf(text);
     else if (is(L"MissingCell")) setup.missingCell = missingCellOf(text);
-    else if (is(L"LongestText")) setup.longestText = numberOf(text, "longest text");
+    else if (is(L"LongestText")) setup.maxTextLength = numberOf(text, "longest text");
     else if (is(L"RowOrder")) setup.rowOrder = rowOrderOf(text);
     else if (is(L"ArrayShape")) setup.arrayShape = arrayShapeOf(text);
     else if (is(L"HiddenColumn")) setup.hiddenColumn = text;
@@ -105,7 +105,7 @@ StoreRecord recordOf(const Setup& setup)
     if (setup.guard != usual.guard) record.add(L"Guard", textOf(setup.guard));
     for (const auto& [cell, name] : missingCells)
         if (setup.missingCell == cell && cell != usual.missingCell) record.add(L"MissingCell", name);
-    if (setup.longestText != usual.longestText) record.add(L"LongestText", std::to_wstring(setup.longestText));
+    if (setup.maxTextLength != usual.maxTextLength) record.add(L"LongestText", std::to_wstring(setup.maxTextLength));
     if (setup.rowOrder != usual.rowOrder) record.add(L"RowOrder", L"reversed");
     if (setup.arrayShape != usual.arrayShape) record.add(L"ArrayShape", L"rows");
     if (setup.hiddenColumn != usual.hiddenColumn) record.add(L"HiddenColumn", setup.hiddenColumn);

@@ -48,7 +48,7 @@ struct Setup {
     Version version = Version::v2016;
     GuardSetting guard;
     MissingCell missingCell = MissingCell::empty;
-    unsigned longestText = 255; // in a table's cell, in characters
+    unsigned maxTextLength = 255; // in a table's cell, in characters
     RowOrder rowOrder = RowOrder::folder;
     ArrayShape arrayShape = ArrayShape::columnsFirst;
     std::wstring hiddenColumn; // whose cells hold as little as those of an item without the field

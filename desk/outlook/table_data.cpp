@@ -104,7 +104,7 @@ Value TableData::cell(const Item& item, const Field& field) const
     if (value.type() != VT_BSTR) return value;
     const std::wstring text = value.text();
     if (text.empty()) return missing();
-    const unsigned longest = outlook_.setup().longestText;
+    const unsigned longest = outlook_.setup().maxTextLength;
     return text.size() > longest ? Value(text.substr(0, longest)) : value;
 }
 

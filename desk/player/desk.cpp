@@ -13,7 +13,7 @@ namespace desk::player {
 
 namespace {
 
-constexpr DWORD patience = 20'000; // milliseconds, for a program to start or end
+constexpr DWORD programTimeout = 20'000; // milliseconds, for a program to start or end
 
 void installHublink()
 {
@@ -45,8 +45,8 @@ std::optional<StoreRecord> firstRecord(const std::wstring& store, const wchar_t*
 
 void writeSetting(const std::wstring& file, const char* section, const char* key, const char* value)
 {
-    if (!WritePrivateProfileStringA(section, key, value, automation::ansi(file).c_str()))
-        throw std::runtime_error(std::string("cannot write ") + key + " into " + automation::ansi(file));
+    if (!WritePrivateProfileStringA(section, key, value, automation::toAnsi(file).c_str()))
+        throw std::runtime_error(std::string("cannot write ") + key + " into " + automation::toAnsi(file));
 }
 
 }
@@ -145,7 +145,7 @@ bool Desk::stopHublink()
             for (const MessageBoxSeen& box : messageBoxes(L"Hublink")) answer(box, IDOK);
             return hublink_.ended(100);
         },
-        patience);
+        programTimeout);
 }
 
 std::wstring Desk::iniFile() const

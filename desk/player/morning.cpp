@@ -4,7 +4,7 @@
 #include "desk/player/fixtures.h"
 #include "desk/player/notes_side.h"
 #include "desk/player/outlook_side.h"
-#include "desk/player/patience.h"
+#include "desk/player/timeouts.h"
 
 #include <algorithm>
 #include <cwchar>
@@ -47,25 +47,25 @@ Morning::Morning(Desk& desk, Narrator& narrator, GroupwareInUse groupware, std::
 void Morning::play()
 {
     start();
-    synchronised();
-    callFromKnownNumber();
-    callFromStranger();
-    forwardedCall();
-    outgoingCall();
-    editedIniFile();
-    for (const auto& side : sides_) side->ownSteps();
-    for (const auto& side : sides_) groupwareRestarted(*side);
-    iconPressed();
+    checkSynchronisation();
+    playCallFromKnownNumber();
+    playCallFromStranger();
+    playForwardedCall();
+    playOutgoingCall();
+    playEditedIniFile();
+    for (const auto& side : sides_) side->playOwnSteps();
+    for (const auto& side : sides_) playGroupwareRestart(*side);
+    playIconPress();
 }
 
 void Morning::start()
 {
-    for (const auto& side : sides_) narrator_.tell(L"Anna starts " + side->name() + L".");
-    narrator_.tell(L"She starts the softphone and Hublink.");
+    for (const auto& side : sides_) narrator_.remark(L"Anna starts " + side->name() + L".");
+    narrator_.remark(L"She starts the softphone and Hublink.");
     desk_.startSoftphone(morningSoftphone());
     for (const auto& side : sides_) side->start();
     desk_.startHublink();
-    narrator_.expect(eachLogHas(L"Connector Initialization  Ok", wholeStart),
+    narrator_.expect(eachLogHas(L"Connector Initialization  Ok", startTimeout),
                      L"the log has the line \"Connector Initialization  Ok\"");
     narrator_.expect(desk_.softphone(L"attached") == L"True", L"the softphone has been attached to");
     // The switch is off in the file as installed; it takes effect at the next tick.
@@ -74,16 +74,16 @@ void Morning::start()
                      L"\"NewContact\" is switched on in the ini file, and Hublink has read it");
 }
 
-bool Morning::eachLogHas(const std::wstring& line, DWORD patience)
+bool Morning::eachLogHas(const std::wstring& line, DWORD timeout)
 {
     return waitUntil(
         [&] {
             return std::all_of(sides_.begin(), sides_.end(), [&](auto& side) { return hasLine(side->log(), line); });
         },
-        patience);
+        timeout);
 }
 
-void Morning::synchronised()
+void Morning::checkSynchronisation()
 {
     narrator_.step(L"The softphone's address book and call history are brought into the groupware.");
     narrator_.expect(eachLogHas(L"Repertory Synchronisation Ok") && eachLogHas(L"History Synchronisation Ok"),
@@ -91,7 +91,7 @@ void Morning::synchronised()
     for (const auto& side : sides_) side->expectSynchronised();
 }
 
-void Morning::callFromKnownNumber()
+void Morning::playCallFromKnownNumber()
 {
     narrator_.step(L"0123456789 calls; Outlook has the number as 01.23.45.67.89.");
     ring(L"Number=0123456789 Incoming=true");
@@ -100,7 +100,7 @@ void Morning::callFromKnownNumber()
     countCalls();
 }
 
-void Morning::callFromStranger()
+void Morning::playCallFromStranger()
 {
     narrator_.step(L"06 55 44 33 22 calls; nobody has that number. The softphone knows the name.");
     ring(L"Number=\"06 55 44 33 22\" LastName=Nguyen FirstName=Linh Incoming=true");
@@ -108,7 +108,7 @@ void Morning::callFromStranger()
     countCalls();
 }
 
-void Morning::forwardedCall()
+void Morning::playForwardedCall()
 {
     narrator_.step(L"0123456789 calls and is forwarded to 4711, Claire Petit, who has a mail address.");
     ring(L"Number=0123456789 Incoming=true DestinationNumber=4711");
@@ -117,18 +117,18 @@ void Morning::forwardedCall()
     countCalls();
 }
 
-void Morning::outgoingCall()
+void Morning::playOutgoingCall()
 {
     narrator_.step(L"Anna calls 4711 herself.");
     ring(L"Number=4711 Incoming=false");
-    narrator_.expect(waitUntil([&] { return !sides_.back()->calls().empty(); }, soon),
+    narrator_.expect(waitUntil([&] { return !sides_.back()->calls().empty(); }, eventTimeout),
                      L"the groupware has been asked for the name");
-    waitFor(quiet);
+    waitFor(quietPeriod);
     for (const auto& side : sides_) narrator_.expect(side->showsNothing(), side->name() + L": nothing has opened");
     countCalls();
 }
 
-void Morning::editedIniFile()
+void Morning::playEditedIniFile()
 {
     narrator_.step(L"The text of the callback mail, or the showing of calendars, is changed in the ini file.");
     std::vector<std::size_t> before;
@@ -136,13 +136,13 @@ void Morning::editedIniFile()
     for (const auto& side : sides_) side->editSetting();
     for (std::size_t k = 0; k < sides_.size(); ++k)
         narrator_.expect(
-            waitUntil([&] { return hasLine(sides_[k]->log().substr(before[k]), L"Reload Ini data"); }, nextTick),
+            waitUntil([&] { return hasLine(sides_[k]->log().substr(before[k]), L"Reload Ini data"); }, tickTimeout),
             sides_[k]->name() + L": the log has a new line \"Reload Ini data\"");
     ring(L"Number=0123456789 Incoming=true DestinationNumber=4711");
     for (const auto& side : sides_) side->expectChangedMessage();
 }
 
-void Morning::groupwareRestarted(Side& side)
+void Morning::playGroupwareRestart(Side& side)
 {
     narrator_.step(side.name() + L" is closed, and after a while opened again.");
     side.clear();
@@ -153,15 +153,15 @@ void Morning::groupwareRestarted(Side& side)
     side.reopen();
     side.expectReadAgain();
     narrator_.expect(
-        waitUntil([&] { return desk_.softphone(L"calls").find(L"HistoryItem") != std::wstring::npos; }, soon),
+        waitUntil([&] { return desk_.softphone(L"calls").find(L"HistoryItem") != std::wstring::npos; }, eventTimeout),
         L"it has gone through the softphone's records again");
-    waitFor(quiet);
+    waitFor(quietPeriod);
     side.expectNothingTwice();
     ring(L"Number=0123456789 Incoming=true");
     for (const auto& each : sides_) each->expectKnownCaller(); // then none is in the middle of it any more
 }
 
-void Morning::iconPressed()
+void Morning::playIconPress()
 {
     constexpr const wchar_t* title = L"Hublink";
     // A click that falls while the desktop is busy may get lost; then one clicks again.
@@ -169,7 +169,7 @@ void Morning::iconPressed()
         for (int press = 0; press < 4 && messageBoxes(title).empty(); ++press) {
             moveToNotificationIcon();
             rightPress();
-            waitUntil([&] { return !messageBoxes(title).empty(); }, soon / 4);
+            waitUntil([&] { return !messageBoxes(title).empty(); }, eventTimeout / 4);
         }
         waitFor(500); // nobody answers a question before it is painted
         return !messageBoxes(title).empty();
@@ -191,7 +191,7 @@ void Morning::iconPressed()
     narrator_.expect(desk_.hublinkProcess().running(), L"Hublink goes on");
     if (!narrator_.expect(asked(), L"Hublink asks again")) return;
     narrator_.expect(answers(IDYES), L"the question is gone");
-    narrator_.expect(desk_.hublinkProcess().ended(nextTick), L"Hublink is gone at the next tick");
+    narrator_.expect(desk_.hublinkProcess().ended(tickTimeout), L"Hublink is gone at the next tick");
     narrator_.expect(desk_.hublinkProcess().exitCode() == 0, L"its exit code is 0");
     for (Process* program : {&desk_.outlookProcess(), &desk_.notesProcess()})
         narrator_.expect(!*program || program->running(), L"the groupware is left running");
@@ -206,10 +206,10 @@ void Morning::ring(const std::wstring& fields)
 
 void Morning::countCalls()
 {
-    waitFor(quiet);
+    waitFor(quietPeriod);
     std::wstring text = L"COM calls for it: softphone " + summary(desk_.softphone(L"calls"));
     for (const auto& side : sides_) text += L", " + side->name() + L" " + summary(side->calls());
-    narrator_.tell(text);
+    narrator_.remark(text);
 }
 
 void Morning::takePicture(const wchar_t* name)

@@ -3,8 +3,8 @@
 
 #include "desk/player/desk.h"
 #include "desk/player/narrator.h"
-#include "desk/player/patience.h"
 #include "desk/player/side.h"
+#include "desk/player/timeouts.h"
 
 #include <memory>
 #include <vector>
@@ -26,19 +26,19 @@ public:
 
 private:
     void start();
-    void synchronised();
-    void callFromKnownNumber();
-    void callFromStranger();
-    void forwardedCall();
-    void outgoingCall();
-    void editedIniFile();
-    void groupwareRestarted(Side& side);
-    void iconPressed();
+    void checkSynchronisation();
+    void playCallFromKnownNumber();
+    void playCallFromStranger();
+    void playForwardedCall();
+    void playOutgoingCall();
+    void playEditedIniFile();
+    void playGroupwareRestart(Side& side);
+    void playIconPress();
 
     void ring(const std::wstring& fields);
     void countCalls();
     void takePicture(const wchar_t* name);
-    bool eachLogHas(const std::wstring& line, DWORD patience = soon);
+    bool eachLogHas(const std::wstring& line, DWORD timeout = eventTimeout);
 
     Desk& desk_;
     Narrator& narrator_;

@@ -27,7 +27,7 @@ bool Narrator::expect(bool arrived, const std::wstring& what)
     return arrived;
 }
 
-void Narrator::tell(const std::wstring& text)
+void Narrator::remark(const std::wstring& text)
 {
     print(L"      " + text);
 }

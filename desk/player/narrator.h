@@ -14,7 +14,7 @@ public:
     bool expect(bool arrived, const std::wstring& what);
 
     // A remark.
-    void tell(const std::wstring& text);
+    void remark(const std::wstring& text);
 
     // How many things were expected in vain.
     int missing() const noexcept { return missing_; }

@@ -2,7 +2,7 @@
 
 #include "desk/common/text.h"
 #include "desk/player/fixtures.h"
-#include "desk/player/patience.h"
+#include "desk/player/timeouts.h"
 
 namespace desk::player {
 
@@ -61,7 +61,7 @@ bool NotesSide::opens(const std::wstring& title, const wchar_t* mode)
                            return true;
                    return false;
                },
-               soon) &&
+               eventTimeout) &&
            desk_.notesShows(title);
 }
 
@@ -107,7 +107,7 @@ void NotesSide::expectMessage()
         return text(message, L"SendTo") == L"claire.petit@example.com" &&
                text(message, L"PhoneNumber") == L"0123456789";
     };
-    narrator_.expect(waitUntil(isWhole, soon),
+    narrator_.expect(waitUntil(isWhole, eventTimeout),
                      L"Notes: it is addressed to claire.petit@example.com and has the number");
     narrator_.expect(opens(L"Sales", L"read"), L"Notes: the calendar of the group in which Claire Petit works is open");
 }
@@ -128,11 +128,11 @@ void NotesSide::expectChangedMessage()
 void NotesSide::expectReadAgain()
 {
     narrator_.expect(
-        waitUntil([&] { return calls().find(L"NotesDatabase.CreateDocument") != std::wstring::npos; }, nextTick),
+        waitUntil([&] { return calls().find(L"NotesDatabase.CreateDocument") != std::wstring::npos; }, tickTimeout),
         L"Notes: Hublink has opened a new session and a new log document");
 }
 
-void NotesSide::ownSteps()
+void NotesSide::playOwnSteps()
 {
     readMail();
     readLog();
@@ -147,10 +147,10 @@ void NotesSide::readMail()
     desk_.notes(L"front");
     narrator_.expect(
         waitUntil([&] { return text(desk_.document(mailDatabase, L"Subject", L"Minutes"), L"Tel") == L"4711"; },
-                  nextTick),
+                  tickTimeout),
         L"the mail has Claire Petit's number, 4711, in its item \"Tel\"");
     narrator_.expect(opens(L"Minutes", L"read") &&
-                         waitUntil([&] { return linesOf(desk_.notes(L"windows")).size() == 1; }, soon),
+                         waitUntil([&] { return linesOf(desk_.notes(L"windows")).size() == 1; }, eventTimeout),
                      L"it is open once, for reading");
     desk_.notes(L"back");
 }
@@ -159,7 +159,7 @@ void NotesSide::readLog()
 {
     narrator_.step(L"Anna opens the log document in Notes.");
     const std::wstring body = log();
-    for (const std::wstring& line : linesOf(body)) narrator_.tell(L"         " + line);
+    for (const std::wstring& line : linesOf(body)) narrator_.remark(L"         " + line);
     narrator_.expect(hasLine(body, L"Start Connector Initialization") && hasLine(body, L"Connector Initialization  Ok"),
                      L"it tells of the initialisation");
 }

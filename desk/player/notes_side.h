@@ -27,7 +27,7 @@ public:
     void expectChangedMessage() override;
     void expectReadAgain() override;
     void editSetting() override;
-    void ownSteps() override;
+    void playOwnSteps() override;
 
 private:
     bool eachOnce();

@@ -3,7 +3,7 @@
 #include "automation/object.h"
 #include "desk/common/text.h"
 #include "desk/player/fixtures.h"
-#include "desk/player/patience.h"
+#include "desk/player/timeouts.h"
 
 namespace desk::player {
 
@@ -64,7 +64,7 @@ void OutlookSide::expectStranger()
     };
     narrator_.expect(has(L"FirstName", L"Linh") && has(L"BusinessTelephoneNumber", L"0655443322"),
                      L"Outlook keeps it, with first name, last name and the number 0655443322");
-    narrator_.expect(waitUntil([&] { return hasLine(log(), L"New contact 0655443322 Nguyen Linh"); }, soon),
+    narrator_.expect(waitUntil([&] { return hasLine(log(), L"New contact 0655443322 Nguyen Linh"); }, eventTimeout),
                      L"Outlook: the log item has the line \"New contact 0655443322 Nguyen Linh\"");
     ++contacts_;
 }
@@ -95,11 +95,11 @@ void OutlookSide::expectChangedMessage()
 void OutlookSide::expectReadAgain()
 {
     narrator_.expect(
-        waitUntil([&] { return calls().find(L"NameSpace.GetDefaultFolder") != std::wstring::npos; }, nextTick),
+        waitUntil([&] { return calls().find(L"NameSpace.GetDefaultFolder") != std::wstring::npos; }, tickTimeout),
         L"Outlook: Hublink has opened a new session");
 }
 
-void OutlookSide::ownSteps()
+void OutlookSide::playOwnSteps()
 {
     narrator_.step(L"Anna opens the item \"Connector Log\" in Outlook's journal.");
     using automation::Object;
@@ -110,7 +110,7 @@ void OutlookSide::ownSteps()
     if (!narrator_.expect(static_cast<bool>(item), L"there is one")) return;
     item.call(L"Display");
     narrator_.expect(desk_.outlookShows(L"Connector Log - Journal Entry"), L"it is on the screen");
-    for (const std::wstring& line : linesOf(log())) narrator_.tell(L"         " + line);
+    for (const std::wstring& line : linesOf(log())) narrator_.remark(L"         " + line);
     narrator_.expect(log().find(L" Start Connector Initialization\n") != std::wstring::npos,
                      L"its lines are joined by line feeds");
 }

@@ -12,7 +12,7 @@ namespace desk::player {
 
 namespace {
 
-constexpr DWORD patience = 20'000; // milliseconds, for a program to start or end
+constexpr DWORD programTimeout = 20'000; // milliseconds, for a program to start or end
 
 }
 
@@ -43,34 +43,34 @@ void PartnerProgram::uninstall()
 void PartnerProgram::runWith(const wchar_t* argument) const
 {
     const Process run(path(), argument);
-    if (!run.ended(patience) || run.exitCode() != 0)
-        throw std::runtime_error(automation::ansi(file_) + " fails with " + automation::ansi(argument));
+    if (!run.ended(programTimeout) || run.exitCode() != 0)
+        throw std::runtime_error(automation::toAnsi(file_) + " fails with " + automation::toAnsi(argument));
 }
 
 void PartnerProgram::start()
 {
     process_ = Process(path(), L"");
-    takeServing();
+    waitUntilServing();
 }
 
 // A client that sees the program's name among the processes may create an object
 // before the class is offered: then COM starts a second process, and which of the
 // two goes on is a matter of luck. The other one's end is waited for: it would serve
 // the next test, with what it has read now.
-void PartnerProgram::takeServing()
+void PartnerProgram::waitUntilServing()
 {
-    const std::wstring answer = desk::ask(name_, L"ping", patience);
+    const std::wstring answer = desk::ask(name_, L"ping", programTimeout);
     const DWORD serving = numberOf(answer.substr(answer.find(L' ') + 1), "process identifier");
     if (serving == process_.id()) return;
-    if (!process_.ended(patience)) throw std::runtime_error(automation::ansi(file_) + " runs twice");
+    if (!process_.ended(programTimeout)) throw std::runtime_error(automation::toAnsi(file_) + " runs twice");
     process_ = Process::existing(serving);
 }
 
 void PartnerProgram::restart()
 {
     ask(L"restart");
-    if (!process_.ended(patience)) throw std::runtime_error(automation::ansi(file_) + " does not start anew");
-    takeServing();
+    if (!process_.ended(programTimeout)) throw std::runtime_error(automation::toAnsi(file_) + " does not start anew");
+    waitUntilServing();
 }
 
 void PartnerProgram::start(std::string_view records)
@@ -82,7 +82,7 @@ void PartnerProgram::start(std::string_view records)
 void PartnerProgram::close()
 {
     ask(L"exit");
-    if (!process_.ended(patience)) throw std::runtime_error(automation::ansi(file_) + " does not close");
+    if (!process_.ended(programTimeout)) throw std::runtime_error(automation::toAnsi(file_) + " does not close");
 }
 
 void PartnerProgram::end()
@@ -104,7 +104,7 @@ std::wstring PartnerProgram::ask(std::wstring_view request, DWORD timeout) const
 {
     const std::wstring response = desk::ask(name_, request, timeout);
     if (response.starts_with(L"error:"))
-        throw std::runtime_error(automation::ansi(request) + ": " + automation::ansi(response));
+        throw std::runtime_error(automation::toAnsi(request) + ": " + automation::toAnsi(response));
     return response;
 }
 
@@ -117,7 +117,7 @@ bool PartnerProgram::shows(const std::wstring& title, bool exactly) const
                 return exactly ? each == title : each.starts_with(title);
             });
         },
-        patience);
+        programTimeout);
 }
 
 }

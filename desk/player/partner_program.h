@@ -47,7 +47,7 @@ private:
     void runWith(const wchar_t* argument) const;
     std::wstring path() const;
     std::wstring storePath() const;
-    void takeServing();
+    void waitUntilServing();
 
     const wchar_t* file_;
     const wchar_t* name_;

@@ -1,6 +1,6 @@
 #include "desk/player/screen.h"
 
-#include "automation/border.h"
+#include "automation/catch_all.h"
 #include "desk/player/windows_files.h"
 
 #include <cstring>
@@ -20,7 +20,7 @@ std::wstring textOf(HWND window)
 // The text of a message box stands in the one static control that has any.
 BOOL CALLBACK keepStaticText(HWND child, LPARAM result) noexcept
 {
-    return automation::atBorder(BOOL{FALSE}, [&] {
+    return automation::catchAll(BOOL{FALSE}, [&] {
         wchar_t name[32];
         GetClassNameW(child, name, 32);
         wchar_t text[1024] = L"";
@@ -39,7 +39,7 @@ struct TitleSearch {
 
 BOOL CALLBACK keepTitle(HWND window, LPARAM parameter) noexcept
 {
-    return automation::atBorder(BOOL{FALSE}, [&] {
+    return automation::catchAll(BOOL{FALSE}, [&] {
         auto& search = *reinterpret_cast<TitleSearch*>(parameter);
         DWORD processId = 0;
         GetWindowThreadProcessId(window, &processId);

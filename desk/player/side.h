@@ -39,7 +39,7 @@ public:
     virtual void editSetting() = 0;
 
     // What only its own user does.
-    virtual void ownSteps() = 0;
+    virtual void playOwnSteps() = 0;
 };
 
 // Whether a log has a line that ends so after its date and time.

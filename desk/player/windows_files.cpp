@@ -12,13 +12,13 @@
 namespace desk::player {
 
 using automation::Handle;
-using automation::orNone;
+using automation::ownedIfValid;
 
 namespace {
 
 [[noreturn]] void fail(const char* what, const std::wstring& name)
 {
-    throw std::runtime_error(std::string(what) + " " + automation::ansi(name) + ": error " +
+    throw std::runtime_error(std::string(what) + " " + automation::toAnsi(name) + ": error " +
                              std::to_string(GetLastError()));
 }
 
@@ -47,7 +47,7 @@ void copyFolder(const std::wstring& from, const std::wstring& to)
 {
     makeFolder(to);
     WIN32_FIND_DATAW entry;
-    const auto search = orNone<automation::FileSearch>(FindFirstFileW((from + L"\\*").c_str(), &entry));
+    const auto search = ownedIfValid<automation::FileSearch>(FindFirstFileW((from + L"\\*").c_str(), &entry));
     if (!search) fail("cannot read the folder", from);
     do {
         if (!(entry.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY))
@@ -57,7 +57,7 @@ void copyFolder(const std::wstring& from, const std::wstring& to)
 
 void writeFile(const std::wstring& file, std::string_view bytes)
 {
-    const Handle opened = orNone(CreateFileW(file.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, 0, nullptr));
+    const Handle opened = ownedIfValid(CreateFileW(file.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, 0, nullptr));
     DWORD written = 0;
     if (!opened || !WriteFile(opened.get(), bytes.data(), static_cast<DWORD>(bytes.size()), &written, nullptr) ||
         written != bytes.size())
@@ -67,8 +67,8 @@ void writeFile(const std::wstring& file, std::string_view bytes)
 std::string readFile(const std::wstring& file)
 {
     const Handle opened =
-        orNone(CreateFileW(file.c_str(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
-                           OPEN_EXISTING, 0, nullptr));
+        ownedIfValid(CreateFileW(file.c_str(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
+                                 nullptr, OPEN_EXISTING, 0, nullptr));
     if (!opened) fail("cannot read", file);
     std::string bytes(GetFileSize(opened.get(), nullptr), '\0');
     DWORD read = 0;

@@ -41,7 +41,10 @@ Value valueOf(const std::wstring& kind, std::wstring_view rest)
 void Answers::set(std::wstring_view text)
 {
     const std::wstring member = takeWord(text);
-    if (member == L"off" && text.empty()) return clear();
+    if (member == L"off" && text.empty()) {
+        clear();
+        return;
+    }
     if (member.find(L'.') == std::wstring::npos) throw std::runtime_error("answer: Class.Member is missing");
     const std::wstring kind = takeWord(text);
     planned_.insert_or_assign(lowerCase(member), valueOf(kind, text));

@@ -109,7 +109,7 @@ const std::vector<MemberRow<Application>>& Application::members()
          [](Self& self, const IncomingCall& call) -> Value {
              Phone& phone = self.phone();
              if (!call.isPut()) return phone.attached;
-             phone.attached = call.arguments.truth(0);
+             phone.attached = call.arguments.isTrue(0);
              phone.tellChanged();
              return Value();
          }},

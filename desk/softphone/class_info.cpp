@@ -1,6 +1,6 @@
 #include "desk/softphone/class_info.h"
 
-#include "automation/border.h"
+#include "automation/catch_all.h"
 
 namespace desk::softphone {
 
@@ -29,7 +29,7 @@ STDMETHODIMP ClassInfo::GetGUID(DWORD kind, GUID* guid) noexcept
 HRESULT giveDescription(Phone& phone, REFGUID id, ITypeInfo** type) noexcept
 {
     *type = nullptr;
-    return automation::atBorder([&] {
+    return automation::catchAll([&] {
         *type = phone.types.describe(id).get();
         (*type)->AddRef();
         return S_OK;

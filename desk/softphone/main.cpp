@@ -1,6 +1,6 @@
 // pavex.exe: the softphone as a program, with its window, its class
 // "Pavex.Application" and its control commands.
-#include "automation/border.h"
+#include "automation/catch_all.h"
 #include "automation/owners.h"
 #include "desk/common/control_pipe.h"
 #include "desk/common/server_program.h"
@@ -13,14 +13,14 @@ namespace {
 using namespace desk::softphone;
 
 constexpr wchar_t pipeName[] = L"pavex";
-constexpr DWORD quitPatience = 5'000; // milliseconds
+constexpr DWORD quitTimeout = 5'000; // milliseconds
 constexpr DWORD diePatience = 2'000;   // milliseconds
 
 // A subscriber that does not answer must not keep the program for ever. While
 // the main thread waits for one, it takes no posted messages, but sent ones.
 DWORD WINAPI watchEnd(void* window) noexcept
 {
-    Sleep(quitPatience);
+    Sleep(quitTimeout);
     SendMessageTimeoutW(static_cast<HWND>(window), Window::giveUpMessage, 0, 0, SMTO_NORMAL, diePatience, nullptr);
     TerminateProcess(GetCurrentProcess(), 1);
     return 0;
@@ -30,7 +30,7 @@ DWORD WINAPI watchEnd(void* window) noexcept
 // request after the other. Where nobody is answered any more the program ends already.
 DWORD WINAPI requestExit(void*) noexcept
 {
-    return automation::atBorder(DWORD{0}, [] {
+    return automation::catchAll(DWORD{0}, [] {
         desk::ask(pipeName, L"exit");
         return DWORD{0};
     });

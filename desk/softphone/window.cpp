@@ -15,7 +15,7 @@ constexpr int width = 300;
 constexpr int height = 420;
 constexpr int margin = 8;
 constexpr int inner = width - 2 * margin - 6; // what the frame leaves
-constexpr int mostShown = 200;                // of a long list
+constexpr int maxShown = 200;                 // of a long list
 constexpr COLORREF idleColor = RGB(225, 228, 232);
 constexpr COLORREF busyColor = RGB(190, 230, 190);
 
@@ -53,7 +53,7 @@ void fill(HWND list, Iterator record, Iterator end, Row rowOf)
 {
     SendMessageW(list, WM_SETREDRAW, FALSE, 0);
     SendMessageW(list, LVM_DELETEALLITEMS, 0, 0);
-    for (int row = 0; record != end && row < mostShown; ++record) addRow(list, row++, rowOf(*record));
+    for (int row = 0; record != end && row < maxShown; ++record) addRow(list, row++, rowOf(*record));
     SendMessageW(list, WM_SETREDRAW, TRUE, 0);
     InvalidateRect(list, nullptr, TRUE);
 }
@@ -188,7 +188,7 @@ LRESULT Window::onMessage(UINT message, WPARAM wParam, LPARAM lParam)
             action();
         }
         return 0;
-    default: return leaveToWindows(message, wParam, lParam);
+    default: return handleByDefault(message, wParam, lParam);
     }
 }
 

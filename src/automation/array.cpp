@@ -86,8 +86,8 @@ VARTYPE typeOfElements(SAFEARRAY* array, VARTYPE claimed)
     if (array->fFeatures & FADF_VARIANT) return VT_VARIANT;
     if (array->fFeatures & FADF_DISPATCH) return VT_DISPATCH;
     if (array->fFeatures & FADF_UNKNOWN) return VT_UNKNOWN;
-    VARTYPE told = VT_EMPTY;
-    return SUCCEEDED(SafeArrayGetVartype(array, &told)) ? told : claimed;
+    VARTYPE stored = VT_EMPTY;
+    return SUCCEEDED(SafeArrayGetVartype(array, &stored)) ? stored : claimed;
 }
 
 Value elementValue(const void* element, VARTYPE type)

@@ -9,7 +9,7 @@ namespace automation {
 
 // All elements of an array of any number of dimensions, in memory order (the
 // first index changes fastest). The elements are of the type that the array
-// itself tells, and of the value's where it tells none. Throws AutomationError
+// itself states, else of the value's. Throws AutomationError
 // (type mismatch) when the value is no array, one of records or of an unknown
 // type, or when its elements have not the size of their type.
 std::vector<Value> elementsOf(const Value& array);

@@ -39,7 +39,7 @@ std::vector<BYTE> systemIdentifier()
 
 }
 
-OwnUserAndSystem::OwnUserAndSystem() : user_(processUser()), system_(systemIdentifier())
+OwnUserAndSystemDescriptor::OwnUserAndSystemDescriptor() : user_(processUser()), system_(systemIdentifier())
 {
     const PSID user = reinterpret_cast<const TOKEN_USER*>(user_.data())->User.Sid;
     list_.resize(sizeof(ACL) + 2 * sizeof(ACCESS_ALLOWED_ACE) + GetLengthSid(user) + GetLengthSid(system_.data()));
@@ -57,7 +57,7 @@ OwnUserAndSystem::OwnUserAndSystem() : user_(processUser()), system_(systemIdent
 
 void permitCallsOfOwnUserOnly(StartsServers startsServers)
 try {
-    OwnUserAndSystem callers;
+    OwnUserAndSystemDescriptor callers;
     // "No activation as activator" would refuse every creation that has to start
     // its server (vendor's reference of EOLE_AUTHENTICATION_CAPABILITIES).
     const DWORD capabilities =

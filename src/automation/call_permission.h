@@ -8,12 +8,12 @@
 namespace automation {
 
 // The security descriptor of those who may call: the user that the process runs
-// for, and the system. Throws AutomationError when the user cannot be told.
-class OwnUserAndSystem {
+// for, and the system. Throws AutomationError when the user cannot be determined.
+class OwnUserAndSystemDescriptor {
 public:
-    OwnUserAndSystem();
-    OwnUserAndSystem(const OwnUserAndSystem&) = delete;
-    OwnUserAndSystem& operator=(const OwnUserAndSystem&) = delete;
+    OwnUserAndSystemDescriptor();
+    OwnUserAndSystemDescriptor(const OwnUserAndSystemDescriptor&) = delete;
+    OwnUserAndSystemDescriptor& operator=(const OwnUserAndSystemDescriptor&) = delete;
 
     PSECURITY_DESCRIPTOR descriptor() noexcept { return &descriptor_; }
 

@@ -27,10 +27,10 @@ std::wstring textFromDate(DATE date)
     return Value::date(date).text();
 }
 
-std::wstring textFromBoolean(bool truth)
+std::wstring textFromBoolean(bool value)
 {
     Bstr text;
-    check(VarBstrFromBool(truth ? VARIANT_TRUE : VARIANT_FALSE, LOCALE_USER_DEFAULT, 0, text.receive()), L"Boolean");
+    check(VarBstrFromBool(value ? VARIANT_TRUE : VARIANT_FALSE, LOCALE_USER_DEFAULT, 0, text.receive()), L"Boolean");
     return text.text();
 }
 

@@ -1,4 +1,4 @@
-// Text, number and date conversions exactly as the automation world does them:
+// Text, number and date conversions exactly as OLE Automation does them: with
 // its ranges, its rounding, the user's locale, its failures.
 #pragma once
 
@@ -19,7 +19,7 @@ std::int32_t int32FromText(const std::wstring& text);
 std::wstring textFromDate(DATE date);
 
 // "True" or "False".
-std::wstring textFromBoolean(bool truth);
+std::wstring textFromBoolean(bool value);
 
 // The current local date and time.
 DATE now();

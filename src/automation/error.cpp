@@ -14,9 +14,9 @@ AutomationError::AutomationError(std::wstring member, HRESULT code, std::wstring
 {
     char number[16];
     std::snprintf(number, sizeof number, "0x%08lX", static_cast<unsigned long>(code_));
-    what_ = ansi(member_) + ": " + number;
-    if (!source_.empty()) what_ += " from " + ansi(source_);
-    if (!description_.empty()) what_ += ": " + ansi(description_);
+    what_ = toAnsi(member_) + ": " + number;
+    if (!source_.empty()) what_ += " from " + toAnsi(source_);
+    if (!description_.empty()) what_ += ": " + toAnsi(description_);
     if (argument_ != noArgument) what_ += " (argument " + std::to_string(argument_) + ")";
 }
 

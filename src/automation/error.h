@@ -1,5 +1,5 @@
 // The one exception of this layer: a failed automation call, with everything
-// that COM told about it.
+// that COM reported about it.
 #pragma once
 
 #include <windows.h>
@@ -40,7 +40,7 @@ private:
     std::string what_;
 };
 
-// The code that the automation world gives to the use of an empty object
+// The code by which automation clients know the use of an empty object
 // reference ("Object variable not set", run-time error 91).
 inline constexpr HRESULT objectNotSet = static_cast<HRESULT>(0x800A005BL);
 

@@ -1,6 +1,6 @@
 #include "automation/message_filter.h"
 
-#include "automation/border.h"
+#include "automation/catch_all.h"
 #include "automation/outgoing_call.h"
 #include "automation/unknown.h"
 
@@ -22,9 +22,9 @@ public:
 
     STDMETHODIMP_(DWORD) RetryRejectedCall(HTASK, DWORD waited, DWORD) noexcept override
     {
-        if (waited >= OutgoingCall::patience) return static_cast<DWORD>(-1);
+        if (waited >= OutgoingCall::busyTimeout) return static_cast<DWORD>(-1);
         // COM retries at once below 100 and waits that many milliseconds from there on.
-        const DWORD pause = OutgoingCall::pauseAfter(waited);
+        const DWORD pause = OutgoingCall::retryDelay(waited);
         return pause < 100 ? 100 : pause;
     }
 
@@ -33,7 +33,7 @@ public:
     STDMETHODIMP_(DWORD) MessagePending(HTASK, DWORD, DWORD) noexcept override
     {
         constexpr DWORD goOnWaiting = PENDINGMSG_WAITNOPROCESS;
-        return atBorder(goOnWaiting, [&] {
+        return catchAll(goOnWaiting, [&] {
             onMessage_();
             return goOnWaiting;
         });

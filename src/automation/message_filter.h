@@ -1,4 +1,4 @@
-// Tells COM to ask a busy server again instead of failing at once or showing
+// Makes COM ask a busy server again instead of failing at once or showing
 // its "server busy" dialog, and to leave the user's messages alone meanwhile.
 #pragma once
 

@@ -33,29 +33,29 @@ AutomationError failure(Member member, HRESULT result, EXCEPINFO& info, UINT ref
 
 std::wstring Member::text() const
 {
-    return named() ? std::wstring(name_) : L"DISPID " + std::to_wstring(id_);
+    return isNamed() ? std::wstring(name_) : L"DISPID " + std::to_wstring(id_);
 }
 
-const DISPID* MemberNames::find(std::wstring_view name) const
+const DISPID* DispatchIdCache::find(std::wstring_view name) const
 {
     const auto found = ids_.find(name);
     return found == ids_.end() ? nullptr : &found->second;
 }
 
-void MemberNames::remember(std::wstring_view name, DISPID id)
+void DispatchIdCache::remember(std::wstring_view name, DISPID id)
 {
     ids_.insert_or_assign(std::wstring(name), id);
 }
 
 Object::Object(IDispatch* dispatch) : dispatch_(dispatch)
 {
-    if (dispatch) names_ = sharedNames();
+    if (dispatch) idCache_ = makeIdCache();
 }
 
-Object Object::sharing(const SharedNames& names) const
+Object Object::usingIdCache(const SharedIdCache& idCache) const
 {
     Object same = *this;
-    same.names_ = names;
+    same.idCache_ = idCache;
     return same;
 }
 
@@ -106,7 +106,7 @@ DISPID Object::lookUp(Member member, const OutgoingCall& scope) const
     const HRESULT result =
         scope.retryWhileBusy([&] { return dispatch_->GetIDsOfNames(IID_NULL, &name, 1, LOCALE_USER_DEFAULT, &id); });
     if (FAILED(result)) throw AutomationError(member.text(), result);
-    names_->remember(member.name(), id);
+    idCache_->remember(member.name(), id);
     return id;
 }
 
@@ -115,10 +115,10 @@ Value Object::invoke(Member member, WORD flags, std::initializer_list<Value> arg
     if (!dispatch_) throw AutomationError(member.text(), objectNotSet);
     // The reference may be replaced by whatever runs while the call is out.
     const Object self = *this;
-    const OutgoingCall scope; // one patience for the look-up and the call
+    const OutgoingCall scope; // one time limit for the look-up and the call
 
-    const DISPID* remembered = member.named() ? names_->find(member.name()) : nullptr;
-    DISPID id = !member.named() ? member.id() : remembered ? *remembered : self.lookUp(member, scope);
+    const DISPID* remembered = member.isNamed() ? idCache_->find(member.name()) : nullptr;
+    DISPID id = !member.isNamed() ? member.id() : remembered ? *remembered : self.lookUp(member, scope);
 
     std::vector<VARIANT> reversed;
     reversed.reserve(arguments.size());

@@ -22,7 +22,7 @@ public:
     Member(const wchar_t* name) noexcept : name_(name), id_(DISPID_UNKNOWN) {}
     Member(DISPID id) noexcept : name_(nullptr), id_(id) {}
 
-    bool named() const noexcept { return name_ != nullptr; }
+    bool isNamed() const noexcept { return name_ != nullptr; }
     const wchar_t* name() const noexcept { return name_; }
     DISPID id() const noexcept { return id_; }
     std::wstring text() const;
@@ -34,7 +34,7 @@ private:
 
 // The dispatch identifiers found so far, by name. Each object has one of its
 // own; objects of a class whose identifiers are fixed may share one.
-class MemberNames {
+class DispatchIdCache {
 public:
     const DISPID* find(std::wstring_view name) const;
     void remember(std::wstring_view name, DISPID id);
@@ -43,11 +43,11 @@ private:
     std::map<std::wstring, DISPID, std::less<>> ids_;
 };
 
-using SharedNames = std::shared_ptr<MemberNames>;
+using SharedIdCache = std::shared_ptr<DispatchIdCache>;
 
-inline SharedNames sharedNames()
+inline SharedIdCache makeIdCache()
 {
-    return std::make_shared<MemberNames>();
+    return std::make_shared<DispatchIdCache>();
 }
 
 class Object {
@@ -56,7 +56,7 @@ public:
     explicit Object(IDispatch* dispatch);            // takes a reference of its own
 
     // The same object, its names looked up in (and added to) `names`.
-    Object sharing(const SharedNames& names) const;
+    Object usingIdCache(const SharedIdCache& idCache) const;
 
     // A new object of a registered class, in or out of process.
     static Object create(const wchar_t* progId);
@@ -81,7 +81,7 @@ private:
     DISPID lookUp(Member member, const OutgoingCall& scope) const;
 
     ComPtr<IDispatch> dispatch_;
-    SharedNames names_;
+    SharedIdCache idCache_;
 };
 
 }

@@ -15,9 +15,9 @@ constinit thread_local ThreadCalls calls;
 
 }
 
-OutgoingCall::OutgoingCall() noexcept : start_(GetTickCount())
+OutgoingCall::OutgoingCall() noexcept : startTick_(GetTickCount())
 {
-    if (calls.depth++ == 0) calls.begin = start_ != 0 ? start_ : 1; // 0 means none
+    if (calls.depth++ == 0) calls.begin = startTick_ != 0 ? startTick_ : 1; // 0 means none
 }
 
 OutgoingCall::~OutgoingCall()
@@ -30,26 +30,26 @@ bool OutgoingCall::inProgress() noexcept
     return calls.depth > 0;
 }
 
-const std::atomic<DWORD>& OutgoingCall::beginOfOutermost() noexcept
+const std::atomic<DWORD>& OutgoingCall::outermostStartTick() noexcept
 {
     return calls.begin;
 }
 
-DWORD OutgoingCall::pauseAfter(DWORD waited) noexcept
+Milliseconds OutgoingCall::retryDelay(Milliseconds waited) noexcept
 {
-    return std::clamp<DWORD>(waited / 2, 10, 500);
+    return std::clamp<Milliseconds>(waited / 2, 10, 500);
 }
 
-bool OutgoingCall::saysBusy(HRESULT result) noexcept
+bool OutgoingCall::isBusy(HRESULT result) noexcept
 {
     return result == RPC_E_SERVERCALL_RETRYLATER || result == RPC_E_CALL_REJECTED;
 }
 
 bool OutgoingCall::pauseBeforeRetry() const noexcept
 {
-    const DWORD waited = GetTickCount() - start_;
-    if (waited >= patience) return false;
-    Sleep(std::min(pauseAfter(waited), patience - waited));
+    const Milliseconds waited = GetTickCount() - startTick_;
+    if (waited >= busyTimeout) return false;
+    Sleep(std::min(retryDelay(waited), busyTimeout - waited));
     return true;
 }
 

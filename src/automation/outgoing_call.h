@@ -3,6 +3,8 @@
 // again for a while.
 #pragma once
 
+#include "automation/milliseconds.h"
+
 #include <windows.h>
 
 #include <atomic>
@@ -19,33 +21,33 @@ public:
     // Whether this thread is inside a call into another object.
     static bool inProgress() noexcept;
 
-    // When this thread's outermost call began, as GetTickCount tells it; 0 while
+    // When this thread's outermost call began, a value of GetTickCount; 0 while
     // none is out. For another thread to look at, as long as this one lives.
-    static const std::atomic<DWORD>& beginOfOutermost() noexcept;
+    static const std::atomic<DWORD>& outermostStartTick() noexcept;
 
-    // How long a busy server is asked again, in milliseconds, for one call in all.
-    static constexpr DWORD patience = 10'000;
+    // How long a busy server is asked again, for one call in all.
+    static constexpr Milliseconds busyTimeout = 10'000;
 
-    // The pause before the next try, in milliseconds, after `waited` of them:
+    // The pause before the next try, after `waited` has passed:
     // short at first, since most servers are busy only for a moment.
-    static DWORD pauseAfter(DWORD waited) noexcept;
+    static Milliseconds retryDelay(Milliseconds waited) noexcept;
 
     // Runs `attempt` until it returns something else than "busy" or the
-    // patience is used up; returns its last answer.
+    // time limit is reached; returns its last answer.
     template <class Attempt>
     HRESULT retryWhileBusy(Attempt attempt) const
     {
         for (;;) {
             const HRESULT result = attempt();
-            if (!saysBusy(result) || !pauseBeforeRetry()) return result;
+            if (!isBusy(result) || !pauseBeforeRetry()) return result;
         }
     }
 
 private:
-    static bool saysBusy(HRESULT result) noexcept;
+    static bool isBusy(HRESULT result) noexcept;
     bool pauseBeforeRetry() const noexcept;
 
-    DWORD start_;
+    DWORD startTick_;
 };
 
 }

@@ -1,4 +1,4 @@
-// Owners of what Windows hands out and wants back.
+// Owners of what Windows hands out and has to get back.
 #pragma once
 
 #include <windows.h>
@@ -39,7 +39,7 @@ using LocalMemory = std::unique_ptr<Type, LocalFreer>;
 // For functions that say "none" by INVALID_HANDLE_VALUE: those that open files,
 // pipes and snapshots. The owner is empty then.
 template <class Owner = Handle>
-Owner orNone(HANDLE handle) noexcept
+Owner ownedIfValid(HANDLE handle) noexcept
 {
     return Owner(handle == INVALID_HANDLE_VALUE ? nullptr : handle);
 }

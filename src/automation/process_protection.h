@@ -1,5 +1,5 @@
-// What a program asks of Windows before it does anything else: nobody is there
-// to answer a box, and nothing foreign is to get into the process.
+// What a program asks of Windows before it does anything else: no box on errors, for
+// nobody may be there to answer it, and no libraries from foreign folders.
 #pragma once
 
 namespace automation {

@@ -1,6 +1,6 @@
 #include "automation/subscription.h"
 
-#include "automation/border.h"
+#include "automation/catch_all.h"
 #include "automation/error.h"
 #include "automation/outgoing_call.h"
 #include "automation/text.h"
@@ -32,7 +32,7 @@ public:
     {
         for (const auto& [id, eventName] : source.names)
             for (const auto& [handlerName, handler] : handlers)
-                if (equalWithoutCase(eventName, handlerName)) handlers_.emplace(id, handler);
+                if (equalIgnoringCase(eventName, handlerName)) handlers_.emplace(id, handler);
         ++liveSinks;
     }
 
@@ -51,7 +51,7 @@ public:
     STDMETHODIMP Invoke(DISPID id, REFIID, LCID, WORD, DISPPARAMS* parameters, VARIANT*, EXCEPINFO*,
                         UINT*) noexcept override
     {
-        return atBorder(S_OK, [&] {
+        return catchAll(S_OK, [&] {
             const auto found = handlers_.find(id);
             if (found == handlers_.end()) return S_OK;
             const auto handler = found->second;

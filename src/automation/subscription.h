@@ -33,7 +33,7 @@ public:
     Subscription& operator=(Subscription&& other) noexcept;
     ~Subscription();
 
-    // No handler runs after this, even if the object cannot be told any more.
+    // No handler runs after this, even if the object cannot be reached any more.
     void detach() noexcept;
 
     explicit operator bool() const noexcept;

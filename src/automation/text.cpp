@@ -4,7 +4,7 @@
 
 namespace automation {
 
-std::string ansi(std::wstring_view text)
+std::string toAnsi(std::wstring_view text)
 {
     const int length = static_cast<int>(text.size());
     const int size = WideCharToMultiByte(CP_ACP, 0, text.data(), length, nullptr, 0, nullptr, nullptr);
@@ -13,7 +13,7 @@ std::string ansi(std::wstring_view text)
     return result;
 }
 
-std::wstring wide(std::string_view text)
+std::wstring toWide(std::string_view text)
 {
     const int length = static_cast<int>(text.size());
     const int size = MultiByteToWideChar(CP_ACP, 0, text.data(), length, nullptr, 0);
@@ -22,7 +22,7 @@ std::wstring wide(std::string_view text)
     return result;
 }
 
-bool equalWithoutCase(std::wstring_view a, std::wstring_view b)
+bool equalIgnoringCase(std::wstring_view a, std::wstring_view b)
 {
     return a.size() == b.size() &&
            CompareStringW(LOCALE_INVARIANT, NORM_IGNORECASE, a.data(), static_cast<int>(a.size()), b.data(),

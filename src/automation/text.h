@@ -8,13 +8,13 @@
 namespace automation {
 
 // To the ANSI code page; what it cannot express becomes its default character.
-std::string ansi(std::wstring_view text);
+std::string toAnsi(std::wstring_view text);
 
 // From the ANSI code page.
-std::wstring wide(std::string_view text);
+std::wstring toWide(std::string_view text);
 
 // Whether the texts differ in nothing but the case of letters, as file names
 // and the names of COM members may.
-bool equalWithoutCase(std::wstring_view a, std::wstring_view b);
+bool equalIgnoringCase(std::wstring_view a, std::wstring_view b);
 
 }

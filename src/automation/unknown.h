@@ -1,5 +1,5 @@
-// What every COM object has to have: references, and the answer to the question
-// for its interfaces.
+// IUnknown for all COM objects of the program: the count of references and
+// QueryInterface.
 #pragma once
 
 #include <unknwn.h>
@@ -43,7 +43,7 @@ private:
 };
 
 // A part of such an object, with interfaces of its own: it shares the object's
-// life and references, and leaves all questions to it.
+// life and references, and delegates QueryInterface to it.
 template <class... Interfaces>
 class Part : public Interfaces... {
 public:

@@ -45,10 +45,10 @@ Value::Value(std::int32_t number) noexcept
     V_I4(&variant_) = number;
 }
 
-Value::Value(bool truth) noexcept
+Value::Value(bool value) noexcept
 {
     V_VT(&variant_) = VT_BOOL;
-    V_BOOL(&variant_) = truth ? VARIANT_TRUE : VARIANT_FALSE;
+    V_BOOL(&variant_) = value ? VARIANT_TRUE : VARIANT_FALSE;
 }
 
 Value::Value(const Object& object) noexcept
@@ -114,7 +114,7 @@ std::int16_t Value::int16() const
     return V_I2(&number.variant_);
 }
 
-bool Value::truth() const
+bool Value::isTrue() const
 {
     const Value truth = converted(variant_, VT_BOOL, L"Boolean");
     return V_BOOL(&truth.variant_) != VARIANT_FALSE;

@@ -23,7 +23,7 @@ public:
     Value(std::int16_t number) noexcept;           // VT_I2
     Value(std::int32_t number) noexcept;           // VT_I4
     Value(long number) noexcept : Value(static_cast<std::int32_t>(number)) {}
-    Value(bool truth) noexcept;                    // VT_BOOL: 0 or -1
+    Value(bool value) noexcept;                    // VT_BOOL: 0 or -1
     Value(const Object& object) noexcept;          // VT_DISPATCH, empty for an empty object
     static Value date(DATE date) noexcept;         // VT_DATE: days since 30 December 1899
     static Value copyOf(const VARIANT& variant);   // a deep copy; by-reference values are followed
@@ -60,7 +60,7 @@ public:
     std::wstring text() const;
     std::int32_t int32() const;
     std::int16_t int16() const;
-    bool truth() const;
+    bool isTrue() const; // as a Boolean
     double number() const;
     DATE asDate() const;
 

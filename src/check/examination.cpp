@@ -44,7 +44,7 @@ Findings softphone(const Configuration& installation, const Texts& texts)
 }
 
 // A book's section counts as far as the settings count it; without Lotus nobody asks.
-int booksOf(const ProgramSettings& settings)
+int countedBooks(const ProgramSettings& settings)
 {
     if (!settings.general().bgWithLotus || settings.lotus().nbPublicAddressBook < 1)
         return std::numeric_limits<int>::max();
@@ -57,7 +57,7 @@ Findings iniFindings(const IniPlace& place, ProgramSettings& settings, const Ini
     const IniReading reading = readIni(place, texts, findings);
     if (reading.file.empty()) return findings;
     settings.read(reading.file);
-    append(findings, writingFindings(reading.document, booksOf(settings), texts));
+    append(findings, writingFindings(reading.document, countedBooks(settings), texts));
     append(findings, valueFindings(settings, texts));
     return findings;
 }

@@ -30,15 +30,15 @@ Finding ok(const Text<gaps>& text, const Fillings&... fillings)
 }
 
 template <int gaps, class... Fillings>
-Finding note(const Told<gaps>& told, const Fillings&... fillings)
+Finding note(const AdvisedText<gaps>& text, const Fillings&... fillings)
 {
-    return {Mark::note, told.what(fillings...), told.advice(fillings...)};
+    return {Mark::note, text.what(fillings...), text.advice(fillings...)};
 }
 
 template <int gaps, class... Fillings>
-Finding problem(const Told<gaps>& told, const Fillings&... fillings)
+Finding problem(const AdvisedText<gaps>& text, const Fillings&... fillings)
 {
-    return {Mark::problem, told.what(fillings...), told.advice(fillings...)};
+    return {Mark::problem, text.what(fillings...), text.advice(fillings...)};
 }
 
 inline void append(Findings& findings, Findings more)

@@ -29,7 +29,7 @@ try {
 bool isOwnServer(const ClassFacts& server)
 {
     const std::wstring name = server.server.substr(server.server.find_last_of(L'\\') + 1);
-    return automation::equalWithoutCase(name, mapServerProgram);
+    return automation::equalIgnoringCase(name, mapServerProgram);
 }
 
 Findings serverFindings(const MapFacts& facts, const Texts& texts)

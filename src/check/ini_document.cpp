@@ -75,30 +75,33 @@ class Parser {
 public:
     explicit Parser(IniDocument& document) : document_(document) {}
 
-    void take(std::wstring_view line)
+    void parseLine(std::wstring_view line)
     {
         ++number_;
         line = trimmed(line);
         if (line.empty() || line[0] == L';') return;
         const std::size_t equals = line.find(L'=');
-        if (line[0] == L'[') takeSection(line);
+        if (line[0] == L'[') parseSection(line);
         else if (equals != std::wstring_view::npos && equals > 0 && !document_.sections.empty())
-            takeKey(trimmed(line.substr(0, equals)), trimmed(line.substr(equals + 1)));
+            parseKey(trimmed(line.substr(0, equals)), trimmed(line.substr(equals + 1)));
         else document_.strayLines.push_back(number_);
     }
 
 private:
-    void takeSection(std::wstring_view line)
+    void parseSection(std::wstring_view line)
     {
         const std::size_t close = line.rfind(L']');
-        if (close == std::wstring_view::npos) return document_.strayLines.push_back(number_);
+        if (close == std::wstring_view::npos) {
+            document_.strayLines.push_back(number_);
+            return;
+        }
         IniSection section;
         section.name = nameOf(trimmed(line.substr(1, close - 1)));
         section.line = number_;
         document_.sections.push_back(std::move(section));
     }
 
-    void takeKey(std::wstring_view name, std::wstring_view value)
+    void parseKey(std::wstring_view name, std::wstring_view value)
     {
         document_.sections.back().keys.push_back({nameOf(name), number_, value.size()});
     }
@@ -107,7 +110,7 @@ private:
     {
         if (document_.encoding == Encoding::utf16) return std::wstring(text);
         const std::string bytes(text.begin(), text.end());
-        return document_.encoding == Encoding::ansi ? automation::wide(bytes) : fromUtf8(bytes);
+        return document_.encoding == Encoding::ansi ? automation::toWide(bytes) : fromUtf8(bytes);
     }
 
     IniDocument& document_;
@@ -128,7 +131,7 @@ IniDocument parseIni(std::string_view bytes)
     std::wstring text;
     if (document.encoding == Encoding::utf16) {
         text = fromUtf16(bytes.substr(utf16Mark.size()));
-        document.losesCharacters = automation::wide(automation::ansi(text)) != text;
+        document.losesCharacters = automation::toWide(automation::toAnsi(text)) != text;
     } else {
         text.reserve(bytes.size());
         for (const char byte : bytes) text += static_cast<wchar_t>(static_cast<unsigned char>(byte));
@@ -136,7 +139,7 @@ IniDocument parseIni(std::string_view bytes)
     Parser parser(document);
     for (std::size_t start = 0; start < text.size();) {
         const std::size_t end = std::min(text.find(L'\n', start), text.size());
-        parser.take(std::wstring_view(text).substr(start, end - start));
+        parser.parseLine(std::wstring_view(text).substr(start, end - start));
         start = end + 1;
     }
     return document;

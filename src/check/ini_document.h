@@ -1,4 +1,4 @@
-// An ini file as it was written: what the profile functions do not tell, such as what
+// An ini file as it was written: what the profile functions do not report, such as what
 // stands twice, in which line, and in which encoding.
 #pragma once
 

@@ -10,18 +10,18 @@ namespace hublink::check {
 
 namespace {
 
-using automation::equalWithoutCase;
-using automation::wide;
+using automation::equalIgnoringCase;
+using automation::toWide;
 
 // Whether bytes that the file is opened with can be read at all; `bytes` gets them.
 DWORD readBytes(const std::wstring& file, std::string& bytes)
 {
-    const automation::Handle handle = automation::orNone(
+    const automation::Handle handle = automation::ownedIfValid(
         CreateFileW(file.c_str(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
                     OPEN_EXISTING, FILE_FLAG_SEQUENTIAL_SCAN, nullptr));
     LARGE_INTEGER size;
     if (!handle || !GetFileSizeEx(handle.get(), &size)) return GetLastError();
-    if (size.QuadPart > static_cast<LONGLONG>(largestIni)) return ERROR_FILE_TOO_LARGE;
+    if (size.QuadPart > static_cast<LONGLONG>(maxIniSize)) return ERROR_FILE_TOO_LARGE;
     bytes.resize(static_cast<std::size_t>(size.QuadPart));
     DWORD count = 0;
     if (!ReadFile(handle.get(), bytes.data(), static_cast<DWORD>(bytes.size()), &count, nullptr)) return GetLastError();
@@ -52,7 +52,7 @@ Finding unreadable(const IniPlace& place, DWORD code, const IniTexts& texts)
 bool isUsable(const IniPlace& place, const IniTexts& texts, Findings& findings)
 {
     if (place.connectorFolder.empty()) findings.push_back(problem(texts.noSoftphone));
-    else if (wide(automation::ansi(place.file)) != place.file)
+    else if (toWide(automation::toAnsi(place.file)) != place.file)
         findings.push_back(problem(texts.beyondCodePage, path(place.file)));
     else if (isFolder(place.file)) findings.push_back(problem(texts.isFolder, path(place.file)));
     else return true;
@@ -74,14 +74,14 @@ void judgeEncoding(const IniDocument& document, const IniTexts& texts, Findings&
     if (document.losesCharacters) findings.push_back(problem(texts.lostCharacters));
 }
 
-constexpr std::size_t longestValue = 1023; // as IniFile reads it
+constexpr std::size_t maxValueLength = 1023; // as IniFile reads it
 
 // Of a binary file there would be thousands.
-constexpr std::size_t mostOfAKind = 20;
+constexpr std::size_t maxOfEachKind = 20;
 
 void judgeStrayLines(const IniDocument& document, const IniTexts& texts, Findings& findings)
 {
-    for (std::size_t k = 0; k < document.strayLines.size() && k < mostOfAKind; ++k)
+    for (std::size_t k = 0; k < document.strayLines.size() && k < maxOfEachKind; ++k)
         findings.push_back(note(texts.strayLine, document.strayLines[k]));
 }
 
@@ -94,37 +94,37 @@ Words nameWords(const std::wstring& name, bool known)
 const IniLine* firstOfName(const std::vector<IniLine>& lines, const IniLine& line)
 {
     for (const IniLine& each : lines)
-        if (equalWithoutCase(each.name, line.name)) return each.line == line.line ? nullptr : &each;
+        if (equalIgnoringCase(each.name, line.name)) return each.line == line.line ? nullptr : &each;
     return nullptr;
 }
 
-bool holds(std::span<const Setting> keys, const std::wstring& name)
+bool hasKey(std::span<const Setting> keys, const std::wstring& name)
 {
     for (const Setting& each : keys)
-        if (equalWithoutCase(name, wide(each.key))) return true;
+        if (equalIgnoringCase(name, toWide(each.key))) return true;
     return false;
 }
 
 // The section that a key belongs to, "" for one that no section has.
-std::wstring homeOf(const std::wstring& key)
+std::wstring sectionOf(const std::wstring& key)
 {
     for (const Setting& each : settingsTable)
-        if (!isOfBook(each) && equalWithoutCase(key, wide(each.key))) return wide(each.section);
+        if (!isOfBook(each) && equalIgnoringCase(key, toWide(each.key))) return toWide(each.section);
     return L"";
 }
 
-std::wstring mostLike(std::span<const Setting> keys, const std::wstring& name)
+std::wstring mostSimilarKey(std::span<const Setting> keys, const std::wstring& name)
 {
     for (const Setting& each : keys)
-        if (areAlike(name, wide(each.key))) return wide(each.key);
+        if (areAlike(name, toWide(each.key))) return toWide(each.key);
     return L"";
 }
 
 Finding unknownKey(const IniSection& section, const IniLine& key, const IniTexts& texts)
 {
-    const std::wstring like = mostLike(keysOf(section.name), key.name);
+    const std::wstring like = mostSimilarKey(keysOf(section.name), key.name);
     if (!like.empty()) return problem(texts.likelyKey, section.name, personal(key.name), key.line, like);
-    const std::wstring home = homeOf(key.name);
+    const std::wstring home = sectionOf(key.name);
     if (!home.empty()) return problem(texts.keyElsewhere, section.name, key.name, key.line, home);
     return note(texts.unknownKey, section.name, personal(key.name), key.line);
 }
@@ -133,19 +133,19 @@ void judgeKeys(const IniSection& section, const IniTexts& texts, Findings& findi
 {
     const auto known = keysOf(section.name);
     for (const IniLine& key : section.keys) {
-        const bool isKnown = holds(known, key.name);
+        const bool isKnown = hasKey(known, key.name);
         if (const IniLine* first = firstOfName(section.keys, key))
             findings.push_back(
                 problem(texts.keyTwice, section.name, nameWords(key.name, isKnown), first->line, key.line));
         else if (!isKnown) findings.push_back(unknownKey(section, key, texts));
-        else if (key.valueSize > longestValue) findings.push_back(problem(texts.cut, section.name, key.name));
+        else if (key.valueSize > maxValueLength) findings.push_back(problem(texts.cut, section.name, key.name));
     }
 }
 
 const IniSection* firstSection(const std::vector<IniSection>& sections, const IniSection& section)
 {
     for (const IniSection& each : sections)
-        if (equalWithoutCase(each.name, section.name)) return each.line == section.line ? nullptr : &each;
+        if (equalIgnoringCase(each.name, section.name)) return each.line == section.line ? nullptr : &each;
     return nullptr;
 }
 
@@ -175,7 +175,7 @@ Findings writingFindings(const IniDocument& document, int books, const IniTexts&
     for (const IniSection& section : document.sections) {
         const bool isKnown = !keysOf(section.name).empty();
         const Words name = nameWords(section.name, isKnown);
-        if (findings.size() > 10 * mostOfAKind) break;
+        if (findings.size() > 10 * maxOfEachKind) break;
         if (const IniSection* first = firstSection(document.sections, section))
             findings.push_back(problem(texts.sectionTwice, name, first->line, section.line));
         else if (!isKnown) findings.push_back(note(texts.unknownSection, name, section.line));

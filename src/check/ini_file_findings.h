@@ -17,14 +17,14 @@ struct IniPlace {
 };
 
 // A larger one holds no settings; it is not read.
-inline constexpr std::size_t largestIni = 4 * 1024 * 1024;
+inline constexpr std::size_t maxIniSize = 4 * 1024 * 1024;
 
 struct IniReading {
     std::wstring file; // that was read: before the first start the default one; "" for none
     IniDocument document;
 };
 
-// What there is to tell of the place goes to `findings`.
+// Adds to `findings` what is wrong with the place, if anything.
 IniReading readIni(const IniPlace& place, const IniTexts& texts, Findings& findings);
 
 // How it is written: encoding, lines, what stands twice, what nobody knows. `books` is

@@ -12,8 +12,8 @@ namespace {
 // What stands behind the words that all address books' sections begin with; "" of any other section.
 std::wstring bookDigits(const std::wstring& section)
 {
-    const std::wstring beginning = automation::wide(bookSection);
-    if (!automation::equalWithoutCase(section.substr(0, beginning.size()), beginning)) return L"";
+    const std::wstring beginning = automation::toWide(bookSection);
+    if (!automation::equalIgnoringCase(section.substr(0, beginning.size()), beginning)) return L"";
     const std::wstring digits = section.substr(beginning.size());
     return digits.find_first_not_of(L"0123456789") == std::wstring::npos ? digits : L"";
 }
@@ -24,7 +24,7 @@ std::span<const Setting> keysOf(const std::wstring& section)
 {
     if (!bookDigits(section).empty()) return settingsIn(bookSection);
     for (const Setting& each : settingsTable)
-        if (!isOfBook(each) && automation::equalWithoutCase(section, automation::wide(each.section)))
+        if (!isOfBook(each) && automation::equalIgnoringCase(section, automation::toWide(each.section)))
             return settingsIn(each.section);
     return {};
 }

@@ -15,8 +15,8 @@ namespace hublink::check {
 
 namespace {
 
-using automation::ansi;
-using automation::wide;
+using automation::toAnsi;
+using automation::toWide;
 
 constexpr const char* nothing = "\x01"; // no value in a file is this
 
@@ -81,7 +81,7 @@ private:
     void judgeBooks();
     void judgeBook(const std::string& section);
     void judgeOrder();
-    void judgeToggle(const Setting& setting, const std::wstring& value, bool isThere);
+    Finding toggleFinding(const Setting& setting, const std::wstring& value, bool isThere) const;
     bool judgeNumber(const Setting& setting, const std::wstring& value);
     void judgeGroupwares(const Setting& setting, const std::wstring& value);
     void judgeText(const Setting& setting, const std::wstring& value);
@@ -94,12 +94,12 @@ private:
 
 bool Judge::judgeKey(const Setting& setting)
 {
-    const bool isThere = ini_.read(setting.section, setting.key, nothing) != wide(nothing);
+    const bool isThere = ini_.read(setting.section, setting.key, nothing) != toWide(nothing);
     const std::wstring value = ini_.read(setting);
-    const std::wstring section = wide(setting.section);
-    const std::wstring key = wide(setting.key);
+    const std::wstring section = toWide(setting.section);
+    const std::wstring key = toWide(setting.key);
     if (setting.kind == SettingKind::toggle || setting.kind == SettingKind::stopRequest) {
-        judgeToggle(setting, value, isThere);
+        add(toggleFinding(setting, value, isThere));
         return true;
     }
     if (!isThere) {
@@ -115,24 +115,24 @@ bool Judge::judgeKey(const Setting& setting)
     return true;
 }
 
-void Judge::judgeToggle(const Setting& setting, const std::wstring& value, bool isThere)
+Finding Judge::toggleFinding(const Setting& setting, const std::wstring& value, bool isThere) const
 {
-    const std::wstring section = wide(setting.section);
-    const std::wstring key = wide(setting.key);
+    const std::wstring section = toWide(setting.section);
+    const std::wstring key = toWide(setting.key);
     const bool isOn = value == L"true";
-    if (!isThere) return add(isOn ? ok(texts_.absentOn, section, key) : ok(texts_.absentOff, section, key));
-    if (setting.kind == SettingKind::stopRequest && isOn) return add(note(texts_.stopRequest));
-    if (isOn) return add(ok(texts_.on, section, key));
-    if (isPlainOff(value)) return add(ok(texts_.off, section, key, value));
+    if (!isThere) return isOn ? ok(texts_.absentOn, section, key) : ok(texts_.absentOff, section, key);
+    if (setting.kind == SettingKind::stopRequest && isOn) return note(texts_.stopRequest);
+    if (isOn) return ok(texts_.on, section, key);
+    if (isPlainOff(value)) return ok(texts_.off, section, key, value);
     const Words shown = isWellKnown(value) ? Words(value) : personal(value);
-    add(meansOn(value) ? problem(texts_.offThoughMeantOn, section, key, shown)
-                       : note(texts_.offForOtherText, section, key, shown));
+    return meansOn(value) ? problem(texts_.offThoughMeantOn, section, key, shown)
+                          : note(texts_.offForOtherText, section, key, shown);
 }
 
 bool Judge::judgeNumber(const Setting& setting, const std::wstring& value)
 {
-    const std::wstring section = wide(setting.section);
-    const std::wstring key = wide(setting.key);
+    const std::wstring section = toWide(setting.section);
+    const std::wstring key = toWide(setting.key);
     const std::optional<int> number = numberOf(value);
     if (!number) {
         add(problem(texts_.notNumber, section, key, personal(value)));
@@ -146,9 +146,12 @@ bool Judge::judgeNumber(const Setting& setting, const std::wstring& value)
 
 void Judge::judgeGroupwares(const Setting& setting, const std::wstring& value)
 {
-    const std::wstring section = wide(setting.section);
-    const std::wstring key = wide(setting.key);
-    if (value.empty()) return add(ok(texts_.empty, section, key));
+    const std::wstring section = toWide(setting.section);
+    const std::wstring key = toWide(setting.key);
+    if (value.empty()) {
+        add(ok(texts_.empty, section, key));
+        return;
+    }
     std::wstring known;
     for (const std::wstring& each : split(value, L',')) {
         if (isOneOf(each, {L"OUTLOOK", L"LOTUS"})) {
@@ -163,9 +166,12 @@ void Judge::judgeGroupwares(const Setting& setting, const std::wstring& value)
 
 void Judge::judgeText(const Setting& setting, const std::wstring& value)
 {
-    const std::wstring section = wide(setting.section);
-    const std::wstring key = wide(setting.key);
-    if (value.empty()) return add(ok(texts_.empty, section, key));
+    const std::wstring section = toWide(setting.section);
+    const std::wstring key = toWide(setting.key);
+    if (value.empty()) {
+        add(ok(texts_.empty, section, key));
+        return;
+    }
     add(ok(texts_.value, section, key, personal(value)));
     if (setting.kind == SettingKind::base && split(value, L'|').size() < 5)
         add(problem(texts_.baseParts, section, key));
@@ -175,11 +181,11 @@ bool Judge::judgeGeneral()
 {
     for (const Setting& each : settingsIn("Application")) {
         // Without a groupware the program reads no further.
-        if (each.kind == SettingKind::pause && !namesGroupware(settings_.general())) break;
+        if (each.kind == SettingKind::pause && !usesGroupware(settings_.general())) break;
         if (!judgeKey(each)) return false;
     }
     if (!ini_.read(setting("Application", "type1")).empty()) add(note(texts_.typeReplaced));
-    if (!namesGroupware(settings_.general())) {
+    if (!usesGroupware(settings_.general())) {
         add(problem(texts_.noGroupware));
         return false;
     }
@@ -200,10 +206,16 @@ void Judge::judgeLotus()
     judgeKeys(settingsIn("lotus personnel log description"));
     const auto general = settingsIn("lotus");
     if (!judgeKeys(general.first(1))) return;
-    if (settings_.lotus().nbPublicAddressBook < 1) return add(problem(texts_.readingEnds, wide(general[0].key)));
+    if (settings_.lotus().nbPublicAddressBook < 1) {
+        add(problem(texts_.readingEnds, toWide(general[0].key)));
+        return;
+    }
     judgeBooks();
     judgeKeys(general.subspan(1, 1));
-    if (!settings_.lotusIsWhole()) return add(problem(texts_.readingEnds, wide(general[1].key)));
+    if (!settings_.lotusIsWhole()) {
+        add(problem(texts_.readingEnds, toWide(general[1].key)));
+        return;
+    }
     judgeOrder();
     judgeKeys(general.subspan(2));
     judgeKeys(settingsIn("lotus call log description"));
@@ -217,8 +229,8 @@ void Judge::judgeBooks()
     std::vector<std::wstring> sections = ini_.sections();
     for (std::wstring& section : sections) section = lowerCase(trim(section));
     for (int number = 1; number <= count; ++number) {
-        const std::wstring section = wide(bookSection) + std::to_wstring(number);
-        if (std::find(sections.begin(), sections.end(), section) != sections.end()) judgeBook(ansi(section));
+        const std::wstring section = toWide(bookSection) + std::to_wstring(number);
+        if (std::find(sections.begin(), sections.end(), section) != sections.end()) judgeBook(toAnsi(section));
         else add(problem(texts_.bookNotDescribed, section));
     }
 }

@@ -10,8 +10,8 @@ namespace hublink::check {
 
 namespace {
 
-constexpr std::size_t mostDifferent = 2;
-constexpr std::size_t longestName = 64; // no key has as many letters
+constexpr std::size_t maxDistance = 2;
+constexpr std::size_t maxNameLength = 64; // no key has as many letters
 
 // The number of letters to be changed, put in or taken away (Levenshtein).
 std::size_t distance(const std::wstring& a, const std::wstring& b)
@@ -34,9 +34,9 @@ std::size_t distance(const std::wstring& a, const std::wstring& b)
 
 bool areAlike(const std::wstring& a, const std::wstring& b)
 {
-    if (a.size() > longestName || b.size() > longestName) return false;
+    if (a.size() > maxNameLength || b.size() > maxNameLength) return false;
     // Two letters of a short name are half of it.
-    const std::size_t allowed = std::min(mostDifferent, std::min(a.size(), b.size()) / 3);
+    const std::size_t allowed = std::min(maxDistance, std::min(a.size(), b.size()) / 3);
     return distance(lowerCase(a), lowerCase(b)) <= allowed;
 }
 

@@ -1,4 +1,4 @@
-// HublinkCheck.exe: tells what Hublink would find on this computer.
+// HublinkCheck.exe: reports what Hublink would find on this computer.
 #include "automation/apartment.h"
 #include "automation/process_arguments.h"
 #include "automation/process_protection.h"
@@ -27,21 +27,21 @@ std::wstring folderOf(const std::wstring& file)
 // False when it could not be.
 bool saveReport(const Options& options, const Report& report, const ReportTexts& texts)
 {
-    const DWORD result = save(options.saveTo, textOf(report, options.savedNames, texts));
+    const DWORD result = saveAsNewFile(options.saveTo, textOf(report, options.savedNames, texts));
     if (result == ERROR_SUCCESS) {
-        tell(STD_OUTPUT_HANDLE, texts.saved(options.saveTo).full + L"\r\n");
+        writeOutput(STD_OUTPUT_HANDLE, texts.saved(options.saveTo).full + L"\r\n");
         return true;
     }
-    tell(STD_ERROR_HANDLE, texts.notSaved(options.saveTo, std::size_t{result}).full + L"\r\n");
+    writeOutput(STD_ERROR_HANDLE, texts.notSaved(options.saveTo, std::size_t{result}).full + L"\r\n");
     return false;
 }
 
 int report(const Options& options, const Texts& texts)
 {
-    const Examination examination{folderOf(automation::server::programPath()), automation::wide(HUBLINK_VERSION),
+    const Examination examination{folderOf(automation::server::programPath()), automation::toWide(HUBLINK_VERSION),
                                   options.listsMap};
     const Report report = examine(examination, texts);
-    tell(STD_OUTPUT_HANDLE, textOf(report, Names::shown, texts.report));
+    writeOutput(STD_OUTPUT_HANDLE, textOf(report, Names::shown, texts.report));
     if (!options.saveTo.empty() && !saveReport(options, report, texts.report)) return noReport;
     return count(report, Mark::problem) == 0 ? noProblem : problems;
 }
@@ -50,7 +50,7 @@ int run(const Texts& usersOwn)
 {
     const std::optional<Options> options = optionsOf(automation::processArguments());
     if (!options || options->asksForHelp) {
-        tell(options ? STD_OUTPUT_HANDLE : STD_ERROR_HANDLE, usersOwn.report.usage().full);
+        writeOutput(options ? STD_OUTPUT_HANDLE : STD_ERROR_HANDLE, usersOwn.report.usage().full);
         return options ? noProblem : noReport;
     }
     const automation::Apartment apartment;
@@ -66,7 +66,7 @@ int main()
     try {
         return run(texts);
     } catch (const std::exception& error) {
-        tell(STD_ERROR_HANDLE, texts.report.failed().full + automation::wide(error.what()) + L"\r\n");
+        writeOutput(STD_ERROR_HANDLE, texts.report.failed().full + automation::toWide(error.what()) + L"\r\n");
         return noReport;
     }
 }

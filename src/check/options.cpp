@@ -8,21 +8,21 @@ namespace {
 
 using Arguments = std::vector<std::wstring>;
 
-bool takeLanguage(const std::wstring& word, Options& options)
+bool parseLanguage(const std::wstring& word, Options& options)
 {
-    const bool isFrench = automation::equalWithoutCase(word, L"fr");
+    const bool isFrench = automation::equalIgnoringCase(word, L"fr");
     options.language = MAKELANGID(isFrench ? LANG_FRENCH : LANG_ENGLISH, SUBLANG_DEFAULT);
-    return isFrench || automation::equalWithoutCase(word, L"en");
+    return isFrench || automation::equalIgnoringCase(word, L"en");
 }
 
-bool takeFile(const std::wstring& file, Options& options)
+bool parseFile(const std::wstring& file, Options& options)
 {
     options.saveTo = file;
     return !file.empty() && !file.starts_with(L"--");
 }
 
 // An option that stands alone; false for any other.
-bool takeFlag(const std::wstring& option, Options& options)
+bool parseFlag(const std::wstring& option, Options& options)
 {
     if (option == L"--with-names") options.savedNames = Names::shown;
     else if (option == L"--map") options.listsMap = true;
@@ -32,10 +32,10 @@ bool takeFlag(const std::wstring& option, Options& options)
 }
 
 // An option with a word behind it.
-bool takePair(const std::wstring& option, const std::wstring& word, Options& options)
+bool parsePair(const std::wstring& option, const std::wstring& word, Options& options)
 {
-    if (option == L"--save") return takeFile(word, options);
-    return option == L"--language" && takeLanguage(word, options);
+    if (option == L"--save") return parseFile(word, options);
+    return option == L"--language" && parseLanguage(word, options);
 }
 
 }
@@ -44,8 +44,8 @@ std::optional<Options> optionsOf(const Arguments& arguments)
 {
     Options options;
     for (std::size_t next = 0; next < arguments.size(); ++next) {
-        if (takeFlag(arguments[next], options)) continue;
-        if (next + 1 == arguments.size() || !takePair(arguments[next], arguments[next + 1], options))
+        if (parseFlag(arguments[next], options)) continue;
+        if (next + 1 == arguments.size() || !parsePair(arguments[next], arguments[next + 1], options))
             return std::nullopt;
         ++next;
     }

@@ -41,7 +41,7 @@ void writeToConsole(HANDLE console, const std::wstring& text)
 
 }
 
-void tell(DWORD stream, const std::wstring& text)
+void writeOutput(DWORD stream, const std::wstring& text)
 {
     const HANDLE output = GetStdHandle(stream);
     if (!output || output == INVALID_HANDLE_VALUE) return;
@@ -50,9 +50,9 @@ void tell(DWORD stream, const std::wstring& text)
     else write(output, utf8(text));
 }
 
-DWORD save(const std::wstring& file, const std::wstring& text)
+DWORD saveAsNewFile(const std::wstring& file, const std::wstring& text)
 {
-    automation::Handle handle = automation::orNone(
+    automation::Handle handle = automation::ownedIfValid(
         CreateFileW(file.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_NEW, FILE_ATTRIBUTE_NORMAL, nullptr));
     if (!handle) return GetLastError();
     const DWORD result = write(handle.get(), "\xEF\xBB\xBF" + utf8(text));

@@ -9,10 +9,10 @@ namespace hublink::check {
 
 // To the program's output or its error output (STD_OUTPUT_HANDLE, STD_ERROR_HANDLE).
 // Text that cannot be written is lost.
-void tell(DWORD stream, const std::wstring& text);
+void writeOutput(DWORD stream, const std::wstring& text);
 
 // Writes a new file, UTF-8 with its mark. One that is there already is left alone. A
 // Windows error code; what a failure leaves half-written is removed.
-DWORD save(const std::wstring& file, const std::wstring& text);
+DWORD saveAsNewFile(const std::wstring& file, const std::wstring& text);
 
 }

@@ -87,7 +87,10 @@ Elevation hublinksElevation(const RunningFacts& facts)
 void judgePartner(const ProgramFacts& partner, const RunningFacts& facts, const ProcessTexts& texts, Findings& findings)
 {
     appendRunning(partner, texts, findings);
-    if (partner.processes.empty()) return findings.push_back(ok(texts.runsNot, partner.file));
+    if (partner.processes.empty()) {
+        findings.push_back(ok(texts.runsNot, partner.file));
+        return;
+    }
     const Elevation hublink = hublinksElevation(facts);
     for (const ProcessFacts& process : partner.processes) {
         if (process.elevation == Elevation::yes && hublink == Elevation::no)

@@ -29,7 +29,7 @@ struct ProgramFacts {
 };
 
 struct RunningFacts {
-    bool isListed = true; // else the system told no processes
+    bool isListed = true; // else the system did not list its processes
     Elevation own = Elevation::unknown; // of this program itself
     ProgramFacts hublink{hublinkProgram, {}};
     ProgramFacts softphone{softphoneProgram, {}};
@@ -44,7 +44,7 @@ RunningFacts runningFacts(const Configuration& configuration);
 
 Findings processFindings(const RunningFacts& facts, const ProcessTexts& texts);
 
-// What can be told of a process of this session.
+// What can be found out about a process of this session.
 ProcessFacts processFacts(DWORD id);
 
 }

@@ -14,9 +14,9 @@ Access accessTo(const std::wstring& path, DWORD rights)
     if (attributes == INVALID_FILE_ATTRIBUTES) return Access::missing;
     const bool isFolder = (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
     if (!isFolder && (attributes & FILE_ATTRIBUTE_READONLY) != 0) return Access::refused;
-    const automation::Handle handle =
-        automation::orNone(CreateFileW(path.c_str(), rights, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
-                                       nullptr, OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr));
+    const automation::Handle handle = automation::ownedIfValid(
+        CreateFileW(path.c_str(), rights, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
+                    OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr));
     return handle ? Access::writable : Access::refused;
 }
 
@@ -25,7 +25,7 @@ std::wstring folderOf(const std::wstring& file)
     return file.substr(0, file.find_last_of(L'\\'));
 }
 
-void judge(Access access, const std::wstring& place, const Told<1>& refused, const RightsTexts& texts,
+void judge(Access access, const std::wstring& place, const AdvisedText<1>& refused, const RightsTexts& texts,
            Findings& findings)
 {
     if (access == Access::missing) return;

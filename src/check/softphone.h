@@ -8,7 +8,7 @@
 namespace hublink::check {
 
 struct SoftphoneFacts {
-    std::wstring folder; // as RegGetString tells them
+    std::wstring folder; // as RegGetString returns them
     std::wstring server;
     std::wstring user;
     std::wstring folderInOtherView; // what a 64-bit program reads, "" when nothing

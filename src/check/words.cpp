@@ -9,7 +9,7 @@ namespace hublink::check {
 namespace {
 
 constexpr const wchar_t* hidden = L"***";
-constexpr std::size_t shortestTellingName = 3; // a shorter one is a part of many words
+constexpr std::size_t minNameLength = 3; // a shorter one is a part of many words
 
 std::wstring environment(const wchar_t* name)
 {
@@ -28,11 +28,11 @@ std::vector<std::wstring> namesOfUser()
     return names;
 }
 
-bool tellsOfUser(const std::wstring& folder, const std::vector<std::wstring>& names)
+bool containsUserName(const std::wstring& folder, const std::vector<std::wstring>& names)
 {
     const std::wstring text = lowerCase(folder);
     for (const std::wstring& name : names)
-        if (text == name || (name.size() >= shortestTellingName && text.find(name) != std::wstring::npos)) return true;
+        if (text == name || (name.size() >= minNameLength && text.find(name) != std::wstring::npos)) return true;
     return false;
 }
 
@@ -45,7 +45,7 @@ std::wstring discreetPath(const std::wstring& path)
     for (std::size_t k = 0; k < parts.size(); ++k) {
         const bool isServer = isShared && k == 2;
         if (k > 0) text += L'\\';
-        text += isServer || tellsOfUser(parts[k], names) ? hidden : parts[k];
+        text += isServer || containsUserName(parts[k], names) ? hidden : parts[k];
     }
     return text;
 }

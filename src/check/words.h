@@ -1,5 +1,5 @@
 // Texts with gaps, each in two forms: one for the user's own screen, and one to be
-// passed on, in which nothing tells of a person. The gaps are counted when the
+// passed on, in which nothing names a person. The gaps are counted when the
 // program is compiled, and so is a text that a language lacks.
 #pragma once
 
@@ -73,9 +73,9 @@ private:
 
 // What was found, and what to do. Each gap is in one of the two, or in both.
 template <int gaps>
-class Told {
+class AdvisedText {
 public:
-    consteval Told(const wchar_t* what, const wchar_t* advice) : what_(what), advice_(advice)
+    consteval AdvisedText(const wchar_t* what, const wchar_t* advice) : what_(what), advice_(advice)
     {
         for (int number = 1; number <= gaps; ++number)
             if (!namesGap(what, number) && !namesGap(advice, number)) throw "a text lacks a gap";

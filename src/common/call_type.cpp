@@ -29,7 +29,7 @@ std::wstring historyText(const Dictionary& dictionary, const char* key, const ch
 {
     char buffer[260];
     const DWORD length = dictionary.GetElt("history", key, fallback, buffer, sizeof buffer);
-    return automation::wide({buffer, length});
+    return automation::toWide({buffer, length});
 }
 
 std::wstring withoutAccessKey(std::wstring text)

@@ -9,10 +9,10 @@ namespace hublink {
 
 class Dictionary;
 
-// The English call-type text: the direction, then " unanswered" whatever else
-// holds, else " acknowledged" or " answered". State and acknowledgement are as the
-// softphone has them; `acknowledged` is asked only where the state does not tell
-// enough. Throws AutomationError when one that is needed is no number.
+// The English call-type text: the direction, then " unanswered" or, for any other
+// state, " acknowledged" or " answered". State and acknowledgement are the softphone's
+// numbers; `acknowledged` is called only when the call was answered. Throws
+// AutomationError when a value that is needed cannot be converted to a number.
 std::wstring callTypeText(bool incoming, const automation::Value& state,
                           const std::function<automation::Value()>& acknowledged);
 

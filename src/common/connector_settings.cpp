@@ -59,34 +59,34 @@ void readConnectorSettings(const IniFile& ini, Configuration& configuration)
 {
     configuration.Trace = ini.readSwitch(application("trace"));
     readGroupwares(ini, configuration);
-    if (!namesGroupware(configuration)) return;
+    if (!usesGroupware(configuration)) return;
     configuration.tempo = number(ini, application("tempo"));
     configuration.tempo1 = number(ini, application("tempo1"));
     configuration.gnb_echec = number(ini, application("TryCnxNumber")) != 0 ? VARIANT_TRUE : VARIANT_FALSE;
     readFeatures(ini, configuration);
 }
 
-bool namesGroupware(const Configuration& configuration)
+bool usesGroupware(const Configuration& configuration)
 {
     return configuration.bgWithLotus || configuration.bgWithOutlook;
 }
 
-bool asksForStop(const IniFile& ini)
+bool isStopRequested(const IniFile& ini)
 {
     return ini.readSwitch(kill);
 }
 
-bool tellsWhetherToStop(const IniFile& ini)
+bool isStopRequestReadable(const IniFile& ini)
 {
     return !ini.read(kill.section, kill.key, "").empty();
 }
 
-bool askForStop(const IniFile& ini)
+bool requestStop(const IniFile& ini)
 {
     return ini.write(kill, "true");
 }
 
-bool takeStopRequestBack(const IniFile& ini)
+bool clearStopRequest(const IniFile& ini)
 {
     return ini.write(kill, "false");
 }

@@ -8,24 +8,24 @@
 namespace hublink {
 
 // Reads every key but "kill" into `configuration`. Without a groupware in use
-// the reading ends behind their names. Throws AutomationError at a number that
-// is none. What was not reached stays as it was.
+// the reading ends behind their names. Throws AutomationError at a value that
+// should be a number and is none. What was not reached stays as it was.
 void readConnectorSettings(const IniFile& ini, Configuration& configuration);
 
 // Whether a groupware is in use.
-bool namesGroupware(const Configuration& configuration);
+bool usesGroupware(const Configuration& configuration);
 
 // "kill", by which another program asks the connector to stop.
-bool asksForStop(const IniFile& ini);
+bool isStopRequested(const IniFile& ini);
 
 // Whether "kill" can be read: not when it is missing or empty, nor while another
 // program keeps the file to itself.
-bool tellsWhetherToStop(const IniFile& ini);
+bool isStopRequestReadable(const IniFile& ini);
 
 // Writes the request. False when the file could not be written.
-bool askForStop(const IniFile& ini);
+bool requestStop(const IniFile& ini);
 
 // Sets "kill" back. False when the file could not be written.
-bool takeStopRequestBack(const IniFile& ini);
+bool clearStopRequest(const IniFile& ini);
 
 }

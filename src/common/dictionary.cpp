@@ -7,8 +7,8 @@
 
 namespace hublink {
 
-using automation::ansi;
-using automation::wide;
+using automation::toAnsi;
+using automation::toWide;
 
 Dictionary::Dictionary(std::wstring programFolder) : folder_(std::move(programFolder) + L"\\dictionary\\") {}
 
@@ -42,9 +42,9 @@ DWORD Dictionary::GetElt(const char* section, const char* key, const char* fallb
     // reads from folders that the ANSI code page cannot name.
     const std::wstring source = file_.empty() ? folder_ + L"none.ini" : file_;
     wchar_t text[1024];
-    const DWORD length = GetPrivateProfileStringW(wide(section).c_str(), wide(key).c_str(), wide(fallback).c_str(),
-                                                  text, 1024, source.c_str());
-    const std::string value = ansi({text, length}).substr(0, size - 1);
+    const DWORD length = GetPrivateProfileStringW(toWide(section).c_str(), toWide(key).c_str(),
+                                                  toWide(fallback).c_str(), text, 1024, source.c_str());
+    const std::string value = toAnsi({text, length}).substr(0, size - 1);
     value.copy(buffer, value.size());
     buffer[value.size()] = '\0';
     return static_cast<DWORD>(value.size());

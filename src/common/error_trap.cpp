@@ -1,6 +1,6 @@
 #include "common/error_trap.h"
 
-#include "automation/border.h"
+#include "automation/catch_all.h"
 
 #include <windows.h>
 
@@ -11,7 +11,7 @@ namespace hublink {
 namespace {
 
 // In pieces: the error may be that memory is short.
-void tellDebugger(const std::source_location& place, const char* error)
+void writeToDebugger(const std::source_location& place, const char* error)
 {
     for (const char* part : {place.function_name(), ": ", error, "\n"}) OutputDebugStringA(part);
 }
@@ -20,13 +20,13 @@ void tellDebugger(const std::source_location& place, const char* error)
 // object's procedure it ended.
 DiagnosticHook& hook()
 {
-    static DiagnosticHook current = tellDebugger;
+    static DiagnosticHook current = writeToDebugger;
     return current;
 }
 
 }
 
-void tellTrapped(const std::source_location& place) noexcept
+void reportTrapped(const std::source_location& place) noexcept
 try {
     hook()(place, automation::textOfException());
 } catch (...) { // NOLINT(bugprone-empty-catch)

@@ -9,14 +9,14 @@
 
 namespace hublink {
 
-// Told of every trapped error: the place of the trap, which names the procedure
+// Called for every trapped error: with the place of the trap, which names the procedure
 // that the error has ended, and what was thrown. The default writes it to the
 // debugger. What the hook itself throws is dropped. Returns the hook in force before.
 using DiagnosticHook = std::function<void(const std::source_location& place, const char* error)>;
 DiagnosticHook setDiagnosticHook(DiagnosticHook hook);
 
 // Hands the exception that is being handled to the diagnostic hook.
-void tellTrapped(const std::source_location& place) noexcept;
+void reportTrapped(const std::source_location& place) noexcept;
 
 // Runs `body`; an exception ends it and is handed to the diagnostic hook.
 template <std::invocable Body>
@@ -25,7 +25,7 @@ void trapErrors(Body&& body, const std::source_location& place = std::source_loc
     try {
         body();
     } catch (...) {
-        tellTrapped(place);
+        reportTrapped(place);
     }
 }
 

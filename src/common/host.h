@@ -40,7 +40,7 @@ public:
 
     // For a long work to call between two records, outside any call: lets the user ask
     // for a stop, which shows in `gStop` then. Never throws.
-    virtual void letUserStop() = 0;
+    virtual void checkForStopRequest() = 0;
 
     // The current local date and time.
     virtual DATE now() const = 0;

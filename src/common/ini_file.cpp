@@ -46,24 +46,24 @@ std::string_view withoutCutCharacter(std::string_view bytes)
     return bytes.size() - start < whole ? bytes.substr(0, start) : bytes;
 }
 
-std::wstring textOf(std::string_view bytes)
+std::wstring decode(std::string_view bytes)
 {
-    const bool isFull = bytes.size() == bufferSize - 1;
-    const std::string_view whole = isFull ? withoutCutCharacter(bytes) : bytes;
+    const bool mayBeCut = bytes.size() == bufferSize - 1;
+    const std::string_view whole = mayBeCut ? withoutCutCharacter(bytes) : bytes;
     if (std::any_of(whole.begin(), whole.end(), isBeyondAscii))
         if (auto text = fromUtf8(whole)) return *text;
-    return automation::wide(bytes);
+    return automation::toWide(bytes);
 }
 
 }
 
-IniFile::IniFile(const std::wstring& path) : path_(automation::ansi(path)) {}
+IniFile::IniFile(const std::wstring& path) : path_(automation::toAnsi(path)) {}
 
 std::wstring IniFile::read(const char* section, const char* key, const char* fallback) const
 {
     char buffer[bufferSize];
     const DWORD length = GetPrivateProfileStringA(section, key, fallback, buffer, sizeof buffer, path_.c_str());
-    return textOf({buffer, length});
+    return decode({buffer, length});
 }
 
 bool IniFile::readSwitch(const char* section, const char* key, const char* fallback) const
@@ -90,7 +90,7 @@ std::vector<std::wstring> IniFile::sections() const
         buffer.resize(buffer.size() * 2);
     std::vector<std::wstring> names;
     for (std::string_view name = buffer.data(); !name.empty(); name = name.data() + name.size() + 1)
-        names.push_back(textOf(name));
+        names.push_back(decode(name));
     return names;
 }
 

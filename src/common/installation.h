@@ -13,8 +13,8 @@ inline constexpr const wchar_t* userKey = L"Software\\Orvel\\Pavex\\Name";
 
 inline constexpr const wchar_t* iniFileName = L"pavexconnector.ini";
 
-// Reads the softphone's folder, server and user name. What is missing shows as
-// RegGetString tells it.
+// Reads the softphone's folder, server and user name. What is missing becomes
+// what RegGetString returns then.
 void readInstallation(Configuration& configuration);
 
 // The folder of the ini file, without a trailing backslash. Without a softphone

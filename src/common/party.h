@@ -1,4 +1,4 @@
-// Somebody on the telephone: three texts that travel together.
+// Somebody on the telephone, as far as number and names are known.
 #pragma once
 
 #include <string>

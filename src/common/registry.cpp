@@ -7,7 +7,7 @@ namespace hublink {
 
 namespace {
 
-using automation::ansi;
+using automation::toAnsi;
 
 constexpr DWORD bufferSize = 256;
 
@@ -15,7 +15,7 @@ constexpr DWORD bufferSize = 256;
 class OpenedKey {
 public:
     OpenedKey(HKEY root, const std::wstring& subkey, REGSAM access)
-        : root_(root), open_(RegOpenKeyExA(root, ansi(subkey).c_str(), 0, access, &key_) == ERROR_SUCCESS)
+        : root_(root), open_(RegOpenKeyExA(root, toAnsi(subkey).c_str(), 0, access, &key_) == ERROR_SUCCESS)
     {}
     ~OpenedKey()
     {
@@ -43,19 +43,19 @@ std::wstring RegGetString(HKEY root, const std::wstring& subkey, const std::wstr
     char buffer[bufferSize];
     DWORD size = bufferSize;
     DWORD type = REG_NONE;
-    if (RegQueryValueExA(key.get(), ansi(name).c_str(), nullptr, &type, reinterpret_cast<BYTE*>(buffer), &size) !=
+    if (RegQueryValueExA(key.get(), toAnsi(name).c_str(), nullptr, &type, reinterpret_cast<BYTE*>(buffer), &size) !=
         ERROR_SUCCESS)
         return registryNoText;
     if (type != REG_SZ || size == 0) return L"";
-    return automation::wide({buffer, size - 1});
+    return automation::toWide({buffer, size - 1});
 }
 
 std::wstring RegSetString(HKEY root, const std::wstring& subkey, const std::wstring& name, const std::wstring& text)
 {
     const OpenedKey key(root, subkey, KEY_ALL_ACCESS);
-    const std::string bytes = ansi(text);
+    const std::string bytes = toAnsi(text);
     const bool succeeded =
-        key && RegSetValueExA(key.get(), ansi(name).c_str(), 0, REG_SZ, reinterpret_cast<const BYTE*>(bytes.c_str()),
+        key && RegSetValueExA(key.get(), toAnsi(name).c_str(), 0, REG_SZ, reinterpret_cast<const BYTE*>(bytes.c_str()),
                               static_cast<DWORD>(bytes.size())) == ERROR_SUCCESS;
     return automation::textFromBoolean(succeeded);
 }
@@ -63,7 +63,7 @@ std::wstring RegSetString(HKEY root, const std::wstring& subkey, const std::wstr
 std::wstring RegDeleteString(HKEY root, const std::wstring& subkey, const std::wstring& name)
 {
     const OpenedKey key(root, subkey, KEY_ALL_ACCESS);
-    return automation::textFromBoolean(key && RegDeleteValueA(key.get(), ansi(name).c_str()) == ERROR_SUCCESS);
+    return automation::textFromBoolean(key && RegDeleteValueA(key.get(), toAnsi(name).c_str()) == ERROR_SUCCESS);
 }
 
 }

@@ -30,12 +30,12 @@ std::optional<std::vector<DWORD>> processesNamed(const wchar_t* fileName)
 std::optional<std::vector<DWORD>> processesOfAllSessions(const wchar_t* fileName)
 {
     std::vector<DWORD> found;
-    const automation::Handle snapshot = automation::orNone(CreateToolhelp32Snapshot(TH32CS_SNAPPROCESS, 0));
+    const automation::Handle snapshot = automation::ownedIfValid(CreateToolhelp32Snapshot(TH32CS_SNAPPROCESS, 0));
     PROCESSENTRY32W entry{};
     entry.dwSize = sizeof entry;
     if (!snapshot || !Process32FirstW(snapshot.get(), &entry)) return std::nullopt;
     for (BOOL more = TRUE; more; more = Process32NextW(snapshot.get(), &entry))
-        if (automation::equalWithoutCase(entry.szExeFile, fileName)) found.push_back(entry.th32ProcessID);
+        if (automation::equalIgnoringCase(entry.szExeFile, fileName)) found.push_back(entry.th32ProcessID);
     return found;
 }
 

@@ -35,7 +35,7 @@ std::wstring SoftphoneRecord::firstName() const
 
 bool SoftphoneCall::isIncoming() const
 {
-    return object_.get(L"Incoming").truth();
+    return object_.get(L"Incoming").isTrue();
 }
 
 std::wstring SoftphoneCall::destinationNumber() const

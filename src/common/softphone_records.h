@@ -12,7 +12,7 @@
 
 namespace hublink {
 
-// The other party, which every record tells.
+// What every record says about the other party.
 class SoftphoneRecord {
 public:
     std::wstring number() const;

@@ -10,9 +10,9 @@ Task taskOf(const std::vector<std::wstring>& arguments)
     const std::wstring& argument = arguments[0];
     if (argument[0] != L'/' && argument[0] != L'-') return Task::wrong;
     const std::wstring word = argument.substr(1);
-    if (automation::equalWithoutCase(word, L"RegServer")) return Task::registerServer;
-    if (automation::equalWithoutCase(word, L"UnregServer")) return Task::unregisterServer;
-    if (automation::equalWithoutCase(word, L"Embedding")) return Task::serve;
+    if (automation::equalIgnoringCase(word, L"RegServer")) return Task::registerServer;
+    if (automation::equalIgnoringCase(word, L"UnregServer")) return Task::unregisterServer;
+    if (automation::equalIgnoringCase(word, L"Embedding")) return Task::serve;
     return Task::wrong;
 }
 

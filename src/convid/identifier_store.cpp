@@ -13,13 +13,13 @@ namespace {
 void checkIdentifier(const std::wstring& identifier, const wchar_t* name)
 {
     if (identifier.empty()) throw StoreError(E_INVALIDARG, std::wstring(name) + L" is empty");
-    if (identifier.size() > longestIdentifier)
-        throw StoreError(E_INVALIDARG, std::wstring(name) + L" is longer than " + std::to_wstring(longestIdentifier) +
+    if (identifier.size() > maxIdentifierLength)
+        throw StoreError(E_INVALIDARG, std::wstring(name) + L" is longer than " + std::to_wstring(maxIdentifierLength) +
                                            L" characters");
 }
 
 // Only the last folder: the one above it is the system's. When it cannot be
-// made, opening the file tells why.
+// made, opening the file fails and says why.
 void makeFolderOf(const std::wstring& path)
 {
     CreateDirectoryW(path.substr(0, path.find_last_of(L"\\/")).c_str(), nullptr);
@@ -28,14 +28,14 @@ void makeFolderOf(const std::wstring& path)
 }
 
 IdentifierStore::IdentifierStore(std::wstring path, StoreOptions options)
-    : path_(std::move(path)), options_(options), compactFrom_(options.compactionFloor)
+    : path_(std::move(path)), options_(options), compactionThreshold_(options.compactionFloor)
 {}
 
 void IdentifierStore::insert(const IdentifierRecord& record)
 {
     checkIdentifier(record.idOrvel, L"idOrvel");
     checkIdentifier(record.idAppli, L"idAppli");
-    OpenStore& store = opened();
+    OpenStore& store = ensureOpen();
     const RecordPointer present = store.index.find(record.idOrvel, record.typApplication);
     if (present && *present == record) return;
 
@@ -44,7 +44,7 @@ void IdentifierStore::insert(const IdentifierRecord& record)
     try {
         store.index.put(record);
     } catch (const std::bad_alloc&) {
-        takeBack(store);
+        rollBack(store);
         throw;
     }
     store.end += entry.size();
@@ -54,12 +54,12 @@ void IdentifierStore::insert(const IdentifierRecord& record)
 
 RecordPointer IdentifierStore::find(std::wstring_view idOrvel, std::int32_t typApplication)
 {
-    return opened().index.find(idOrvel, typApplication);
+    return ensureOpen().index.find(idOrvel, typApplication);
 }
 
 void IdentifierStore::remove(std::wstring_view idOrvel, std::int32_t typApplication)
 {
-    OpenStore& store = opened();
+    OpenStore& store = ensureOpen();
     if (!store.index.find(idOrvel, typApplication)) return;
     const Bytes entry = removeEntry(idOrvel, typApplication);
     append(store, entry);
@@ -71,10 +71,10 @@ void IdentifierStore::remove(std::wstring_view idOrvel, std::int32_t typApplicat
 
 std::vector<RecordPointer> IdentifierStore::records(std::int32_t collection)
 {
-    return opened().index.ofCollection(collection);
+    return ensureOpen().index.ofCollection(collection);
 }
 
-IdentifierStore::OpenStore& IdentifierStore::opened()
+IdentifierStore::OpenStore& IdentifierStore::ensureOpen()
 {
     if (!open_) open_.emplace(load());
     return *open_;
@@ -83,8 +83,8 @@ IdentifierStore::OpenStore& IdentifierStore::opened()
 IdentifierStore::OpenStore IdentifierStore::load() const
 {
     makeFolderOf(path_);
-    recoverReplacement(path_, options_.patience);
-    OpenStore store{LogFile(path_, OPEN_ALWAYS, options_.patience), 0, 0, {}};
+    recoverReplacement(path_, options_.timeout);
+    OpenStore store{LogFile(path_, OPEN_ALWAYS, options_.timeout), 0, 0, {}};
     const Replay found = replay(store.file, store.index);
     // A replacement beside the store belongs to a rewriting that was cut short.
     // Beside a damaged store it may know what that one has lost.
@@ -106,7 +106,7 @@ IdentifierStore::OpenStore IdentifierStore::load() const
 void IdentifierStore::repair(OpenStore& store, bool damaged) const
 {
     if (!damaged) {
-        store.file.cut(store.end);
+        store.file.truncate(store.end);
         store.file.flush();
         return;
     }
@@ -117,14 +117,14 @@ void IdentifierStore::repair(OpenStore& store, bool damaged) const
         {
             const LogFile letGo = std::move(store.file);
         }
-        moveReplacementIntoPlace(path_, options_.patience);
+        moveReplacementIntoPlace(path_, options_.timeout);
     } catch (const StoreError&) {
         dropReplacement(path_);
         // The damaged file is still in its place: the next try keeps it then.
         if (!kept.empty() && presenceOf(path_) == Presence::there) DeleteFileW(kept.c_str());
         throw;
     }
-    store.file = LogFile(path_, OPEN_EXISTING, options_.patience);
+    store.file = LogFile(path_, OPEN_EXISTING, options_.timeout);
     store.end = store.file.size();
     store.entries = store.index.size();
 }
@@ -134,14 +134,14 @@ try {
     store.file.write(store.end, entry);
     store.file.flush();
 } catch (const StoreError&) {
-    takeBack(store);
+    rollBack(store);
     throw;
 }
 
 // An operation that is answered as failed must not come to life later.
-void IdentifierStore::takeBack(OpenStore& store) noexcept
+void IdentifierStore::rollBack(OpenStore& store) noexcept
 try {
-    store.file.cut(store.end);
+    store.file.truncate(store.end);
     store.file.flush();
 } catch (const StoreError&) {
     // What the file holds is unknown now. Memory follows it: the next
@@ -153,17 +153,17 @@ void IdentifierStore::compactWhenWorthwhile()
 {
     const std::size_t live = open_->index.size();
     const std::size_t dead = open_->entries - live;
-    if (dead < compactFrom_ || dead <= live) return;
+    if (dead < compactionThreshold_ || dead <= live) return;
     try {
         compact();
-        compactFrom_ = options_.compactionFloor;
+        compactionThreshold_ = options_.compactionFloor;
     } catch (const StoreError& error) {
         // The change itself is safe in the old file. Trying again at each
         // change would make every one of them slow.
-        compactFrom_ = dead * 2;
+        compactionThreshold_ = dead * 2;
         OutputDebugStringW((L"PavexConvId: " + error.description() + L"\n").c_str());
     } catch (const std::bad_alloc&) {
-        compactFrom_ = dead * 2;
+        compactionThreshold_ = dead * 2;
     }
 }
 
@@ -177,8 +177,8 @@ void IdentifierStore::compact()
         {
             const LogFile letGo = std::move(store.file);
         }
-        moveReplacementIntoPlace(path_, options_.patience);
-        store.file = LogFile(path_, OPEN_EXISTING, options_.patience);
+        moveReplacementIntoPlace(path_, options_.timeout);
+        store.file = LogFile(path_, OPEN_EXISTING, options_.timeout);
         store.end = store.file.size();
         store.entries = store.index.size();
     } catch (const std::exception&) {

@@ -2,6 +2,7 @@
 // and on the disk before the operation returns.
 #pragma once
 
+#include "automation/milliseconds.h"
 #include "convid/log_file.h"
 #include "convid/record_index.h"
 
@@ -14,7 +15,7 @@ struct StoreOptions {
     // than half of them all.
     std::size_t compactionFloor = 1'000;
     // How long a file in use by another program is tried again, in milliseconds.
-    DWORD patience = 2'000;
+    automation::Milliseconds timeout = 2'000;
 };
 
 // One thread uses it. All operations open the file when it is closed; all
@@ -37,7 +38,7 @@ public:
     // The records of a collection as they are now, in no particular order.
     std::vector<RecordPointer> records(std::int32_t collection);
 
-    // Lets go of the file and of the memory; everything is on the disk already.
+    // Closes the file and frees the memory; everything is on the disk already.
     void close() noexcept { open_.reset(); }
 
 private:
@@ -48,17 +49,17 @@ private:
         RecordIndex index;
     };
 
-    OpenStore& opened();
+    OpenStore& ensureOpen();
     OpenStore load() const;
     void repair(OpenStore& store, bool damaged) const;
     void append(OpenStore& store, const Bytes& entry);
-    void takeBack(OpenStore& store) noexcept;
+    void rollBack(OpenStore& store) noexcept;
     void compactWhenWorthwhile();
     void compact();
 
     const std::wstring path_;
     const StoreOptions options_;
-    std::size_t compactFrom_; // dead entries
+    std::size_t compactionThreshold_; // dead entries
     std::optional<OpenStore> open_;
 };
 

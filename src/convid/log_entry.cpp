@@ -11,16 +11,16 @@ namespace {
 
 static_assert(sizeof(wchar_t) == 2, "identifiers are written as UTF-16");
 
-// The line end and the end-of-file character tell when a transfer meant for
-// texts has been at the file.
+// A transfer in text mode would change the line end and the end-of-file character,
+// and so show itself.
 constexpr std::uint8_t magic[8] = {'I', 'D', 'M', 'A', 'P', '\r', '\n', 0x1A};
 constexpr std::uint32_t version = 1;
 
 constexpr std::uint8_t insertType = 1;
 constexpr std::uint8_t removeType = 2;
 
-constexpr std::size_t smallestPayload = 1 + 4 + 2;                                  // a removal's fixed part
-constexpr std::size_t largestPayload = 1 + 4 + 4 + 2 * (2 + 2 * longestIdentifier); // an insertion's, filled
+constexpr std::size_t minPayloadSize = 1 + 4 + 2;                                     // a removal's fixed part
+constexpr std::size_t maxPayloadSize = 1 + 4 + 4 + 2 * (2 + 2 * maxIdentifierLength); // an insertion's, filled
 
 template <class Number>
 void add(Bytes& bytes, Number number)
@@ -70,7 +70,7 @@ public:
         return result;
     }
 
-    bool soundAndEmpty() const { return sound_ && left_.empty(); }
+    bool isSoundAndEmpty() const { return sound_ && left_.empty(); }
 
 private:
     ByteView take(std::size_t size)
@@ -144,7 +144,7 @@ Bytes removeEntry(std::wstring_view idOrvel, std::int32_t typApplication)
 std::size_t announcedSize(ByteView head)
 {
     const std::uint32_t length = number32(head);
-    if (length < smallestPayload || length > largestPayload) return 0;
+    if (length < minPayloadSize || length > maxPayloadSize) return 0;
     if (number32(head.subspan(sizeof length)) != crc32(head.first(sizeof length))) return 0;
     return entryHeadSize + length + entryTailSize;
 }
@@ -157,12 +157,12 @@ bool readEntry(ByteView bytes, LogEntry& entry)
     Payload fields(payload);
     const auto type = fields.number<std::uint8_t>();
     if (type != insertType && type != removeType) return false;
-    entry.removes = type == removeType;
+    entry.isRemoval = type == removeType;
     entry.record.typApplication = fields.number<std::int32_t>();
-    if (!entry.removes) entry.record.collection = fields.number<std::int32_t>();
+    if (!entry.isRemoval) entry.record.collection = fields.number<std::int32_t>();
     entry.record.idOrvel = fields.text();
-    if (!entry.removes) entry.record.idAppli = fields.text();
-    return fields.soundAndEmpty();
+    if (!entry.isRemoval) entry.record.idAppli = fields.text();
+    return fields.isSoundAndEmpty();
 }
 
 }

@@ -39,7 +39,7 @@ Bytes removeEntry(std::wstring_view idOrvel, std::int32_t typApplication);
 std::size_t announcedSize(ByteView head);
 
 struct LogEntry {
-    bool removes = false;
+    bool isRemoval = false;
     IdentifierRecord record; // of a removal only the identifier and the application
 };
 

@@ -1,5 +1,6 @@
 #include "convid/log_file.h"
 
+#include "convid/file_retry.h"
 #include "convid/store_error.h"
 
 #include <utility>
@@ -15,7 +16,7 @@ bool isWriteProtected(const std::wstring& path)
     return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_READONLY) != 0;
 }
 
-StoreError cannotBeOpened(const std::wstring& path, DWORD code)
+StoreError openError(const std::wstring& path, DWORD code)
 {
     if (code == ERROR_SHARING_VIOLATION)
         return systemError(L"The identifier store " + path + L" is in use by another program", code);
@@ -24,27 +25,27 @@ StoreError cannotBeOpened(const std::wstring& path, DWORD code)
 
 }
 
-LogFile::LogFile(std::wstring path, DWORD disposition, DWORD patience) : path_(std::move(path))
+LogFile::LogFile(std::wstring path, DWORD disposition, automation::Milliseconds timeout) : path_(std::move(path))
 {
-    const DWORD result = retryWhile(isInUse, patience, [&]() -> DWORD {
+    const DWORD result = retryWhile(isInUse, timeout, [&]() -> DWORD {
         if (isWriteProtected(path_)) return ERROR_ACCESS_DENIED;
-        handle_ = automation::orNone(CreateFileW(path_.c_str(), GENERIC_READ | GENERIC_WRITE, FILE_SHARE_READ, nullptr,
-                                                 disposition, FILE_ATTRIBUTE_NORMAL, nullptr));
+        handle_ = automation::ownedIfValid(CreateFileW(path_.c_str(), GENERIC_READ | GENERIC_WRITE, FILE_SHARE_READ,
+                                                       nullptr, disposition, FILE_ATTRIBUTE_NORMAL, nullptr));
         return handle_ ? ERROR_SUCCESS : GetLastError();
     });
-    if (!handle_) throw cannotBeOpened(path_, result);
+    if (!handle_) throw openError(path_, result);
 }
 
-LogFile LogFile::toRead(std::wstring path, DWORD patience)
+LogFile LogFile::openForReading(std::wstring path, automation::Milliseconds timeout)
 {
     automation::Handle handle;
-    const DWORD result = retryWhile(isInUse, patience, [&]() -> DWORD {
-        handle = automation::orNone(CreateFileW(path.c_str(), GENERIC_READ,
-                                                FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
-                                                OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr));
+    const DWORD result = retryWhile(isInUse, timeout, [&]() -> DWORD {
+        handle = automation::ownedIfValid(CreateFileW(path.c_str(), GENERIC_READ,
+                                                      FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
+                                                      OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr));
         return handle ? ERROR_SUCCESS : GetLastError();
     });
-    if (!handle) throw cannotBeOpened(path, result);
+    if (!handle) throw openError(path, result);
     return LogFile(std::move(path), std::move(handle));
 }
 
@@ -80,7 +81,7 @@ void LogFile::write(std::uint64_t offset, ByteView bytes)
     fail(L"written");
 }
 
-void LogFile::cut(std::uint64_t size)
+void LogFile::truncate(std::uint64_t size)
 {
     seek(size);
     if (!SetEndOfFile(handle_.get())) fail(L"shortened");

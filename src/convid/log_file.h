@@ -1,6 +1,7 @@
 // The store's file as Windows sees it. Every failure throws StoreError.
 #pragma once
 
+#include "automation/milliseconds.h"
 #include "automation/owners.h"
 #include "convid/log_entry.h"
 
@@ -15,13 +16,13 @@ class LogFile {
 public:
     // Opens the file for this process alone to write; others may read and copy
     // it. `disposition` is CreateFile's (OPEN_ALWAYS, CREATE_ALWAYS). A file in
-    // use elsewhere is tried again for `patience` milliseconds: virus scanners
+    // use elsewhere is tried again for `timeout` milliseconds: virus scanners
     // and backups hold files for a moment.
-    LogFile(std::wstring path, DWORD disposition, DWORD patience);
+    LogFile(std::wstring path, DWORD disposition, automation::Milliseconds timeout);
 
     // Opens the file, if it is there, to be read and in nobody's way: meanwhile others
     // may write, replace and remove it.
-    static LogFile toRead(std::wstring path, DWORD patience);
+    static LogFile openForReading(std::wstring path, automation::Milliseconds timeout);
 
     std::uint64_t size() const;
 
@@ -33,7 +34,7 @@ public:
     void write(std::uint64_t offset, ByteView bytes);
 
     // The file ends at `size` from now on.
-    void cut(std::uint64_t size);
+    void truncate(std::uint64_t size);
 
     // Returns when everything written has reached the disk.
     void flush();
@@ -47,24 +48,5 @@ private:
     std::wstring path_;
     automation::Handle handle_;
 };
-
-// Another program uses the file.
-inline bool isInUse(DWORD code)
-{
-    return code == ERROR_SHARING_VIOLATION || code == ERROR_LOCK_VIOLATION;
-}
-
-// Runs `attempt`, which returns a Windows error code, again and again as long
-// as that is a passing one, and no longer than `patience` milliseconds.
-template <class IsPassing, class Attempt>
-DWORD retryWhile(IsPassing isPassing, DWORD patience, Attempt attempt)
-{
-    const DWORD start = GetTickCount();
-    for (;;) {
-        const DWORD result = attempt();
-        if (!isPassing(result) || GetTickCount() - start >= patience) return result;
-        Sleep(20);
-    }
-}
 
 }

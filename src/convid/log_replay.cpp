@@ -67,7 +67,7 @@ bool onlyZeros(BlockReader& reader, std::uint64_t offset)
 
 void apply(LogEntry& entry, RecordIndex& index)
 {
-    if (entry.removes) index.remove(entry.record.idOrvel, entry.record.typApplication);
+    if (entry.isRemoval) index.remove(entry.record.idOrvel, entry.record.typApplication);
     else index.put(std::move(entry.record));
 }
 

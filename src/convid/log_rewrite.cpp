@@ -1,5 +1,6 @@
 #include "convid/log_rewrite.h"
 
+#include "convid/file_retry.h"
 #include "convid/log_file.h"
 #include "convid/log_replay.h"
 #include "convid/store_error.h"
@@ -9,7 +10,7 @@ namespace convid {
 namespace {
 
 // A virus scanner looks at a new copy at once.
-constexpr DWORD patienceForCopy = 2'000;
+constexpr automation::Milliseconds copyTimeout = 2'000;
 
 std::wstring replacementOf(const std::wstring& path)
 {
@@ -40,63 +41,44 @@ void writeRecords(LogFile& file, const RecordIndex& index)
     file.flush();
 }
 
-// A removed half of a copy is no loss, and there is nobody to tell.
+// Only half-written copies are removed, so a failure is not reported.
 void removeFile(const std::wstring& path) noexcept
 {
     DeleteFileW(path.c_str());
 }
 
-bool isConnectionLoss(DWORD code)
-{
-    switch (code) {
-    case ERROR_REM_NOT_LIST:
-    case ERROR_BAD_NETPATH:
-    case ERROR_NETWORK_BUSY:
-    case ERROR_DEV_NOT_EXIST:
-    case ERROR_ADAP_HDW_ERR:
-    case ERROR_UNEXP_NET_ERR:
-    case ERROR_NETNAME_DELETED:
-    case ERROR_BAD_NET_NAME:
-    case ERROR_SEM_TIMEOUT:
-    case ERROR_NETWORK_UNREACHABLE:
-    case ERROR_HOST_UNREACHABLE:
-    case ERROR_CONNECTION_ABORTED: return true;
-    default: return false;
-    }
-}
-
-StoreError cannotTell(const std::wstring& path, DWORD code)
+StoreError examinationError(const std::wstring& path, DWORD code)
 {
     return systemError(L"The identifier store " + path + L" cannot be examined", code);
 }
 
-bool saysMissing(DWORD code)
+bool isNotFound(DWORD code)
 {
     return code == ERROR_FILE_NOT_FOUND || code == ERROR_PATH_NOT_FOUND;
 }
 
-// Throws StoreError when the system cannot tell.
+// Throws StoreError when that cannot be determined.
 bool isFile(const std::wstring& path)
 {
     const DWORD attributes = GetFileAttributesW(path.c_str());
     if (attributes != INVALID_FILE_ATTRIBUTES) return (attributes & FILE_ATTRIBUTE_DIRECTORY) == 0;
     const DWORD code = GetLastError();
-    if (saysMissing(code)) return false;
-    throw cannotTell(path, code);
+    if (isNotFound(code)) return false;
+    throw examinationError(path, code);
 }
 
 // Whether it holds a store from beginning to end. Throws StoreError when it
 // cannot be read, or comes from a newer program.
 bool isComplete(const std::wstring& replacement)
 {
-    const LogFile file(replacement, OPEN_EXISTING, patienceForCopy);
+    const LogFile file(replacement, OPEN_EXISTING, copyTimeout);
     RecordIndex index;
     const Replay found = replay(file, index);
     return !found.blank && !found.torn && !found.damaged;
 }
 
 // Gives the file the next free name among the store's damaged ones.
-std::wstring renamedAsDamaged(const std::wstring& file, const std::wstring& path)
+std::wstring renameAsDamaged(const std::wstring& file, const std::wstring& path)
 {
     for (int number = 1;; ++number) {
         const std::wstring name = path + L".damaged-" + std::to_wstring(number);
@@ -117,7 +99,7 @@ std::wstring copyBeside(const std::wstring& path)
         removeFile(copy);
         throw systemError(L"The damaged identifier store " + path + L" cannot be set aside", code);
     }
-    LogFile(copy, OPEN_EXISTING, patienceForCopy).flush();
+    LogFile(copy, OPEN_EXISTING, copyTimeout).flush();
     return copy;
 }
 
@@ -132,23 +114,9 @@ try {
     throw;
 }
 
-DWORD replacePatiently(DWORD patience, const std::function<DWORD()>& replace)
+void moveReplacementIntoPlace(const std::wstring& path, automation::Milliseconds timeout)
 {
-    bool answerLost = false;
-    const auto isPassing = [](DWORD code) {
-        return isInUse(code) || code == ERROR_ACCESS_DENIED || isConnectionLoss(code);
-    };
-    return retryWhile(isPassing, patience, [&]() -> DWORD {
-        const DWORD result = replace();
-        if (answerLost && result == ERROR_FILE_NOT_FOUND) return ERROR_SUCCESS;
-        answerLost |= isConnectionLoss(result);
-        return result;
-    });
-}
-
-void moveReplacementIntoPlace(const std::wstring& path, DWORD patience)
-{
-    const DWORD result = replacePatiently(patience, [&]() -> DWORD {
+    const DWORD result = replaceWithRetries(timeout, [&]() -> DWORD {
         const BOOL moved =
             MoveFileExW(replacementOf(path).c_str(), path.c_str(), MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH);
         return moved ? ERROR_SUCCESS : GetLastError();
@@ -166,7 +134,7 @@ Presence presenceOf(const std::wstring& path) noexcept
         const bool isEmpty = !isFolder && found.nFileSizeHigh == 0 && found.nFileSizeLow == 0;
         return isEmpty ? Presence::missing : Presence::there;
     }
-    return saysMissing(GetLastError()) ? Presence::missing : Presence::unknown;
+    return isNotFound(GetLastError()) ? Presence::missing : Presence::unknown;
 }
 
 void dropReplacement(const std::wstring& path) noexcept
@@ -174,26 +142,26 @@ void dropReplacement(const std::wstring& path) noexcept
     if (presenceOf(path) == Presence::there) removeFile(replacementOf(path));
 }
 
-void recoverReplacement(const std::wstring& path, DWORD patience)
+void recoverReplacement(const std::wstring& path, automation::Milliseconds timeout)
 {
     const Presence store = presenceOf(path);
     // A new store made now would have the only good copy removed beside it.
-    if (store == Presence::unknown) throw cannotTell(path, GetLastError());
+    if (store == Presence::unknown) throw examinationError(path, GetLastError());
     if (store == Presence::there || !isFile(replacementOf(path))) return;
-    if (isComplete(replacementOf(path))) moveReplacementIntoPlace(path, patience);
+    if (isComplete(replacementOf(path))) moveReplacementIntoPlace(path, timeout);
     else setReplacementAside(path);
 }
 
 void setReplacementAside(const std::wstring& path)
 {
-    if (isFile(replacementOf(path))) renamedAsDamaged(replacementOf(path), path);
+    if (isFile(replacementOf(path))) renameAsDamaged(replacementOf(path), path);
 }
 
 std::wstring setAside(const std::wstring& path)
 {
     const std::wstring copy = copyBeside(path);
     try {
-        return renamedAsDamaged(copy, path);
+        return renameAsDamaged(copy, path);
     } catch (const StoreError&) {
         removeFile(copy);
         throw;

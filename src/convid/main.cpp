@@ -15,7 +15,7 @@ namespace server = automation::server;
 
 constexpr int failed = 1;
 constexpr int wrongCommandLine = 2;
-constexpr UINT patienceForFirstClient = 60'000; // milliseconds
+constexpr automation::Milliseconds firstClientTimeout = 60'000;
 
 // One line for whoever started the program: on its error output, or for a
 // debugger where it has none.
@@ -23,11 +23,11 @@ void report(const std::wstring& text)
 {
     const std::wstring line = L"PavexConvId: " + text + L"\r\n";
     const HANDLE errors = GetStdHandle(STD_ERROR_HANDLE);
-    const std::string bytes = automation::ansi(line);
+    const std::string bytes = automation::toAnsi(line);
     DWORD written = 0;
-    const bool told = errors && errors != INVALID_HANDLE_VALUE &&
-                      WriteFile(errors, bytes.data(), static_cast<DWORD>(bytes.size()), &written, nullptr);
-    if (!told) OutputDebugStringW(line.c_str());
+    const bool isWritten = errors && errors != INVALID_HANDLE_VALUE &&
+                           WriteFile(errors, bytes.data(), static_cast<DWORD>(bytes.size()), &written, nullptr);
+    if (!isWritten) OutputDebugStringW(line.c_str());
 }
 
 int carryOut(Task task)
@@ -39,7 +39,7 @@ int carryOut(Task task)
         ServerProcess process;
         const automation::Apartment apartment;
         automation::permitCallsOfOwnUserOnly(automation::StartsServers::no);
-        process.run(patienceForFirstClient);
+        process.run(firstClientTimeout);
         return 0;
     }
     case Task::wrong: break;
@@ -65,6 +65,6 @@ try {
     report(error.member() + L" failed with " + hex(error.code()));
     return failed;
 } catch (const std::exception& error) {
-    report(automation::wide(error.what()));
+    report(automation::toWide(error.what()));
     return failed;
 }

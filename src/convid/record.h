@@ -20,6 +20,6 @@ struct IdentifierRecord {
 using RecordPointer = std::shared_ptr<const IdentifierRecord>;
 
 // The longest identifier that the store's file can hold, in UTF-16 units.
-inline constexpr std::size_t longestIdentifier = 32'767;
+inline constexpr std::size_t maxIdentifierLength = 32'767;
 
 }

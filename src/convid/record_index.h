@@ -14,7 +14,7 @@ public:
     // Makes room, so that loading a store does not rebuild the table again and again.
     void reserve(std::size_t records) { records_.reserve(records); }
 
-    // Adds the record; one of the same identifier and application makes way.
+    // Adds the record; it replaces one of the same identifier and application.
     void put(IdentifierRecord record);
 
     // False when there was none.

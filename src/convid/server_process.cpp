@@ -8,36 +8,36 @@ namespace convid {
 
 namespace server = automation::server;
 
-void ServerProcess::run(UINT patience)
+void ServerProcess::run(automation::Milliseconds timeout)
 {
-    offer();
-    const UINT_PTR firstClient = SetTimer(nullptr, 0, patience, nullptr);
+    registerFactory();
+    const UINT_PTR firstClient = SetTimer(nullptr, 0, timeout, nullptr);
     MSG message;
-    while (!finishing_ && nextMessage(message)) {
+    while (!finishing_ && waitForMessage(message)) {
         if (message.message == WM_TIMER && !message.hwnd && message.wParam == firstClient) {
             KillTimer(nullptr, firstClient);
             CoAddRefServerProcess();
             if (CoReleaseServerProcess() == 0) finish();
         }
         DispatchMessageW(&message);
-        if (finishing_) serveWaiting();
+        if (finishing_) dispatchPendingMessages();
     }
     factory_.reset();
 }
 
 // Waits for it. False when the process shall end.
-bool ServerProcess::nextMessage(MSG& message)
+bool ServerProcess::waitForMessage(MSG& message)
 {
-    const HANDLE endAskedFor = endAskedFor_.get();
+    const HANDLE endEvent = endEvent_.get();
     while (!PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {
-        const DWORD events = endAskedFor ? 1 : 0;
-        const DWORD woken = MsgWaitForMultipleObjects(events, &endAskedFor, FALSE, INFINITE, QS_ALLINPUT);
+        const DWORD events = endEvent ? 1 : 0;
+        const DWORD woken = MsgWaitForMultipleObjects(events, &endEvent, FALSE, INFINITE, QS_ALLINPUT);
         if (events == 1 && woken == WAIT_OBJECT_0) return false;
     }
     return message.message != WM_QUIT;
 }
 
-void ServerProcess::offer()
+void ServerProcess::registerFactory()
 {
     const auto create = [this] { return automation::ComPtr<IDispatch>(server::make<MapObject>(sharedStore())); };
     factory_.emplace(classRegistration.classId, create, [this] { finish(); });
@@ -54,7 +54,7 @@ void ServerProcess::finish() noexcept
 
 // A client may have found the class just before it was withdrawn. Its request
 // waits in the queue; served, it keeps the process.
-void ServerProcess::serveWaiting()
+void ServerProcess::dispatchPendingMessages()
 {
     MSG message;
     while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) DispatchMessageW(&message);
@@ -76,7 +76,7 @@ std::shared_ptr<IdentifierStore> ServerProcess::sharedStore()
     store_ = store;
     if (finishing_) {
         CoResumeClassObjects();
-        offer();
+        registerFactory();
         finishing_ = false;
     }
     return store;

@@ -2,6 +2,7 @@
 // with the last object.
 #pragma once
 
+#include "automation/milliseconds.h"
 #include "automation/owners.h"
 #include "automation/server/class_factory.h"
 #include "automation/server/end_request.h"
@@ -13,7 +14,7 @@ namespace convid {
 
 class IdentifierStore;
 
-// Outlives the thread's COM: what still holds an object then lets go of it
+// Has to outlive COM on its thread: objects that are still held are released
 // while COM ends.
 class ServerProcess {
 public:
@@ -22,18 +23,18 @@ public:
     ServerProcess& operator=(const ServerProcess&) = delete;
 
     // Returns when nobody needs the process any more, or somebody asks it to end all
-    // the same. A client that never comes is waited for `patience` milliseconds.
+    // the same. A client that never comes is waited for `timeout`.
     // Throws AutomationError when the class cannot be offered.
-    void run(UINT patience);
+    void run(automation::Milliseconds timeout);
 
 private:
-    bool nextMessage(MSG& message);
-    void offer();
+    bool waitForMessage(MSG& message);
+    void registerFactory();
     void finish() noexcept;
-    void serveWaiting();
+    void dispatchPendingMessages();
     std::shared_ptr<IdentifierStore> sharedStore();
 
-    const automation::Handle endAskedFor_ = automation::server::offerEnd();
+    const automation::Handle endEvent_ = automation::server::createEndEvent();
     std::optional<automation::server::ClassFactory> factory_;
     std::weak_ptr<IdentifierStore> store_; // the objects own it
     bool finishing_ = false;

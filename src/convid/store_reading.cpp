@@ -1,5 +1,6 @@
 #include "convid/store_reading.h"
 
+#include "automation/milliseconds.h"
 #include "automation/owners.h"
 #include "convid/log_replay.h"
 #include "convid/log_rewrite.h"
@@ -9,9 +10,9 @@ namespace convid {
 
 namespace {
 
-constexpr DWORD patience = 500;      // milliseconds, for a file that somebody holds for a moment
-constexpr int looks = 3;             // at a file that seems unfinished
-constexpr DWORD betweenLooks = 100;  // milliseconds
+constexpr automation::Milliseconds timeout = 500; // for a file that somebody holds for a moment
+constexpr int maxAttempts = 3;     // at a file that seems unfinished
+constexpr automation::Milliseconds retryDelay = 100;
 
 StoreState stateOf(const Replay& found)
 {
@@ -23,7 +24,7 @@ StoreState stateOf(const Replay& found)
 void readRecords(const std::wstring& path, StoreReading& reading)
 {
     RecordIndex index;
-    reading.state = stateOf(replay(LogFile::toRead(path, patience), index));
+    reading.state = stateOf(replay(LogFile::openForReading(path, timeout), index));
     reading.records.assign(index.begin(), index.end());
 }
 
@@ -31,7 +32,7 @@ std::size_t damagedCopiesOf(const std::wstring& path)
 {
     WIN32_FIND_DATAW found;
     const std::wstring pattern = path + L".damaged-*";
-    const auto search = automation::orNone<automation::FileSearch>(FindFirstFileW(pattern.c_str(), &found));
+    const auto search = automation::ownedIfValid<automation::FileSearch>(FindFirstFileW(pattern.c_str(), &found));
     if (!search) return 0;
     std::size_t count = 1;
     while (FindNextFileW(search.get(), &found)) ++count;
@@ -54,8 +55,8 @@ StoreReading readStore(const std::wstring& path)
     if (isMissing(path)) return reading;
     try {
         readRecords(path, reading);
-        for (int look = 1; look < looks && reading.state == StoreState::unfinished; ++look) {
-            Sleep(betweenLooks);
+        for (int look = 1; look < maxAttempts && reading.state == StoreState::unfinished; ++look) {
+            Sleep(retryDelay);
             readRecords(path, reading);
         }
     } catch (const StoreError& error) {

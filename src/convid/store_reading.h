@@ -1,4 +1,4 @@
-// What a store holds, for somebody who only looks: nothing is made, repaired or
+// What a store holds, for a reader that changes nothing: nothing is made, repaired or
 // removed, and no other program is kept from the file.
 #pragma once
 

@@ -2,7 +2,7 @@
 
 #include "automation/array.h"
 #include "common/error_trap.h"
-#include "lotus/search.h"
+#include "lotus/number_search.h"
 
 #include <algorithm>
 
@@ -15,7 +15,7 @@ using automation::Value;
 
 // The mail database is kept once it has answered: Notes also gives an object
 // for one that it could not open.
-Object groupCalendars(LotusSession& session)
+Object openGroupCalendars(LotusSession& session)
 {
     Object mail = session.mailDatabase;
     if (!mail) mail = notesSession(session).get(L"GETDATABASE", {session.MailServer, session.MailFile}).object();
@@ -24,7 +24,7 @@ Object groupCalendars(LotusSession& session)
     return view;
 }
 
-bool lists(const Object& calendar, const std::wstring& fullName)
+bool hasMember(const Object& calendar, const std::wstring& fullName)
 {
     const auto members = automation::elementsOf(calendar.get(L"GetItemValue", {L"Members"}));
     return std::any_of(members.begin(), members.end(), [&](const Value& member) { return member.text() == fullName; });
@@ -44,11 +44,11 @@ void ShowGroupCalendars(LotusSession& session, const std::wstring& number)
         const LotusSearchResult search = SearchByNumber(session, number, Show::no, L"FullName");
         const std::wstring& fullName = search.person.fullName;
         if (!search.isFound || fullName.empty()) return;
-        const Object view = groupCalendars(session);
+        const Object view = openGroupCalendars(session);
         const std::int32_t count = view.get(L"FTSearch", {GroupCalendarQuery(), std::int16_t{0}}).int32();
         for (std::int32_t i = 1; i <= count; ++i) {
             const Object calendar = view.get(L"GetNthDocument", {i}).object();
-            if (lists(calendar, fullName)) notesWorkspace().call(L"EDITDOCUMENT", {false, calendar});
+            if (hasMember(calendar, fullName)) notesWorkspace().call(L"EDITDOCUMENT", {false, calendar});
         }
     });
 }

@@ -5,8 +5,8 @@
 #include "common/phone_number.h"
 #include "lotus/documents.h"
 #include "lotus/log_document.h"
+#include "lotus/number_search.h"
 #include "lotus/open_books.h"
-#include "lotus/search.h"
 
 namespace hublink {
 
@@ -32,7 +32,7 @@ void fill(const Object& document, const LotusAddressBook& book, const Party& con
 
 void save(const LotusSession& session, const Object& document)
 {
-    openBooks(session)->forget();
+    currentOpenBooks(session)->forget();
     saveDocument(document);
 }
 
@@ -63,7 +63,7 @@ void ShowOrCreateCaller(LotusSession& session, const Party& caller)
 {
     trapErrors([&] {
         const bool mayCreate = session.host.configuration().bgSetNewContact;
-        if (mayCreate) openBooks(session)->forgetIfUnknown(caller.number);
+        if (mayCreate) currentOpenBooks(session)->forgetIfUnknown(caller.number);
         if (SearchByNumber(session, caller.number, Show::yes).isFound) return;
         if (!session.host.configuration().bgSetNewContact) return;
         if (!CreateContactDocument(session, caller, Show::yes).empty()) logNewContact(session, caller);

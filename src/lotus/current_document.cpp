@@ -2,7 +2,8 @@
 
 #include "common/error_trap.h"
 #include "lotus/documents.h"
-#include "lotus/search.h"
+#include "lotus/mail_search.h"
+#include "lotus/number_search.h"
 
 #include <utility>
 
@@ -22,7 +23,7 @@ struct FrontDocument {
 };
 
 // False when there is none.
-bool takeFrontDocument(FrontDocument& front)
+bool readFrontDocument(FrontDocument& front)
 {
     front.shown = front.workspace.get(L"CURRENTDOCUMENT").object();
     if (front.shown) front.stored = front.shown.get(L"DOCUMENT").object();
@@ -45,7 +46,7 @@ std::wstring storedNumber(const Object& mail)
 }
 
 // The sender's names go to `offered` as soon as they are known.
-std::wstring numberOfMail(LotusSession& session, const FrontDocument& mail, Party& offered)
+std::wstring refreshMailNumber(LotusSession& session, const FrontDocument& mail, Party& offered)
 {
     const std::wstring current = storedNumber(mail.stored);
     if (!current.empty() && !session.bAlwaysVerifyPhoneNumber) return current;
@@ -56,13 +57,13 @@ std::wstring numberOfMail(LotusSession& session, const FrontDocument& mail, Part
     offered = sender;
     // What the user has entered is never overwritten by nothing, and a mail
     // that is being written is not touched.
-    if (found.empty() || found == current || mail.shown.get(L"EditMode").truth()) return current;
+    if (found.empty() || found == current || mail.shown.get(L"EditMode").isTrue()) return current;
     mail.stored.call(L"ReplaceItemValue", {numberItem, found});
     saveAndReopen(mail);
     return found;
 }
 
-std::wstring numberOfCall(LotusSession& session, const FrontDocument& call)
+std::wstring refreshCallLink(LotusSession& session, const FrontDocument& call)
 {
     const CallLogDescription items = session.LotusCallLog;
     const std::wstring number = firstItemValue(call.stored, items.PhoneNumber);
@@ -94,9 +95,9 @@ Party UpdateCurrentDocumentNumber(LotusSession& session)
         // Its answer is not used, so a client that cannot give it loses nothing.
         trapErrors([&] { front.workspace.get(L"CurrentView"); });
         if (IsSameDatabase(database, session.MailServer, session.MailFile)) {
-            if (takeFrontDocument(front)) offered.number = numberOfMail(session, front, offered);
+            if (readFrontDocument(front)) offered.number = refreshMailNumber(session, front, offered);
         } else if (IsSameDatabase(database, session.LotusCallLog.Server, session.LotusCallLog.Base)) {
-            if (takeFrontDocument(front)) offered.number = numberOfCall(session, front);
+            if (readFrontDocument(front)) offered.number = refreshCallLink(session, front);
         }
     });
     return offered;

@@ -66,7 +66,7 @@ bool IsCurrentDocument(const Object& document, Object& frontDocument)
     return isCurrent;
 }
 
-const std::wstring& DatabaseNames::asked(std::optional<std::wstring>& answer, const wchar_t* member) const
+const std::wstring& DatabaseNames::readOnce(std::optional<std::wstring>& answer, const wchar_t* member) const
 {
     if (!answer) answer = database_.get(member).text();
     return *answer;

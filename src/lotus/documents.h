@@ -33,12 +33,12 @@ public:
     DatabaseNames(const automation::Object& database) : database_(database) {}
 
     // Each throws AutomationError.
-    const std::wstring& server() const { return asked(server_, L"Server"); }
-    const std::wstring& filePath() const { return asked(filePath_, L"FilePath"); }
-    const std::wstring& fileName() const { return asked(fileName_, L"FileName"); }
+    const std::wstring& server() const { return readOnce(server_, L"Server"); }
+    const std::wstring& filePath() const { return readOnce(filePath_, L"FilePath"); }
+    const std::wstring& fileName() const { return readOnce(fileName_, L"FileName"); }
 
 private:
-    const std::wstring& asked(std::optional<std::wstring>& answer, const wchar_t* member) const;
+    const std::wstring& readOnce(std::optional<std::wstring>& answer, const wchar_t* member) const;
 
     const automation::Object database_;
     mutable std::optional<std::wstring> server_, filePath_, fileName_;

@@ -5,8 +5,8 @@
 #include "common/phone_number.h"
 #include "common/text.h"
 #include "lotus/documents.h"
+#include "lotus/number_search.h"
 #include "lotus/open_books.h"
-#include "lotus/search.h"
 
 namespace hublink {
 
@@ -49,12 +49,12 @@ void appendCall(const LotusSession& session, const Object& document, const CallL
     append(document, items.Acknowledged, acknowledged);
     append(document, items.BeginDate, call.beginDate());
     append(document, items.EndDate, call.endDate());
-    const std::wstring type = callTypeText(incoming.truth(), state, [&] { return acknowledged; });
+    const std::wstring type = callTypeText(incoming.isTrue(), state, [&] { return acknowledged; });
     append(document, items.TypeCall, TranslateCallType(type, session.dictionary));
 }
 
 // Only a user who has the history in front sees a difference.
-void refreshFront(const Object& workspace, const Object& history)
+void refreshIfInFront(const Object& workspace, const Object& history)
 {
     const Object front = workspace.get(L"CurrentDatabase").object();
     if (!front) return;
@@ -65,10 +65,10 @@ void refreshFront(const Object& workspace, const Object& history)
 
 void refreshView(const LotusSession& session, const Object& history)
 {
-    const std::shared_ptr<OpenBooks> open = openBooks(session);
-    const Object workspace = open->takeWorkspace();
-    refreshFront(workspace, history);
-    open->giveBack(workspace);
+    const std::shared_ptr<OpenBooks> open = currentOpenBooks(session);
+    const Object workspace = open->acquireWorkspace();
+    refreshIfInFront(workspace, history);
+    open->returnWorkspace(workspace);
 }
 
 }

@@ -12,7 +12,7 @@ namespace {
 
 using automation::Object;
 
-void show(const LotusSession& session, const wchar_t* message)
+void showTrace(const LotusSession& session, const wchar_t* message)
 {
     if (session.host.configuration().Trace) session.host.showMessage(message);
 }
@@ -20,9 +20,12 @@ void show(const LotusSession& session, const wchar_t* message)
 void openSession(LotusSession& session)
 {
     session.mailDatabase = Object(); // of the mail file as it was
-    if (session.NotesSession) return show(session, L"ReInit lotus");
+    if (session.NotesSession) {
+        showTrace(session, L"ReInit lotus");
+        return;
+    }
     session.NotesSession = Object::create(L"Notes.Notessession");
-    show(session, L"First Init lotus");
+    showTrace(session, L"First Init lotus");
 }
 
 void exchangeEnvironment(LotusSession& session, const Object& notes)
@@ -53,9 +56,9 @@ void openHistory(LotusSession& session)
                      history.Server + L" " + history.Base + L" " + history.MainView);
 }
 
-void giveUp(LotusSession& session)
+void recordFailure(LotusSession& session)
 {
-    show(session, L"Pb Init Lotus");
+    showTrace(session, L"Pb Init Lotus");
     session.LotusReady = false;
     session.LotusMustInit = true;
     session.NotesSession = Object();
@@ -85,7 +88,7 @@ void InitLotus(LotusSession& session, NewLog newLog)
         openHistory(session);
         session.LotusReady = true;
     };
-    trapErrors(open, [&] { giveUp(session); });
+    trapErrors(open, [&] { recordFailure(session); });
 }
 
 void requireLotusInitialisation(LotusSession& session)
@@ -99,7 +102,7 @@ void reopenLotus(LotusSession& session)
     InitLotus(session, NewLog::no);
 }
 
-void notesHasGone(LotusSession& session)
+void handleNotesExit(LotusSession& session)
 {
     if (session.LotusMustInit) return;
     session.LotusMustInit = true;

@@ -22,6 +22,6 @@ void reopenLotus(LotusSession& session);
 
 // Notes was closed: an open session lets its object go and waits for its next
 // initialisation. `LotusReady` stays: Notes was in use and is to be followed.
-void notesHasGone(LotusSession& session);
+void handleNotesExit(LotusSession& session);
 
 }

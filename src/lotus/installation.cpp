@@ -15,7 +15,7 @@ constexpr const wchar_t* addIn = L"ConnectorIni.dll";
 constexpr const wchar_t* settingsDatabase = L"pavexconnectorconfig.nsf";
 constexpr const wchar_t* historyDatabase = L"pavexhistory.nsf";
 
-std::wstring folder(const wchar_t* key, const wchar_t* value)
+std::wstring readFolder(const wchar_t* key, const wchar_t* value)
 {
     return RegGetString(HKEY_LOCAL_MACHINE, key, value);
 }
@@ -25,10 +25,10 @@ std::wstring folder(const wchar_t* key, const wchar_t* value)
 void InstallLotusDatabases(const LotusSession& session)
 {
     // A value that is missing is no empty one: a key of release 5 holds without a "Path".
-    std::wstring programPath = folder(release5, L"Path");
+    std::wstring programPath = readFolder(release5, L"Path");
     const wchar_t* const release = programPath.empty() ? release4 : release5;
-    if (programPath.empty()) programPath = folder(release4, L"Path");
-    const std::wstring dataPath = folder(release, L"DataPath");
+    if (programPath.empty()) programPath = readFolder(release4, L"Path");
+    const std::wstring dataPath = readFolder(release, L"DataPath");
     const std::wstring source = session.host.programFolder();
     if (!programPath.empty()) CopieFileIfNotExist(programPath, addIn, source);
     if (dataPath.empty() || dataPath == registryNoText) return;

@@ -1,6 +1,6 @@
 #include "lotus/last_call.h"
 
-#include "lotus/search.h"
+#include "lotus/number_search.h"
 
 namespace hublink {
 

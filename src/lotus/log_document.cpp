@@ -12,7 +12,8 @@ using automation::Value;
 
 constexpr const wchar_t* author = L"Connector Pavex ";
 
-void begin(const Object& document, const PersonalLogDescription& items, const Value& now, const std::wstring& line)
+void writeFirstLine(const Object& document, const PersonalLogDescription& items, const Value& now,
+                    const std::wstring& line)
 {
     document.put(L"Form", items.Form);
     document.put(L"Type", items.TypeForm);
@@ -22,7 +23,7 @@ void begin(const Object& document, const PersonalLogDescription& items, const Va
     document.call(L"AppendItemValue", {items.StartTime, now});
 }
 
-void append(const Object& document, const PersonalLogDescription& items, const Value& now, const std::wstring& line)
+void appendLine(const Object& document, const PersonalLogDescription& items, const Value& now, const std::wstring& line)
 {
     const std::wstring text = firstItemValue(document, items.Body) + line;
     document.call(L"RemoveItem", {items.Body});
@@ -49,7 +50,7 @@ void WriteLotusLog(LotusSession& session, const std::wstring& text)
         // next line opens another: a body that was removed and not written again,
         // or that has outgrown a Notes item, would lose every line.
         session.NewLogDocument = !isNew;
-        (isNew ? begin : append)(document, session.LotusPersonalLog, now, line);
+        (isNew ? writeFirstLine : appendLine)(document, session.LotusPersonalLog, now, line);
         saveDocument(document);
         session.NewLogDocument = false;
     });

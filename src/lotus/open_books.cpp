@@ -13,15 +13,15 @@ using automation::Object;
 
 constexpr DATE second = 1.0 / 86'400;
 
-// A search that took place so long ago might as well be this one.
-constexpr DATE moment = 2 * second;
+// An answer of this age is used without asking the book again.
+constexpr DATE freshFor = 2 * second;
 
-// What a book does not say of itself: that its file was replaced, that its view was
-// designed anew or its index brought up to date.
-constexpr DATE longest = 300 * second;
+// A database is opened anew at this age: it does not report that its file was replaced,
+// its view redesigned or its index updated.
+constexpr DATE maxAge = 300 * second;
 
-// A walk over a long history keeps no more answers than that at once.
-constexpr std::size_t mostAnswers = 1'000;
+// Limits the memory of a walk over a long call history.
+constexpr std::size_t maxAnswers = 1'000;
 
 // The clock may have been set meanwhile.
 bool isWithin(DATE duration, DATE since, DATE now)
@@ -34,35 +34,35 @@ const std::wstring& viewName(const LotusBaseRef& book)
     return book.ViewTel.empty() ? book.MainView : book.ViewTel;
 }
 
-Object viewOf(const Object& database, const LotusBaseRef& book)
+Object fetchView(const Object& database, const LotusBaseRef& book)
 {
     return database.get(L"GetView", {viewName(book)}).object();
 }
 
 }
 
-Object OpenBook::view(const LotusSession& session, const std::wstring& number)
+Object OpenBook::openView(const LotusSession& session, const std::wstring& number)
 {
-    if (viewName(description_).empty()) { // a book that is out of reach is told all the same
+    if (viewName(description_).empty()) { // opened all the same: a book that is out of reach has to fail
         notesDatabase(session, description_);
         return Object();
     }
-    if (!holds(number, session.host.now())) open(session);
+    if (!isUsable(number, session.host.now())) open(session);
     return view_;
 }
 
 // A view object shows later changes when it is refreshed or made anew (vendor's
 // help, "NotesView class"). One that was searched by full text stays filtered, and no
 // help says what a second search in it goes through: it serves the same number only.
-bool OpenBook::holds(const std::wstring& number, DATE now)
+bool OpenBook::isUsable(const std::wstring& number, DATE now)
 {
-    if (!view_ || !isWithin(longest, databaseOpenedAt_, now)) return false;
-    const bool isFresh = isWithin(moment, confirmedAt_, now);
+    if (!view_ || !isWithin(maxAge, databaseOpenedAt_, now)) return false;
+    const bool isFresh = isWithin(freshFor, confirmedAt_, now);
     if (description_.ViewTel.empty()) return isFresh && isFilteredFor(number);
     return isFresh || isUnchanged(now);
 }
 
-// The book tells the second of its last change (vendor's help, "LastModified
+// The book reports the second of its last change (vendor's help, "LastModified
 // property"). A further change in that second does not show, so the view must have
 // been opened when it was over.
 bool OpenBook::isUnchanged(DATE now)
@@ -74,7 +74,7 @@ bool OpenBook::isUnchanged(DATE now)
         modifiedSeenAt_ = now;
         return false;
     }
-    if (viewOpenedAt_ < modifiedSeenAt_ + moment) return false;
+    if (viewOpenedAt_ < modifiedSeenAt_ + freshFor) return false;
     confirmedAt_ = now;
     return true;
 }
@@ -84,8 +84,8 @@ void OpenBook::open(const LotusSession& session)
 {
     forget();
     const DATE now = session.host.now();
-    if (!isWithin(longest, databaseOpenedAt_, now)) close();
-    if (database_) trapErrors([&] { view_ = viewOf(database_, description_); });
+    if (!isWithin(maxAge, databaseOpenedAt_, now)) close();
+    if (database_) trapErrors([&] { view_ = fetchView(database_, description_); });
     if (!view_) openDatabase(session, now);
     viewOpenedAt_ = confirmedAt_ = now;
 }
@@ -96,13 +96,13 @@ void OpenBook::openDatabase(const LotusSession& session, DATE now)
 {
     close();
     const Object database = notesDatabase(session, description_);
-    view_ = viewOf(database, description_);
+    view_ = fetchView(database, description_);
     if (!view_) return;
     database_ = database;
     databaseOpenedAt_ = now;
 }
 
-const std::optional<LotusPerson>* OpenBook::answer(const std::wstring& number) const
+const std::optional<LotusPerson>* OpenBook::cachedAnswer(const std::wstring& number) const
 {
     const auto found = answers_.find(number);
     return found == answers_.end() ? nullptr : &found->second;
@@ -110,7 +110,7 @@ const std::optional<LotusPerson>* OpenBook::answer(const std::wstring& number) c
 
 void OpenBook::remember(const std::wstring& number, std::optional<LotusPerson> person)
 {
-    if (answers_.size() >= mostAnswers) answers_.clear();
+    if (answers_.size() >= maxAnswers) answers_.clear();
     answers_.insert_or_assign(number, std::move(person));
 }
 
@@ -127,7 +127,7 @@ void OpenBook::close()
     database_ = Object();
 }
 
-std::shared_ptr<OpenBook> OpenBooks::book(const LotusSession& session, const LotusAddressBook& description)
+std::shared_ptr<OpenBook> OpenBooks::findOrAdd(const LotusSession& session, const LotusAddressBook& description)
 {
     if (session.NotesSession.dispatch() != session_.dispatch()) closeAll();
     session_ = session.NotesSession;
@@ -145,7 +145,7 @@ void OpenBooks::forget()
 void OpenBooks::forgetIfUnknown(const std::wstring& number)
 {
     const auto knows = [&](const std::shared_ptr<OpenBook>& book) {
-        const std::optional<LotusPerson>* const answer = book->answer(number);
+        const std::optional<LotusPerson>* const answer = book->cachedAnswer(number);
         return answer && answer->has_value();
     };
     if (std::any_of(books_.begin(), books_.end(), knows)) return;
@@ -158,23 +158,23 @@ void OpenBooks::closeAll()
     workspace_ = Object();
 }
 
-Object OpenBooks::takeWorkspace()
+Object OpenBooks::acquireWorkspace()
 {
     const Object workspace = std::exchange(workspace_, Object());
     return workspace ? workspace : notesWorkspace();
 }
 
-std::shared_ptr<OpenBooks> openBooks(const LotusSession& session)
+std::shared_ptr<OpenBooks> currentOpenBooks(const LotusSession& session)
 {
     return session.openBooks ? session.openBooks : std::make_shared<OpenBooks>();
 }
 
-BooksKeptOpen::BooksKeptOpen(LotusSession& session) : session_(session), isOutermost_(!session.openBooks)
+OpenBooksScope::OpenBooksScope(LotusSession& session) : session_(session), isOutermost_(!session.openBooks)
 {
     if (isOutermost_) session_.openBooks = std::make_shared<OpenBooks>();
 }
 
-BooksKeptOpen::~BooksKeptOpen()
+OpenBooksScope::~OpenBooksScope()
 {
     if (isOutermost_) session_.openBooks.reset();
 }

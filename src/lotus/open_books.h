@@ -6,7 +6,7 @@
 // that is older than two seconds, unless the book says that it has not changed since.
 #pragma once
 
-#include "lotus/search.h"
+#include "lotus/number_search.h"
 
 #include <map>
 #include <memory>
@@ -25,15 +25,15 @@ public:
 
     // The view to search for the number, opened where it must be; empty when the book
     // has none of that name. Throws AutomationError.
-    automation::Object view(const LotusSession& session, const std::wstring& number);
+    automation::Object openView(const LotusSession& session, const std::wstring& number);
 
     // Whether a full-text search has left the number's documents alone in the view.
     bool isFilteredFor(const std::wstring& number) const { return filteredFor_ == number; }
-    void wasFilteredFor(const std::wstring& number) { filteredFor_ = number; }
+    void markFilteredFor(const std::wstring& number) { filteredFor_ = number; }
 
-    // What the view has told about a number: a person, or that nobody has it. Null when
+    // What the view has answered about a number: a person, or that nobody has it. Null when
     // it was not asked. Call `view` first, which forgets answers that may be stale.
-    const std::optional<LotusPerson>* answer(const std::wstring& number) const;
+    const std::optional<LotusPerson>* cachedAnswer(const std::wstring& number) const;
     void remember(const std::wstring& number, std::optional<LotusPerson> person);
 
     // Drops the view and its answers; `close` drops the database too.
@@ -41,7 +41,7 @@ public:
     void close();
 
 private:
-    bool holds(const std::wstring& number, DATE now);
+    bool isUsable(const std::wstring& number, DATE now);
     bool isUnchanged(DATE now);
     void open(const LotusSession& session);
     void openDatabase(const LotusSession& session, DATE now);
@@ -52,9 +52,9 @@ private:
     std::optional<std::wstring> filteredFor_; // the number, once a full-text search has found somebody
     DATE databaseOpenedAt_ = 0;
     DATE viewOpenedAt_ = 0;
-    DATE confirmedAt_ = 0;         // when the view was known last to show the book as it is
-    std::optional<DATE> modified_; // when the book was changed last, as it says
-    DATE modifiedSeenAt_ = 0;      // when it said so first
+    DATE confirmedAt_ = 0;         // when the view was last known to be up to date
+    std::optional<DATE> modified_; // of the last change, as the book reports it
+    DATE modifiedSeenAt_ = 0;      // when it was reported first
     std::map<std::wstring, std::optional<LotusPerson>> answers_;
 };
 
@@ -62,16 +62,16 @@ class OpenBooks {
 public:
     // The book of that description, open or not. All are closed when the session is
     // another one than they were opened in.
-    std::shared_ptr<OpenBook> book(const LotusSession& session, const LotusAddressBook& description);
+    std::shared_ptr<OpenBook> findOrAdd(const LotusSession& session, const LotusAddressBook& description);
 
-    // A document was saved in one of the books. Which one cannot be told, since a server
+    // A document was saved in one of the books. Which one is not known, since a server
     // may go by several names: each book forgets what it has shown.
     void forget();
 
     // The front-end object of an earlier call, or a new one. The caller gives it back
     // after its own calls have succeeded: they fail once Notes has ended.
-    automation::Object takeWorkspace();
-    void giveBack(const automation::Object& workspace) { workspace_ = workspace; }
+    automation::Object acquireWorkspace();
+    void returnWorkspace(const automation::Object& workspace) { workspace_ = workspace; }
 
     // Somebody may have got a number by now that nobody had: where no book knew it, the
     // views are opened anew.
@@ -86,16 +86,16 @@ private:
 };
 
 // The books of the event or walk under way; outside of one, new ones for this use only.
-std::shared_ptr<OpenBooks> openBooks(const LotusSession& session);
+std::shared_ptr<OpenBooks> currentOpenBooks(const LotusSession& session);
 
 // While one lives, what a search has opened and found serves the next search. An event
 // that comes while a walk shows a message box uses the walk's books.
-class BooksKeptOpen {
+class OpenBooksScope {
 public:
-    explicit BooksKeptOpen(LotusSession& session);
-    ~BooksKeptOpen();
-    BooksKeptOpen(const BooksKeptOpen&) = delete;
-    BooksKeptOpen& operator=(const BooksKeptOpen&) = delete;
+    explicit OpenBooksScope(LotusSession& session);
+    ~OpenBooksScope();
+    OpenBooksScope(const OpenBooksScope&) = delete;
+    OpenBooksScope& operator=(const OpenBooksScope&) = delete;
 
 private:
     LotusSession& session_;

@@ -2,7 +2,7 @@
 
 #include "common/error_trap.h"
 #include "common/text.h"
-#include "lotus/search.h"
+#include "lotus/number_search.h"
 
 namespace hublink {
 

@@ -2,7 +2,7 @@
 // which order, how the call history and the log are laid out, and four
 // switches. The reading ends quietly at the first error; what was read before
 // it stays. A base that names "<server name>" lies on the session's own server, or
-// where Notes tells none, on the user's mail server.
+// where Notes reports none, on the user's mail server.
 #pragma once
 
 #include "lotus/lotus_session.h"

@@ -41,7 +41,7 @@ std::vector<std::wstring> itemNames(const std::wstring& value)
 
 std::wstring sectionOfBook(std::int16_t index)
 {
-    return automation::wide(bookSection) + std::to_wstring(index);
+    return automation::toWide(bookSection) + std::to_wstring(index);
 }
 
 // A book whose section is missing has empty texts and empty item names. Only
@@ -119,7 +119,7 @@ void readCallLog(const IniFile& ini, CallLogDescription& log)
 
 void readLotusBook(const IniFile& ini, std::int16_t index, const ServerName& serverName, LotusAddressBook& book)
 {
-    const std::string section = automation::ansi(sectionOfBook(index));
+    const std::string section = automation::toAnsi(sectionOfBook(index));
     const auto read = [&](const Setting& setting) { return ini.read(setting.in(section.c_str())); };
     book.PersonalAddressBook = ini.readSwitch(ofBook("PersonalAddressBook").in(section.c_str()));
     SplitBaseDescription(read(ofBook("base")), book);

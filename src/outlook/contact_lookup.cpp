@@ -18,11 +18,11 @@ using automation::Value;
 
 Object asContact(const OutlookSession& session, const Value& item)
 {
-    return item.object().sharing(session.names.contact);
+    return item.object().usingIdCache(session.idCaches.contact);
 }
 
 // The contact that Outlook's own filter finds; empty when it finds none.
-Object filteredContact(const OutlookSession& session, const std::wstring& number)
+Object findContactByFilter(const OutlookSession& session, const std::wstring& number)
 {
     const std::wstring filter = BuildPhoneFilter(StripPhoneNumber(number));
     return asContact(session, contactItems(session).get(L"Find", {filter}));
@@ -36,7 +36,7 @@ struct Match {
 };
 
 // Empty when the contact has not got the number.
-std::optional<Match> matchOf(const OutlookSession& session, const Object& contact, const std::wstring& sought)
+std::optional<Match> matchContact(const OutlookSession& session, const Object& contact, const std::wstring& sought)
 {
     Match match{contact};
     for (const wchar_t* field : telephoneFields) {
@@ -47,36 +47,37 @@ std::optional<Match> matchOf(const OutlookSession& session, const Object& contac
     return std::nullopt;
 }
 
-std::optional<Match> walkedMatch(const OutlookSession& session, const std::wstring& sought)
+std::optional<Match> findMatchByWalk(const OutlookSession& session, const std::wstring& sought)
 {
     const Object items = contactItems(session);
     for (Object item = asContact(session, items.get(L"GetFirst")); item;
          item = asContact(session, items.get(L"GetNext")))
-        if (const std::optional<Match> match = matchOf(session, item, sought)) return match;
+        if (const std::optional<Match> match = matchContact(session, item, sought)) return match;
     return std::nullopt;
 }
 
 // The contact that the table has named, if it is there and has the number.
-std::optional<Match> namedMatch(const OutlookSession& session, const std::wstring& entryId, const std::wstring& sought)
+std::optional<Match> matchContactById(const OutlookSession& session, const std::wstring& entryId,
+                                      const std::wstring& sought)
 {
     std::optional<Match> match;
     trapErrors([&] {
         const Object nameSpace = session.OutlookNameSpace;
-        match = matchOf(session, asContact(session, nameSpace.get(L"GetItemFromID", {entryId})), sought);
+        match = matchContact(session, asContact(session, nameSpace.get(L"GetItemFromID", {entryId})), sought);
     });
     return match;
 }
 
-// What a walk finds. The table tells it faster where a single contact may have the
-// number, or none: unless it is another table after all, as after an item has gone.
-std::optional<Match> firstMatch(OutlookSession& session, const std::wstring& sought)
+// What a walk finds. Where at most one contact can have the number the table finds it
+// faster; its answer counts only if the table still has the same number of rows then.
+std::optional<Match> findFirstMatch(OutlookSession& session, const std::wstring& sought)
 {
-    const TableAnswer answer = whoMayHave(session, sought);
-    if (answer.owner == NumberOwner::untold) return walkedMatch(session, sought);
+    const TableAnswer answer = findPossibleOwner(session, sought);
+    if (answer.owner == PossibleOwner::undecided) return findMatchByWalk(session, sought);
     std::optional<Match> match;
-    if (answer.owner == NumberOwner::oneContact) match = namedMatch(session, answer.entryId, sought);
-    const bool isAsTold = match.has_value() == (answer.owner == NumberOwner::oneContact);
-    return isAsTold && stillHolds(answer) ? match : walkedMatch(session, sought);
+    if (answer.owner == PossibleOwner::oneContact) match = matchContactById(session, answer.entryId, sought);
+    const bool agreesWithTable = match.has_value() == (answer.owner == PossibleOwner::oneContact);
+    return agreesWithTable && isStillValid(answer) ? match : findMatchByWalk(session, sought);
 }
 
 // Outlook guards the address and may refuse it: the identifier is read first, so
@@ -115,7 +116,7 @@ Object WalkOutlookContacts(OutlookSession& session, const std::wstring& number)
     Object contact;
     trapErrors([&] {
         const std::wstring sought = StripPhoneNumber(number);
-        const std::optional<Match> match = firstMatch(session, sought);
+        const std::optional<Match> match = findFirstMatch(session, sought);
         if (!match) return;
         if (match->needsRewrite) {
             match->contact.put(match->field, sought);
@@ -131,7 +132,7 @@ OutlookPerson FindOutlookContact(OutlookSession& session, const std::wstring& nu
     OutlookPerson person = std::move(known);
     person.entryId.clear();
     trapErrors([&] {
-        Object contact = filteredContact(session, number);
+        Object contact = findContactByFilter(session, number);
         if (contact) read(contact, person);
         if (!person.entryId.empty()) return;
         contact = WalkOutlookContacts(session, number);
@@ -144,7 +145,7 @@ bool ShowOutlookContact(OutlookSession& session, const std::wstring& number)
 {
     bool shown = false;
     trapErrors([&] {
-        Object contact = filteredContact(session, number);
+        Object contact = findContactByFilter(session, number);
         if (!contact) contact = WalkOutlookContacts(session, number);
         if (!contact) return;
         contact.call(L"Display");

@@ -20,7 +20,7 @@ std::wstring BuildPhoneFilter(const std::wstring& number);
 bool PhoneNumberMatches(const OutlookSession& session, const std::wstring& sought, const std::wstring& field,
                         bool& needsRewrite);
 
-// What Outlook tells of a contact.
+// What is read of a contact.
 struct OutlookPerson {
     std::wstring lastName;
     std::wstring firstName;
@@ -32,9 +32,9 @@ struct OutlookPerson {
 // none; a number written otherwise is rewritten and saved.
 automation::Object WalkOutlookContacts(OutlookSession& session, const std::wstring& number);
 
-// The contact with the number. When there is none the three texts are those that
-// are known already. A text that Outlook refuses to tell
-// stays as it is known, and so do those read after it.
+// The contact with the number. When there is none the three texts are those of
+// `known`. A text that cannot be read, as when Outlook refuses it,
+// stays that of `known`, and so do those read after it.
 OutlookPerson FindOutlookContact(OutlookSession& session, const std::wstring& number, OutlookPerson known = {});
 
 // Opens the contact with the number on the screen; whether one was shown.

@@ -12,8 +12,8 @@ using automation::Object;
 
 Object addContact(OutlookSession& session)
 {
-    session.keptAnswers.entries.clear(); // somebody may have the number now
-    return contactItems(session).get(L"Add").object().sharing(session.names.contact);
+    session.answerCache.entries.clear(); // somebody may have the number now
+    return contactItems(session).get(L"Add").object().usingIdCache(session.idCaches.contact);
 }
 
 // The number is stripped here and below.

@@ -13,17 +13,20 @@ namespace {
 
 using automation::Object;
 
-void show(const OutlookSession& session, const wchar_t* message)
+void showTrace(const OutlookSession& session, const wchar_t* message)
 {
     if (session.host.configuration().Trace) session.host.showMessage(message);
 }
 
 void openApplication(OutlookSession& session)
 {
-    if (session.OutlookApp) return show(session, L"ReInit Outlook");
+    if (session.OutlookApp) {
+        showTrace(session, L"ReInit Outlook");
+        return;
+    }
     session.OutlookApp = Object::create(L"outlook.application");
-    session.names = OutlookMemberNames();
-    show(session, L"First Init Outlook");
+    session.idCaches = OutlookIdCaches();
+    showTrace(session, L"First Init Outlook");
 }
 
 Object defaultFolder(const Object& nameSpace, OutlookFolder folder)
@@ -47,9 +50,9 @@ void loadDictionary(OutlookSession& session)
     else session.dictionary.LoadDico();
 }
 
-void giveUp(OutlookSession& session)
+void recordFailure(OutlookSession& session)
 {
-    show(session, L"Pb Init Outlook");
+    showTrace(session, L"Pb Init Outlook");
     session.OutlookApp = Object();
     session.bOutlookInit = false;
     countInitFailure(session.groupware, session.host);
@@ -69,11 +72,11 @@ void InitOutlook(OutlookSession& session)
         openApplication(session);
         openFolders(session);
         session.tablesAreGuarded = false;
-        session.keptAnswers.entries.clear();
+        session.answerCache.entries.clear();
         loadDictionary(session);
         session.bOutlookInit = true;
     };
-    trapErrors(open, [&] { giveUp(session); });
+    trapErrors(open, [&] { recordFailure(session); });
 }
 
 void reopenOutlook(OutlookSession& session)
@@ -82,7 +85,7 @@ void reopenOutlook(OutlookSession& session)
     InitOutlook(session);
 }
 
-void outlookHasGone(OutlookSession& session)
+void handleOutlookExit(OutlookSession& session)
 {
     if (!session.bOutlookInit) return;
     session.bOutlookInit = false;

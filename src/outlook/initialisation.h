@@ -13,7 +13,7 @@ void InitOutlook(OutlookSession& session);
 void reopenOutlook(OutlookSession& session);
 
 // Outlook was closed: an open session lets it go and waits for its next opening.
-void outlookHasGone(OutlookSession& session);
+void handleOutlookExit(OutlookSession& session);
 
 // Ends an open session because the program stops, and Outlook with it where the
 // settings say so. Throws AutomationError when Outlook does not take that.

@@ -16,8 +16,8 @@ struct OtherParty : Party {
     bool contactKnown = false;
 };
 
-OtherParty partyOf(OutlookSession& session, const SoftphoneHistoryItem& historyItem, const std::wstring& number,
-                   bool createContact)
+OtherParty resolveParty(OutlookSession& session, const SoftphoneHistoryItem& historyItem, const std::wstring& number,
+                        bool createContact)
 {
     const OutlookPerson known = FindOutlookContact(session, number);
     OtherParty party{{number, known.lastName, known.firstName}, !known.entryId.empty()};
@@ -41,7 +41,7 @@ bool AddRecipient(OutlookSession& session, const Object& item, const std::wstrin
 {
     bool added = false;
     trapErrors([&] {
-        const Object recipients = item.get(L"Recipients").object().sharing(session.names.recipients);
+        const Object recipients = item.get(L"Recipients").object().usingIdCache(session.idCaches.recipients);
         recipients.call(L"Add", {firstName + L" " + lastName});
         added = true;
     });
@@ -54,9 +54,10 @@ std::wstring CreateOutlookHistoItem(OutlookSession& session, const SoftphoneHist
     std::wstring entryId;
     trapErrors([&] {
         const Object item = newOutlookItem(session, OutlookItemType::journal);
-        const bool incoming = historyItem.incoming().truth();
+        const bool incoming = historyItem.incoming().isTrue();
         const std::wstring number = historyItem.number();
-        const OtherParty party = number.empty() ? OtherParty{} : partyOf(session, historyItem, number, createContact);
+        const OtherParty party =
+            number.empty() ? OtherParty{} : resolveParty(session, historyItem, number, createContact);
         item.put(L"Subject", (incoming ? L"* " : L"") + subjectFor(session, party));
         item.put(L"Start", historyItem.beginDate());
         item.put(L"End", historyItem.endDate());

@@ -10,14 +10,14 @@ using automation::Object;
 Object contactItems(const OutlookSession& session)
 {
     const Object contacts = session.OutlookContacts;
-    return contacts.get(L"Items").object().sharing(session.names.items);
+    return contacts.get(L"Items").object().usingIdCache(session.idCaches.items);
 }
 
 Object newOutlookItem(const OutlookSession& session, OutlookItemType type)
 {
     const Object outlook = session.OutlookApp;
     const Object item = outlook.get(L"CreateItem", {static_cast<std::int16_t>(type)}).object();
-    return item.sharing(type == OutlookItemType::mail ? session.names.mail : session.names.journalItem);
+    return item.usingIdCache(type == OutlookItemType::mail ? session.idCaches.mail : session.idCaches.journalItem);
 }
 
 void saveAndClose(const Object& item)

@@ -19,14 +19,14 @@ class Dictionary;
 // name is looked up once a class and not once an item. Another Outlook, as after
 // an update, may have other identifiers: what was looked up belongs to the one
 // that answered.
-struct OutlookMemberNames {
-    automation::SharedNames items = automation::sharedNames();
-    automation::SharedNames contact = automation::sharedNames();
-    automation::SharedNames journalItem = automation::sharedNames();
-    automation::SharedNames mail = automation::sharedNames();
-    automation::SharedNames recipients = automation::sharedNames();
-    automation::SharedNames table = automation::sharedNames();
-    automation::SharedNames columns = automation::sharedNames();
+struct OutlookIdCaches {
+    automation::SharedIdCache items = automation::makeIdCache();
+    automation::SharedIdCache contact = automation::makeIdCache();
+    automation::SharedIdCache journalItem = automation::makeIdCache();
+    automation::SharedIdCache mail = automation::makeIdCache();
+    automation::SharedIdCache recipients = automation::makeIdCache();
+    automation::SharedIdCache table = automation::makeIdCache();
+    automation::SharedIdCache columns = automation::makeIdCache();
 };
 
 // The section "outlook" of the ini file.
@@ -49,16 +49,16 @@ struct OutlookSession : OutlookConfiguration {
     Host& host;
     GroupwareState& groupware;
     Dictionary& dictionary;
-    OutlookMemberNames names;             // of the Outlook that OutlookApp belongs to
+    OutlookIdCaches idCaches;             // of the Outlook that OutlookApp belongs to
 
     automation::Object OutlookApp;        // empty until created and after a failed initialisation
     automation::Object OutlookNameSpace;
     automation::Object OutlookContacts;
-    automation::Object OutlookInbox;      // this and the next: opened as they are given, read by nobody
+    automation::Object OutlookInbox;      // this and the next are opened, but read by nobody
     automation::Object OutlookJournal;
     bool bOutlookInit = false;            // the session is fully open; callers test it first
     bool tablesAreGuarded = false;        // Outlook asked about a table, or refused it, since it was opened
-    KeptAnswers keptAnswers;              // of the contacts' table, while an event is handled
+    TableAnswerCache answerCache;         // of the contacts' table, while an event is handled
 
     automation::Object OutlookLogItem;    // made with the first log line, kept to the end
     std::wstring szLastLogText;           // the last line about a new contact

@@ -1,4 +1,4 @@
-// What Outlook's table of the contacts told about a telephone number.
+// The answer of Outlook's table of the contacts to: who has this telephone number?
 #pragma once
 
 #include "automation/object.h"
@@ -11,26 +11,26 @@
 
 namespace hublink {
 
-enum class NumberOwner { untold, nobody, oneContact };
+enum class PossibleOwner { undecided, nobody, oneContact };
 
 struct TableAnswer {
-    NumberOwner owner = NumberOwner::untold;
+    PossibleOwner owner = PossibleOwner::undecided;
     std::wstring entryId;     // of the one contact that may have the number
-    automation::Object table; // which told it
+    automation::Object table; // that was asked
     std::int32_t rows = 0;    // which it had then
 };
 
 // Answers that serve again while one event is handled, and for two seconds at most. The
 // table's count of rows shows that contacts have come or gone. It does not show that a
 // contact was changed, nor that one has gone and another one come.
-struct KeptAnswers {
+struct TableAnswerCache {
     struct Entry {
         std::wstring sought;
         TableAnswer answer;
     };
 
-    bool areKept = false;     // an event is being handled
-    DWORD since = 0;          // when the first one was told, as GetTickCount tells it
+    bool isActive = false;     // an event is being handled
+    DWORD startTick = 0;       // when the first one was given, a value of GetTickCount
     std::vector<Entry> entries;
 };
 

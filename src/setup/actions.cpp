@@ -16,7 +16,7 @@ constexpr const wchar_t* sessionEntry = L"session";
 constexpr const wchar_t* asInstalledEntry = L"as installed";
 constexpr const wchar_t* otherVersionEntry = L"other version";
 
-ActionData handedOver(const Package& package)
+ActionData dataOfEarlierAction(const Package& package)
 {
     return ActionData(package.property(L"CustomActionData"));
 }
@@ -42,7 +42,7 @@ void endMapServer(const Package& package)
 
 void start(const Package& package)
 {
-    const ActionData data = handedOver(package);
+    const ActionData data = dataOfEarlierAction(package);
     for (const std::wstring& session : data.values(sessionEntry))
         if (!startHublinkIn(std::stoul(session), data.value(folderEntry) + hublinkProgram))
             package.log(L"it is not started again in session " + session);
@@ -60,13 +60,13 @@ void collectSettings(const Package& package)
 
 void writeSettings(const Package& package)
 {
-    const ActionData data = handedOver(package);
+    const ActionData data = dataOfEarlierAction(package);
     installSettings(data.value(folderEntry), data.value(asInstalledEntry) == yes, data);
 }
 
 void removeSettings(const Package& package)
 {
-    const ActionData data = handedOver(package);
+    const ActionData data = dataOfEarlierAction(package);
     if (data.value(otherVersionEntry) != yes) removeSettings(data.value(asInstalledEntry) == yes);
 }
 

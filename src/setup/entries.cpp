@@ -1,5 +1,5 @@
 // The custom actions as Windows Installer calls them, by the names in setup.def.
-#include "automation/border.h"
+#include "automation/catch_all.h"
 #include "automation/text.h"
 #include "setup/actions.h"
 
@@ -9,17 +9,17 @@ namespace {
 
 using hublink::setup::Package;
 
-// A failure is told in the log and undoes the installation.
+// A failure is written to the log and undoes the installation.
 template <class Action>
 UINT carryOut(MSIHANDLE handle, Action action) noexcept
 {
     const Package package(handle);
-    return automation::atBorder<UINT>(ERROR_INSTALL_FAILURE, [&]() -> UINT {
+    return automation::catchAll<UINT>(ERROR_INSTALL_FAILURE, [&]() -> UINT {
         try {
             action(package);
             return ERROR_SUCCESS;
         } catch (const std::exception& error) {
-            package.log(automation::wide(error.what()));
+            package.log(automation::toWide(error.what()));
             return ERROR_INSTALL_FAILURE;
         }
     });

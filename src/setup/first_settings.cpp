@@ -68,8 +68,8 @@ void writeInto(const std::wstring& iniFile, const ActionData& data)
     const IniFile ini(iniFile);
     for (const Setting& each : settingProperties()) {
         const std::wstring value = data.value(each.property);
-        if (!value.empty() && !ini.write(each, automation::ansi(value).c_str()))
-            throw std::runtime_error("cannot write " + std::string(each.key) + " into " + automation::ansi(iniFile));
+        if (!value.empty() && !ini.write(each, automation::toAnsi(value).c_str()))
+            throw std::runtime_error("cannot write " + std::string(each.key) + " into " + automation::toAnsi(iniFile));
     }
 }
 

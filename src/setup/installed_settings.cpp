@@ -19,7 +19,7 @@ namespace {
 
 std::optional<std::string> contentOf(const std::wstring& file)
 {
-    const automation::Handle opened = automation::orNone(CreateFileW(
+    const automation::Handle opened = automation::ownedIfValid(CreateFileW(
         file.c_str(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr, OPEN_EXISTING, 0, nullptr));
     if (!opened) return std::nullopt;
     std::string bytes(GetFileSize(opened.get(), nullptr), '\0');
@@ -37,7 +37,7 @@ std::wstring fileIn(const std::wstring& folder)
 void replace(const std::wstring& file, const std::wstring& by)
 {
     if (!CopyFileW(by.c_str(), file.c_str(), FALSE))
-        throw std::runtime_error("cannot write " + automation::ansi(file) + ": error " +
+        throw std::runtime_error("cannot write " + automation::toAnsi(file) + ": error " +
                                  std::to_string(GetLastError()));
     SetFileAttributesW(file.c_str(), FILE_ATTRIBUTE_NORMAL);
 }
@@ -46,7 +46,7 @@ void makeConnectorFolder(const std::wstring& folder)
 {
     if (CreateDirectoryW(folder.c_str(), nullptr)) rememberMadeFolder(folder);
     else if (GetLastError() != ERROR_ALREADY_EXISTS)
-        throw std::runtime_error("cannot make " + automation::ansi(folder) + ": error " +
+        throw std::runtime_error("cannot make " + automation::toAnsi(folder) + ": error " +
                                  std::to_string(GetLastError()));
 }
 

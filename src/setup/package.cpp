@@ -32,7 +32,7 @@ bool Package::hasOtherVersion() const
     const std::wstring own = property(L"ProductCode");
     wchar_t product[39];
     for (DWORD index = 0; MsiEnumRelatedProductsW(family.c_str(), 0, index, product) == ERROR_SUCCESS; ++index)
-        if (!automation::equalWithoutCase(product, own)) return true;
+        if (!automation::equalIgnoringCase(product, own)) return true;
     return false;
 }
 

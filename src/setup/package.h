@@ -17,7 +17,7 @@ public:
     void setProperty(const std::wstring& name, const std::wstring& value) const;
 
     // Whether another version of the product is installed besides: then this one is
-    // removed for its sake, and what both use stays. Windows Installer tells it by the
+    // removed for its sake, and what both use stays. Windows Installer reports it by the
     // property UPGRADINGPRODUCTCODE, Wine does not.
     bool hasOtherVersion() const;
 

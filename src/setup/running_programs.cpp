@@ -1,5 +1,6 @@
 #include "setup/running_programs.h"
 
+#include "automation/milliseconds.h"
 #include "automation/owners.h"
 #include "automation/server/end_request.h"
 #include "common/connector_settings.h"
@@ -18,25 +19,25 @@ namespace hublink::setup {
 
 namespace {
 
-// Milliseconds. A request is seen at the next of Hublink's five-second ticks, and
+// A request is seen at the next of Hublink's five-second ticks, and
 // obeyed at the one after it; a partner may have to be waited for before.
-constexpr DWORD patienceForHublink = 60'000;
-constexpr DWORD patienceForMapServer = 10'000;
-constexpr DWORD pause = 200;
+constexpr automation::Milliseconds hublinkTimeout = 60'000;
+constexpr automation::Milliseconds mapServerTimeout = 10'000;
+constexpr automation::Milliseconds pollInterval = 200;
 
-std::vector<DWORD> allNamed(const wchar_t* name)
+std::vector<DWORD> processIdsOf(const wchar_t* name)
 {
     return processesOfAllSessions(name).value_or(std::vector<DWORD>());
 }
 
 template <class Ask>
-bool ends(const wchar_t* name, DWORD patience, Ask&& ask)
+bool waitUntilEnded(const wchar_t* name, automation::Milliseconds timeout, Ask&& sendRequest)
 {
-    const DWORD begun = GetTickCount();
-    while (!allNamed(name).empty()) {
-        if (GetTickCount() - begun > patience) return false;
-        ask();
-        Sleep(pause);
+    const DWORD startTick = GetTickCount();
+    while (!processIdsOf(name).empty()) {
+        if (GetTickCount() - startTick > timeout) return false;
+        sendRequest();
+        Sleep(pollInterval);
     }
     return true;
 }
@@ -53,49 +54,49 @@ bool isSystem()
            IsWellKnownSid(reinterpret_cast<const TOKEN_USER*>(user)->User.Sid, WinLocalSystemSid);
 }
 
-struct Start {
+struct ProcessStart {
     std::wstring command;
     std::wstring folder;
-    STARTUPINFOW how{};
+    STARTUPINFOW startup{};
     PROCESS_INFORMATION process{};
 
-    explicit Start(const std::wstring& program)
+    explicit ProcessStart(const std::wstring& program)
         : command(L"\"" + program + L"\""), folder(program.substr(0, program.rfind(L'\\')))
     {
-        how.cb = sizeof how;
+        startup.cb = sizeof startup;
     }
 
-    ~Start()
+    ~ProcessStart()
     {
         const automation::Handle thread(process.hThread);
         const automation::Handle owned(process.hProcess);
     }
 
-    Start(const Start&) = delete;
-    Start& operator=(const Start&) = delete;
+    ProcessStart(const ProcessStart&) = delete;
+    ProcessStart& operator=(const ProcessStart&) = delete;
 };
 
 bool startAs(HANDLE user, const std::wstring& program)
 {
-    Start start(program);
+    ProcessStart start(program);
     wchar_t desktop[] = L"winsta0\\default";
-    start.how.lpDesktop = desktop;
+    start.startup.lpDesktop = desktop;
     void* environment = nullptr;
     const DWORD flags = CreateEnvironmentBlock(&environment, user, FALSE) ? CREATE_UNICODE_ENVIRONMENT : 0;
     const bool started = CreateProcessAsUserW(user, program.c_str(), start.command.data(), nullptr, nullptr, FALSE,
-                                              flags, environment, start.folder.c_str(), &start.how, &start.process);
+                                              flags, environment, start.folder.c_str(), &start.startup, &start.process);
     if (environment) DestroyEnvironmentBlock(environment);
     return started;
 }
 
 bool startHere(const std::wstring& program)
 {
-    Start start(program);
+    ProcessStart start(program);
     return CreateProcessW(program.c_str(), start.command.data(), nullptr, nullptr, FALSE, 0, nullptr,
-                          start.folder.c_str(), &start.how, &start.process);
+                          start.folder.c_str(), &start.startup, &start.process);
 }
 
-bool isOwn(DWORD session)
+bool isOwnSession(DWORD session)
 {
     DWORD own = 0;
     return ProcessIdToSessionId(GetCurrentProcessId(), &own) && own == session;
@@ -106,7 +107,7 @@ bool isOwn(DWORD session)
 std::vector<DWORD> sessionsOfHublink()
 {
     std::vector<DWORD> sessions;
-    for (const DWORD process : allNamed(hublinkProgram)) {
+    for (const DWORD process : processIdsOf(hublinkProgram)) {
         DWORD session = 0;
         const bool isNew = ProcessIdToSessionId(process, &session) &&
                            std::find(sessions.begin(), sessions.end(), session) == sessions.end();
@@ -118,27 +119,27 @@ std::vector<DWORD> sessionsOfHublink()
 bool stopHublink()
 {
     const std::wstring file = connectorFolderHere() + L"\\" + iniFileName;
-    const bool asks = FileExist(file); // writing would make one
+    const bool hasIniFile = FileExist(file); // writing would make one
     const IniFile ini(file);
-    const bool ended = ends(hublinkProgram, patienceForHublink, [&] {
+    const bool ended = waitUntilEnded(hublinkProgram, hublinkTimeout, [&] {
         // The first one that reads the request takes it back, and others may run in other sessions.
-        if (asks && !asksForStop(ini)) askForStop(ini);
+        if (hasIniFile && !isStopRequested(ini)) requestStop(ini);
     });
-    if (asks) takeStopRequestBack(ini);
+    if (hasIniFile) clearStopRequest(ini);
     return ended;
 }
 
 bool endMapServers()
 {
-    if (!allNamed(hublinkProgram).empty()) return false;
-    return ends(mapServerProgram, patienceForMapServer, [] {
-        for (const DWORD process : allNamed(mapServerProgram)) automation::server::askToEnd(process);
+    if (!processIdsOf(hublinkProgram).empty()) return false;
+    return waitUntilEnded(mapServerProgram, mapServerTimeout, [] {
+        for (const DWORD process : processIdsOf(mapServerProgram)) automation::server::requestEnd(process);
     });
 }
 
 bool startHublinkIn(DWORD session, const std::wstring& program)
 {
-    if (!isSystem()) return isOwn(session) && startHere(program);
+    if (!isSystem()) return isOwnSession(session) && startHere(program);
     HANDLE opened = nullptr;
     if (!WTSQueryUserToken(session, &opened)) return false;
     const automation::Handle user(opened);

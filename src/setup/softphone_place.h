@@ -6,7 +6,7 @@
 namespace hublink::setup {
 
 // Its folder "Connector", which may have to be made; "" without a softphone. A key
-// that its removal left behind names a folder that is none.
+// that its removal left behind names a folder that does not exist any more.
 std::wstring connectorFolderHere();
 
 }

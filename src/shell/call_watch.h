@@ -3,6 +3,7 @@
 // makes no COM call of its own and knows nothing of the form.
 #pragma once
 
+#include "automation/milliseconds.h"
 #include "automation/owners.h"
 
 #include <windows.h>
@@ -14,9 +15,9 @@ namespace hublink {
 
 class CallWatch {
 public:
-    struct Times {                // milliseconds
-        DWORD patience = 10'000;  // a call that lasts longer is a long one
-        DWORD interval = 1'000;   // between two looks
+    struct Times {
+        automation::Milliseconds longCallAfter = 10'000; // a call that lasts longer is a long one
+        automation::Milliseconds interval = 1'000;       // between two looks
     };
 
     // Watches the calls of the thread that makes it.
@@ -26,27 +27,30 @@ public:
     CallWatch& operator=(const CallWatch&) = delete;
 
     // Starts looking. Both run on the watch's thread and may not throw:
-    // `onLongCall` at each look at a long call; `end` instead when a stop
-    // has been asked for, and the call has gone on for `patience` since.
-    void start(std::function<void()> onLongCall, std::function<void()> end);
+    // `onLongCall` at each look at a long call; `onOverdueStop` instead when a stop has
+    // been requested, and the call has gone on for `longCallAfter` since.
+    void start(std::function<void()> onLongCall, std::function<void()> onOverdueStop);
 
     // The program has been asked to stop.
-    void stopIsAsked() noexcept;
+    void noteStopRequest() noexcept;
 
-    // Whether the call under way is a long one.
+    // Whether the call under way is a long one; any thread may ask.
     bool callIsLong() const noexcept;
+
+    // One look at the call under way, as the watch's thread takes it at each interval.
+    // False when there is nothing left to watch.
+    bool look() const;
 
 private:
     static DWORD WINAPI run(void* watch) noexcept;
-    bool longAgo(const std::atomic<DWORD>& moment) const noexcept;
-    bool look() const;
+    bool isLongAgo(const std::atomic<DWORD>& tick) const noexcept;
 
     const Times times_;
-    const std::atomic<DWORD>& callBegan_;
-    std::atomic<DWORD> stopAsked_{0}; // as GetTickCount tells it; 0 when not asked
+    const std::atomic<DWORD>& callStartTick_;
+    std::atomic<DWORD> stopRequestTick_{0}; // a value of GetTickCount; 0 without a request
     std::function<void()> onLongCall_;
-    std::function<void()> end_;
-    automation::Handle finished_;
+    std::function<void()> onOverdueStop_;
+    automation::Handle watchEnds_;
     automation::Handle thread_;
 };
 

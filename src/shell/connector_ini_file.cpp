@@ -36,10 +36,10 @@ void ConnectorIniFile::install(const std::wstring& programFolder)
     configuration_.szFileConnectorIni = folder + L"\\" + iniFileName;
     // The request must not end this run, also where the file cannot be written.
     const IniFile ini(configuration_.szFileConnectorIni);
-    takeStopRequestBack(ini);
+    clearStopRequest(ini);
     gIniFileDate = lastChange();
-    if (asksForStop(ini)) staleKill_ = gIniFileDate;
-    killReadAt_ = gIniFileDate;
+    if (isStopRequested(ini)) staleKillTime_ = gIniFileDate;
+    killReadTime_ = gIniFileDate;
 }
 
 bool ConnectorIniFile::ReadConnectorIni()
@@ -48,15 +48,18 @@ bool ConnectorIniFile::ReadConnectorIni()
     trapErrors([&] {
         const auto before = comparedSwitches(configuration_);
         const IniFile ini(configuration_.szFileConnectorIni);
-        if (killIfAsked(ini)) return;
+        if (stopIfRequested(ini)) return;
         readConnectorSettings(ini, configuration_);
-        if (!namesGroupware(configuration_)) return link_.Kill();
+        if (!usesGroupware(configuration_)) {
+            link_.Kill();
+            return;
+        }
         unchanged = comparedSwitches(configuration_) == before;
     });
     return unchanged;
 }
 
-bool ConnectorIniFile::noteChange()
+bool ConnectorIniFile::detectChange()
 {
     const std::optional<FILETIME> changed = lastChange();
     if (!changed) throw automation::AutomationError(L"ini file", HRESULT_FROM_WIN32(ERROR_FILE_NOT_FOUND));
@@ -66,15 +69,15 @@ bool ConnectorIniFile::noteChange()
 }
 
 // The rest of a changed file waits for the next tick, which is why `gIniFileDate` stays.
-void ConnectorIniFile::obeyKill()
+void ConnectorIniFile::stopIfFileSaysSo()
 {
     const std::optional<FILETIME> changed = lastChange();
-    if (!changed || (killReadAt_ && sameTime(*changed, *killReadAt_))) return;
+    if (!changed || (killReadTime_ && sameTime(*changed, *killReadTime_))) return;
     const IniFile ini(configuration_.szFileConnectorIni);
     // Whoever changed the file may hold it for a moment longer.
-    if (!tellsWhetherToStop(ini)) return;
-    killReadAt_ = changed;
-    killIfAsked(ini);
+    if (!isStopRequestReadable(ini)) return;
+    killReadTime_ = changed;
+    stopIfRequested(ini);
 }
 
 std::optional<FILETIME> ConnectorIniFile::lastChange() const
@@ -84,17 +87,17 @@ std::optional<FILETIME> ConnectorIniFile::lastChange() const
 
 // A "kill" that the start-up could not set back was left by an earlier run: it
 // counts no more until somebody changes the file.
-bool ConnectorIniFile::isToStop(const IniFile& ini) const
+bool ConnectorIniFile::isFreshStopRequest(const IniFile& ini) const
 {
-    if (!asksForStop(ini)) return false;
+    if (!isStopRequested(ini)) return false;
     const std::optional<FILETIME> changed = lastChange();
-    return !staleKill_ || !changed || !sameTime(*changed, *staleKill_);
+    return !staleKillTime_ || !changed || !sameTime(*changed, *staleKillTime_);
 }
 
-bool ConnectorIniFile::killIfAsked(const IniFile& ini)
+bool ConnectorIniFile::stopIfRequested(const IniFile& ini)
 {
-    if (!isToStop(ini)) return false;
-    takeStopRequestBack(ini);
+    if (!isFreshStopRequest(ini)) return false;
+    clearStopRequest(ini);
     link_.Kill();
     return true;
 }

@@ -29,21 +29,21 @@ public:
 
     // Remembers when the file was last changed; whether it has changed since the last
     // time. Throws AutomationError while there is no file.
-    bool noteChange();
+    bool detectChange();
 
     // Stops the program if a changed file says so. For long works, during which no tick comes.
-    void obeyKill();
+    void stopIfFileSaysSo();
 
 private:
     std::optional<FILETIME> lastChange() const;
-    bool isToStop(const IniFile& ini) const;
-    bool killIfAsked(const IniFile& ini);
+    bool isFreshStopRequest(const IniFile& ini) const;
+    bool stopIfRequested(const IniFile& ini);
 
     Configuration& configuration_;
     PavexInterface& link_;
-    std::optional<FILETIME> gIniFileDate; // modification time when last read
-    std::optional<FILETIME> staleKill_;   // the file's time when its "kill" could not be set back
-    std::optional<FILETIME> killReadAt_;  // modification time when "kill" was last looked at between ticks
+    std::optional<FILETIME> gIniFileDate;   // modification time when last read
+    std::optional<FILETIME> staleKillTime_; // the file's time when its "kill" could not be set back
+    std::optional<FILETIME> killReadTime_;  // modification time when "kill" was last looked at between ticks
 };
 
 }

@@ -15,17 +15,17 @@ struct Search {
     bool found;
 };
 
-bool belongs(HWND window, DWORD processId)
+bool belongsTo(HWND window, DWORD processId)
 {
     DWORD owner = 0;
     GetWindowThreadProcessId(window, &owner);
     return owner == processId;
 }
 
-BOOL CALLBACK searchIn(HWND window, LPARAM parameter) noexcept
+BOOL CALLBACK checkChild(HWND window, LPARAM parameter) noexcept
 {
     auto& search = *reinterpret_cast<Search*>(parameter);
-    search.found = belongs(window, search.processId) && IsWindowVisible(window);
+    search.found = belongsTo(window, search.processId) && IsWindowVisible(window);
     return !search.found;
 }
 
@@ -36,8 +36,8 @@ bool shows(HWND window, DWORD processId)
 {
     // With no window in front it may be the desktop, in which all others lie.
     if (!window || window == GetDesktopWindow() || processId == 0) return false;
-    Search search{processId, belongs(window, processId)};
-    if (!search.found) EnumChildWindows(window, searchIn, reinterpret_cast<LPARAM>(&search));
+    Search search{processId, belongsTo(window, processId)};
+    if (!search.found) EnumChildWindows(window, checkChild, reinterpret_cast<LPARAM>(&search));
     return search.found;
 }
 
@@ -49,7 +49,7 @@ void DocumentWatch::TimerCallInlotus_Timer()
         const HWND front = GetForegroundWindow();
         if (!session_.LotusReady) return;
         HANDLE process = nullptr;
-        // A look-up of its own: the supervision's tells but once that Notes was restarted.
+        // A look-up of its own: the supervision's reports a restart of Notes to one caller only.
         if (notesProcessId_ == 0) ProcessLookup().GetProcessHandle(notesProgram, process, notesProcessId_);
         if (!shows(front, notesProcessId_)) return;
         UpdateCurrentDocumentNumber(session_);

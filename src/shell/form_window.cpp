@@ -3,7 +3,8 @@
 #include "automation/error.h"
 #include "automation/outgoing_call.h"
 #include "common/error_trap.h"
-#include "common/under_way.h"
+#include "common/scoped_flag.h"
+#include "shell/call_readiness.h"
 #include "shell/resources.h"
 #include "shell/screen_scale.h"
 
@@ -16,14 +17,8 @@ namespace {
 constexpr UINT runDeferredMessage = WM_APP;
 constexpr UINT longCallMessage = WM_APP + 1;
 constexpr UINT_PTR retryTimer = 2;
-constexpr UINT retryInterval = 20;      // milliseconds
-constexpr UINT longCallPatience = 1000; // milliseconds
-
-// Nothing of the program's runs inside a call, or where a call would be refused.
-bool callsMayGoOut()
-{
-    return !automation::OutgoingCall::inProgress() && !FormWindow::comRefusesCalls();
-}
+constexpr automation::Milliseconds retryInterval = 20;
+constexpr automation::Milliseconds longCallTimeout = 1'000;
 
 }
 
@@ -80,25 +75,25 @@ LRESULT CALLBACK FormWindow::procedure(HWND window, UINT message, WPARAM wParam,
 LRESULT FormWindow::handleMessage(UINT message, WPARAM wParam, LPARAM lParam)
 {
     switch (message) {
-    case WM_TIMER: timer(wParam); return 0;
+    case WM_TIMER: onTimer(wParam); return 0;
     case WM_MOUSEMOVE: // also the notification icon's callback message
-        mouseMove(wParam, lParam);
+        onMouseMove(wParam, lParam);
         return 0;
     case runDeferredMessage: runDeferred(); return 0;
     case WM_CLOSE: events_.Form_Terminate(); return 0;
     case WM_ENDSESSION:
         if (!wParam) return 0;
         ReplyMessage(0); // no call goes out as long as its sender waits
-        events_.sessionEnds();
+        events_.onSessionEnd();
         return 0;
     case longCallMessage:
-        if (automation::OutgoingCall::inProgress()) events_.longCallNoticed();
+        if (automation::OutgoingCall::inProgress()) events_.onLongCallNoticed();
         return 0;
     default: return DefWindowProcW(window_, message, wParam, lParam);
     }
 }
 
-void FormWindow::timer(UINT_PTR id)
+void FormWindow::onTimer(UINT_PTR id)
 {
     if (id == retryTimer) {
         KillTimer(window_, retryTimer);
@@ -106,19 +101,22 @@ void FormWindow::timer(UINT_PTR id)
     } else if (!automation::OutgoingCall::inProgress()) {
         // A tick may end the program: what is held back is done before, the stop's own work too.
         if (callsMayGoOut()) runHeldBack();
-        if (id == supervisionTimer) events_.supervisionTick();
-        if (id == documentTimer) events_.documentTick();
+        if (id == supervisionTimer) events_.onSupervisionTick();
+        if (id == documentTimer) events_.onDocumentTick();
     }
 }
 
-void FormWindow::outsideCalls(std::function<void()> work)
+void FormWindow::runOutsideCalls(std::function<void()> work)
 {
-    if (callsMayGoOut()) return work();
+    if (callsMayGoOut()) {
+        work();
+        return;
+    }
     heldBack_.push_back(std::move(work));
-    retryLater();
+    scheduleRetry();
 }
 
-void FormWindow::retryLater()
+void FormWindow::scheduleRetry()
 {
     if (automation::OutgoingCall::inProgress()) SetTimer(window_, retryTimer, retryInterval, nullptr);
     else PostMessageW(window_, WM_TIMER, retryTimer, 0); // as soon as the sender of a message has its answer
@@ -126,7 +124,10 @@ void FormWindow::retryLater()
 
 void FormWindow::retry()
 {
-    if (!callsMayGoOut()) return retryLater();
+    if (!callsMayGoOut()) {
+        scheduleRetry();
+        return;
+    }
     // By a message, for what was held back may show a box and wait for its answer.
     PostMessageW(window_, runDeferredMessage, 0, 0);
     runHeldBack();
@@ -142,37 +143,28 @@ void FormWindow::runHeldBack()
     }
 }
 
-void FormWindow::takeStopMessages()
+void FormWindow::dispatchStopMessages()
 {
     MSG message;
     for (const UINT wanted : {UINT{WM_MOUSEMOVE}, UINT{WM_CLOSE}})
         while (PeekMessageW(&message, window_, wanted, wanted, PM_REMOVE)) {
             // The end of the message loop is taken whatever is asked for.
-            if (message.message == WM_QUIT) return PostQuitMessage(static_cast<int>(message.wParam));
+            if (message.message == WM_QUIT) {
+                PostQuitMessage(static_cast<int>(message.wParam));
+                return;
+            }
             DispatchMessageW(&message);
         }
     if (callsMayGoOut()) runHeldBack();
 }
 
-// RPC_E_CANTCALLOUT_ININPUTSYNCCALL (vendor's knowledge base, Q131056). While another
-// call is out COM goes by InSendMessage(), which need not tell a sender that has its
-// answer from one that waits (vendor's help, "InSendMessageEx"; seen in Wine). A sender
-// that does not wait at all counts too: the notification area is one, and a question
-// that opened inside its message would leave COM in doubt until it is answered.
-bool FormWindow::comRefusesCalls() noexcept
-{
-    if (automation::OutgoingCall::inProgress()) return InSendMessage();
-    const DWORD how = InSendMessageEx(nullptr);
-    return how != ISMEX_NOSEND && !(how & ISMEX_REPLIED);
-}
-
-void FormWindow::tellOfLongCall(HWND window)
+void FormWindow::notifyLongCall(HWND window)
 {
     DWORD_PTR ignored = 0;
-    SendMessageTimeoutW(window, longCallMessage, 0, 0, SMTO_NORMAL, longCallPatience, &ignored);
+    SendMessageTimeoutW(window, longCallMessage, 0, 0, SMTO_NORMAL, longCallTimeout, &ignored);
 }
 
-void FormWindow::mouseMove(WPARAM wParam, LPARAM lParam)
+void FormWindow::onMouseMove(WPARAM wParam, LPARAM lParam)
 {
     const double x = twipsFromPixels(static_cast<short>(LOWORD(lParam)));
     const double y = twipsFromPixels(static_cast<short>(HIWORD(lParam)));
@@ -182,8 +174,11 @@ void FormWindow::mouseMove(WPARAM wParam, LPARAM lParam)
 void FormWindow::runDeferred()
 {
     if (runningDeferred_) return; // the work under way is finished first, then the rest
-    if (automation::OutgoingCall::inProgress()) return retryLater();
-    const UnderWay running(runningDeferred_);
+    if (automation::OutgoingCall::inProgress()) {
+        scheduleRetry();
+        return;
+    }
+    const ScopedFlag running(runningDeferred_);
     while (!deferred_.empty()) {
         const std::function<void()> work = std::move(deferred_.front());
         deferred_.pop_front();

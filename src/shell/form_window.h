@@ -2,6 +2,8 @@
 // notification area and the end of a user session address such windows.
 #pragma once
 
+#include "automation/milliseconds.h"
+
 #include <windows.h>
 
 #include <deque>
@@ -12,12 +14,12 @@ namespace hublink {
 // What the window's messages mean to the form. Nothing may be thrown.
 class FormEvents {
 public:
-    virtual void supervisionTick() = 0;
-    virtual void documentTick() = 0;
+    virtual void onSupervisionTick() = 0;
+    virtual void onDocumentTick() = 0;
     virtual void Form_MouseMove(int button, int shift, double x, double y) = 0;
     virtual void Form_Terminate() = 0;
-    virtual void sessionEnds() = 0;
-    virtual void longCallNoticed() = 0; // the program waits in a call to another one, for long by now
+    virtual void onSessionEnd() = 0;
+    virtual void onLongCallNoticed() = 0; // the program waits in a call to another one, for long by now
 
 protected:
     ~FormEvents() = default;
@@ -41,33 +43,30 @@ public:
     void defer(std::function<void()> work);
 
     // Runs `work` at once or, where no call may go out, from the next message loop or
-    // takeStopMessages(): inside a call to another program, and inside a message that
+    // dispatchStopMessages(): inside a call to another program, and inside a message that
     // somebody sent and waits for.
-    void outsideCalls(std::function<void()> work);
+    void runOutsideCalls(std::function<void()> work);
 
     // Handles those waiting messages by which a user asks for a stop, and what
-    // outsideCalls() has held back; all others go on waiting.
-    void takeStopMessages();
-
-    // Whether COM refuses calls now, inside a message that another thread has sent.
-    static bool comRefusesCalls() noexcept;
+    // runOutsideCalls() has held back; all others stay in the queue.
+    void dispatchStopMessages();
 
     // Says, from another thread, that the window's thread waits in a long call. Waits a
     // moment for the answer: messages that nobody takes must not pile up.
-    static void tellOfLongCall(HWND window);
+    static void notifyLongCall(HWND window);
 
     static constexpr const wchar_t* className = L"Hublink";
     static constexpr UINT_PTR supervisionTimer = 1;
     static constexpr UINT_PTR documentTimer = 3;
-    static constexpr UINT tickInterval = 5000; // milliseconds
+    static constexpr automation::Milliseconds tickInterval = 5'000;
 
 private:
     static LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) noexcept;
     LRESULT handleMessage(UINT message, WPARAM wParam, LPARAM lParam);
     void startTimer(UINT_PTR id);
-    void timer(UINT_PTR id);
-    void mouseMove(WPARAM wParam, LPARAM lParam);
-    void retryLater();
+    void onTimer(UINT_PTR id);
+    void onMouseMove(WPARAM wParam, LPARAM lParam);
+    void scheduleRetry();
     void retry();
     void runHeldBack();
     void runDeferred();

@@ -22,7 +22,7 @@ std::wstring logFileOfToday(const std::wstring& softphoneFolder, DATE now)
 }
 
 Hublink::Hublink(Desktop desktop, CallWatch::Times callTimes)
-    : desktop_(std::move(desktop)), stopping_(desktop_, configuration_, window_, softphone_, icon_, callTimes)
+    : desktop_(std::move(desktop)), shutdown_(desktop_, configuration_, window_, softphone_, icon_, callTimes)
 {}
 
 void Hublink::Form_Load()
@@ -35,7 +35,7 @@ void Hublink::Form_Load()
         const std::wstring& folder = configuration_.szPathPavex;
         if (!folder.empty()) configuration_.szPathLogFile = logFileOfToday(folder, now());
         icon_.AddTrayIcon();
-        stopping_.watchCalls();
+        shutdown_.watchCalls();
         ini_.install(desktop_.programFolder);
         ini_.ReadConnectorIni();
         gPavexInterface.Class_Initialize();
@@ -54,7 +54,7 @@ void Hublink::WriteLog(const std::wstring& line)
 // 0 when it cannot be shown.
 int Hublink::messageBox(const std::wstring& text, UINT flags)
 {
-    return stopping_.sessionIsEnding() ? 0 : desktop_.messageBox(text, flags);
+    return shutdown_.sessionIsEnding() ? 0 : desktop_.messageBox(text, flags);
 }
 
 void Hublink::pause(std::int32_t milliseconds)
@@ -62,18 +62,18 @@ void Hublink::pause(std::int32_t milliseconds)
     if (milliseconds > 0) Sleep(static_cast<DWORD>(milliseconds));
 }
 
-void Hublink::letUserStop()
+void Hublink::checkForStopRequest()
 {
     trapErrors([&] {
-        window_.takeStopMessages();
-        if (!configuration_.gStop) ini_.obeyKill();
+        window_.dispatchStopMessages();
+        if (!configuration_.gStop) ini_.stopIfFileSaysSo();
     });
 }
 
-void Hublink::longCallNoticed()
+void Hublink::onLongCallNoticed()
 {
-    if (!stopping_.isHeldUpByCall()) return; // it is over, and another one is out
-    letUserStop();
+    if (!shutdown_.isHeldUpByCall()) return; // it is over, and another one is out
+    checkForStopRequest();
     question_.ask();
 }
 

@@ -14,8 +14,8 @@
 #include "shell/document_watch.h"
 #include "shell/form_window.h"
 #include "shell/notification_icon.h"
+#include "shell/shutdown.h"
 #include "shell/stop_question.h"
-#include "shell/stopping.h"
 #include "shell/supervision.h"
 #include "softphone/pavex_interface.h"
 #include "softphone/softphone_session.h"
@@ -33,12 +33,12 @@ public:
 
     // The form's services to the rooms below.
     void WriteLog(const std::wstring& line) override;
-    void StopConnector() override { stopping_.StopConnector(); }
+    void StopConnector() override { shutdown_.StopConnector(); }
     const Configuration& configuration() const override { return configuration_; }
     void enableSupervision() override { window_.startSupervision(); }
     void showMessage(const std::wstring& text) override { messageBox(text, MB_OK); }
     void pause(std::int32_t milliseconds) override;
-    void letUserStop() override;
+    void checkForStopRequest() override;
     DATE now() const override;
     std::wstring programFolder() const override { return desktop_.programFolder; }
     void defer(std::function<void()> work) override { window_.defer(std::move(work)); }
@@ -49,20 +49,20 @@ public:
     SoftphoneSession& softphone() { return softphone_; }
     PavexInterface& link() { return gPavexInterface; }
     NotificationIcon& icon() { return icon_; }
-    Stopping& stopping() { return stopping_; }
+    Shutdown& shutdown() { return shutdown_; }
     StopQuestion& question() { return question_; }
     ConnectorIniFile& ini() { return ini_; }
     Supervision& supervision() { return supervision_; }
 
 private:
-    void supervisionTick() override { supervision_.SupervisionPavex_Timer(); }
-    void documentTick() override { documents_.TimerCallInlotus_Timer(); }
+    void onSupervisionTick() override { supervision_.SupervisionPavex_Timer(); }
+    void onDocumentTick() override { documents_.TimerCallInlotus_Timer(); }
     void Form_MouseMove(int button, int shift, double x, double y) override
     {
         question_.Form_MouseMove(button, shift, x, y);
     }
-    void sessionEnds() override { stopping_.sessionEnds(); }
-    void longCallNoticed() override;
+    void onSessionEnd() override { shutdown_.onSessionEnd(); }
+    void onLongCallNoticed() override;
     int messageBox(const std::wstring& text, UINT flags);
 
     const Desktop desktop_;
@@ -75,10 +75,10 @@ private:
     SoftphoneSession softphone_{*this, groupware_, outlook_, lotus_};
     PavexInterface gPavexInterface{softphone_};
     NotificationIcon icon_{desktop_, window_.handle()};
-    Stopping stopping_;
-    StopQuestion question_{window_, stopping_, [this](auto& text, UINT flags) { return messageBox(text, flags); }};
+    Shutdown shutdown_;
+    StopQuestion question_{window_, shutdown_, [this](auto& text, UINT flags) { return messageBox(text, flags); }};
     ConnectorIniFile ini_{configuration_, gPavexInterface};
-    Supervision supervision_{softphone_, gPavexInterface, ini_, icon_, stopping_};
+    Supervision supervision_{softphone_, gPavexInterface, ini_, icon_, shutdown_};
     DocumentWatch documents_{lotus_};
 };
 

@@ -1,7 +1,7 @@
 // Wires the program together and runs its message loop.
 #include "automation/apartment.h"
-#include "automation/border.h"
 #include "automation/call_permission.h"
+#include "automation/catch_all.h"
 #include "automation/message_filter.h"
 #include "automation/process_protection.h"
 #include "automation/server/registration.h"
@@ -33,7 +33,7 @@ int run()
     automation::permitCallsOfOwnUserOnly(automation::StartsServers::yes);
     InitCommonControls(); // else Windows XP shows no message box of the style that the manifest asks for
     Hublink form(realDesktop());
-    const automation::BusyMessageFilter busyFilter([&] { form.window().takeStopMessages(); });
+    const automation::BusyMessageFilter busyFilter([&] { form.window().dispatchStopMessages(); });
     form.Form_Load();
 
     MSG message;
@@ -51,7 +51,7 @@ int run()
 
 int WINAPI WinMain(HINSTANCE, HINSTANCE, LPSTR, int)
 {
-    return automation::atBorder(1, [] {
+    return automation::catchAll(1, [] {
         automation::protectProcess();
         return hublink::run();
     });

@@ -12,7 +12,7 @@ using namespace std::string_literals;
 
 namespace {
 
-constexpr int ticksOfAMinute = 60'000 / FormWindow::tickInterval;
+constexpr int ticksPerMinute = 60'000 / FormWindow::tickInterval;
 
 }
 
@@ -25,17 +25,17 @@ void NotificationIcon::AddTrayIcon()
 {
     const HICON icon = LoadIconW(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(IDI_HUBLINK));
     record_ = FillTrayIconData(form_, 1, NIF_MESSAGE | NIF_ICON | NIF_TIP, WM_MOUSEMOVE, icon, "Orvel - Hublink\0"s);
-    offers_ = 1 + ticksOfAMinute;
-    offerAgain();
+    attemptsLeft_ = 1 + ticksPerMinute;
+    retryAdd();
 }
 
 // The shell may refuse the icon while it is busy after the user has signed in, and
 // does not say so reliably (vendor's reference of Shell_NotifyIcon, remarks of its
 // users). The ticks of the first minute offer it again.
-void NotificationIcon::offerAgain()
+void NotificationIcon::retryAdd()
 {
-    if (offers_ == 0) return;
-    offers_ = desktop_.notifyShell(NIM_ADD, record_) ? 0 : offers_ - 1;
+    if (attemptsLeft_ == 0) return;
+    attemptsLeft_ = desktop_.notifyShell(NIM_ADD, record_) ? 0 : attemptsLeft_ - 1;
 }
 
 void NotificationIcon::remove() const

@@ -20,7 +20,7 @@ public:
     void AddTrayIcon();
 
     // One of the supervision's ticks: offers the icon again that the shell has refused.
-    void offerAgain();
+    void retryAdd();
 
     // Removes the icon. Any thread may call it.
     void remove() const;
@@ -31,7 +31,7 @@ private:
     const Desktop& desktop_;
     const HWND form_;
     TrayIconData record_{}; // stays as AddTrayIcon has made it
-    int offers_ = 0;        // still to be made to the shell, unless the icon stands
+    int attemptsLeft_ = 0;  // still to be made to the shell, unless the icon stands
 };
 
 }

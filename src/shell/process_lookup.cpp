@@ -19,7 +19,7 @@ bool isRunning(const Handle& process)
 }
 
 // None for a process that has ended meanwhile.
-Handle opened(DWORD processId)
+Handle openIfRunning(DWORD processId)
 {
     Handle process(OpenProcess(SYNCHRONIZE, FALSE, processId));
     if (!process && GetLastError() == ERROR_ACCESS_DENIED) return Handle(GetCurrentProcess());
@@ -57,7 +57,7 @@ ProcessLookup::Known ProcessLookup::firstRunning(const wchar_t* fileName)
     const auto running = processesNamed(fileName);
     if (!running) return {};
     for (const DWORD candidate : *running)
-        if (Handle process = opened(candidate)) return {std::move(process), candidate};
+        if (Handle process = openIfRunning(candidate)) return {std::move(process), candidate};
     return {};
 }
 

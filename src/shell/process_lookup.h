@@ -1,4 +1,4 @@
-// Tells whether a program runs in this user session, by its file name.
+// Finds out whether a program runs in this user session, by its file name.
 #pragma once
 
 #include "automation/owners.h"
@@ -28,7 +28,7 @@ public:
     // The handle belongs to the look-up, which keeps at most one a name and hands
     // it out again: callers ask at every tick and close nothing. A process that may
     // not be opened still runs: a pseudo handle stands for it, and its identifier
-    // is all that tells it from the next one.
+    // is all that distinguishes it from the next one.
     bool GetProcessHandle(const wchar_t* fileName, HANDLE& handle, DWORD& processId);
 
 private:

@@ -25,9 +25,9 @@ int pixelsFromTwips(double twips)
 int pixelsFromTwips(double twips, double twipsPerPixel)
 {
     // At scales like 8.57 a whole pixel comes back a hair too small.
-    constexpr double hair = 1e-9;
+    constexpr double tolerance = 1e-9;
     const double pixels = twips / twipsPerPixel;
-    return static_cast<int>(pixels < 0 ? pixels - hair : pixels + hair);
+    return static_cast<int>(pixels < 0 ? pixels - tolerance : pixels + tolerance);
 }
 
 }

@@ -5,7 +5,7 @@ namespace hublink {
 SingleInstance::SingleInstance()
     : mutex_(CreateMutexW(nullptr, FALSE, L"Local\\Hublink running")),
       // One that runs with other rights lets nobody open its mutex.
-      first_(mutex_ && GetLastError() != ERROR_ALREADY_EXISTS)
+      isFirst_(mutex_ && GetLastError() != ERROR_ALREADY_EXISTS)
 {}
 
 }

@@ -12,11 +12,11 @@ public:
     SingleInstance& operator=(const SingleInstance&) = delete;
 
     // Whether this is the session's first; a later one must touch nothing.
-    bool isFirst() const noexcept { return first_; }
+    bool isFirst() const noexcept { return isFirst_; }
 
 private:
     automation::Handle mutex_;
-    bool first_;
+    bool isFirst_;
 };
 
 }

@@ -9,13 +9,13 @@
 namespace hublink {
 
 class FormWindow;
-class Stopping;
+class Shutdown;
 
 class StopQuestion {
 public:
     // `box` shows a message box and returns the answer.
     using Box = std::function<int(const std::wstring& text, UINT flags)>;
-    StopQuestion(FormWindow& window, Stopping& stopping, Box box);
+    StopQuestion(FormWindow& window, Shutdown& shutdown, Box box);
     StopQuestion(const StopQuestion&) = delete;
     StopQuestion& operator=(const StopQuestion&) = delete;
 
@@ -28,9 +28,9 @@ public:
 
 private:
     FormWindow& window_;
-    Stopping& stopping_;
+    Shutdown& shutdown_;
     const Box box_;
-    enum class State { none, waits, open } state_ = State::none;
+    enum class State { none, pending, open } state_ = State::none;
 };
 
 }

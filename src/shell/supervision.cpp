@@ -3,19 +3,19 @@
 #include "common/configuration.h"
 #include "common/error_trap.h"
 #include "common/program_files.h"
-#include "common/under_way.h"
+#include "common/scoped_flag.h"
 #include "lotus/initialisation.h"
 #include "outlook/initialisation.h"
 #include "shell/connector_ini_file.h"
 #include "shell/notification_icon.h"
-#include "shell/stopping.h"
+#include "shell/shutdown.h"
 #include "softphone/pavex_interface.h"
 
 namespace hublink {
 
 Supervision::Supervision(SoftphoneSession& session, PavexInterface& link, ConnectorIniFile& ini, NotificationIcon& icon,
-                         Stopping& stopping)
-    : session_(session), link_(link), ini_(ini), icon_(icon), stopping_(stopping)
+                         Shutdown& shutdown)
+    : session_(session), link_(link), ini_(ini), icon_(icon), shutdown_(shutdown)
 {}
 
 void Supervision::initProcessHandle()
@@ -34,13 +34,16 @@ bool Supervision::isRunning(const wchar_t* fileName, HANDLE& handle)
 
 void Supervision::SupervisionPavex_Timer()
 {
-    if (session_.host.configuration().gStop) return stopping_.StopAll();
+    if (session_.host.configuration().gStop) {
+        shutdown_.StopAll();
+        return;
+    }
     // A message box of a tick is open: further ticks only watch for a stop,
     // else unattended boxes would pile up.
     if (!bProcessWatchReady || inTick_) return;
-    const UnderWay tick(inTick_);
+    const ScopedFlag tick(inTick_);
     trapErrors([&] {
-        icon_.offerAgain();
+        icon_.retryAdd();
         superviseSoftphone();
         superviseNotes();
         superviseOutlook();
@@ -59,7 +62,10 @@ void Supervision::superviseNotes()
 {
     LotusSession& lotus = session_.lotus;
     if (!lotus.LotusReady) return;
-    if (!isRunning(notesProgram, hNotesProcess)) return notesHasGone(lotus);
+    if (!isRunning(notesProgram, hNotesProcess)) {
+        handleNotesExit(lotus);
+        return;
+    }
     if (lotus.LotusMustInit) link_.InitConnector(NewLog::yes);
 }
 
@@ -67,13 +73,16 @@ void Supervision::superviseOutlook()
 {
     OutlookSession& outlook = session_.outlook;
     if (!session_.host.configuration().bgWithOutlook) return;
-    if (!isRunning(outlookProgram, hOutlookProcess)) return outlookHasGone(outlook);
+    if (!isRunning(outlookProgram, hOutlookProcess)) {
+        handleOutlookExit(outlook);
+        return;
+    }
     if (!outlook.bOutlookInit) link_.InitConnector(NewLog::yes);
 }
 
 void Supervision::superviseIniFile()
 {
-    if (!ini_.noteChange()) return;
+    if (!ini_.detectChange()) return;
     session_.host.WriteLog(L"Reload Ini data");
     ini_.ReadConnectorIni();
     reopenLotus(session_.lotus);

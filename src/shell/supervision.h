@@ -11,12 +11,12 @@ class ConnectorIniFile;
 class NotificationIcon;
 class PavexInterface;
 struct SoftphoneSession;
-class Stopping;
+class Shutdown;
 
 class Supervision {
 public:
     Supervision(SoftphoneSession& session, PavexInterface& link, ConnectorIniFile& ini, NotificationIcon& icon,
-                Stopping& stopping);
+                Shutdown& shutdown);
     Supervision(const Supervision&) = delete;
     Supervision& operator=(const Supervision&) = delete;
 
@@ -37,7 +37,7 @@ private:
     PavexInterface& link_;
     ConnectorIniFile& ini_;
     NotificationIcon& icon_;
-    Stopping& stopping_;
+    Shutdown& shutdown_;
     ProcessLookup processes_;
     bool bProcessWatchReady = false;
     HANDLE hPavexProcess = nullptr; // these three: set by each look-up, read by nobody

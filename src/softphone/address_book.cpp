@@ -4,8 +4,8 @@
 #include "common/error_trap.h"
 #include "common/phone_number.h"
 #include "lotus/contacts.h"
+#include "lotus/number_search.h"
 #include "lotus/open_books.h"
-#include "lotus/search.h"
 #include "outlook/contact_lookup.h"
 #include "outlook/contacts.h"
 #include "softphone/identifier_map.h"
@@ -68,11 +68,11 @@ std::wstring walk(SoftphoneSession& session)
     ++session.repertoryWalks;
     int created = 0;
     while (remaining >= 1) {
-        session.host.letUserStop();
+        session.host.checkForStopRequest();
         if (session.host.configuration().gStop) return L"Abort Repertory Synchronisation";
         --remaining;
         const Object entry = book.get(softphone::records::atIndex, {std::int32_t{remaining}}).object();
-        mirror(session, SoftphoneEntry(entry.sharing(session.names.entry)), created);
+        mirror(session, SoftphoneEntry(entry.usingIdCache(session.idCaches.entry)), created);
         session.host.pause(session.host.configuration().tempo1);
     }
     return L"Repertory Synchronisation Ok";
@@ -83,7 +83,7 @@ std::wstring walk(SoftphoneSession& session)
 void InsertRepertory(SoftphoneSession& session)
 {
     if (!session.lotus.LotusReady && !session.outlook.bOutlookInit) return;
-    const BooksKeptOpen books(session.lotus);
+    const OpenBooksScope books(session.lotus);
     session.host.WriteLog(L"Start repertory Synchronisation ");
     trapErrors([&] { session.host.WriteLog(walk(session)); },
                [&] { session.host.WriteLog(L"Pb In Repertory Synchronisation"); });

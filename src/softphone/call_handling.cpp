@@ -60,8 +60,8 @@ void rememberDestination(SoftphoneSession& session)
 
 void LineObj_OnLineNewCall(SoftphoneSession& session, const SoftphoneCall& call)
 {
-    const AnswersOfOneEvent answers(session.outlook);
-    const BooksKeptOpen books(session.lotus);
+    const TableAnswerCacheScope answers(session.outlook);
+    const OpenBooksScope books(session.lotus);
     trapErrors([&] {
         const std::wstring number = call.number();
         session.gPhoneNumberCalled = number;

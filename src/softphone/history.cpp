@@ -34,10 +34,10 @@ std::wstring walk(SoftphoneSession& session)
     const std::int32_t count = history.get(softphone::records::count).int32();
     ++session.historyWalks;
     for (std::int32_t index = 0; index < count; ++index) {
-        session.host.letUserStop();
+        session.host.checkForStopRequest();
         if (session.host.configuration().gStop) return L"Abort History Synchronisation";
         const Object item = history.get(softphone::records::atIndex, {index}).object();
-        mirror(session, SoftphoneHistoryItem(item.sharing(session.names.historyItem)));
+        mirror(session, SoftphoneHistoryItem(item.usingIdCache(session.idCaches.historyItem)));
         session.host.pause(session.host.configuration().tempo1);
     }
     return L"History Synchronisation Ok";
@@ -48,7 +48,7 @@ std::wstring walk(SoftphoneSession& session)
 void InitHisto(SoftphoneSession& session)
 {
     if (!session.lotus.LotusReady && !session.outlook.bOutlookInit) return;
-    const BooksKeptOpen books(session.lotus);
+    const OpenBooksScope books(session.lotus);
     session.host.WriteLog(L"start History Synchronisation ");
     trapErrors([&] { session.host.WriteLog(walk(session)); },
                [&] { session.host.WriteLog(L"Pb in History Synchronisation"); });

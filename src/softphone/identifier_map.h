@@ -16,7 +16,7 @@ enum class MapCollection : std::int32_t { history = 0, contacts = 1 };
 // leaves it.
 void openIdentifierMap(SoftphoneSession& session);
 
-// Tells the map's server that the program ends, so that it closes its store. Throws
+// Notifies the map's server that the program ends, so that it closes its store. Throws
 // AutomationError.
 void closeIdentifierMap(const SoftphoneSession& session);
 

@@ -15,10 +15,10 @@ namespace {
 using automation::Object;
 using automation::Value;
 
-// What a look-up in the softphone told of a record. A failure tells nothing.
+// What a look-up in the softphone showed about a record: a failed one nothing.
 enum class Presence { unknown, there, gone };
 
-Presence presenceOf(const Object& records, const std::wstring& id)
+Presence lookUpPresence(const Object& records, const std::wstring& id)
 {
     Presence presence = Presence::unknown;
     trapErrors([&] {
@@ -31,7 +31,7 @@ Presence presenceOf(const Object& records, const std::wstring& id)
 
 // A softphone that is not reached, is left or is being upgraded has not lost its
 // records. Throws AutomationError when the list does not answer.
-void requireAnswer(const Object& records)
+void requireReachable(const Object& records)
 {
     records.get(softphone::records::count);
 }
@@ -40,19 +40,19 @@ void requireAnswer(const Object& records)
 // not reached stays mapped, a look-up that fails on its own counts as "gone".
 void purge(const SoftphoneSession& session, MapCollection collection, const Object softphoneRecords)
 {
-    requireAnswer(softphoneRecords);
+    requireReachable(softphoneRecords);
     const Object server = createIdentifierMap(session.host);
-    const automation::SharedNames names = automation::sharedNames();
+    const automation::SharedIdCache idCache = automation::makeIdCache();
     automation::Enumeration records(server.get(L"idCollection", {static_cast<std::int32_t>(collection)}).object());
     Value element;
     while (records.next(element)) {
-        session.host.letUserStop();
+        session.host.checkForStopRequest();
         if (session.host.configuration().gStop) return;
-        const Object record = element.object().sharing(names);
+        const Object record = element.object().usingIdCache(idCache);
         const std::wstring id = record.get(L"idOrvel").text();
-        const Presence presence = presenceOf(softphoneRecords, id);
+        const Presence presence = lookUpPresence(softphoneRecords, id);
         if (presence == Presence::there) continue;
-        if (presence == Presence::unknown) requireAnswer(softphoneRecords);
+        if (presence == Presence::unknown) requireReachable(softphoneRecords);
         server.call(L"RemoveIdOrvel", {id, record.get(L"typApplication").int32()});
     }
 }
@@ -61,12 +61,12 @@ void purge(const SoftphoneSession& session, MapCollection collection, const Obje
 
 bool InPavexRepertory(const SoftphoneSession& session, const std::wstring& id)
 {
-    return presenceOf(session.adressbookPavex, id) == Presence::there;
+    return lookUpPresence(session.adressbookPavex, id) == Presence::there;
 }
 
 bool InPavexHistorique(const SoftphoneSession& session, const std::wstring& id)
 {
-    return presenceOf(session.histo, id) == Presence::there;
+    return lookUpPresence(session.histo, id) == Presence::there;
 }
 
 void PurgeId(SoftphoneSession& session)

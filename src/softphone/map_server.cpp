@@ -1,6 +1,7 @@
 #include "softphone/map_server.h"
 
 #include "automation/error.h"
+#include "automation/milliseconds.h"
 #include "automation/owners.h"
 #include "common/program_files.h"
 
@@ -12,9 +13,9 @@ using automation::Object;
 namespace {
 
 constexpr const wchar_t* progId = L"PavexConvId.OrvelConvertId";
-constexpr DWORD registrationPatience = 10'000; // milliseconds
+constexpr automation::Milliseconds registrationTimeout = 10'000;
 
-bool saysNotRegistered(HRESULT code)
+bool isNotRegistered(HRESULT code)
 {
     return code == REGDB_E_CLASSNOTREG || code == CO_E_CLASSSTRING ||
            code == HRESULT_FROM_WIN32(ERROR_FILE_NOT_FOUND) || code == HRESULT_FROM_WIN32(ERROR_PATH_NOT_FOUND);
@@ -34,7 +35,7 @@ bool registerServer(const std::wstring& programFolder)
     const automation::Handle thread(process.hThread);
     const automation::Handle server(process.hProcess);
     DWORD result = ERROR_TIMEOUT;
-    if (WaitForSingleObject(server.get(), registrationPatience) == WAIT_OBJECT_0)
+    if (WaitForSingleObject(server.get(), registrationTimeout) == WAIT_OBJECT_0)
         GetExitCodeProcess(server.get(), &result);
     return result == 0;
 }
@@ -45,7 +46,7 @@ Object createIdentifierMap(const Host& host)
 try {
     return Object::create(progId);
 } catch (const AutomationError& error) {
-    if (!saysNotRegistered(error.code()) || !registerServer(host.programFolder())) throw;
+    if (!isNotRegistered(error.code()) || !registerServer(host.programFolder())) throw;
     return Object::create(progId);
 }
 

@@ -2,7 +2,7 @@
 
 #include "common/configuration.h"
 #include "common/error_trap.h"
-#include "common/under_way.h"
+#include "common/scoped_flag.h"
 #include "outlook/initialisation.h"
 #include "softphone/identifier_map.h"
 #include "softphone/softphone_members.h"
@@ -54,7 +54,7 @@ EventHandlers PavexInterface::applicationHandlers()
 EventHandlers PavexInterface::lineHandlers()
 {
     return {{L"OnLineNewCall", [this](EventArguments arguments) {
-                 const SoftphoneCall call(arguments.at(0).object().sharing(session_.names.call));
+                 const SoftphoneCall call(arguments.at(0).object().usingIdCache(session_.idCaches.call));
                  session_.host.defer([this, call] { LineObj_OnLineNewCall(call); });
              }}};
 }
@@ -65,7 +65,7 @@ EventHandlers PavexInterface::historyHandlers()
 {
     return {{L"OnHistoricNewItem",
              [this](EventArguments arguments) {
-                 const SoftphoneHistoryItem item(arguments.at(0).object().sharing(session_.names.historyItem));
+                 const SoftphoneHistoryItem item(arguments.at(0).object().usingIdCache(session_.idCaches.historyItem));
                  session_.host.defer([this, item, walks = session_.historyWalks] {
                      if (walks == session_.historyWalks) histo_OnHistoricNewItem(item);
                  });
@@ -81,7 +81,7 @@ EventHandlers PavexInterface::addressBookHandlers()
 {
     return {{L"OnRepertoryNewEntry",
              [this](EventArguments arguments) {
-                 const SoftphoneEntry entry(arguments.at(0).object().sharing(session_.names.entry));
+                 const SoftphoneEntry entry(arguments.at(0).object().usingIdCache(session_.idCaches.entry));
                  session_.host.defer([this, entry, walks = session_.repertoryWalks] {
                      if (walks == session_.repertoryWalks) adressbookPavex_OnRepertoryNewEntry(entry);
                  });
@@ -96,7 +96,7 @@ EventHandlers PavexInterface::addressBookHandlers()
 void PavexInterface::InitConnector(NewLog newLog)
 {
     trapErrors([&] {
-        const UnderWay initialisation(session_.bInitConnector);
+        const ScopedFlag initialisation(session_.bInitConnector);
         openIdentifierMap(session_);
         InitOutlook(session_.outlook);
         InitLotus(session_.lotus, newLog);

@@ -14,10 +14,10 @@
 namespace hublink {
 
 // The softphone's records are of one class each: members are looked up once.
-struct SoftphoneMemberNames {
-    const automation::SharedNames call = automation::sharedNames();
-    const automation::SharedNames entry = automation::sharedNames();
-    const automation::SharedNames historyItem = automation::sharedNames();
+struct SoftphoneIdCaches {
+    const automation::SharedIdCache call = automation::makeIdCache();
+    const automation::SharedIdCache entry = automation::makeIdCache();
+    const automation::SharedIdCache historyItem = automation::makeIdCache();
 };
 
 struct SoftphoneSession {
@@ -29,7 +29,7 @@ struct SoftphoneSession {
     GroupwareState& groupware;
     OutlookSession& outlook;
     LotusSession& lotus;
-    const SoftphoneMemberNames names;
+    const SoftphoneIdCaches idCaches;
 
     automation::Object UserObj;
     bool bInitConnector = false;          // InitConnector is running; read by nobody

@@ -38,7 +38,7 @@ DWORD rightsOf(PSID who, ACL* list)
 
 TEST(CallPermission, OwnUserAndTheSystem_MayCall_AndNobodyElse)
 {
-    automation::OwnUserAndSystem callers;
+    automation::OwnUserAndSystemDescriptor callers;
     ASSERT_TRUE(IsValidSecurityDescriptor(callers.descriptor()));
     ACL* list = nullptr;
     BOOL present = FALSE;
@@ -56,7 +56,7 @@ TEST(CallPermission, OwnUserAndTheSystem_MayCall_AndNobodyElse)
 
 TEST(CallPermission, Descriptor_HasTheOwnerAndTheGroupThatComAsksFor)
 {
-    automation::OwnUserAndSystem callers;
+    automation::OwnUserAndSystemDescriptor callers;
     PSID owner = nullptr;
     PSID group = nullptr;
     BOOL byDefault = FALSE;

@@ -40,7 +40,7 @@ TEST(Conversion, NumberTextBeyond16Bits_Overflows)
 TEST(Conversion, TextThatIsNoNumber_IsATypeMismatch)
 {
     for (const wchar_t* text : {L"abc", L"12abc", L"", L" "})
-        EXPECT_EQ(codeOf([&] { automation::int16FromText(text); }), DISP_E_TYPEMISMATCH) << automation::ansi(text);
+        EXPECT_EQ(codeOf([&] { automation::int16FromText(text); }), DISP_E_TYPEMISMATCH) << automation::toAnsi(text);
 }
 
 TEST(Conversion, NumberTextOf32Bits_GivesTheNumber)
@@ -86,23 +86,23 @@ TEST(Conversion, Now_IsTheLocalTimeInWholeSeconds)
 
 TEST(Text, AnsiAndBack_KeepsWhatTheCodePageHas)
 {
-    EXPECT_EQ(automation::ansi(L"r\u00E9pondu"), "r\xE9pondu");
-    EXPECT_EQ(automation::wide("r\xE9pondu"), L"r\u00E9pondu");
-    EXPECT_EQ(automation::ansi(L""), "");
-    EXPECT_EQ(automation::wide(""), L"");
+    EXPECT_EQ(automation::toAnsi(L"r\u00E9pondu"), "r\xE9pondu");
+    EXPECT_EQ(automation::toWide("r\xE9pondu"), L"r\u00E9pondu");
+    EXPECT_EQ(automation::toAnsi(L""), "");
+    EXPECT_EQ(automation::toWide(""), L"");
 }
 
 TEST(Text, CharacterOutsideTheCodePage_BecomesItsDefault)
 {
-    EXPECT_EQ(automation::ansi(L"\u6F22"), "?");
+    EXPECT_EQ(automation::toAnsi(L"\u6F22"), "?");
 }
 
 TEST(Text, Comparison_IgnoresCaseAndNothingElse)
 {
-    EXPECT_TRUE(automation::equalWithoutCase(L"PAVEX.exe", L"pavex.EXE"));
-    EXPECT_TRUE(automation::equalWithoutCase(L"\u00C9t\u00E9", L"\u00E9T\u00C9"));
-    EXPECT_FALSE(automation::equalWithoutCase(L"pavex.exe", L"pavex.exe "));
-    EXPECT_FALSE(automation::equalWithoutCase(L"pavex", L"pavex.exe"));
-    EXPECT_FALSE(automation::equalWithoutCase(L"a", L"b"));
-    EXPECT_TRUE(automation::equalWithoutCase(L"", L""));
+    EXPECT_TRUE(automation::equalIgnoringCase(L"PAVEX.exe", L"pavex.EXE"));
+    EXPECT_TRUE(automation::equalIgnoringCase(L"\u00C9t\u00E9", L"\u00E9T\u00C9"));
+    EXPECT_FALSE(automation::equalIgnoringCase(L"pavex.exe", L"pavex.exe "));
+    EXPECT_FALSE(automation::equalIgnoringCase(L"pavex", L"pavex.exe"));
+    EXPECT_FALSE(automation::equalIgnoringCase(L"a", L"b"));
+    EXPECT_TRUE(automation::equalIgnoringCase(L"", L""));
 }

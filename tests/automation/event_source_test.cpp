@@ -3,7 +3,7 @@
 
 #include "automation/error.h"
 #include "automation/server/registration.h"
-#include "thing.h"
+#include "sample_object.h"
 
 #include <gtest/gtest.h>
 
@@ -11,34 +11,34 @@ using automation::AutomationError;
 using automation::EventSource;
 using automation::findEventSource;
 using automation::Object;
-using partners::Thing;
-using partners::ThingLibrary;
-using partners::ThingManners;
+using partners::Sample;
+using partners::SampleLibrary;
+using partners::SampleManners;
 namespace server = automation::server;
 
 namespace {
 
-constexpr const wchar_t* progId = L"HublinkTest.Thing";
+constexpr const wchar_t* progId = L"HublinkTest.Sample";
 
-EventSource found(const ThingManners& manners, const wchar_t* registeredAs = L"")
+EventSource found(const SampleManners& manners, const wchar_t* registeredAs = L"")
 {
-    const auto thing = server::make<Thing>(manners);
-    return findEventSource(Object(thing.get()), registeredAs);
+    const auto sample = server::make<Sample>(manners);
+    return findEventSource(Object(sample.get()), registeredAs);
 }
 
-// The class Thing, registered with a type library for as long as this lives.
-class RegisteredThing {
+// The class Sample, registered with a type library for as long as this lives.
+class RegisteredSample {
 public:
-    explicit RegisteredThing(const ThingLibrary& library)
-        : registration_{progId, partners::thingClass, L"Test object"}, library_(library)
+    explicit RegisteredSample(const SampleLibrary& library)
+        : registration_{progId, partners::sampleClass, L"Test object"}, library_(library)
     {
-        server::registerClass(registration_, L"C:\\nowhere\\thing.exe");
+        server::registerClass(registration_, L"C:\\nowhere\\sample.exe");
         setLibrary(HKEY_LOCAL_MACHINE);
         setLibrary(HKEY_CURRENT_USER);
         automation::check(RegisterTypeLib(library.library(), const_cast<LPOLESTR>(library.path().c_str()), nullptr),
                           L"RegisterTypeLib");
     }
-    ~RegisteredThing()
+    ~RegisteredSample()
     {
         TLIBATTR* attributes = nullptr;
         if (SUCCEEDED(library_.library()->GetLibAttr(&attributes))) {
@@ -46,7 +46,7 @@ public:
                               attributes->syskind);
             library_.library()->ReleaseTLibAttr(attributes);
         }
-        registration_.typeLibrary = partners::thingLibrary;
+        registration_.typeLibrary = partners::sampleLibrary;
         server::unregisterClass(registration_);
     }
 
@@ -55,23 +55,23 @@ private:
     {
         wchar_t classText[64];
         wchar_t libraryText[64];
-        StringFromGUID2(partners::thingClass, classText, 64);
-        StringFromGUID2(partners::thingLibrary, libraryText, 64);
+        StringFromGUID2(partners::sampleClass, classText, 64);
+        StringFromGUID2(partners::sampleLibrary, libraryText, 64);
         const std::wstring key = std::wstring(L"Software\\Classes\\CLSID\\") + classText + L"\\TypeLib";
         RegSetValueW(root, key.c_str(), REG_SZ, libraryText, 0);
     }
 
     server::ClassRegistration registration_;
-    const ThingLibrary& library_;
+    const SampleLibrary& library_;
 };
 
 }
 
 TEST(EventSource, ObjectThatNamesItsSource_IsBelieved)
 {
-    const ThingLibrary library;
-    ThingManners manners;
-    manners.classInfo = library.type(partners::thingClass);
+    const SampleLibrary library;
+    SampleManners manners;
+    manners.classInfo = library.type(partners::sampleClass);
     manners.defaultSource = &partners::otherEvents;
     const EventSource source = found(manners);
     EXPECT_EQ(source.interfaceId, partners::otherEvents);
@@ -81,67 +81,67 @@ TEST(EventSource, ObjectThatNamesItsSource_IsBelieved)
 
 TEST(EventSource, NamedSourceThatTheClassDoesNotHave_GivesWayToTheDefaultSource)
 {
-    const ThingLibrary library;
-    ThingManners manners;
-    manners.classInfo = library.type(partners::thingClass);
+    const SampleLibrary library;
+    SampleManners manners;
+    manners.classInfo = library.type(partners::sampleClass);
     manners.defaultSource = &IID_IUnknown;
-    EXPECT_EQ(found(manners).interfaceId, partners::thingEvents);
+    EXPECT_EQ(found(manners).interfaceId, partners::sampleEvents);
 }
 
 TEST(EventSource, ObjectWithClassInformation_GivesItsDefaultSource)
 {
-    const ThingLibrary library;
-    ThingManners manners;
-    manners.classInfo = library.type(partners::thingClass);
+    const SampleLibrary library;
+    SampleManners manners;
+    manners.classInfo = library.type(partners::sampleClass);
     const EventSource source = found(manners);
-    EXPECT_EQ(source.interfaceId, partners::thingEvents);
-    EXPECT_EQ(source.names.at(7), L"OnThing");
+    EXPECT_EQ(source.interfaceId, partners::sampleEvents);
+    EXPECT_EQ(source.names.at(7), L"OnSample");
     EXPECT_EQ(source.names.at(8), L"OnOther");
     EXPECT_EQ(source.names.count(9), 0u);
 }
 
 TEST(EventSource, ObjectWithItsOwnTypeOnly_IsFoundInTheLibraryAroundIt)
 {
-    const ThingLibrary library;
-    ThingManners manners;
-    manners.ownType = library.type(partners::thingInterface);
+    const SampleLibrary library;
+    SampleManners manners;
+    manners.ownType = library.type(partners::sampleInterface);
     const EventSource source = found(manners);
-    EXPECT_EQ(source.interfaceId, partners::thingEvents);
-    EXPECT_EQ(source.names.at(7), L"OnThing");
+    EXPECT_EQ(source.interfaceId, partners::sampleEvents);
+    EXPECT_EQ(source.names.at(7), L"OnSample");
 }
 
 TEST(EventSource, ClassInformation_IsPreferredToTheLibraryAroundTheObject)
 {
-    const ThingLibrary library;
-    ThingManners manners;
-    manners.classInfo = library.type(partners::thingClass);
+    const SampleLibrary library;
+    SampleManners manners;
+    manners.classInfo = library.type(partners::sampleClass);
     manners.defaultSource = &partners::otherEvents;
-    manners.ownType = library.type(partners::thingInterface);
+    manners.ownType = library.type(partners::sampleInterface);
     EXPECT_EQ(found(manners).interfaceId, partners::otherEvents);
 }
 
 TEST(EventSource, SilentObject_IsFoundInTheLibraryRegisteredForItsClass)
 {
-    const ThingLibrary library;
-    const RegisteredThing registered(library);
+    const SampleLibrary library;
+    const RegisteredSample registered(library);
     const EventSource source = found({}, progId);
-    EXPECT_EQ(source.interfaceId, partners::thingEvents);
-    EXPECT_EQ(source.names.at(7), L"OnThing");
+    EXPECT_EQ(source.interfaceId, partners::sampleEvents);
+    EXPECT_EQ(source.names.at(7), L"OnSample");
 }
 
 TEST(EventSource, RegisteredLibraryOfAnyVersion_IsFound)
 {
-    const ThingLibrary library(2, 1);
-    const RegisteredThing registered(library);
-    EXPECT_EQ(found({}, progId).interfaceId, partners::thingEvents);
+    const SampleLibrary library(2, 1);
+    const RegisteredSample registered(library);
+    EXPECT_EQ(found({}, progId).interfaceId, partners::sampleEvents);
 }
 
 TEST(EventSource, ObjectThatRaisesItsSecondSource_IsFoundByItsConnectionPoint)
 {
-    const ThingLibrary library;
-    const RegisteredThing registered(library);
-    const auto thing = server::make<Thing>(ThingManners{nullptr, nullptr, nullptr, partners::otherEvents});
-    const EventSource source = findEventSource(Object(thing.get()), progId);
+    const SampleLibrary library;
+    const RegisteredSample registered(library);
+    const auto sample = server::make<Sample>(SampleManners{nullptr, nullptr, nullptr, partners::otherEvents});
+    const EventSource source = findEventSource(Object(sample.get()), progId);
     EXPECT_EQ(source.interfaceId, partners::otherEvents);
     EXPECT_EQ(source.names.at(9), L"OnSecond");
 }

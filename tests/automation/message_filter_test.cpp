@@ -52,10 +52,10 @@ TEST(BusyMessageFilter, RejectedCall_IsAskedAgainAfterAPause_UntilThePatienceIsU
     for (const DWORD kind : {SERVERCALL_RETRYLATER, SERVERCALL_REJECTED}) {
         // Below 100, COM would ask again without any pause.
         EXPECT_GE(registered->RetryRejectedCall(nullptr, 0, kind), 100u);
-        const DWORD late = registered->RetryRejectedCall(nullptr, automation::OutgoingCall::patience - 1, kind);
+        const DWORD late = registered->RetryRejectedCall(nullptr, automation::OutgoingCall::busyTimeout - 1, kind);
         EXPECT_GE(late, 100u);
         EXPECT_LE(late, 1000u);
-        EXPECT_EQ(registered->RetryRejectedCall(nullptr, automation::OutgoingCall::patience, kind), ~0u);
+        EXPECT_EQ(registered->RetryRejectedCall(nullptr, automation::OutgoingCall::busyTimeout, kind), ~0u);
     }
 }
 

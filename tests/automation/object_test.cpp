@@ -58,9 +58,9 @@ TEST(Object, SharedNames_AreLookedUpOnceForAClass)
 {
     RawPartner first({{L"Name", 1}, {L"Other", 2}});
     RawPartner second({{L"Name", 1}, {L"Other", 2}});
-    const auto names = automation::sharedNames();
-    const Object one = Object(&first).sharing(names);
-    const Object other = Object(&second).sharing(names);
+    const auto idCache = automation::makeIdCache();
+    const Object one = Object(&first).usingIdCache(idCache);
+    const Object other = Object(&second).usingIdCache(idCache);
     one.get(L"Name");
     other.get(L"Name");
     other.get(L"Other");
@@ -73,9 +73,9 @@ TEST(Object, RememberedIdentifier_NotFoundByTheServer_IsLookedUpAgain)
 {
     RawPartner partner({{L"Name", 7}});
     partner.onCall = [](const RawPartner::Call& call) { return call.id == 7 ? S_OK : DISP_E_MEMBERNOTFOUND; };
-    const auto names = automation::sharedNames();
-    names->remember(L"Name", 1);
-    const Object object = Object(&partner).sharing(names);
+    const auto idCache = automation::makeIdCache();
+    idCache->remember(L"Name", 1);
+    const Object object = Object(&partner).usingIdCache(idCache);
     object.get(L"Name");
     ASSERT_EQ(partner.invocations.size(), 2u);
     EXPECT_EQ(partner.invocations[0].id, 1);
@@ -89,9 +89,9 @@ TEST(Object, RememberedIdentifier_NotFoundEvenByName_IsAnErrorAfterOneLookUp)
 {
     RawPartner partner({{L"Name", 7}});
     partner.onCall = [](const RawPartner::Call&) { return DISP_E_MEMBERNOTFOUND; };
-    const auto names = automation::sharedNames();
-    names->remember(L"Name", 1);
-    const Object object = Object(&partner).sharing(names);
+    const auto idCache = automation::makeIdCache();
+    idCache->remember(L"Name", 1);
+    const Object object = Object(&partner).usingIdCache(idCache);
     EXPECT_THROW(object.get(L"Name"), AutomationError);
     EXPECT_EQ(partner.lookUps.size(), 1u);
     EXPECT_EQ(partner.invocations.size(), 2u);

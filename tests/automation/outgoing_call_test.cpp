@@ -118,18 +118,18 @@ TEST(OutgoingCall, AnyOtherAnswer_IsNotAskedAgain)
 
 TEST(OutgoingCall, Pauses_GrowWithTheTimeWaited)
 {
-    EXPECT_GT(OutgoingCall::pauseAfter(0), 0u);
+    EXPECT_GT(OutgoingCall::retryDelay(0), 0u);
     DWORD last = 0;
-    for (DWORD waited = 0; waited <= OutgoingCall::patience; waited += 10) {
-        const DWORD pause = OutgoingCall::pauseAfter(waited);
+    for (DWORD waited = 0; waited <= OutgoingCall::busyTimeout; waited += 10) {
+        const DWORD pause = OutgoingCall::retryDelay(waited);
         EXPECT_GE(pause, last);
         last = pause;
     }
-    EXPECT_GT(last, OutgoingCall::pauseAfter(0));
+    EXPECT_GT(last, OutgoingCall::retryDelay(0));
     EXPECT_LE(last, 1000u) << "a server that is free again is not kept waiting";
 }
 
-// The one test that waits for the whole patience.
+// The one test that waits for the whole time limit.
 TEST(OutgoingCall, ServerThatIsAlwaysBusy_EndsWithAnOrdinaryError)
 {
     RawPartner partner({{L"Count", 1}});
@@ -245,15 +245,15 @@ TEST(OutgoingCall, InProgress_IsTrueWhileAnInterfacePointerIsGivenBack)
     EXPECT_EQ(proxy.releases, std::vector{true});
 }
 
-TEST(OutgoingCall, BeginOfOutermost_IsKeptWhileOneIsOut)
+TEST(OutgoingCall, StartOfOutermost_IsKeptWhileOneIsOut)
 {
-    const std::atomic<DWORD>& begin = OutgoingCall::beginOfOutermost();
+    const std::atomic<DWORD>& begin = OutgoingCall::outermostStartTick();
     EXPECT_EQ(begin, 0u);
     {
         const OutgoingCall outermost;
         const DWORD first = begin;
         EXPECT_NE(first, 0u);
-        Sleep(50);
+        while (GetTickCount() == first) Sleep(1);
         {
             const OutgoingCall inner;
         }

@@ -41,10 +41,10 @@ TEST(Owners, HandleThatIsMovedOn_IsClosedOnce_ByItsLastOwner)
 
 TEST(Owners, HandleOfAFileThatCannotBeOpened_IsNone)
 {
-    EXPECT_FALSE(
-        automation::orNone(CreateFileW(L"C:\\nowhere\\nothing", GENERIC_READ, 0, nullptr, OPEN_EXISTING, 0, nullptr)));
+    EXPECT_FALSE(automation::ownedIfValid(
+        CreateFileW(L"C:\\nowhere\\nothing", GENERIC_READ, 0, nullptr, OPEN_EXISTING, 0, nullptr)));
     WIN32_FIND_DATAW entry;
-    EXPECT_FALSE(automation::orNone<automation::FileSearch>(FindFirstFileW(L"C:\\nowhere\\*", &entry)));
+    EXPECT_FALSE(automation::ownedIfValid<automation::FileSearch>(FindFirstFileW(L"C:\\nowhere\\*", &entry)));
 }
 
 TEST(Owners, PseudoHandleOfThisProcess_CountsAsOne)

@@ -9,13 +9,13 @@
 
 namespace {
 
-constexpr DWORD patience = 60'000; // milliseconds
+constexpr DWORD timeout = 60'000; // milliseconds
 
 // The exit code of the program with those arguments, started in that folder.
 DWORD exitCode(const std::wstring& arguments, const std::wstring& folder)
 {
     return support::Process(support::command(L"automation_protected.exe") + L" " + arguments, L"", folder.c_str())
-        .exitCode(patience);
+        .exitCode(timeout);
 }
 
 // A library that lies in a folder where a user, or somebody else, put it.

@@ -68,7 +68,7 @@ const std::vector<server::MemberRow<Clumsy>>& Clumsy::members()
              call.arguments.write({{0, call.arguments.value(1)}});
              return {};
          }},
-        {L"Optional", 3, server::method, 0, 1, [](Clumsy&, Call call) -> Value { return call.arguments.given(0); }},
+        {L"Optional", 3, server::method, 0, 1, [](Clumsy&, Call call) -> Value { return call.arguments.isGiven(0); }},
         {L"Refer", 4, server::method, 1, 1, [](Clumsy&, Call call) -> Value { return call.arguments.object(0); }},
         {L"Busy", 5, server::method, 0, 0, [](Clumsy&, Call) -> Value { throw server::Failure{E_PENDING}; }},
         {L"Inner", 6, server::method, 0, 0, [](Clumsy&, Call) -> Value { throw AutomationError(L"x", E_ABORT); }},
@@ -218,9 +218,9 @@ TEST(Dispatch, OmittedOptionalArgument_IsNotGiven)
     VARIANT omitted;
     V_VT(&omitted) = VT_ERROR;
     V_ERROR(&omitted) = DISP_E_PARAMNOTFOUND;
-    EXPECT_FALSE(invoke(*clumsy.get(), 3, DISPATCH_METHOD, {}).value.truth());
-    EXPECT_FALSE(invoke(*clumsy.get(), 3, DISPATCH_METHOD, {omitted}).value.truth());
-    EXPECT_TRUE(invoke(*clumsy.get(), 3, DISPATCH_METHOD, {number(0)}).value.truth());
+    EXPECT_FALSE(invoke(*clumsy.get(), 3, DISPATCH_METHOD, {}).value.isTrue());
+    EXPECT_FALSE(invoke(*clumsy.get(), 3, DISPATCH_METHOD, {omitted}).value.isTrue());
+    EXPECT_TRUE(invoke(*clumsy.get(), 3, DISPATCH_METHOD, {number(0)}).value.isTrue());
 }
 
 TEST(Dispatch, ArgumentsByReference_AreWrittenWithTheirOwnType)
@@ -264,9 +264,9 @@ TEST(Dispatch, LiveObjects_AreCounted)
     {
         const auto first = server::make<Partner>();
         const auto second = server::make<Clumsy>();
-        EXPECT_EQ(server::Dispatch::live(), 2);
+        EXPECT_EQ(server::Dispatch::liveCount(), 2);
     }
-    EXPECT_EQ(server::Dispatch::live(), 0);
+    EXPECT_EQ(server::Dispatch::liveCount(), 0);
 }
 
 TEST(Dispatch, LookUpThatThrows_IsAnsweredWithItsCode)

@@ -3,7 +3,7 @@
 
 #include "automation/error.h"
 #include "automation/outgoing_call.h"
-#include "thing.h"
+#include "sample_object.h"
 
 #include <gtest/gtest.h>
 
@@ -16,26 +16,26 @@ using automation::EventHandlers;
 using automation::Object;
 using automation::Subscription;
 using automation::Value;
-using partners::Thing;
-using partners::ThingLibrary;
-using partners::ThingManners;
+using partners::Sample;
+using partners::SampleLibrary;
+using partners::SampleManners;
 namespace server = automation::server;
 
 namespace {
 
 class Events : public testing::Test {
 protected:
-    Events() { manners.classInfo = library.type(partners::thingClass); }
+    Events() { manners.classInfo = library.type(partners::sampleClass); }
 
-    ComPtr<Thing> makeThing() const { return server::make<Thing>(manners); }
+    ComPtr<Sample> makeSample() const { return server::make<Sample>(manners); }
 
     EventHandlers collecting(const wchar_t* event)
     {
         return {{event, [this](EventArguments arguments) { received.push_back(std::move(arguments)); }}};
     }
 
-    const ThingLibrary library;
-    ThingManners manners;
+    const SampleLibrary library;
+    SampleManners manners;
     std::vector<EventArguments> received;
 };
 
@@ -74,7 +74,7 @@ public:
         if (FAILED(onAdvise)) return onAdvise;
         *cookie = 1;
         // A source may raise an event before it has answered.
-        offered->QueryInterface(partners::thingEvents, sink.receiveVoid());
+        offered->QueryInterface(partners::sampleEvents, sink.receiveVoid());
         raise(7, L"at once");
         return S_OK;
     }
@@ -98,9 +98,9 @@ private:
     IUnknown* owner_;
 };
 
-class KeepingThing final : public server::Dispatch {
+class KeepingSample final : public server::Dispatch {
 public:
-    explicit KeepingThing(ComPtr<ITypeInfo> type) : point(static_cast<IDispatch*>(this)), ownType_(std::move(type)) {}
+    explicit KeepingSample(ComPtr<ITypeInfo> type) : point(static_cast<IDispatch*>(this)), ownType_(std::move(type)) {}
 
     KeepingPoint point;
 
@@ -128,9 +128,9 @@ private:
 
 TEST_F(Events, RaisedEvent_ArrivesWithItsArgumentsFromLeftToRight)
 {
-    const auto thing = makeThing();
-    const Subscription subscription(Object(thing.get()), L"", collecting(L"OnThing"));
-    EXPECT_EQ(thing->events.raise(7, {L"first", std::int32_t{2}, Object()}), 1);
+    const auto sample = makeSample();
+    const Subscription subscription(Object(sample.get()), L"", collecting(L"OnSample"));
+    EXPECT_EQ(sample->events.raise(7, {L"first", std::int32_t{2}, Object()}), 1);
     ASSERT_EQ(received.size(), 1u);
     ASSERT_EQ(received[0].size(), 3u);
     EXPECT_EQ(received[0][0].text(), L"first");
@@ -140,29 +140,29 @@ TEST_F(Events, RaisedEvent_ArrivesWithItsArgumentsFromLeftToRight)
 
 TEST_F(Events, EventName_IsFoundWithoutRegardToCase)
 {
-    const auto thing = makeThing();
-    const Subscription subscription(Object(thing.get()), L"", collecting(L"ONTHING"));
-    thing->events.raise(7, {});
+    const auto sample = makeSample();
+    const Subscription subscription(Object(sample.get()), L"", collecting(L"ONSAMPLE"));
+    sample->events.raise(7, {});
     EXPECT_EQ(received.size(), 1u);
 }
 
 TEST_F(Events, EventsWithoutHandler_AreIgnored)
 {
-    const auto thing = makeThing();
-    const Subscription subscription(Object(thing.get()), L"", collecting(L"OnThing"));
-    EXPECT_EQ(thing->events.raise(8, {}), 1) << "and the source is told that all is well";
-    EXPECT_EQ(thing->events.raise(12345, {L"unknown"}), 1);
+    const auto sample = makeSample();
+    const Subscription subscription(Object(sample.get()), L"", collecting(L"OnSample"));
+    EXPECT_EQ(sample->events.raise(8, {}), 1) << "and the source is told that all is well";
+    EXPECT_EQ(sample->events.raise(12345, {L"unknown"}), 1);
     EXPECT_TRUE(received.empty());
-    thing->events.raise(7, {});
+    sample->events.raise(7, {});
     EXPECT_EQ(received.size(), 1u);
 }
 
 TEST_F(Events, ArgumentByReference_IsHandedOverAsItsValue)
 {
-    const auto thing = makeThing();
-    const Subscription subscription(Object(thing.get()), L"", collecting(L"OnThing"));
+    const auto sample = makeSample();
+    const Subscription subscription(Object(sample.get()), L"", collecting(L"OnSample"));
     Value text(L"now");
-    thing->events.raise(7, {byRef(text)});
+    sample->events.raise(7, {byRef(text)});
     text = Value(L"later");
     ASSERT_EQ(received.size(), 1u);
     EXPECT_EQ(received[0][0].type(), VT_BSTR);
@@ -171,34 +171,34 @@ TEST_F(Events, ArgumentByReference_IsHandedOverAsItsValue)
 
 TEST_F(Events, AfterDetach_NothingArrives_AndTheSourceIsFree)
 {
-    const auto thing = makeThing();
-    Subscription subscription(Object(thing.get()), L"", collecting(L"OnThing"));
+    const auto sample = makeSample();
+    Subscription subscription(Object(sample.get()), L"", collecting(L"OnSample"));
     EXPECT_TRUE(subscription);
     subscription.detach();
     EXPECT_FALSE(subscription);
-    EXPECT_EQ(thing->events.subscribers(), 0u);
-    EXPECT_EQ(thing->events.raise(7, {}), 0);
+    EXPECT_EQ(sample->events.subscribers(), 0u);
+    EXPECT_EQ(sample->events.raise(7, {}), 0);
     EXPECT_TRUE(received.empty());
     EXPECT_EQ(automation::liveEventSinks(), 0);
 }
 
 TEST_F(Events, EndOfTheSubscription_Detaches)
 {
-    const auto thing = makeThing();
+    const auto sample = makeSample();
     {
-        const Subscription subscription(Object(thing.get()), L"", collecting(L"OnThing"));
-        EXPECT_EQ(thing->events.subscribers(), 1u);
+        const Subscription subscription(Object(sample.get()), L"", collecting(L"OnSample"));
+        EXPECT_EQ(sample->events.subscribers(), 1u);
         EXPECT_EQ(automation::liveEventSinks(), 1);
     }
-    EXPECT_EQ(thing->events.subscribers(), 0u);
+    EXPECT_EQ(sample->events.subscribers(), 0u);
 }
 
 TEST_F(Events, NewSubscriptionInPlaceOfAnOldOne_EndsTheOldOne)
 {
-    const auto first = makeThing();
-    const auto second = makeThing();
-    Subscription subscription(Object(first.get()), L"", collecting(L"OnThing"));
-    subscription = Subscription(Object(second.get()), L"", collecting(L"OnThing"));
+    const auto first = makeSample();
+    const auto second = makeSample();
+    Subscription subscription(Object(first.get()), L"", collecting(L"OnSample"));
+    subscription = Subscription(Object(second.get()), L"", collecting(L"OnSample"));
     EXPECT_EQ(first->events.subscribers(), 0u);
     EXPECT_EQ(second->events.subscribers(), 1u);
     second->events.raise(7, {});
@@ -207,46 +207,46 @@ TEST_F(Events, NewSubscriptionInPlaceOfAnOldOne_EndsTheOldOne)
 
 TEST_F(Events, SourceThatKeepsTheSink_ReachesNobodyAfterDetach)
 {
-    const auto thing = server::make<KeepingThing>(library.type(partners::thingInterface));
-    Subscription subscription(Object(thing.get()), L"", collecting(L"OnThing"));
-    thing->point.raise(7, L"in time");
+    const auto sample = server::make<KeepingSample>(library.type(partners::sampleInterface));
+    Subscription subscription(Object(sample.get()), L"", collecting(L"OnSample"));
+    sample->point.raise(7, L"in time");
     EXPECT_EQ(received.size(), 2u);
     subscription.detach();
-    EXPECT_EQ(thing->point.unadvised, 1);
-    EXPECT_EQ(thing->point.raise(7, L"too late"), S_OK);
+    EXPECT_EQ(sample->point.unadvised, 1);
+    EXPECT_EQ(sample->point.raise(7, L"too late"), S_OK);
     EXPECT_EQ(received.size(), 2u) << "neither during nor after the end of the subscription";
-    thing->point.sink.reset();
+    sample->point.sink.reset();
     EXPECT_EQ(automation::liveEventSinks(), 0);
 }
 
 TEST_F(Events, EventRaisedWithinAdvise_Arrives)
 {
-    const auto thing = server::make<KeepingThing>(library.type(partners::thingInterface));
-    Subscription subscription(Object(thing.get()), L"", collecting(L"OnThing"));
+    const auto sample = server::make<KeepingSample>(library.type(partners::sampleInterface));
+    Subscription subscription(Object(sample.get()), L"", collecting(L"OnSample"));
     ASSERT_EQ(received.size(), 1u);
     EXPECT_EQ(received[0][0].text(), L"at once");
     subscription.detach();
-    thing->point.sink.reset();
+    sample->point.sink.reset();
 }
 
 TEST_F(Events, Sink_AnswersItsSourceInterfaceDispatchAndUnknownOnly)
 {
-    const auto thing = server::make<KeepingThing>(library.type(partners::thingInterface));
-    Subscription subscription(Object(thing.get()), L"", collecting(L"OnThing"));
-    for (const IID& iid : {IID_IUnknown, IID_IDispatch, partners::thingEvents})
-        EXPECT_TRUE(automation::query<IUnknown>(thing->point.sink.get(), iid));
-    EXPECT_FALSE(automation::query<IUnknown>(thing->point.sink.get(), partners::otherEvents));
-    EXPECT_FALSE(automation::query<IUnknown>(thing->point.sink.get(), IID_IConnectionPoint));
+    const auto sample = server::make<KeepingSample>(library.type(partners::sampleInterface));
+    Subscription subscription(Object(sample.get()), L"", collecting(L"OnSample"));
+    for (const IID& iid : {IID_IUnknown, IID_IDispatch, partners::sampleEvents})
+        EXPECT_TRUE(automation::query<IUnknown>(sample->point.sink.get(), iid));
+    EXPECT_FALSE(automation::query<IUnknown>(sample->point.sink.get(), partners::otherEvents));
+    EXPECT_FALSE(automation::query<IUnknown>(sample->point.sink.get(), IID_IConnectionPoint));
     subscription.detach();
-    thing->point.sink.reset();
+    sample->point.sink.reset();
 }
 
 TEST_F(Events, RefusedSubscription_IsAnError_AndLeavesNoSink)
 {
-    const auto thing = server::make<KeepingThing>(library.type(partners::thingInterface));
-    thing->point.onAdvise = CONNECT_E_ADVISELIMIT;
+    const auto sample = server::make<KeepingSample>(library.type(partners::sampleInterface));
+    sample->point.onAdvise = CONNECT_E_ADVISELIMIT;
     try {
-        const Subscription subscription(Object(thing.get()), L"", collecting(L"OnThing"));
+        const Subscription subscription(Object(sample.get()), L"", collecting(L"OnSample"));
         FAIL() << "no error";
     } catch (const AutomationError& error) {
         EXPECT_EQ(error.code(), CONNECT_E_ADVISELIMIT);
@@ -257,47 +257,47 @@ TEST_F(Events, RefusedSubscription_IsAnError_AndLeavesNoSink)
 TEST_F(Events, ObjectWithoutConnectionPoints_CannotBeSubscribedTo)
 {
     manners = {};
-    const auto thing = makeThing();
-    EXPECT_THROW(Subscription(Object(thing.get()), L"", {}), AutomationError);
+    const auto sample = makeSample();
+    EXPECT_THROW(Subscription(Object(sample.get()), L"", {}), AutomationError);
     EXPECT_THROW(Subscription(Object(), L"", {}), AutomationError);
 }
 
 TEST_F(Events, HandlerThatThrows_HarmsNeitherTheSourceNorTheNextEvent)
 {
-    const auto thing = makeThing();
+    const auto sample = makeSample();
     int calls = 0;
-    const Subscription subscription(Object(thing.get()), L"", {{L"OnThing", [&](EventArguments arguments) {
-                                                                    ++calls;
-                                                                    arguments.at(5).text();
-                                                                }}});
-    EXPECT_EQ(thing->events.raise(7, {}), 1);
-    EXPECT_EQ(thing->events.raise(7, {}), 1);
+    const Subscription subscription(Object(sample.get()), L"", {{L"OnSample", [&](EventArguments arguments) {
+                                                                     ++calls;
+                                                                     arguments.at(5).text();
+                                                                 }}});
+    EXPECT_EQ(sample->events.raise(7, {}), 1);
+    EXPECT_EQ(sample->events.raise(7, {}), 1);
     EXPECT_EQ(calls, 2);
 }
 
 TEST_F(Events, HandlerThatThrowsWhatIsNoStandardException_HarmsNobodyEither)
 {
-    const auto thing = makeThing();
+    const auto sample = makeSample();
     int calls = 0;
-    const Subscription subscription(Object(thing.get()), L"", {{L"OnThing", [&](EventArguments) {
-                                                                    ++calls;
-                                                                    throw server::Failure{E_PENDING};
-                                                                }}});
-    EXPECT_EQ(thing->events.raise(7, {}), 1);
-    EXPECT_EQ(thing->events.raise(7, {}), 1);
+    const Subscription subscription(Object(sample.get()), L"", {{L"OnSample", [&](EventArguments) {
+                                                                     ++calls;
+                                                                     throw server::Failure{E_PENDING};
+                                                                 }}});
+    EXPECT_EQ(sample->events.raise(7, {}), 1);
+    EXPECT_EQ(sample->events.raise(7, {}), 1);
     EXPECT_EQ(calls, 2);
 }
 
 TEST_F(Events, SubscriptionEndedByItsOwnHandler_EndsInPeace)
 {
-    const auto thing = makeThing();
+    const auto sample = makeSample();
     Subscription subscription;
     int calls = 0;
-    subscription = Subscription(Object(thing.get()), L"", {{L"OnThing", [&](EventArguments) {
-                                                                ++calls;
-                                                                subscription.detach();
-                                                            }}});
-    thing->events.raise(7, {});
-    thing->events.raise(7, {});
+    subscription = Subscription(Object(sample.get()), L"", {{L"OnSample", [&](EventArguments) {
+                                                                 ++calls;
+                                                                 subscription.detach();
+                                                             }}});
+    sample->events.raise(7, {});
+    sample->events.raise(7, {});
     EXPECT_EQ(calls, 1);
 }

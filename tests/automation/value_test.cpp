@@ -137,18 +137,18 @@ TEST(Value, Numbers_AreConvertedBetweenTypes)
 
 TEST(Value, Truth_IsAnythingButZero)
 {
-    EXPECT_TRUE(Value(std::int32_t{1}).truth());
-    EXPECT_TRUE(Value(std::int16_t{-1}).truth());
-    EXPECT_TRUE(Value(L"True").truth());
-    EXPECT_FALSE(Value(L"False").truth());
-    EXPECT_FALSE(Value(std::int32_t{0}).truth());
-    EXPECT_FALSE(Value().truth());
+    EXPECT_TRUE(Value(std::int32_t{1}).isTrue());
+    EXPECT_TRUE(Value(std::int16_t{-1}).isTrue());
+    EXPECT_TRUE(Value(L"True").isTrue());
+    EXPECT_FALSE(Value(L"False").isTrue());
+    EXPECT_FALSE(Value(std::int32_t{0}).isTrue());
+    EXPECT_FALSE(Value().isTrue());
 }
 
 TEST(Value, ConversionThatCannotBe_FailsWithItsCode)
 {
     EXPECT_EQ(codeOf([] { Value(L"abc").int32(); }), DISP_E_TYPEMISMATCH);
-    EXPECT_EQ(codeOf([] { Value(L"abc").truth(); }), DISP_E_TYPEMISMATCH);
+    EXPECT_EQ(codeOf([] { Value(L"abc").isTrue(); }), DISP_E_TYPEMISMATCH);
     EXPECT_EQ(codeOf([] { Value(L"abc").number(); }), DISP_E_TYPEMISMATCH);
     EXPECT_EQ(codeOf([] { Value(L"abc").asDate(); }), DISP_E_TYPEMISMATCH);
     EXPECT_EQ(codeOf([] { Value(std::int32_t{70000}).int16(); }), DISP_E_OVERFLOW);

@@ -17,8 +17,8 @@ namespace hublink::check {
 inline void PrintTo(const Finding& finding, std::ostream* out)
 {
     constexpr const char* marks[] = {"ok", "note", "problem"};
-    *out << marks[static_cast<int>(finding.mark)] << ": " << automation::ansi(finding.what.full) << " -> "
-         << automation::ansi(finding.advice.full);
+    *out << marks[static_cast<int>(finding.mark)] << ": " << automation::toAnsi(finding.what.full) << " -> "
+         << automation::toAnsi(finding.advice.full);
 }
 
 inline bool holds(const Findings& findings, const Finding& finding)

@@ -95,7 +95,7 @@ TEST_F(CheckIniFile, OfAMegabyte_IsRead_AndOneLargerThanFourIsNot)
     std::string large = "[Application]\r\ntype=OUTLOOK\r\n";
     while (large.size() < 1'000'000) large += "; a comment that goes on and on\r\n";
     EXPECT_EQ(remarksOn(large), Remarks{});
-    large.resize(largestIni + 1, ';');
+    large.resize(maxIniSize + 1, ';');
     EXPECT_EQ(remarksOn(large), (Remarks{problem(texts.tooLarge, path(place.file))}));
 }
 

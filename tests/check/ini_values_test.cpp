@@ -79,7 +79,7 @@ TEST_F(CheckIniValues, MissingKeys_AreToldWithWhatCounts)
 TEST_F(CheckIniValues, SwitchThatIsOffThoughMeantOn_IsAProblem)
 {
     for (const wchar_t* value : {L"True", L"TRUE", L"1", L"yes", L"oui"})
-        EXPECT_EQ(remarksOn(outlookFile("", "PopUp=" + automation::ansi(value) + "\r\n")),
+        EXPECT_EQ(remarksOn(outlookFile("", "PopUp=" + automation::toAnsi(value) + "\r\n")),
                   (Findings{problem(texts.offThoughMeantOn, L"AllApplication", L"PopUp", value)}));
 }
 
@@ -96,7 +96,7 @@ TEST_F(CheckIniValues, NumberThatIsNone_IsAProblem_AndNothingBehindItIsRead)
     for (const char* value : {"abc", "12abc", "70000"}) {
         const Findings findings = found(outlookFile(std::string("tempo=") + value + "\r\n", "PopUp=True\r\n"));
         EXPECT_EQ(remarks(findings),
-                  (Findings{problem(texts.notNumber, L"Application", L"tempo", personal(automation::wide(value)))}));
+                  (Findings{problem(texts.notNumber, L"Application", L"tempo", personal(automation::toWide(value)))}));
         EXPECT_EQ(findings.back().mark, Mark::problem) << "the last that is read";
     }
 }
@@ -200,13 +200,13 @@ TEST_F(CheckIniValues, WhatIsToldOn_IsOnInTheProgram)
         std::string general, features;
         for (const Switch& each : switches)
             if (!only || only == &each)
-                (&each == &switches[0] ? general : features) += automation::ansi(each.key) + "=" + value + "\r\n";
+                (&each == &switches[0] ? general : features) += automation::toAnsi(each.key) + "=" + value + "\r\n";
         const Findings findings = found(outlookFile(general, features));
         Configuration configuration;
         readConnectorSettings(IniFile(file), configuration);
         for (const Switch& each : switches)
             EXPECT_EQ(holds(findings, ok(texts.on, each.section, each.key)), configuration.*each.value)
-                << automation::ansi(each.key) << "=" << value;
+                << automation::toAnsi(each.key) << "=" << value;
     };
     for (const Switch& each : switches) expectTheSame(&each, "true");
     for (const char* value : {"true", "True", "false", "\"true\"", " true ", "truer", ""})

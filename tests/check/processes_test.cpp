@@ -3,7 +3,7 @@
 #include "check_fixture.h"
 
 #include "check/groupware.h"
-#include "support/stand_in.h"
+#include "support/dummy_program.h"
 
 namespace hublink::check {
 
@@ -117,7 +117,7 @@ TEST(CheckProcesses, SystemThatListsNone_IsAProblem)
 TEST(RunningPrograms, OfThisUser_AreFoundWithTheirRights)
 {
     const support::ScratchFolder folder;
-    const support::StandIn notes(folder, L"nlnotes.exe");
+    const support::DummyProgram notes(folder, L"nlnotes.exe");
     Configuration configuration;
     configuration.bgWithLotus = true;
     const RunningFacts facts = runningFacts(configuration);
@@ -137,7 +137,7 @@ TEST(RunningPrograms, ThatCannotBeOpened_AreUnknown)
 TEST(CheckGroupware, NewOutlookThatRuns_IsAProblem)
 {
     const support::ScratchFolder folder;
-    const support::StandIn newOutlook(folder, L"olk.exe");
+    const support::DummyProgram newOutlook(folder, L"olk.exe");
     Configuration configuration;
     configuration.bgWithOutlook = true;
     EXPECT_TRUE(

@@ -79,7 +79,7 @@ protected:
         return std::tuple(std::tuple(general.Trace, general.bgWithLotus, general.bgWithOutlook, general.tempo,
                                      general.tempo1, general.gnb_echec, general.bgWithPopUp, general.bgSetNewContact,
                                      general.bgWithHisto, general.bgWithRepertory, general.bgWithCallBackMail),
-                          asksForStop(IniFile(file)), settings.outlook(), settings.lotus());
+                          isStopRequested(IniFile(file)), settings.outlook(), settings.lotus());
     }
 
     const support::ScratchFolder folder;

@@ -106,8 +106,8 @@ protected:
 
 TEST_F(CheckProgram, OnASoundComputer_FindsNoProblem)
 {
-    EXPECT_EQ(run(), 0u) << automation::ansi(text);
-    EXPECT_EQ(text.find(L"\r\nproblem"), std::wstring::npos) << automation::ansi(text);
+    EXPECT_EQ(run(), 0u) << automation::toAnsi(text);
+    EXPECT_EQ(text.find(L"\r\nproblem"), std::wstring::npos) << automation::toAnsi(text);
     EXPECT_TRUE(text.starts_with(L"What Hublink 1."));
     EXPECT_TRUE(says(ok(english.softphone.folder, path(pavex))));
     EXPECT_TRUE(says(ok(english.ini.file, path(ini))));
@@ -238,7 +238,7 @@ TEST_F(CheckProgram, AnyRun_ChangesNothing)
     support::writeFile(map, "damaged");
     const auto everything = [&] {
         std::wstring text = registryText(HKEY_CURRENT_USER, L"") + folderText(folder.path()) + folderText(appData) +
-                            folderText(support::besideTests(L"dictionary"));
+                            folderText(support::pathBesideTests(L"dictionary"));
         for (const wchar_t* key :
              {L"Software\\Microsoft\\Exchange", L"Software\\Microsoft\\Windows", L"Software\\Lotus", L"Software\\Orvel",
               L"Software\\Classes\\PavexConvId.OrvelConvertId"})
@@ -261,9 +261,9 @@ TEST(CheckOutput, ToAFile_IsUtf8)
     const HANDLE usual = GetStdHandle(STD_OUTPUT_HANDLE);
     const HANDLE out = CreateFileW(file.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, 0, nullptr);
     SetStdHandle(STD_OUTPUT_HANDLE, out);
-    tell(STD_OUTPUT_HANDLE, L"é \x4E2D");
+    writeOutput(STD_OUTPUT_HANDLE, L"é \x4E2D");
     SetStdHandle(STD_OUTPUT_HANDLE, nullptr);
-    EXPECT_NO_THROW(tell(STD_OUTPUT_HANDLE, L"nobody takes this"));
+    EXPECT_NO_THROW(writeOutput(STD_OUTPUT_HANDLE, L"nobody takes this"));
     SetStdHandle(STD_OUTPUT_HANDLE, usual);
     CloseHandle(out);
     EXPECT_EQ(support::readFile(file), "\xC3\xA9 \xE4\xB8\xAD");

@@ -14,7 +14,7 @@ namespace server = automation::server;
 const ClassTexts& texts = english.classes;
 
 const server::ClassRegistration registration{
-    .progId = L"HublinkTest.Thing",
+    .progId = L"HublinkTest.Sample",
     .classId = {0x2F1D6E4A, 0x4B7C, 0x4D0E, {0x91, 0x3A, 0x5C, 0x77, 0x20, 0x1B, 0x6E, 0x09}},
     .description = L"a class of the tests",
 };
@@ -34,26 +34,26 @@ protected:
 TEST_F(RegisteredClass, WithItsProgram_IsInOrder)
 {
     server::registerClass(registration, program);
-    EXPECT_EQ(found(), (Findings{ok(texts.registered, L"HublinkTest.Thing", path(program))}));
+    EXPECT_EQ(found(), (Findings{ok(texts.registered, L"HublinkTest.Sample", path(program))}));
 }
 
 TEST_F(RegisteredClass, NotRegistered_IsAProblem)
 {
-    EXPECT_EQ(found(), (Findings{problem(texts.notRegistered, L"HublinkTest.Thing")}));
+    EXPECT_EQ(found(), (Findings{problem(texts.notRegistered, L"HublinkTest.Sample")}));
 }
 
 TEST_F(RegisteredClass, WhoseProgramIsNotThere_IsAProblem)
 {
     server::registerClass(registration, folder.file(L"gone.exe"));
-    EXPECT_EQ(found(), (Findings{problem(texts.serverMissing, L"HublinkTest.Thing", path(folder.file(L"gone.exe")))}));
+    EXPECT_EQ(found(), (Findings{problem(texts.serverMissing, L"HublinkTest.Sample", path(folder.file(L"gone.exe")))}));
 }
 
 TEST_F(RegisteredClass, WithoutAProgram_IsAProblem)
 {
-    const support::SavedValue user(HKEY_CURRENT_USER, L"Software\\Classes\\HublinkTest.Thing\\CLSID", L"");
-    const support::SavedValue machine(HKEY_LOCAL_MACHINE, L"Software\\Classes\\HublinkTest.Thing\\CLSID", L"");
+    const support::SavedValue user(HKEY_CURRENT_USER, L"Software\\Classes\\HublinkTest.Sample\\CLSID", L"");
+    const support::SavedValue machine(HKEY_LOCAL_MACHINE, L"Software\\Classes\\HublinkTest.Sample\\CLSID", L"");
     for (const auto* value : {&user, &machine}) value->setText(L"{2F1D6E4A-4B7C-4D0E-913A-5C77201B6E09}");
-    EXPECT_EQ(found(), (Findings{problem(texts.withoutServer, L"HublinkTest.Thing")}));
+    EXPECT_EQ(found(), (Findings{problem(texts.withoutServer, L"HublinkTest.Sample")}));
 }
 
 TEST_F(RegisteredClass, ThatRuns_CanBeReached)
@@ -65,8 +65,8 @@ TEST_F(RegisteredClass, ThatRuns_CanBeReached)
     const Findings findings = found();
     RevokeActiveObject(place, nullptr);
     CoDisconnectObject(&object, 0);
-    EXPECT_TRUE(holds(findings, ok(texts.offered, L"HublinkTest.Thing")));
-    EXPECT_FALSE(holds(found(), ok(texts.offered, L"HublinkTest.Thing")));
+    EXPECT_TRUE(holds(findings, ok(texts.offered, L"HublinkTest.Sample")));
+    EXPECT_FALSE(holds(found(), ok(texts.offered, L"HublinkTest.Sample")));
     EXPECT_TRUE(object.invocations.empty()) << "looked for, not called";
 }
 

@@ -41,7 +41,8 @@ std::wstring folderText(const std::wstring& folder)
 {
     std::wstring text;
     WIN32_FIND_DATAW found;
-    const auto search = automation::orNone<automation::FileSearch>(FindFirstFileW((folder + L"\\*").c_str(), &found));
+    const auto search =
+        automation::ownedIfValid<automation::FileSearch>(FindFirstFileW((folder + L"\\*").c_str(), &found));
     for (bool more = static_cast<bool>(search); more; more = FindNextFileW(search.get(), &found) != FALSE) {
         const std::wstring name = found.cFileName;
         if (name == L"." || name == L"..") continue;
@@ -56,7 +57,7 @@ std::wstring folderText(const std::wstring& folder)
 std::wstring programsText()
 {
     std::multiset<std::wstring> names;
-    const automation::Handle snapshot = automation::orNone(CreateToolhelp32Snapshot(TH32CS_SNAPPROCESS, 0));
+    const automation::Handle snapshot = automation::ownedIfValid(CreateToolhelp32Snapshot(TH32CS_SNAPPROCESS, 0));
     PROCESSENTRY32W entry{};
     entry.dwSize = sizeof entry;
     for (BOOL more = Process32FirstW(snapshot.get(), &entry); more; more = Process32NextW(snapshot.get(), &entry))

@@ -40,7 +40,7 @@ TEST_F(ConnectorSettings, FileWithoutAGroupware_IsReadNoFurther)
     configuration.bgWithOutlook = true;
     readConnectorSettings(with("[Application]\r\ntrace=true\r\ntype=none\r\ntempo=1\r\n"), configuration);
     EXPECT_TRUE(configuration.Trace);
-    EXPECT_FALSE(namesGroupware(configuration));
+    EXPECT_FALSE(usesGroupware(configuration));
     EXPECT_EQ(configuration.tempo, 0);
 }
 
@@ -48,7 +48,7 @@ TEST_F(ConnectorSettings, NumberThatIsNone_IsTheReadersError_AndWhatStoodBeforeI
 {
     const IniFile ini = with("[Application]\r\ntype=LOTUS\r\ntempo=1\r\ntempo1=some\r\nTryCnxNumber=0\r\n");
     EXPECT_THROW(readConnectorSettings(ini, configuration), automation::AutomationError);
-    EXPECT_TRUE(namesGroupware(configuration));
+    EXPECT_TRUE(usesGroupware(configuration));
     EXPECT_EQ(configuration.tempo, 1);
     EXPECT_EQ(configuration.tempo1, 0);
 }
@@ -56,17 +56,17 @@ TEST_F(ConnectorSettings, NumberThatIsNone_IsTheReadersError_AndWhatStoodBeforeI
 TEST_F(ConnectorSettings, StopRequest_IsReadAndTakenBack)
 {
     const IniFile ini = with("[Application]\r\nkill=true\r\n");
-    EXPECT_TRUE(tellsWhetherToStop(ini) && asksForStop(ini));
-    EXPECT_TRUE(takeStopRequestBack(ini));
-    EXPECT_TRUE(tellsWhetherToStop(ini));
-    EXPECT_FALSE(asksForStop(ini));
+    EXPECT_TRUE(isStopRequestReadable(ini) && isStopRequested(ini));
+    EXPECT_TRUE(clearStopRequest(ini));
+    EXPECT_TRUE(isStopRequestReadable(ini));
+    EXPECT_FALSE(isStopRequested(ini));
 }
 
 TEST_F(ConnectorSettings, FileWithoutKill_DoesNotTellWhetherToStop)
 {
     for (const char* content : {"[Application]\r\n", "[Application]\r\nkill=\r\n"}) {
-        EXPECT_FALSE(tellsWhetherToStop(with(content)));
-        EXPECT_FALSE(asksForStop(with(content)));
+        EXPECT_FALSE(isStopRequestReadable(with(content)));
+        EXPECT_FALSE(isStopRequested(with(content)));
     }
 }
 

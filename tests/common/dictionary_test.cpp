@@ -19,7 +19,7 @@ std::wstring elementOf(const Dictionary& dictionary, const char* key = answered)
 {
     char buffer[260];
     const DWORD length = dictionary.GetElt("history", key, "default", buffer, sizeof buffer);
-    return automation::wide({buffer, length});
+    return automation::toWide({buffer, length});
 }
 
 // A program folder with dictionaries made by the test.
@@ -155,7 +155,7 @@ TEST(ShippedDictionary, EveryLanguage_IsThere)
 {
     std::set<std::wstring> found;
     WIN32_FIND_DATAW entry;
-    const auto search = automation::orNone<automation::FileSearch>(
+    const auto search = automation::ownedIfValid<automation::FileSearch>(
         FindFirstFileW(support::projectFile(L"packaging/dictionary/*.ini").c_str(), &entry));
     ASSERT_TRUE(search);
     do found.insert(std::wstring(entry.cFileName, wcschr(entry.cFileName, L'.') - entry.cFileName));

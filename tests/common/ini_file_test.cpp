@@ -90,7 +90,7 @@ TEST_F(Ini, TextThatIsAlmostUtf8_IsAnsi)
 {
     for (const char* bytes : {"\xE9", "r\xC3", "\xA9\xC3", "\xC3\xA9 r\xE9pondu", "\xC0\xAF", "\xED\xA0\x80"}) {
         const std::string text = std::string("[s]\r\nk=") + bytes + "x\r\n";
-        EXPECT_EQ(with(text).read("s", "k", ""), automation::wide(std::string(bytes) + "x"));
+        EXPECT_EQ(with(text).read("s", "k", ""), automation::toWide(std::string(bytes) + "x"));
     }
 }
 
@@ -109,7 +109,7 @@ TEST_F(Ini, LongUtf8Text_CutInTheMiddleOfACharacter_LosesThatCharacterOnly)
 TEST_F(Ini, LongAnsiText_WhoseOnlySuchLetterIsTheLast_KeepsIt)
 {
     const std::string value = std::string(1022, 'a') + "\xE9";
-    EXPECT_EQ(with("[s]\r\nk=" + value + "\r\n").read("s", "k", ""), automation::wide(value));
+    EXPECT_EQ(with("[s]\r\nk=" + value + "\r\n").read("s", "k", ""), automation::toWide(value));
 }
 
 TEST_F(Ini, SectionNamesInUtf8_AreReadAsThat)
@@ -172,7 +172,7 @@ TEST_F(Ini, FileThatAnotherProgramKeepsToItself_GivesDefaults)
 {
     const std::wstring path = folder.write(L"kept.ini", "[s]\r\nk=v\r\n");
     automation::Handle kept =
-        automation::orNone(CreateFileW(path.c_str(), GENERIC_READ, 0, nullptr, OPEN_EXISTING, 0, nullptr));
+        automation::ownedIfValid(CreateFileW(path.c_str(), GENERIC_READ, 0, nullptr, OPEN_EXISTING, 0, nullptr));
     EXPECT_EQ(IniFile(path).read("s", "k", "default"), L"default");
     EXPECT_FALSE(IniFile(path).write("s", "k", "other"));
     kept.reset();

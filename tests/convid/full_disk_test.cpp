@@ -81,7 +81,7 @@ TEST(StoreOnFullDisk, Client_GetsAnErrorWithSourceAndDescription)
 TEST(StoreOnFullDisk, DamagedStore_IsLeftUntouched_UntilThereIsRoom)
 {
     const ScratchFolder folder;
-    convid::IdentifierStore store(folder.file(L"map"), impatient);
+    convid::IdentifierStore store(folder.file(L"map"), shortTimeout);
     fill(store);
     store.close();
     auto damaged = contents(folder.file(L"map"));

@@ -28,7 +28,7 @@ TEST(StoreAccess, SecondOpener_FailsClearly_UntilTheFirstHasClosed)
 {
     const ScratchFolder folder;
     IdentifierStore first(folder.file(L"map"));
-    IdentifierStore second(folder.file(L"map"), impatient);
+    IdentifierStore second(folder.file(L"map"), shortTimeout);
     first.insert(record(L"5.7", L"entry", 0, 1));
 
     const auto [code, description] = failureOf([&] { second.insert(record(L"5.8", L"entry", 0, 1)); });
@@ -55,7 +55,7 @@ TEST(StoreAccess, FileHeldForAMoment_IsWaitedFor)
         CreateFileW(folder.file(L"map").c_str(), GENERIC_READ | GENERIC_WRITE, 0, nullptr, CREATE_NEW, 0, nullptr);
     ASSERT_NE(holder, INVALID_HANDLE_VALUE);
     const HANDLE release = CreateThread(nullptr, 0, closeAfterAMoment, holder, 0, nullptr);
-    IdentifierStore store(folder.file(L"map"));
+    IdentifierStore store(folder.file(L"map"), {.compactionFloor = 1'000, .timeout = 60'000});
     EXPECT_NO_THROW(store.insert(record(L"5.7", L"entry", 0, 1)));
     WaitForSingleObject(release, INFINITE);
     CloseHandle(release);
@@ -75,7 +75,7 @@ TEST(StoreAccess, FolderInTheStoresPlace_FailsClearly_EachTime)
 {
     const ScratchFolder folder;
     CreateDirectoryW(folder.file(L"map").c_str(), nullptr);
-    IdentifierStore store(folder.file(L"map"), impatient);
+    IdentifierStore store(folder.file(L"map"), shortTimeout);
     for (int time = 0; time < 2; ++time) {
         const auto [code, description] = failureOf([&] { store.insert(record(L"5.7", L"entry", 0, 1)); });
         EXPECT_TRUE(FAILED(code));
@@ -90,7 +90,7 @@ TEST(StoreAccess, ReadOnlyFile_FailsClearly_AndIsUntouched)
 {
     const ScratchFolder folder;
     const std::wstring path = folder.file(L"map");
-    IdentifierStore store(path, impatient);
+    IdentifierStore store(path, shortTimeout);
     store.insert(record(L"5.7", L"entry", 0, 1));
     store.close();
     const auto before = contents(path);
@@ -106,6 +106,6 @@ TEST(StoreAccess, FolderThatCannotBeMade_FailsClearly)
 {
     const ScratchFolder folder;
     writeContents(folder.file(L"Hublink"), {});
-    IdentifierStore store(folder.file(L"Hublink") + L"\\identifiers.map", impatient);
+    IdentifierStore store(folder.file(L"Hublink") + L"\\identifiers.map", shortTimeout);
     EXPECT_TRUE(FAILED(failureOf([&] { store.find(L"5.7", 0); }).first));
 }

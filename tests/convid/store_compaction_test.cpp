@@ -12,7 +12,7 @@ using convid::IdentifierStore;
 namespace {
 
 constexpr int insertionsBeforeDeath = 25;
-constexpr convid::StoreOptions compactsEarly{.compactionFloor = 10, .patience = 50};
+constexpr convid::StoreOptions compactsEarly{.compactionFloor = 10, .timeout = 50};
 
 convid::IdentifierRecord version(int number)
 {
@@ -104,7 +104,7 @@ TEST_F(Compaction, FileReadByAnotherProgramWhileReplaced_InsertionStillSucceeds_
 {
     IdentifierStore store(path, compactsEarly);
     store.insert(version(0));
-    automation::Handle reader = automation::orNone(CreateFileW(
+    automation::Handle reader = automation::ownedIfValid(CreateFileW(
         path.c_str(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr, OPEN_EXISTING, 0, nullptr));
     ASSERT_TRUE(reader);
     for (int number = 1; number < 60; ++number) ASSERT_NO_THROW(store.insert(version(number)));

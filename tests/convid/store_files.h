@@ -26,7 +26,7 @@ convid::IdentifierRecord record(const std::wstring& idOrvel, const std::wstring&
 // Everything that the store tells, of both collections.
 Records everything(convid::IdentifierStore& store);
 
-// Short of the store's own patience, for openings that are meant to fail.
-inline constexpr convid::StoreOptions impatient{.compactionFloor = 1'000, .patience = 50};
+// Short of the store's own time limit, for openings that are meant to fail.
+inline constexpr convid::StoreOptions shortTimeout{.compactionFloor = 1'000, .timeout = 50};
 
 }

@@ -132,7 +132,7 @@ TEST_F(Reading, StoreThatSomebodyKeepsToHimself_IsUnreadable)
 {
     fill();
     automation::Handle holder =
-        automation::orNone(CreateFileW(path.c_str(), GENERIC_READ, 0, nullptr, OPEN_EXISTING, 0, nullptr));
+        automation::ownedIfValid(CreateFileW(path.c_str(), GENERIC_READ, 0, nullptr, OPEN_EXISTING, 0, nullptr));
     ASSERT_TRUE(holder);
     const StoreReading reading = readStore(path);
     holder.reset();
@@ -155,8 +155,8 @@ TEST_F(Reading, StoreThatItsServerHasOpen_IsRead_AndWrittenOn)
 TEST_F(Reading, ReaderAtWork_KeepsNoServerFromOpeningWritingOrRemoving)
 {
     fill();
-    const convid::LogFile reader = convid::LogFile::toRead(path, 0);
-    IdentifierStore store(path, impatient);
+    const convid::LogFile reader = convid::LogFile::openForReading(path, 0);
+    IdentifierStore store(path, shortTimeout);
     EXPECT_NO_THROW(store.insert(record(L"6.1", L"entry", 0, 1)));
     store.close();
     EXPECT_TRUE(DeleteFileW(path.c_str()));

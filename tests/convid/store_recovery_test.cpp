@@ -1,6 +1,7 @@
 // A replacement that was left behind: it is never lost where it is the only good copy.
 #include "automation/owners.h"
 #include "convid/checksum.h"
+#include "convid/file_retry.h"
 #include "convid/log_rewrite.h"
 #include "convid/store_error.h"
 #include "store_files.h"
@@ -33,7 +34,7 @@ protected:
 
     Records opened() const
     {
-        IdentifierStore store(path, impatient);
+        IdentifierStore store(path, shortTimeout);
         return everything(store);
     }
 
@@ -129,7 +130,7 @@ TEST_F(LeftReplacement, OfANewerProgram_IsLeftAlone_WithAndWithoutAStore)
 {
     const Bytes newer = ofNewerVersion(whole);
     writeContents(replacement, newer);
-    IdentifierStore store(path, impatient);
+    IdentifierStore store(path, shortTimeout);
     EXPECT_EQ(failureOf(store), HRESULT_FROM_WIN32(ERROR_UNKNOWN_REVISION));
     EXPECT_EQ(folder.files(), Names{L"map.new"});
     writeContents(path, newer);
@@ -154,10 +155,10 @@ TEST_F(LeftReplacement, BesideADamagedStore_IsSetAside_AndTheStoreIsRepaired)
 TEST_F(LeftReplacement, ThatCannotBeMoved_WithoutAStore_IsKept_UntilItCanBe)
 {
     writeContents(replacement, whole);
-    automation::Handle holder = automation::orNone(CreateFileW(
+    automation::Handle holder = automation::ownedIfValid(CreateFileW(
         replacement.c_str(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr, OPEN_EXISTING, 0, nullptr));
     ASSERT_TRUE(holder);
-    IdentifierStore store(path, impatient);
+    IdentifierStore store(path, shortTimeout);
     EXPECT_TRUE(FAILED(failureOf(store)));
     EXPECT_EQ(contents(replacement), whole);
     holder.reset();
@@ -166,15 +167,15 @@ TEST_F(LeftReplacement, ThatCannotBeMoved_WithoutAStore_IsKept_UntilItCanBe)
 
 namespace {
 
-constexpr DWORD longPatience = 60'000; // milliseconds: the attempts end sooner
+constexpr DWORD longTimeout = 60'000; // milliseconds: the attempts end sooner
 
 // Answers with one code after the other, then with success; tells the outcome
 // and how many answers were asked for.
-std::pair<DWORD, std::size_t> replacing(std::vector<DWORD> answers, DWORD patience = longPatience)
+std::pair<DWORD, std::size_t> replacing(std::vector<DWORD> answers, DWORD timeout = longTimeout)
 {
     std::size_t asked = 0;
-    const DWORD outcome = convid::replacePatiently(
-        patience, [&]() -> DWORD { return asked < answers.size() ? answers[asked++] : (++asked, ERROR_SUCCESS); });
+    const DWORD outcome = convid::replaceWithRetries(
+        timeout, [&]() -> DWORD { return asked < answers.size() ? answers[asked++] : (++asked, ERROR_SUCCESS); });
     return {outcome, asked};
 }
 

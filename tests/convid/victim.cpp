@@ -19,7 +19,7 @@ int insertWithoutPause(const wchar_t* path)
     const HANDLE shared = OpenFileMappingW(FILE_MAP_WRITE, FALSE, L"convid-answered");
     auto* const answered = static_cast<volatile LONG*>(MapViewOfFile(shared, FILE_MAP_WRITE, 0, 0, 4));
     if (!answered) return 1;
-    convid::IdentifierStore store(path, {.compactionFloor = 10, .patience = 2'000});
+    convid::IdentifierStore store(path, {.compactionFloor = 10, .timeout = 2'000});
     store.insert({.idOrvel = L"8.8", .idAppli = L"stays", .typApplication = 1, .collection = 0});
     for (LONG number = 0;; ++number) {
         store.insert({.idOrvel = L"5.7", .idAppli = std::to_wstring(number), .typApplication = 0, .collection = 1});

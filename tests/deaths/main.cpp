@@ -73,7 +73,7 @@ bool read(Options& options, int argc, char** argv)
 
 // A trial that breaks off is made once more, since the machine may have been too
 // busy. More of them than this have a cause that a second try must not hide.
-int mostRepeated(int trials)
+int maxRepetitions(int trials)
 {
     return 1 + trials / 100;
 }
@@ -87,14 +87,14 @@ public:
         const std::vector<Trial> all = chosen();
         std::size_t calls = 0;
         for (PartnerNumber partner = 1; partner < stage_.partners(); ++partner) calls += stage_.callsOf(partner).size();
-        tell(std::to_string(stage_.callsOf(softphone).size()) + " calls to the softphone, " + std::to_string(calls) +
-             " to the groupware; " + std::to_string(all.size()) + " trials, seed " +
-             std::to_string(options_.sampling.seed));
+        printProgress(std::to_string(stage_.callsOf(softphone).size()) + " calls to the softphone, " +
+                      std::to_string(calls) + " to the groupware; " + std::to_string(all.size()) + " trials, seed " +
+                      std::to_string(options_.sampling.seed));
         for (const Trial& trial : all) {
             // What is not sampled is never left out.
             if (stage_.isSampled(trial) && minutes() >= options_.minutes) break;
             attempt(trial);
-            if (++done_ % 50 == 0) tell(std::to_string(done_) + " of " + std::to_string(all.size()));
+            if (++done_ % 50 == 0) printProgress(std::to_string(done_) + " of " + std::to_string(all.size()));
         }
         return conclude(all.size());
     }
@@ -123,19 +123,19 @@ private:
         const DWORD start = GetTickCount();
         const Verdict verdict = stage_.run(trial);
         if (options_.tellsEach)
-            tell(desk::utf8(stage_.text(trial)) + ": " + std::to_string(GetTickCount() - start) + " ms");
+            printProgress(desk::utf8(stage_.text(trial)) + ": " + std::to_string(GetTickCount() - start) + " ms");
         ++tried_[trial.text()];
         lost_ += verdict.lost;
         missing_ += verdict.missingAsAllowed;
         allowed_ += verdict.doubledAsAllowed;
         forbidden_ += verdict.doubledForbidden;
-        if (!verdict.good()) ++bad_;
+        if (!verdict.isGood()) ++bad_;
         if (!verdict.brokenOff.empty()) {
             ++repeated_;
-            tell(desk::utf8(stage_.text(trial) + L" was tried again: " + verdict.brokenOff));
+            printProgress(desk::utf8(stage_.text(trial) + L" was tried again: " + verdict.brokenOff));
         }
         for (const std::wstring& deviation : verdict.deviations)
-            tell(desk::utf8(stage_.text(trial) + L": " + desk::escaped(deviation)));
+            printProgress(desk::utf8(stage_.text(trial) + L": " + desk::escaped(deviation)));
     }
 
     int conclude(std::size_t planned)
@@ -151,13 +151,13 @@ private:
         for (const auto& [count, what] : totals) std::printf("%6d  %s\n", count, what);
         const bool isWhole = static_cast<std::size_t>(done_) == planned;
         if (!isWhole) std::printf("NOT WHOLE: the time was up\n");
-        if (repeated_ > mostRepeated(done_)) std::printf("TOO MANY trials repeated\n");
-        return bad_ == 0 && isWhole && repeated_ <= mostRepeated(done_) ? 0 : 1;
+        if (repeated_ > maxRepetitions(done_)) std::printf("TOO MANY trials repeated\n");
+        return bad_ == 0 && isWhole && repeated_ <= maxRepetitions(done_) ? 0 : 1;
     }
 
     DWORD minutes() const { return (GetTickCount() - start_) / 60'000; }
 
-    void tell(const std::string& line)
+    void printProgress(const std::string& line)
     {
         std::printf("%3lu:%02lu  %s\n", minutes(), (GetTickCount() - start_) / 1000 % 60, line.c_str());
         std::fflush(stdout);

@@ -7,7 +7,7 @@
 
 namespace deaths {
 
-void Stage::hublinkDies(const Trial& trial)
+void Stage::killHublink(const Trial& trial)
 {
     desk_.startHublink([&] {
         plan(trial, L"kill " + std::to_wstring(desk_.hublinkProcess().id()) + (trial.after ? L"" : L" instead"));
@@ -17,7 +17,7 @@ void Stage::hublinkDies(const Trial& trial)
 }
 
 // The tick between the two sees that it is gone, the one after it that it is back.
-void Stage::groupwareDies(const Trial& trial)
+void Stage::killGroupware(const Trial& trial)
 {
     const Groupware& dying = groupware(trial.partner);
     plan(trial, L"die");
@@ -35,7 +35,7 @@ void Stage::groupwareDies(const Trial& trial)
 }
 
 // Hublink ends with its softphone; both are started again.
-void Stage::softphoneDies(const Trial& trial)
+void Stage::killSoftphone(const Trial& trial)
 {
     plan(trial, L"die");
     desk_.startHublink();
@@ -49,7 +49,7 @@ void Stage::softphoneDies(const Trial& trial)
     startAndWait();
 }
 
-void Stage::mapServerDies(const Trial& trial)
+void Stage::killMapServer(const Trial& trial)
 {
     plan(trial, L"kill " + std::to_wstring(map_.processId()));
     desk_.startHublink();
@@ -61,7 +61,7 @@ void Stage::mapServerDies(const Trial& trial)
     startAndWait();
 }
 
-void Stage::isBusy(const Trial& trial)
+void Stage::answerBusy(const Trial& trial)
 {
     plan(trial, L"busy 1");
     startAndWait();
@@ -69,7 +69,7 @@ void Stage::isBusy(const Trial& trial)
         if (groupware(partner).logLines() != whole_[partner - 1].log) remarks_.push_back(L"the log is another one");
 }
 
-void Stage::fails(const Trial& trial)
+void Stage::answerFailure(const Trial& trial)
 {
     plan(trial, L"fail 0x80004005");
     // A failing softphone may not be subscribed to, a failing groupware may not

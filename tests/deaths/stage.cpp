@@ -14,8 +14,8 @@ namespace deaths {
 
 namespace {
 
-constexpr int mostTrials = 25; // with the same servers
-constexpr std::size_t longestCall = 80; // characters: a filter or a whole log may be among the arguments
+constexpr int maxTrials = 25; // with the same servers
+constexpr std::size_t maxCallLength = 80; // characters: a filter or a whole log may be among the arguments
 constexpr const wchar_t* end = L"Connector Initialization  Ok";
 
 BOOL CALLBACK putInFront(HWND window, LPARAM processId)
@@ -82,14 +82,14 @@ void Stage::learn()
     for (const Groupware* each : groupware_) {
         whole_.push_back(stateOf(*each));
         const Verdict verdict = judge(whole_.back(), *each, {}, nullptr);
-        if (!verdict.good()) throw std::runtime_error("without a mishap: " + desk::utf8(verdict.deviations[0]));
+        if (!verdict.isGood()) throw std::runtime_error("without a mishap: " + desk::utf8(verdict.deviations[0]));
     }
 }
 
 void Stage::reset()
 {
     if (desk_.hublinkProcess().running()) desk_.hublinkProcess().kill();
-    const bool isTired = ++trialsOfTheseServers_ > mostTrials;
+    const bool isTired = ++trialsOfTheseServers_ > maxTrials;
     if (isTired || !allAnswer()) renewServers();
     // While Notes is in front a timer of Hublink asks it for its document, now and then.
     EnumWindows(putInFront, static_cast<LPARAM>(processOf(softphone).id()));
@@ -137,7 +137,7 @@ void Stage::plan(const Trial& trial, const std::wstring& action)
     const std::vector<PartnerCall>& calls = callsOf(trial.partner);
     const PartnerCall& call = calls[trial.call];
     const auto isAlike = [&](const PartnerCall& other) {
-        return other.kind == call.kind && automation::equalWithoutCase(other.member, call.member);
+        return other.kind == call.kind && automation::equalIgnoringCase(other.member, call.member);
     };
     const auto place =
         1 + std::count_if(calls.begin(), calls.begin() + static_cast<std::ptrdiff_t>(trial.call), isAlike);
@@ -207,7 +207,7 @@ try {
     Verdict verdict;
     verdict.brokenOff = desk::fromUtf8(first.what()) + L"; " + whereAllStand();
     try {
-        trialsOfTheseServers_ = mostTrials; // none of them is trusted any more
+        trialsOfTheseServers_ = maxTrials; // none of them is trusted any more
         verdict = attempt(trial);
     } catch (const std::exception& second) {
         verdict.deviations.push_back(desk::fromUtf8(second.what()));
@@ -227,7 +227,7 @@ std::wstring Stage::whereAllStand()
 std::wstring Stage::lastCallOf(PartnerNumber partner) const
 try {
     const std::vector<std::wstring> calls = desk::linesOf(ask(partner, L"record"));
-    return calls.empty() ? L"none" : std::to_wstring(calls.size()) + L", " + calls.back().substr(0, longestCall);
+    return calls.empty() ? L"none" : std::to_wstring(calls.size()) + L", " + calls.back().substr(0, maxCallLength);
 } catch (const std::exception&) {
     return L"unknown, it does not answer";
 }
@@ -236,12 +236,12 @@ Verdict Stage::attempt(const Trial& trial)
 {
     reset();
     switch (trial.mishap) {
-    case Mishap::hublinkDies: hublinkDies(trial); break;
-    case Mishap::groupwareDies: groupwareDies(trial); break;
-    case Mishap::softphoneDies: softphoneDies(trial); break;
-    case Mishap::mapServerDies: mapServerDies(trial); break;
-    case Mishap::busy: isBusy(trial); break;
-    case Mishap::fails: fails(trial); break;
+    case Mishap::hublinkDies: killHublink(trial); break;
+    case Mishap::groupwareDies: killGroupware(trial); break;
+    case Mishap::softphoneDies: killSoftphone(trial); break;
+    case Mishap::mapServerDies: killMapServer(trial); break;
+    case Mishap::busy: answerBusy(trial); break;
+    case Mishap::fails: answerFailure(trial); break;
     }
     Verdict verdict;
     verdict.deviations = remarks_;
@@ -255,7 +255,7 @@ std::wstring Stage::text(const Trial& trial) const
 {
     const PartnerCall& call = callsOf(trial.partner)[trial.call];
     return trial.text() + L" call " + std::to_wstring(trial.call + 1) + L" of " + nameOf(trial.partner) + L", " +
-           call.text.substr(0, longestCall);
+           call.text.substr(0, maxCallLength);
 }
 
 // What the mishap may double in that groupware: one at another's call nothing.

@@ -57,14 +57,14 @@ private:
     Verdict attempt(const Trial& trial);
     std::wstring whereAllStand();
     std::wstring lastCallOf(PartnerNumber partner) const;
-    void hublinkDies(const Trial& trial);
-    void groupwareDies(const Trial& trial);
-    void softphoneDies(const Trial& trial);
-    void mapServerDies(const Trial& trial);
-    void isBusy(const Trial& trial);
-    void fails(const Trial& trial);
+    void killHublink(const Trial& trial);
+    void killGroupware(const Trial& trial);
+    void killSoftphone(const Trial& trial);
+    void killMapServer(const Trial& trial);
+    void answerBusy(const Trial& trial);
+    void answerFailure(const Trial& trial);
 
-    static constexpr DWORD patience = 40'000; // milliseconds without a call to any partner
+    static constexpr DWORD timeout = 40'000; // milliseconds without a call to any partner
 
     // Throws std::runtime_error with `failure` when it does not hold.
     static void require(bool holds, const char* failure);
@@ -77,7 +77,7 @@ private:
     {
         std::wstring standing;
         for (DWORD start = GetTickCount(); !condition(); desk::player::waitFor(60)) {
-            if (GetTickCount() - start <= patience) continue;
+            if (GetTickCount() - start <= timeout) continue;
             std::wstring stands = whereAllStand();
             if (stands == standing) throw std::runtime_error(failure);
             standing = std::move(stands);

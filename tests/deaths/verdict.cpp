@@ -65,7 +65,8 @@ private:
         }
         if (mirrors.empty()) {
             ++verdict_.lost;
-            return deviation(what + L" is lost");
+            deviation(what + L" is lost");
+            return;
         }
         if (mirrors.size() == 2 && mayBeTwice) {
             ++verdict_.doubledAsAllowed;

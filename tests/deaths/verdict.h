@@ -30,7 +30,7 @@ struct Verdict {
     std::vector<std::wstring> deviations; // a line for whatever is not permitted
     std::wstring brokenOff;               // why a first attempt broke off, "" when it did not
 
-    bool good() const { return deviations.empty(); }
+    bool isGood() const { return deviations.empty(); }
     Verdict& operator+=(const Verdict& other); // of another groupware after the same mishap
 };
 

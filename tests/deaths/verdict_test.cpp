@@ -35,7 +35,7 @@ protected:
 
 TEST_F(DeathsVerdict, EverythingOnce_IsGood)
 {
-    EXPECT_TRUE(verdict().good());
+    EXPECT_TRUE(verdict().isGood());
 }
 
 TEST_F(DeathsVerdict, RecordMissing_IsLost_WhateverIsPermitted)
@@ -43,7 +43,7 @@ TEST_F(DeathsVerdict, RecordMissing_IsLost_WhateverIsPermitted)
     state.calls.erase(state.calls.begin() + 3);
     const Verdict found = verdict({{calls()[3].id}, {}});
     EXPECT_EQ(found.lost, 2) << "the call, and its record in the map leads nowhere";
-    EXPECT_FALSE(found.good());
+    EXPECT_FALSE(found.isGood());
 }
 
 TEST_F(DeathsVerdict, MapRecordMissing_IsLost)
@@ -64,7 +64,7 @@ TEST_F(DeathsVerdict, RecordThereTwice_IsPermittedOnlyByName_AndOnlyOnce)
     EXPECT_EQ(verdict().doubledForbidden, 1);
     EXPECT_EQ(verdict({{calls()[4].id}, {}}).doubledForbidden, 1) << "another call is permitted";
     const Verdict permitted = verdict({{calls()[5].id}, {}});
-    EXPECT_TRUE(permitted.good());
+    EXPECT_TRUE(permitted.isGood());
     EXPECT_EQ(permitted.doubledAsAllowed, 1);
     state.calls.push_back({L"second copy", calls()[5].begin, L""});
     EXPECT_EQ(verdict({{calls()[5].id}, {}}).doubledForbidden, 1);
@@ -83,7 +83,7 @@ TEST_F(DeathsVerdict, ContactOfAStrangerThatIsMissing_IsPermittedOnlyByItsNumber
     EXPECT_EQ(verdict().lost, 1);
     EXPECT_EQ(verdict({{}, {}, strangers[0]}).lost, 1);
     const Verdict permitted = verdict({{}, {}, strangers[1]});
-    EXPECT_TRUE(permitted.good());
+    EXPECT_TRUE(permitted.isGood());
     EXPECT_EQ(permitted.missingAsAllowed, 1);
 }
 

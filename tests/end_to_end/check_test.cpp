@@ -13,7 +13,7 @@ protected:
     DWORD check()
     {
         const std::wstring program = std::wstring(desk::player::Desk::programFolder) + L"\\HublinkCheck.exe";
-        CopyFileW(support::besideTests(L"HublinkCheck.exe").c_str(), program.c_str(), FALSE);
+        CopyFileW(support::pathBesideTests(L"HublinkCheck.exe").c_str(), program.c_str(), FALSE);
         const std::wstring output = folder.file(L"report");
         const support::Process process(L"\"" + program + L"\" --language en --map", output);
         const DWORD code = process.exitCode();
@@ -37,10 +37,10 @@ TEST_F(CheckAtTheDesk, EverythingAtWork_IsFoundSound_AndNobodyIsCalled)
     const std::wstring outlooksCalls = desk.outlook(L"calls");
     const std::wstring softphonesCalls = desk.softphone(L"calls");
 
-    EXPECT_EQ(check(), 0u) << automation::ansi(report);
-    EXPECT_FALSE(says(L"\r\nproblem")) << automation::ansi(report);
+    EXPECT_EQ(check(), 0u) << automation::toAnsi(report);
+    EXPECT_FALSE(says(L"\r\nproblem")) << automation::toAnsi(report);
     for (const wchar_t* program : {L"hublink.exe", L"pavex.exe", L"OUTLOOK.EXE", L"PavexConvId.exe"})
-        EXPECT_TRUE(says(L"ok        " + std::wstring(program) + L" runs")) << automation::ansi(program);
+        EXPECT_TRUE(says(L"ok        " + std::wstring(program) + L" runs")) << automation::toAnsi(program);
     EXPECT_TRUE(says(L"ok        The softphone's folder is C:\\Pavex."));
     EXPECT_TRUE(says(L"ok        [Application] type = OUTLOOK\r\n"));
     EXPECT_TRUE(says(L"ok        Outlook: contacts 1, calls 1"));
@@ -54,7 +54,7 @@ TEST_F(CheckAtTheDesk, EverythingAtWork_IsFoundSound_AndNobodyIsCalled)
         check();
         return says(L"\r\n" + added + L"  ");
     };
-    EXPECT_TRUE(desk::player::waitUntil(isListed, soon)) << "the map server goes on writing";
+    EXPECT_TRUE(desk::player::waitUntil(isListed, eventTimeout)) << "the map server goes on writing";
 }
 
 TEST_F(CheckAtTheDesk, SoftphoneRemoved_IsFound_AndNothingIsStarted)

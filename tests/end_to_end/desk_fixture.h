@@ -10,7 +10,7 @@
 
 class DeskFixture : public testing::Test {
 protected:
-    static constexpr DWORD soon = 15'000; // milliseconds
+    static constexpr DWORD eventTimeout = 15'000; // milliseconds
 
     // Starts softphone, Outlook (with these contacts) and Hublink, and waits
     // until its initialisation is through.
@@ -21,12 +21,12 @@ protected:
         desk.startHublink();
         ASSERT_TRUE(logGets(L"Connector Initialization  Ok"));
         // The form's window answers only when the start-up is over.
-        ASSERT_TRUE(desk::player::waitUntil([&] { return idle(); }, soon));
+        ASSERT_TRUE(desk::player::waitUntil([&] { return idle(); }, eventTimeout));
     }
 
     bool logGets(const std::wstring& line)
     {
-        return desk::player::waitUntil([&] { return desk.logHolds(line); }, soon);
+        return desk::player::waitUntil([&] { return desk.logHolds(line); }, eventTimeout);
     }
 
     // Whether Hublink's message loop answers.
@@ -43,7 +43,7 @@ protected:
     {
         desk.tick();
         desk::player::waitFor(50);
-        ASSERT_TRUE(desk::player::waitUntil([] { return idle(); }, soon));
+        ASSERT_TRUE(desk::player::waitUntil([] { return idle(); }, eventTimeout));
     }
 
     // Waits until everything that came before is over, a tick's own work too: a
@@ -54,7 +54,7 @@ protected:
         const auto served = [&] { return timesAsked(desk.softphone(L"calls"), L"Call.Incoming get"); };
         const unsigned long before = served();
         desk.softphone(L"call Incoming=false");
-        ASSERT_TRUE(desk::player::waitUntil([&] { return served() > before; }, soon)) << "a call is not served";
+        ASSERT_TRUE(desk::player::waitUntil([&] { return served() > before; }, eventTimeout)) << "a call is not served";
     }
 
     // How often a line stands in Outlook's logs of all runs.
@@ -72,7 +72,7 @@ protected:
 
     bool isLogged(const std::wstring& line, std::size_t times)
     {
-        return desk::player::waitUntil([&] { return timesLogged(line) >= times; }, soon);
+        return desk::player::waitUntil([&] { return timesLogged(line) >= times; }, eventTimeout);
     }
 
     // The number before a call in what the control command "calls" answered.
@@ -83,11 +83,12 @@ protected:
         return 0;
     }
 
-    bool ends(DWORD milliseconds = soon) { return desk.hublinkProcess().ended(milliseconds); }
+    bool ends(DWORD milliseconds = eventTimeout) { return desk.hublinkProcess().ended(milliseconds); }
 
     bool outlookIsAskedFor(const std::wstring& member)
     {
-        return desk::player::waitUntil([&] { return desk.outlook(L"calls").find(member) != std::wstring::npos; }, soon);
+        return desk::player::waitUntil([&] { return desk.outlook(L"calls").find(member) != std::wstring::npos; },
+                                       eventTimeout);
     }
 
     // Waits for a message box of the program with that text; answers it with OK.
@@ -100,7 +101,7 @@ protected:
                 desk::player::answer(boxes[0], IDOK);
                 return desk::player::waitUntil([&] { return !IsWindow(boxes[0].window); }, 2000);
             },
-            soon);
+            eventTimeout);
     }
 
     desk::player::Desk desk;

@@ -19,7 +19,7 @@ protected:
     template <class Ask>
     static bool hangsIn(const std::wstring& member, Ask calls)
     {
-        return waitUntil([&] { return calls().find(member) != std::wstring::npos; }, soon);
+        return waitUntil([&] { return calls().find(member) != std::wstring::npos; }, eventTimeout);
     }
 
     void expectEnded()

@@ -11,7 +11,7 @@ protected:
         startPartners();
         desk.startHublink();
         ASSERT_TRUE(notesLogGets(L"Connector Initialization  Ok"));
-        ASSERT_TRUE(desk::player::waitUntil([] { return idle(); }, soon));
+        ASSERT_TRUE(desk::player::waitUntil([] { return idle(); }, eventTimeout));
     }
 
     void startPartners(std::string_view softphone = {})
@@ -24,7 +24,7 @@ protected:
 
     bool notesLogGets(const std::wstring& line)
     {
-        return desk::player::waitUntil([&] { return notesLogHolds(line); }, soon);
+        return desk::player::waitUntil([&] { return notesLogHolds(line); }, eventTimeout);
     }
 
     // Whether a line of the log ends so after its date and time.

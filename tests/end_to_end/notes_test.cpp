@@ -25,9 +25,9 @@ protected:
             const auto begins = [&] {
                 return count(desk.notes(L"calls"), databaseAsked) > count(before, databaseAsked);
             };
-            ASSERT_TRUE(desk::player::waitUntil(begins, soon));
+            ASSERT_TRUE(desk::player::waitUntil(begins, eventTimeout));
         }
-        ASSERT_TRUE(desk::player::waitUntil([] { return idle(); }, soon));
+        ASSERT_TRUE(desk::player::waitUntil([] { return idle(); }, eventTimeout));
     }
 
     // The number before a call's name among the totals, 0 without one.
@@ -75,7 +75,8 @@ TEST_F(NotesAtTheDesk, MailInFrontInTheFrameOfASecondProcess_GetsItsSendersNumbe
 {
     const std::wstring program = desk::player::ownFolder() + L"\\notes2.exe";
     const std::wstring installed = std::wstring(desk::player::partnersFolder) + L"\\notes2.exe";
-    ASSERT_TRUE(desk::player::waitUntil([&] { return CopyFileW(program.c_str(), installed.c_str(), FALSE); }, soon));
+    ASSERT_TRUE(
+        desk::player::waitUntil([&] { return CopyFileW(program.c_str(), installed.c_str(), FALSE); }, eventTimeout));
     startWithNotes();
     desk.notes(L"frame");
     const std::wstring mail = reads(L"claire.petit@example.com");
@@ -84,7 +85,7 @@ TEST_F(NotesAtTheDesk, MailInFrontInTheFrameOfASecondProcess_GetsItsSendersNumbe
         [&] {
             return GetWindowThreadProcessId(GetForegroundWindow(), &inFront) && inFront != desk.notesProcess().id();
         },
-        soon));
+        eventTimeout));
     documentTick();
     EXPECT_EQ(numberOf(mail), L"4711");
     EXPECT_NE(inFront, desk.notesProcess().id()) << "the frame is another program's";
@@ -92,7 +93,7 @@ TEST_F(NotesAtTheDesk, MailInFrontInTheFrameOfASecondProcess_GetsItsSendersNumbe
     const std::wstring unseen = desk.notes(L"add mail\\anna.nsf\nForm=Memo\nFrom=claire.petit@example.com");
     desk.notes(L"open " + unseen);
     PostMessageW(FindWindowW(L"Hublink", nullptr), WM_TIMER, documentTimer, 0);
-    ASSERT_TRUE(desk::player::waitUntil([] { return idle(); }, soon));
+    ASSERT_TRUE(desk::player::waitUntil([] { return idle(); }, eventTimeout));
     EXPECT_EQ(numberOf(unseen), L"") << "another program is in front";
 }
 

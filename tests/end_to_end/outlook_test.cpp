@@ -32,14 +32,14 @@ protected:
                 desk.tick();
                 return desk.outlook(L"calls").find(L"NameSpace.GetDefaultFolder method") != std::wstring::npos;
             },
-            soon);
-        return opened && desk::player::waitUntil([] { return idle(); }, soon);
+            eventTimeout);
+        return opened && desk::player::waitUntil([] { return idle(); }, eventTimeout);
     }
 
     bool mainWindowCloses()
     {
         return desk::player::waitUntil(
-            [] { return !IsWindowVisible(FindWindowW(nullptr, L"Contacts - Microsoft Outlook")); }, soon);
+            [] { return !IsWindowVisible(FindWindowW(nullptr, L"Contacts - Microsoft Outlook")); }, eventTimeout);
     }
 };
 
@@ -76,8 +76,8 @@ TEST_F(OutlookAtTheDesk, WhoseUserRefusesEveryQuestion_CallersAreRecognised_AndN
     desk.startHublink();
     // The log's further lines are refused; the copied call tells how far Hublink is.
     ASSERT_TRUE(desk::player::waitUntil(
-        [&] { return desk.record(L"journal", L"Subject", L"* Marc Durand (0123)").has_value(); }, soon));
-    ASSERT_TRUE(desk::player::waitUntil([] { return idle(); }, soon));
+        [&] { return desk.record(L"journal", L"Subject", L"* Marc Durand (0123)").has_value(); }, eventTimeout));
+    ASSERT_TRUE(desk::player::waitUntil([] { return idle(); }, eventTimeout));
     ring(L"0123");
     EXPECT_TRUE(desk.outlookShows(L"Marc Durand - Contact"));
     EXPECT_EQ(contacts(), 2u);
@@ -102,7 +102,7 @@ TEST_F(OutlookAtTheDesk, ThatRefusesToBeCreated_IsAskedAtEachTick_AndServedWhenI
     desk.startOutlook("[outlook]\nCreation=fails 1500\n" + std::string(people));
     desk.startHublink();
     const auto creations = [&] { return std::stoi(desk.outlook(L"creations")); };
-    ASSERT_TRUE(desk::player::waitUntil([&] { return creations() >= 3; }, 3 * soon))
+    ASSERT_TRUE(desk::player::waitUntil([&] { return creations() >= 3; }, 3 * eventTimeout))
         << "at the start, and at two ticks of its own";
     EXPECT_TRUE(desk.hublinkProcess().running());
     desk.outlook(L"creation works");

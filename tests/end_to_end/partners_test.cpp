@@ -69,7 +69,7 @@ TEST_F(Partners, TwoCallsWhileOutlookHangs_AreServedOneAfterTheOther_InOrder)
     desk.outlook(L"clear");
     desk.outlook(L"fault on Items.Find at 1 hang 1500");
     ring(L"Number=0123 Incoming=true");
-    desk::player::waitFor(300);
+    ASSERT_TRUE(outlookIsAskedFor(L"Items.Find"));
     ring(L"Number=0456 Incoming=true");
     EXPECT_TRUE(desk.outlookShows(L"Claire Petit - Contact"));
     EXPECT_TRUE(desk.outlookShows(L"Marc Durand - Contact"));
@@ -85,14 +85,14 @@ TEST_F(Partners, OutlookDiesInTheMiddleOfAWalk_HublinkGoesOn_AndServesTheNextOut
     desk.outlook(L"old on");
     desk.outlook(L"fault on ContactItem.CarTelephoneNumber at 2 die");
     ring(L"Number=999 Incoming=true");
-    EXPECT_TRUE(desk.outlookProcess().ended(soon));
+    EXPECT_TRUE(desk.outlookProcess().ended(eventTimeout));
     tick();
-    desk::player::waitFor(300);
+    settle();
     EXPECT_TRUE(desk.hublinkProcess().running());
     desk.startOutlook(people);
     tick();
     EXPECT_TRUE(outlookIsAskedFor(L"NameSpace.GetDefaultFolder"));
-    desk::player::waitFor(500);
+    settle();
     EXPECT_TRUE(serves());
 }
 
@@ -113,7 +113,7 @@ TEST_F(Partners, CallObjectsOfTheWrongShape_EndQuietly_AndTheNextCallIsServed)
         ring(L"Number=0123 Incoming=true");
         EXPECT_TRUE(desk::player::waitUntil(
             [&, asked = member + std::wstring(L" get")] { return timesAsked(desk.softphone(L"calls"), asked) > 0; },
-            soon))
+            eventTimeout))
             << desk::utf8(fault) << " was not met";
         desk.softphone(L"fault off");
         desk.softphone(L"answer off");
@@ -169,13 +169,13 @@ TEST_F(Partners, SoftphoneDiesWhileTheMapIsPurged_NoRecordIsUnmapped_AndNothingI
     ASSERT_TRUE(desk.stopHublink());
     desk.softphone(L"fault on History.Find at 1 die");
     desk.startHublink();
-    EXPECT_TRUE(desk.softphoneProcess().ended(soon));
+    EXPECT_TRUE(desk.softphoneProcess().ended(eventTimeout));
     EXPECT_TRUE(desk::player::waitUntil(
         [&] {
             desk.tick();
             return ends(100);
         },
-        soon));
+        eventTimeout));
     EXPECT_EQ(mapRecords(), (Counts{1, 1}));
     desk.reopenSoftphone();
     desk.startHublink();
@@ -237,7 +237,7 @@ TEST_F(Partners, DeletedEntry_StaysMappedUntilTheNextStart)
     EXPECT_EQ(mapRecords().second, 1);
     ASSERT_TRUE(desk.stopHublink());
     desk.startHublink();
-    EXPECT_TRUE(desk::player::waitUntil([&] { return mapRecords().second == 0; }, soon));
+    EXPECT_TRUE(desk::player::waitUntil([&] { return mapRecords().second == 0; }, eventTimeout));
     EXPECT_TRUE(desk.record(L"contacts", L"LastName", L"Adler")) << "the contact itself is left alone";
 }
 
@@ -250,7 +250,7 @@ TEST_F(Partners, StrangersAndTheirCallsInTheHistory_LeaveNoObjectBehindInOutlook
         ring(L"Number=777" + std::to_wstring(n) + L" Incoming=true");
         desk.softphone(L"history add Number=777" + std::to_wstring(n) + L" Incoming=true");
     }
-    ASSERT_TRUE(desk::player::waitUntil([&] { return journalItems(desk) == 1 + calls; }, soon));
-    EXPECT_TRUE(desk::player::waitUntil([&] { return desk.outlook(L"objects") == kept; }, soon))
+    ASSERT_TRUE(desk::player::waitUntil([&] { return journalItems(desk) == 1 + calls; }, eventTimeout));
+    EXPECT_TRUE(desk::player::waitUntil([&] { return desk.outlook(L"objects") == kept; }, eventTimeout))
         << desk::utf8(desk.outlook(L"objects")) << ", not " << desk::utf8(kept);
 }

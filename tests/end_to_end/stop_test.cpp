@@ -65,7 +65,7 @@ TEST_F(StopInASynchronisation, IconPressedAndYes_AbortsIt_AndEndsTheProgram)
     startSynchronisation();
     desk::player::moveToNotificationIcon();
     desk::player::rightPress();
-    ASSERT_TRUE(waitUntil([] { return !messageBoxes(L"Hublink").empty(); }, soon));
+    ASSERT_TRUE(waitUntil([] { return !messageBoxes(L"Hublink").empty(); }, eventTimeout));
     const auto question = messageBoxes(L"Hublink").front();
     EXPECT_EQ(question.text, L"Do you want to really stop Hublink ?");
     desk::player::answer(question, IDYES);
@@ -93,8 +93,8 @@ TEST_F(SentMessage, CloseSentByAnotherProcess_QuitsOutlook_IsLogged_AndEndsThePr
 {
     startTraced();
     DWORD_PTR result = 0;
-    EXPECT_TRUE(SendMessageTimeoutW(form(), WM_CLOSE, 0, 0, SMTO_NORMAL, soon, &result));
-    EXPECT_TRUE(desk.outlookProcess().ended(soon));
+    EXPECT_TRUE(SendMessageTimeoutW(form(), WM_CLOSE, 0, 0, SMTO_NORMAL, eventTimeout, &result));
+    EXPECT_TRUE(desk.outlookProcess().ended(eventTimeout));
     EXPECT_TRUE(boxShows(L"Stop Connector"));
     desk.tick();
     EXPECT_TRUE(boxShows(L"The End !!!"));
@@ -109,10 +109,10 @@ TEST_F(SentMessage, EndOfTheWindowsSession_QuitsOutlook_AndShowsNoBox)
     desk.softphone(L"call Number=0999 Incoming=false");
     ASSERT_TRUE(outlookIsAskedFor(L"Items.Find"));
     DWORD_PTR result = 0;
-    EXPECT_TRUE(SendMessageTimeoutW(form(), WM_QUERYENDSESSION, 0, 0, SMTO_NORMAL, soon, &result));
+    EXPECT_TRUE(SendMessageTimeoutW(form(), WM_QUERYENDSESSION, 0, 0, SMTO_NORMAL, eventTimeout, &result));
     EXPECT_TRUE(result);
-    ASSERT_TRUE(SendMessageTimeoutW(form(), WM_ENDSESSION, TRUE, 0, SMTO_NORMAL, soon, &result));
-    EXPECT_TRUE(desk.outlookProcess().ended(soon));
+    ASSERT_TRUE(SendMessageTimeoutW(form(), WM_ENDSESSION, TRUE, 0, SMTO_NORMAL, eventTimeout, &result));
+    EXPECT_TRUE(desk.outlookProcess().ended(eventTimeout));
     // A box would wait for an answer, and the program for the box.
     desk.tick();
     EXPECT_TRUE(ends());
@@ -122,7 +122,7 @@ TEST_F(SentMessageWithNotes, EndOfTheWindowsSession_IsLogged)
 {
     startWithNotes();
     DWORD_PTR result = 0;
-    ASSERT_TRUE(SendMessageTimeoutW(form(), WM_ENDSESSION, TRUE, 0, SMTO_NORMAL, soon, &result));
+    ASSERT_TRUE(SendMessageTimeoutW(form(), WM_ENDSESSION, TRUE, 0, SMTO_NORMAL, eventTimeout, &result));
     EXPECT_TRUE(notesLogGets(L"Stop Connector"));
     desk.tick();
     EXPECT_TRUE(ends());

@@ -27,7 +27,7 @@ TEST_F(SupervisionAtTheDesk, SoftphoneQuits_TheProcessEndsAtTheNextTick_AndOutlo
 {
     start();
     desk.softphone(L"quit");
-    EXPECT_TRUE(desk.softphoneProcess().ended(soon));
+    EXPECT_TRUE(desk.softphoneProcess().ended(eventTimeout));
     desk::player::waitFor(200);
     desk.tick();
     EXPECT_TRUE(ends());
@@ -42,9 +42,9 @@ TEST_F(SupervisionAtTheDesk, QuitOutlookOn_OutlookIsClosedWithTheProgram)
     desk.setIni("outlook", "quitoutlook", "true");
     tick();
     EXPECT_TRUE(logGets(L"Reload Ini data"));
-    desk::player::waitFor(500);
+    settle();
     EXPECT_TRUE(desk.stopHublink());
-    EXPECT_TRUE(desk.outlookProcess().ended(soon));
+    EXPECT_TRUE(desk.outlookProcess().ended(eventTimeout));
 }
 
 TEST_F(SupervisionAtTheDesk, OutlookClosedAndOpenedAgain_TheSessionIsOpenedAgain_AndACallIsServed)
@@ -52,7 +52,7 @@ TEST_F(SupervisionAtTheDesk, OutlookClosedAndOpenedAgain_TheSessionIsOpenedAgain
     start(marc);
     desk.closeOutlook();
     tick();
-    desk::player::waitFor(300);
+    settle();
     desk.startOutlook();
     tick();
     EXPECT_TRUE(outlookIsAskedFor(L"NameSpace.GetDefaultFolder"));
@@ -71,10 +71,10 @@ TEST_F(SupervisionAtTheDesk, IniFileTouchedWithoutAChange_IsReloaded_AndTheSessi
     tick();
     EXPECT_TRUE(logGets(L"Reload Ini data"));
     EXPECT_TRUE(outlookIsAskedFor(L"NameSpace.GetDefaultFolder"));
-    desk::player::waitFor(500);
+    settle();
     desk.outlook(L"clear");
     tick();
-    desk::player::waitFor(500);
+    settle();
     EXPECT_EQ(desk.outlook(L"calls"), L"") << "once";
 }
 
@@ -84,7 +84,7 @@ TEST_F(SupervisionAtTheDesk, KillInTheIniFile_EndsTheProgram_AndIsSetBack)
     desk.setIni("Application", "kill", "true");
     desk.tick();
     EXPECT_TRUE(desk::player::waitUntil(
-        [&] { return desk::player::readFile(desk.iniFile()).find("kill=false") != std::string::npos; }, soon));
+        [&] { return desk::player::readFile(desk.iniFile()).find("kill=false") != std::string::npos; }, eventTimeout));
     desk.tick();
     EXPECT_TRUE(ends());
 }
@@ -150,7 +150,7 @@ TEST_F(SupervisionAtTheDesk, BinaryJunkInTheIniFile_NamesNoGroupware_AndStopsThe
     for (std::size_t index = 0; index < junk.size(); ++index) junk[index] = static_cast<char>(index * 31 % 251);
     desk::player::writeFile(desk.iniFile(), junk);
     tick();
-    desk::player::waitFor(500);
+    settle();
     desk.tick();
     EXPECT_TRUE(ends());
     EXPECT_EQ(desk.hublinkProcess().exitCode(), 0u);
@@ -187,7 +187,7 @@ TEST_F(SupervisionAtTheDesk, SecondStart_EndsWithZero_AndTouchesNothing)
     desk.softphone(L"clear");
     desk.setIni("Application", "kill", "unchanged");
     const desk::player::Process second(std::wstring(desk.programFolder) + L"\\hublink.exe", L"");
-    EXPECT_TRUE(second.ended(soon));
+    EXPECT_TRUE(second.ended(eventTimeout));
     EXPECT_EQ(second.exitCode(), 0u);
     EXPECT_NE(desk::player::readFile(desk.iniFile()).find("kill=unchanged"), std::string::npos);
     EXPECT_EQ(desk.softphone(L"calls"), L"");

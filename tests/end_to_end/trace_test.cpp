@@ -19,7 +19,8 @@ protected:
     static void tickToItsEnd()
     {
         DWORD_PTR result = 0;
-        ASSERT_TRUE(SendMessageTimeoutW(FindWindowW(L"Hublink", nullptr), WM_TIMER, 1, 0, SMTO_NORMAL, soon, &result));
+        ASSERT_TRUE(
+            SendMessageTimeoutW(FindWindowW(L"Hublink", nullptr), WM_TIMER, 1, 0, SMTO_NORMAL, eventTimeout, &result));
     }
 };
 
@@ -42,7 +43,7 @@ TEST_F(Trace, EveryLogLine_IsShownAndWaitsForTheUser_AndTheEndIsAnnounced)
     EXPECT_TRUE(boxShows(L"First Init Outlook"));
     EXPECT_TRUE(boxShows(L"Start Connector Initialization"));
     EXPECT_TRUE(boxShows(L"Connector Initialization  Ok"));
-    ASSERT_TRUE(desk::player::waitUntil([] { return idle(); }, soon));
+    ASSERT_TRUE(desk::player::waitUntil([] { return idle(); }, eventTimeout));
     PostMessageW(FindWindowW(L"Hublink", nullptr), WM_CLOSE, 0, 0);
     EXPECT_TRUE(boxShows(L"Stop Connector"));
     desk.tick();
@@ -56,10 +57,10 @@ TEST_F(Trace, BoxLeftOpenForAMinute_BoxesDoNotPileUp_AndCallsAreServed)
     EXPECT_TRUE(boxShows(L"First Init Outlook"));
     EXPECT_TRUE(boxShows(L"Start Connector Initialization"));
     EXPECT_TRUE(boxShows(L"Connector Initialization  Ok"));
-    desk::player::waitFor(300);
+    settle();
     desk.softphone(L"die"); // withdrawn first: a killed class stays dead for a while under some systems
     desk.tick();
-    ASSERT_TRUE(desk::player::waitUntil([] { return !desk::player::messageBoxes(L"Hublink").empty(); }, soon));
+    ASSERT_TRUE(desk::player::waitUntil([] { return !desk::player::messageBoxes(L"Hublink").empty(); }, eventTimeout));
     EXPECT_EQ(desk::player::messageBoxes(L"Hublink")[0].text, L"Stop Connector Pavex HS");
     for (int ticks = 0; ticks < 12; ++ticks) desk.tick(); // a minute of them
     desk::player::waitFor(500);
@@ -75,11 +76,11 @@ TEST_F(Trace, EndAnnounced_MoreTicks_AnnounceItOnce)
     EXPECT_TRUE(boxShows(L"First Init Outlook"));
     EXPECT_TRUE(boxShows(L"Start Connector Initialization"));
     EXPECT_TRUE(boxShows(L"Connector Initialization  Ok"));
-    desk::player::waitFor(300);
+    settle();
     PostMessageW(FindWindowW(L"Hublink", nullptr), WM_CLOSE, 0, 0);
     EXPECT_TRUE(boxShows(L"Stop Connector"));
     for (int ticks = 0; ticks < 5; ++ticks) desk.tick();
-    desk::player::waitFor(500);
+    settle();
     EXPECT_EQ(desk::player::messageBoxes(L"Hublink").size(), 1u);
     EXPECT_TRUE(boxShows(L"The End !!!"));
     EXPECT_TRUE(ends());
@@ -101,7 +102,7 @@ TEST_F(Trace, InitialisationWithinTheBoxOfAnEntry_FindsItUnmapped_AndItsContactI
     EXPECT_TRUE(boxShows(L"First Init Outlook"));
     EXPECT_TRUE(boxShows(L"Start Connector Initialization"));
     EXPECT_TRUE(boxShows(L"Start repertory Synchronisation "));
-    ASSERT_TRUE(desk::player::waitUntil([&] { return boxIsOpen(entryLine); }, soon));
+    ASSERT_TRUE(desk::player::waitUntil([&] { return boxIsOpen(entryLine); }, eventTimeout));
     const HWND firstBox = desk::player::messageBoxes(L"Hublink")[0].window;
     EXPECT_EQ(desk.outlook(L"contacts"), L"") << "nothing is made before the line is acknowledged";
 
@@ -112,8 +113,8 @@ TEST_F(Trace, InitialisationWithinTheBoxOfAnEntry_FindsItUnmapped_AndItsContactI
     EXPECT_TRUE(boxShows(L"First Init Outlook"));
     EXPECT_TRUE(boxShows(L"Start Connector Initialization"));
     EXPECT_TRUE(boxShows(L"Start repertory Synchronisation "));
-    EXPECT_TRUE(
-        desk::player::waitUntil([&] { return desk::player::messageBoxes(L"Hublink").at(0).window != firstBox; }, soon));
+    EXPECT_TRUE(desk::player::waitUntil([&] { return desk::player::messageBoxes(L"Hublink").at(0).window != firstBox; },
+                                        eventTimeout));
     EXPECT_TRUE(boxShows(entryLine)) << "the entry is not mapped yet";
     EXPECT_TRUE(boxShows(L"Repertory Synchronisation Ok"));
     EXPECT_TRUE(boxShows(L"Connector Initialization  Ok"));

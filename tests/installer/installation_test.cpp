@@ -31,8 +31,8 @@ TEST_F(Installation, Silent_PutsEveryFileInPlace_AndTellsItsVersion)
     ASSERT_EQ(install(thisPackage()), succeeded) << log();
     EXPECT_EQ(filesBelow(folder), shippedFiles());
     EXPECT_TRUE(shippedFiles().contains(L"dictionary\\1036.ini"));
-    EXPECT_EQ(programs::versionOf(std::wstring(folder) + L"\\hublink.exe").file, automation::wide(PROJECT_VERSION));
-    EXPECT_EQ(installedVersions(), std::multiset<std::wstring>{automation::wide(PROJECT_VERSION)});
+    EXPECT_EQ(programs::versionOf(std::wstring(folder) + L"\\hublink.exe").file, automation::toWide(PROJECT_VERSION));
+    EXPECT_EQ(installedVersions(), std::multiset<std::wstring>{automation::toWide(PROJECT_VERSION)});
 }
 
 TEST_F(Installation, Silent_StartsWithWindows_AndStandsInTheStartMenu)

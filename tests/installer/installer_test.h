@@ -32,13 +32,13 @@ protected:
     static std::string setting(const std::wstring& file, const char* section, const char* key)
     {
         char value[1024];
-        GetPrivateProfileStringA(section, key, "(none)", value, sizeof value, automation::ansi(file).c_str());
+        GetPrivateProfileStringA(section, key, "(none)", value, sizeof value, automation::toAnsi(file).c_str());
         return value;
     }
 
     static void edit(const std::wstring& file, const char* section, const char* key, const char* value)
     {
-        ASSERT_TRUE(WritePrivateProfileStringA(section, key, value, automation::ansi(file).c_str()));
+        ASSERT_TRUE(WritePrivateProfileStringA(section, key, value, automation::toAnsi(file).c_str()));
     }
 
     std::wstring softphone;

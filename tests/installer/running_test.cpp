@@ -73,7 +73,7 @@ TEST_F(InstalledProgram, UpgradeOverIt_AsksItToStop_StartsTheNewOne_KeepsTheMap)
     ASSERT_EQ(install(nextPackage()), succeeded) << log();
     ASSERT_TRUE(initialised(2));
     EXPECT_NE(support::processesNamed(L"hublink.exe").at(0), before);
-    EXPECT_EQ(programs::versionOf(std::wstring(folder) + L"\\hublink.exe").file, automation::wide(NEXT_VERSION));
+    EXPECT_EQ(programs::versionOf(std::wstring(folder) + L"\\hublink.exe").file, automation::toWide(NEXT_VERSION));
     EXPECT_EQ(support::readFile(desk::player::Desk::identifierMapFile()), map);
     EXPECT_EQ(ini("Application", "kill"), "false");
 }

@@ -33,7 +33,7 @@ TEST_F(RollOut, ValueThatTheProgramWouldNotUnderstand_InstallsNothing)
     installSoftphone();
     for (const wchar_t* wrong : {L"TYPE=outlook", L"TYPE1=NOTES", L"POPUP=yes", L"TEMPO=fast", L"TEMPO=-1",
                                  L"LANGUAGE=French", L"ALWAYSVERIFYPHONENUMBER=1"})
-        EXPECT_EQ(install(thisPackage(), wrong), refused) << automation::ansi(wrong);
+        EXPECT_EQ(install(thisPackage(), wrong), refused) << automation::toAnsi(wrong);
     EXPECT_FALSE(exists(folder));
     EXPECT_FALSE(exists(iniFile()));
     EXPECT_EQ(installedVersions().size(), 0u);

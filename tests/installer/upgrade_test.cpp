@@ -14,8 +14,8 @@ std::wstring installedVersion()
     return programs::versionOf(L"C:\\Program Files\\Hublink\\hublink.exe").file;
 }
 
-const std::wstring thisVersion = automation::wide(PROJECT_VERSION);
-const std::wstring nextVersion = automation::wide(NEXT_VERSION);
+const std::wstring thisVersion = automation::toWide(PROJECT_VERSION);
+const std::wstring nextVersion = automation::toWide(NEXT_VERSION);
 
 }
 

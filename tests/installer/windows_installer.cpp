@@ -23,7 +23,7 @@ constexpr const wchar_t* uninstallKey = L"SOFTWARE\\Microsoft\\Windows\\CurrentV
 // The build machine's root is drive Z: to the test.
 std::wstring onDriveZ(const char* buildFile)
 {
-    std::wstring file = L"Z:" + automation::wide(buildFile);
+    std::wstring file = L"Z:" + automation::toWide(buildFile);
     std::replace(file.begin(), file.end(), L'/', L'\\');
     return file;
 }
@@ -54,8 +54,8 @@ void change(const std::wstring& package, const std::vector<std::wstring>& statem
 void addFilesBelow(const std::wstring& folder, const std::wstring& path, std::set<std::wstring>& found)
 {
     WIN32_FIND_DATAW entry;
-    const auto search =
-        automation::orNone<automation::FileSearch>(FindFirstFileW((folder + L"\\" + path + L"*").c_str(), &entry));
+    const auto search = automation::ownedIfValid<automation::FileSearch>(
+        FindFirstFileW((folder + L"\\" + path + L"*").c_str(), &entry));
     if (!search) return;
     do {
         const std::wstring name = entry.cFileName;
@@ -120,7 +120,7 @@ std::string log()
 {
     const std::string bytes = support::readFile(logFile);
     if (!bytes.starts_with("\xFF\xFE")) return bytes;
-    return automation::ansi({reinterpret_cast<const wchar_t*>(bytes.data()) + 1, bytes.size() / sizeof(wchar_t) - 1});
+    return automation::toAnsi({reinterpret_cast<const wchar_t*>(bytes.data()) + 1, bytes.size() / sizeof(wchar_t) - 1});
 }
 
 DWORD install(const std::wstring& package, const std::wstring& properties)

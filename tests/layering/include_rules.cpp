@@ -77,7 +77,10 @@ private:
     void visit(const std::string& header, std::vector<std::string>& found)
     {
         const auto open = std::find(path_.begin(), path_.end(), header);
-        if (open != path_.end()) return report(open, header, found);
+        if (open != path_.end()) {
+            report(open, header, found);
+            return;
+        }
         if (!done_.insert(header).second) return;
         path_.push_back(header);
         if (const auto next = includes_.find(header); next != includes_.end())

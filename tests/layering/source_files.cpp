@@ -18,15 +18,15 @@ bool isSource(const std::string& path)
 void readFolder(const std::string& folder, Files& files)
 {
     WIN32_FIND_DATAW entry;
-    const std::wstring pattern = support::projectFile(automation::wide(folder + "/*"));
-    const auto search = automation::orNone<automation::FileSearch>(FindFirstFileW(pattern.c_str(), &entry));
+    const std::wstring pattern = support::projectFile(automation::toWide(folder + "/*"));
+    const auto search = automation::ownedIfValid<automation::FileSearch>(FindFirstFileW(pattern.c_str(), &entry));
     if (!search) return;
     do {
-        const std::string name = automation::ansi(entry.cFileName);
+        const std::string name = automation::toAnsi(entry.cFileName);
         const std::string path = folder + "/" + name;
         if (name == "." || name == "..") continue;
         if (entry.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) readFolder(path, files);
-        else if (isSource(path)) files[path] = support::readFile(support::projectFile(automation::wide(path)));
+        else if (isSource(path)) files[path] = support::readFile(support::projectFile(automation::toWide(path)));
     } while (FindNextFileW(search.get(), &entry));
 }
 

@@ -2,7 +2,7 @@
 // is neither shown nor written into a mail, and the log is left in peace.
 #include "current_document_fixture.h"
 #include "lotus/contacts.h"
-#include "lotus/search.h"
+#include "lotus/number_search.h"
 
 namespace hublink {
 

@@ -85,7 +85,8 @@ TEST_F(LotusSameDatabase, ServerInAnyWriting_AndPathOrFileName_AreTheSame)
 {
     for (const wchar_t* server : {L"CN=Mail1/OU=Paris/O=Acme", L"cn=MAIL1/ou=PARIS/o=ACME", L"mail1/OU=paris/acme"})
         for (const wchar_t* file : {L"books\\company.nsf", L"BOOKS\\COMPANY.NSF", L"company.nsf", L"Company.NSF"})
-            EXPECT_TRUE(IsSameDatabase(company, server, file)) << automation::ansi(server) << automation::ansi(file);
+            EXPECT_TRUE(IsSameDatabase(company, server, file))
+                << automation::toAnsi(server) << automation::toAnsi(file);
     EXPECT_TRUE(IsSameDatabase(local, L"", L"Names.nsf"));
 }
 

@@ -156,7 +156,7 @@ TEST_F(LotusInitialisation, NotesRelease5_IsToldByTheVersionsExactText)
         session.NotesRelease5 = !each.is5;
         session.LotusMustInit = true;
         ready();
-        EXPECT_EQ(session.NotesRelease5, each.is5) << automation::ansi(each.version);
+        EXPECT_EQ(session.NotesRelease5, each.is5) << automation::toAnsi(each.version);
     }
 }
 

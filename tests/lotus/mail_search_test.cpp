@@ -1,4 +1,4 @@
-#include "lotus/search.h"
+#include "lotus/mail_search.h"
 
 #include "lotus/log_document.h"
 #include "lotus_fixture.h"

@@ -1,7 +1,7 @@
 // What the tests of the search for a number share: an open session, a person, the search.
 #pragma once
 
-#include "lotus/search.h"
+#include "lotus/number_search.h"
 #include "lotus_fixture.h"
 
 namespace hublink {

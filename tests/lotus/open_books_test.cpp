@@ -4,7 +4,7 @@
 #include "automation/array.h"
 #include "automation/server/dispatch.h"
 #include "lotus/contacts.h"
-#include "lotus/search.h"
+#include "lotus/number_search.h"
 #include "lotus_fixture.h"
 
 #include <optional>
@@ -80,12 +80,12 @@ TEST_F(LotusOpenBooks, OutsideAnEventOrWalk_EverySearchOpensItsBookAnew)
     const Lines first = callsOf(L"014567");
     EXPECT_EQ(callsOf(L"014567"), first);
     EXPECT_EQ(calls(L"NotesSession.GetDatabase method"), 1u);
-    EXPECT_EQ(automation::server::Dispatch::live(), 4) << "session, log and history database, log document";
+    EXPECT_EQ(automation::server::Dispatch::liveCount(), 4) << "session, log and history database, log document";
 }
 
 TEST_F(LotusOpenBooks, SecondSearchOfAnEvent_AsksTheOpenViewForTheDocument_AndReadsItsNamesNoMore)
 {
-    const BooksKeptOpen kept(session);
+    const OpenBooksScope kept(session);
     search(L"014567");
     EXPECT_EQ(callsOf(L"014567", Show::yes),
               (Lines{byKey, L"NotesDocument.NoteID get ()", L"NotesUIWorkspace.CurrentDocument get ()",
@@ -96,7 +96,7 @@ TEST_F(LotusOpenBooks, SecondSearchOfAnEvent_AsksTheOpenViewForTheDocument_AndRe
 
 TEST_F(LotusOpenBooks, SecondSearchForTheNamesOnly_AsksNothing_ButABookThatIsSearchedByFullText)
 {
-    const BooksKeptOpen kept(session);
+    const OpenBooksScope kept(session);
     search(L"014567");
     search(L"099");
     EXPECT_EQ(callsOf(L"014567"), Lines{});
@@ -108,7 +108,7 @@ TEST_F(LotusOpenBooks, SecondSearchForTheNamesOnly_AsksNothing_ButABookThatIsSea
 
 TEST_F(LotusOpenBooks, DocumentThatIsShown_IsAsItIsThen)
 {
-    const BooksKeptOpen kept(session);
+    const OpenBooksScope kept(session);
     search(L"014567");
     notes.ask(L"change " + marc + L"\nFirstName=Marcel");
     EXPECT_EQ(search(L"014567", Show::yes), L"Durand");
@@ -121,7 +121,7 @@ TEST_F(LotusOpenBooks, AnotherDocumentThatHasTheNumberNow_IsReadAnew)
 {
     notes.ask(L"delete " + marc);
     add(company, L"Form=Employee\nName=Zola\nPhone=014567\n");
-    const BooksKeptOpen kept(session);
+    const OpenBooksScope kept(session);
     EXPECT_EQ(search(L"014567"), L"Zola");
     const std::wstring zola = field(documents(company).back(), L"@UniversalID");
     notes.ask(L"delete " + zola);
@@ -132,7 +132,7 @@ TEST_F(LotusOpenBooks, AnotherDocumentThatHasTheNumberNow_IsReadAnew)
 
 TEST_F(LotusOpenBooks, WhatOthersChange_IsSeenTwoSecondsLater)
 {
-    const BooksKeptOpen kept(session);
+    const OpenBooksScope kept(session);
     EXPECT_EQ(search(L"014567"), L"Durand");
     notes.ask(L"delete " + marc);
     later(2.1);
@@ -145,7 +145,7 @@ TEST_F(LotusOpenBooks, WhatOthersChange_IsSeenTwoSecondsLater)
 TEST_F(LotusOpenBooks, BookThatHasNotChanged_IsAskedWhetherItHas_EveryTwoSeconds_AndNothingElse)
 {
     session.LotusAddressBooks.resize(1);
-    const BooksKeptOpen kept(session);
+    const OpenBooksScope kept(session);
     settle();
     EXPECT_EQ(callsOf(L"014567"), Lines{asksWhenModified});
     EXPECT_EQ(callsOf(L"014567"), Lines{}) << "a moment later";
@@ -157,7 +157,7 @@ TEST_F(LotusOpenBooks, BookThatHasNotChanged_IsAskedWhetherItHas_EveryTwoSeconds
 TEST_F(LotusOpenBooks, BookThatHasChanged_IsOpenedAnewAtItsView)
 {
     session.LotusAddressBooks.resize(1);
-    const BooksKeptOpen kept(session);
+    const OpenBooksScope kept(session);
     settle();
     notes.ask(L"delete " + marc);
     add(ownBook, abel);
@@ -171,7 +171,7 @@ TEST_F(LotusOpenBooks, BookThatHasChanged_IsOpenedAnewAtItsView)
 // The second is over only when two seconds have passed since it was told first.
 TEST_F(LotusOpenBooks, ChangeInTheSecondOfTheLastOne_IsSeen)
 {
-    const BooksKeptOpen kept(session);
+    const OpenBooksScope kept(session);
     search(L"014567");
     later(2.5);
     savedAt(30);
@@ -184,7 +184,7 @@ TEST_F(LotusOpenBooks, ChangeInTheSecondOfTheLastOne_IsSeen)
 TEST_F(LotusOpenBooks, BookSearchedByFullText_IsOpenedAnewAfterTwoSeconds_ItsIndexFollowsAtItsOwnPace)
 {
     session.LotusAddressBooks.erase(session.LotusAddressBooks.begin());
-    const BooksKeptOpen kept(session);
+    const OpenBooksScope kept(session);
     settle();
     EXPECT_EQ(callsOf(L"014567"), (Lines{L"NotesDatabase.GetView method (BSTR \"Staff\")",
                                          L"NotesView.FTSearch method (BSTR \"[Phone] CONTAINS \"014567\"\", I2 1)"}));
@@ -193,7 +193,7 @@ TEST_F(LotusOpenBooks, BookSearchedByFullText_IsOpenedAnewAfterTwoSeconds_ItsInd
 TEST_F(LotusOpenBooks, BookThatDoesNotTellWhenItChanged_IsOpenedAnewAfterTwoSeconds)
 {
     session.LotusAddressBooks.resize(1);
-    const BooksKeptOpen kept(session);
+    const OpenBooksScope kept(session);
     settle();
     forgetCalls();
     fault(L"on NotesDatabase.LastModified fail 0x80020006");
@@ -207,7 +207,7 @@ TEST_F(LotusOpenBooks, BookThatDoesNotTellWhenItChanged_IsOpenedAnewAfterTwoSeco
 TEST_F(LotusOpenBooks, AfterFiveMinutes_TheDatabaseIsOpenedAnewToo)
 {
     session.LotusAddressBooks.resize(1);
-    const BooksKeptOpen kept(session);
+    const OpenBooksScope kept(session);
     settle();
     later(280);
     EXPECT_EQ(callsOf(L"014567"), Lines{asksWhenModified});
@@ -218,7 +218,7 @@ TEST_F(LotusOpenBooks, AfterFiveMinutes_TheDatabaseIsOpenedAnewToo)
 TEST_F(LotusOpenBooks, ClockThatIsSetBack_LetsNothingOldServe)
 {
     session.LotusAddressBooks.resize(1);
-    const BooksKeptOpen kept(session);
+    const OpenBooksScope kept(session);
     settle();
     later(-3600);
     EXPECT_EQ(callsOf(L"014567").at(0), L"NotesSession.GetDatabase method (BSTR \"\", BSTR \"names.nsf\")");
@@ -226,7 +226,7 @@ TEST_F(LotusOpenBooks, ClockThatIsSetBack_LetsNothingOldServe)
 
 TEST_F(LotusOpenBooks, ContactThatTheProgramSaves_IsFoundAtOnce)
 {
-    const BooksKeptOpen kept(session);
+    const OpenBooksScope kept(session);
     EXPECT_EQ(FindNoteIdInPersonalBook(session, L"0612"), L"");
     EXPECT_EQ(search(L"0612"), L"");
     const std::wstring noteId = CreateContactDocument(session, {L"0612", L"Nguyen", L"Linh"}, Show::no);
@@ -238,7 +238,7 @@ TEST_F(LotusOpenBooks, ContactThatTheProgramSaves_IsFoundAtOnce_UnderAnotherName
 {
     LotusAddressBook other = session.LotusAddressBooks[0];
     other.Base = L"NAMES";
-    const BooksKeptOpen kept(session);
+    const OpenBooksScope kept(session);
     session.LotusAddressBooks.push_back(other);
     EXPECT_EQ(search(L"0612"), L"");
     CreateContactDocument(session, {L"0612", L"Nguyen", L"Linh"}, Show::no);
@@ -248,7 +248,7 @@ TEST_F(LotusOpenBooks, ContactThatTheProgramSaves_IsFoundAtOnce_UnderAnotherName
 
 TEST_F(LotusOpenBooks, NumberThatDecidesAboutANewContact_IsLookedForInTheViewAsItIsNow)
 {
-    const BooksKeptOpen kept(session);
+    const OpenBooksScope kept(session);
     EXPECT_EQ(FindNoteIdInPersonalBook(session, L"0612"), L"");
     add(ownBook, L"Form=Person\nLastName=New\nOfficePhoneNumber=0612\n");
     forgetCalls();
@@ -260,7 +260,7 @@ TEST_F(LotusOpenBooks, NumberThatDecidesAboutANewContact_IsLookedForInTheViewAsI
 
 TEST_F(LotusOpenBooks, SettingsThatAreReadAgain_LetNothingServe)
 {
-    const BooksKeptOpen kept(session);
+    const OpenBooksScope kept(session);
     search(L"014567");
     std::string otherItem = describedBooks;
     otherItem.replace(otherItem.find("LastName=LastName"), 17, "LastName=FullName");
@@ -277,7 +277,7 @@ TEST_F(LotusOpenBooks, MailAddressThatCouldNotBeRead_IsReadByTheNextSearch)
         EXPECT_TRUE(result.isFound);
         return result.person.mail;
     };
-    const BooksKeptOpen kept(session);
+    const OpenBooksScope kept(session);
     fault(L"on NotesDocument.GetItemValue at 4 fail 0x80004005");
     EXPECT_EQ(mail(), L"");
     EXPECT_EQ(mail(), L"marc@acme.fr");
@@ -289,7 +289,7 @@ TEST_F(LotusOpenBooks, FailureOfWhatIsOpen_LeavesNothingOfWhatItRead)
 {
     session.LotusAddressBooks.erase(session.LotusAddressBooks.begin());
     const std::wstring zola = add(company, L"Form=Employee\nName=Zola\nPhone=0612\n");
-    const BooksKeptOpen kept(session);
+    const OpenBooksScope kept(session);
     EXPECT_EQ(search(L"0612"), L"Zola");
     notes.ask(L"delete " + zola);
     add(company, L"Form=Employee\nName=Verne\nPhone=0612\n");
@@ -307,7 +307,7 @@ TEST_F(LotusOpenBooks, TwoDescriptionsOfOneDatabase_HaveAnswersOfTheirOwn)
 {
     LotusAddressBook other = session.LotusAddressBooks[0];
     other.LastName = L"FullName";
-    const BooksKeptOpen kept(session);
+    const OpenBooksScope kept(session);
     EXPECT_EQ(search(L"014567"), L"Durand");
     session.LotusAddressBooks = {other};
     EXPECT_EQ(search(L"014567"), L"Marc Durand");
@@ -315,7 +315,7 @@ TEST_F(LotusOpenBooks, TwoDescriptionsOfOneDatabase_HaveAnswersOfTheirOwn)
 
 TEST_F(LotusOpenBooks, SessionThatWasDropped_LetsNothingServe)
 {
-    const BooksKeptOpen kept(session);
+    const OpenBooksScope kept(session);
     search(L"014567");
     session.NotesSession = automation::Object();
     EXPECT_EQ(search(L"014567"), L"");
@@ -324,40 +324,40 @@ TEST_F(LotusOpenBooks, SessionThatWasDropped_LetsNothingServe)
 TEST_F(LotusOpenBooks, EndOfTheEvent_GivesEverythingBack)
 {
     search(L"014567");
-    const long before = automation::server::Dispatch::live();
+    const long before = automation::server::Dispatch::liveCount();
     {
-        const BooksKeptOpen kept(session);
+        const OpenBooksScope kept(session);
         search(L"014567");
         {
-            const BooksKeptOpen within(session);
+            const OpenBooksScope within(session);
             search(L"014567", Show::yes);
         }
-        EXPECT_GT(automation::server::Dispatch::live(), before);
+        EXPECT_GT(automation::server::Dispatch::liveCount(), before);
         EXPECT_EQ(callsOf(L"014567"), Lines{}) << "the walk's books outlive an event within it";
         notes.ask(L"close-windows");
     }
-    EXPECT_EQ(automation::server::Dispatch::live(), before);
+    EXPECT_EQ(automation::server::Dispatch::liveCount(), before);
 }
 
 // What was open is gone: the outcome is that of a session in which nothing was.
 TEST_F(LotusOpenBooks, FailureOfWhatIsOpen_AtEveryCallInTurn_FindsThePersonAllTheSame)
 {
     session.LotusAddressBooks.resize(1);
-    const auto prepare = [&](BooksKeptOpen&) {
+    const auto prepare = [&](OpenBooksScope&) {
         notes.ask(L"close-windows");
         settle();
         forgetCalls();
     };
     std::size_t count = 0;
     {
-        BooksKeptOpen kept(session);
+        OpenBooksScope kept(session);
         prepare(kept);
         search(L"014567", Show::yes);
         while (!notes.recorder().calls()[count].text().starts_with(L"NotesUIWorkspace")) ++count;
     }
     ASSERT_EQ(count, 4u) << "last change, key, and the identifier with its look-up";
     for (std::size_t n = 1; n <= count; ++n) {
-        BooksKeptOpen kept(session);
+        OpenBooksScope kept(session);
         prepare(kept);
         const std::wstring before = lastLogLine();
         fault(L"at " + std::to_wstring(n) + L" fail 0x800706BA");
@@ -374,7 +374,7 @@ TEST_F(LotusOpenBooks, LastingFailure_HasTheOutcomeOfASessionInWhichNothingWasOp
     const auto after = [&](bool keeps, const std::wstring& planned) {
         notes.ask(L"close-windows");
         host.time = noon;
-        std::optional<BooksKeptOpen> kept;
+        std::optional<OpenBooksScope> kept;
         if (keeps) kept.emplace(session);
         settle();
         forgetCalls();
@@ -393,17 +393,17 @@ TEST_F(LotusOpenBooks, LastingFailure_HasTheOutcomeOfASessionInWhichNothingWasOp
 // A new walk begins without the workspace of the one before.
 TEST_F(LotusOpenBooks, Workspace_ServesAWalk_AndIsReplacedWhenItFails)
 {
-    const BooksKeptOpen kept(session);
-    const automation::Object first = openBooks(session)->takeWorkspace();
-    openBooks(session)->giveBack(first);
-    EXPECT_EQ(openBooks(session)->takeWorkspace().dispatch(), first.dispatch());
-    EXPECT_NE(openBooks(session)->takeWorkspace().dispatch(), first.dispatch()) << "it was not given back";
+    const OpenBooksScope kept(session);
+    const automation::Object first = currentOpenBooks(session)->acquireWorkspace();
+    currentOpenBooks(session)->returnWorkspace(first);
+    EXPECT_EQ(currentOpenBooks(session)->acquireWorkspace().dispatch(), first.dispatch());
+    EXPECT_NE(currentOpenBooks(session)->acquireWorkspace().dispatch(), first.dispatch()) << "it was not given back";
 }
 
 TEST_F(LotusOpenBooks, StrangerWhoWasSavedMeanwhile_IsShown_AndNotMadeASecondTime)
 {
     host.settings.bgSetNewContact = true;
-    const BooksKeptOpen kept(session);
+    const OpenBooksScope kept(session);
     EXPECT_EQ(search(L"0612"), L"");
     add(ownBook, L"Form=Person\nLastName=Late\nFirstName=Lea\nOfficePhoneNumber=0612\n");
     forgetCalls();
@@ -415,7 +415,7 @@ TEST_F(LotusOpenBooks, StrangerWhoWasSavedMeanwhile_IsShown_AndNotMadeASecondTim
 TEST_F(LotusOpenBooks, ViewThatWasSearchedByFullText_ServesNoOtherNumber)
 {
     add(company, L"Form=Employee\nName=Zola\nPhone=077\n");
-    const BooksKeptOpen kept(session);
+    const OpenBooksScope kept(session);
     for (const wchar_t* number : {L"077", L"078", L"077"}) search(number);
     EXPECT_EQ(calls(L"NotesView.FTSearch method"), 3u);
     EXPECT_EQ(calls(L"NotesDatabase.GetView method"), 1u + 3u) << "the keyed book's once, the other's each time";
@@ -424,7 +424,7 @@ TEST_F(LotusOpenBooks, ViewThatWasSearchedByFullText_ServesNoOtherNumber)
 TEST_F(LotusOpenBooks, ViewThatWasSearchedByFullText_ServesTheSameNumberForAMoment)
 {
     add(company, L"Form=Employee\nName=Zola\nPhone=077\n");
-    const BooksKeptOpen kept(session);
+    const OpenBooksScope kept(session);
     EXPECT_EQ(search(L"077"), L"Zola");
     forgetCalls();
     EXPECT_EQ(search(L"077", Show::yes), L"Zola");
@@ -438,7 +438,7 @@ TEST_F(LotusOpenBooks, ViewThatWasSearchedByFullText_ServesTheSameNumberForAMome
 TEST_F(LotusOpenBooks, FilteredViewThatHasNoDocumentAnyMore_IsOpenedAnew)
 {
     add(company, L"Form=Employee\nName=Zola\nPhone=077\n");
-    const BooksKeptOpen kept(session);
+    const OpenBooksScope kept(session);
     EXPECT_EQ(search(L"077"), L"Zola");
     forgetCalls();
     fault(L"on NotesView.GetFirstDocument at 1 answer Nothing");
@@ -449,7 +449,7 @@ TEST_F(LotusOpenBooks, FilteredViewThatHasNoDocumentAnyMore_IsOpenedAnew)
 
 TEST_F(LotusOpenBooks, BookThatIsOutOfReach_IsOpenedAnewOnce)
 {
-    const BooksKeptOpen kept(session);
+    const OpenBooksScope kept(session);
     search(L"014567");
     forgetCalls();
     fault(L"on NotesView.GetDocumentByKey at 1 fail 0x800706BA");

@@ -1,5 +1,6 @@
+#include "lotus/book_search.h"
 #include "lotus/documents.h"
-#include "lotus/search.h"
+#include "lotus/number_search.h"
 
 #include "lotus_fixture.h"
 

@@ -17,8 +17,8 @@ protected:
         outlook.setVersion(version);
     }
 
-    NumberOwner ownerOf(const std::wstring& number) { return whoMayHave(session, number).owner; }
-    bool isProvedAbsent(const std::wstring& number) { return ownerOf(number) == NumberOwner::nobody; }
+    PossibleOwner ownerOf(const std::wstring& number) { return findPossibleOwner(session, number).owner; }
+    bool isProvedAbsent(const std::wstring& number) { return ownerOf(number) == PossibleOwner::nobody; }
 
     unsigned long questions() { return outlook.guard().questions(); }
 

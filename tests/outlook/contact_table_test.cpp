@@ -24,7 +24,7 @@ TEST_F(ContactTable, OneContactMayHaveTheNumber_ItIsTakenByItsIdentifier)
 {
     openAs(Version::v2016, people(1100) + personWith(L"9.9 9") + people(50));
     session.bReplacePhoneNumber = true;
-    EXPECT_EQ(whoMayHave(session, L"999").entryId, field(L"contact", 1100, L"EntryID"));
+    EXPECT_EQ(findPossibleOwner(session, L"999").entryId, field(L"contact", 1100, L"EntryID"));
     forgetCalls();
     EXPECT_EQ(walkFindsWhom(L"999"), L"Wanted");
     EXPECT_TRUE(wasTakenByIdentifier());
@@ -44,7 +44,7 @@ TEST_F(ContactTable, ContactOfAFormOfItsOwn_IsAContact)
 TEST_F(ContactTable, SeveralMayHaveTheNumber_TheWalkRuns)
 {
     openAs(Version::v2016, people(3) + personWith(L"9.9 9") + personWith(L"99 9"));
-    EXPECT_EQ(ownerOf(L"999"), NumberOwner::untold);
+    EXPECT_EQ(ownerOf(L"999"), PossibleOwner::undecided);
     EXPECT_TRUE(walkFinds(L"999"));
     EXPECT_EQ(calls(L"Items.GetFirst method"), 1u);
 }
@@ -54,8 +54,8 @@ TEST_F(ContactTable, DistributionListAmongTheContacts_TheWalkRuns_WhereverItLies
     for (const std::wstring& records : {L"[distlist]\nDLName=Everybody\n" + personWith(L"9.9"),
                                         personWith(L"9.9") + L"[distlist]\nDLName=Everybody\n"}) {
         openAs(Version::v2016, records);
-        EXPECT_EQ(ownerOf(L"99"), NumberOwner::untold) << "a walk would end at it";
-        EXPECT_EQ(ownerOf(L"98"), NumberOwner::nobody) << "before or behind it";
+        EXPECT_EQ(ownerOf(L"99"), PossibleOwner::undecided) << "a walk would end at it";
+        EXPECT_EQ(ownerOf(L"98"), PossibleOwner::nobody) << "before or behind it";
     }
 }
 
@@ -107,11 +107,11 @@ TEST_F(ContactTable, LongText_LeavesOpenOnlyANumberThatBeginsLikeIt)
     for (const std::size_t length : {127u, 255u, 256u, 10'000u}) {
         const std::wstring text(length, L'1');
         openAs(Version::v2016, people(3) + personWith(text));
-        EXPECT_EQ(ownerOf(L"999"), NumberOwner::nobody) << length;
-        EXPECT_EQ(ownerOf(L"111"), NumberOwner::nobody) << length << ": it is longer than that";
-        EXPECT_EQ(ownerOf(text), NumberOwner::oneContact) << length;
+        EXPECT_EQ(ownerOf(L"999"), PossibleOwner::nobody) << length;
+        EXPECT_EQ(ownerOf(L"111"), PossibleOwner::nobody) << length << ": it is longer than that";
+        EXPECT_EQ(ownerOf(text), PossibleOwner::oneContact) << length;
         EXPECT_TRUE(walkFinds(text)) << length;
-        EXPECT_EQ(ownerOf(std::wstring(126, L'1')), NumberOwner::nobody) << length;
+        EXPECT_EQ(ownerOf(std::wstring(126, L'1')), PossibleOwner::nobody) << length;
     }
 }
 
@@ -119,7 +119,7 @@ TEST_F(ContactTable, LongTextOfOtherLength_MayBeTheNumber_AndIsJudgedByItsField)
 {
     openAs(Version::v2016, people(3) + personWith(std::wstring(300, L'1')));
     const std::wstring sought(299, L'1');
-    EXPECT_EQ(ownerOf(sought), NumberOwner::oneContact) << "cut, both begin alike";
+    EXPECT_EQ(ownerOf(sought), PossibleOwner::oneContact) << "cut, both begin alike";
     EXPECT_FALSE(walkFinds(sought));
     EXPECT_EQ(calls(L"Items.GetFirst method"), 1u) << "the named one has not got it: the walk has the last word";
 }
@@ -127,7 +127,7 @@ TEST_F(ContactTable, LongTextOfOtherLength_MayBeTheNumber_AndIsJudgedByItsField)
 TEST_F(ContactTable, LongTextOfSeparators_MayBeAnyNumber)
 {
     openAs(Version::v2016, people(3) + personWith(std::wstring(200, L'.') + std::wstring(100, L' ') + L"999"));
-    EXPECT_EQ(ownerOf(L"999"), NumberOwner::oneContact);
+    EXPECT_EQ(ownerOf(L"999"), PossibleOwner::oneContact);
     EXPECT_EQ(walkFindsWhom(L"999"), L"Wanted");
 }
 
@@ -142,7 +142,7 @@ TEST_F(ContactTable, Version2007AndSeveralBlocks_IsProved_AndTheLastContactIsSee
     openAs(Version::v2007, people(1200));
     EXPECT_TRUE(isProvedAbsent(L"999"));
     openAs(Version::v2007, people(1200) + personWith(L"9 9.9"));
-    EXPECT_EQ(ownerOf(L"999"), NumberOwner::oneContact) << "it stands in the third block";
+    EXPECT_EQ(ownerOf(L"999"), PossibleOwner::oneContact) << "it stands in the third block";
     EXPECT_TRUE(walkFinds(L"999"));
 }
 
@@ -244,9 +244,9 @@ TEST_F(ContactTable, CellsOfIdentifierOrClassThatCannotBeTold_TheWalkRuns)
             openAs(Version::v2016, people(3) + personWith(L"9.9"));
             outlook.command(L"hiddencolumn", column);
             outlook.command(L"missingcell", cell);
-            EXPECT_EQ(ownerOf(L"99"), NumberOwner::untold) << desk::utf8(column) << " " << desk::utf8(cell);
+            EXPECT_EQ(ownerOf(L"99"), PossibleOwner::undecided) << desk::utf8(column) << " " << desk::utf8(cell);
             EXPECT_EQ(walkFindsWhom(L"99"), L"Wanted");
-            EXPECT_EQ(ownerOf(L"98"), NumberOwner::nobody) << "no telephone number says so";
+            EXPECT_EQ(ownerOf(L"98"), PossibleOwner::nobody) << "no telephone number says so";
         }
 }
 
@@ -258,8 +258,8 @@ TEST_F(ContactTable, ArrayOfEitherShape_IsReadAlike)
         for (const int others : {0, 3, 14, 599}) {
             openAs(Version::v2016, people(others) + personWith(L"9.9"));
             outlook.command(L"arrayshape", shape);
-            EXPECT_EQ(ownerOf(L"99"), NumberOwner::oneContact) << desk::utf8(shape) << " " << others;
-            EXPECT_EQ(ownerOf(L"98"), NumberOwner::nobody) << desk::utf8(shape) << " " << others;
+            EXPECT_EQ(ownerOf(L"99"), PossibleOwner::oneContact) << desk::utf8(shape) << " " << others;
+            EXPECT_EQ(ownerOf(L"98"), PossibleOwner::nobody) << desk::utf8(shape) << " " << others;
             EXPECT_EQ(walkFindsWhom(L"99"), L"Wanted");
         }
 }
@@ -268,7 +268,7 @@ TEST_F(ContactTable, ArrayWhoseShapeCannotBeTold_TheWalkRuns)
 {
     openAs(Version::v2016, people(14) + personWith(L"9.9"));
     outlook.command(L"hiddencolumn", L"MessageClass");
-    EXPECT_EQ(ownerOf(L"98"), NumberOwner::untold) << "fifteen rows of fifteen columns";
+    EXPECT_EQ(ownerOf(L"98"), PossibleOwner::undecided) << "fifteen rows of fifteen columns";
     EXPECT_EQ(walkFindsWhom(L"99"), L"Wanted");
 }
 

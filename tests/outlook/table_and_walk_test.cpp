@@ -87,7 +87,7 @@ protected:
         outlook.load(records);
         outlook.setVersion(version);
         outlook.command(L"missingcell", missingCell);
-        outlook.command(L"longesttext", longestText);
+        outlook.command(L"longesttext", maxTextLength);
         outlook.command(L"roworder", rowOrder);
         outlook.command(L"arrayshape", arrayShape);
         session.tablesAreGuarded = false;
@@ -146,7 +146,7 @@ protected:
     {
         static const wchar_t* const cells[] = {L"empty", L"null", L"notfound"};
         missingCell = cells[folders.below(3)];
-        longestText = folders.oneOf(2) ? L"127" : L"255";
+        maxTextLength = folders.oneOf(2) ? L"127" : L"255";
         arrayShape = folders.oneOf(2) ? L"columns" : L"rows";
         rowOrder = folders.oneOf(2) ? L"folder" : L"reversed";
         session.bReplacePhoneNumber = folders.oneOf(2);
@@ -154,7 +154,7 @@ protected:
 
 private:
     const wchar_t* missingCell = L"empty";
-    const wchar_t* longestText = L"255";
+    const wchar_t* maxTextLength = L"255";
     const wchar_t* rowOrder = L"folder";
     const wchar_t* arrayShape = L"columns";
 };
@@ -290,7 +290,7 @@ TEST_F(TableAndWalk, ItemsThatComeAndGoWithinAnEvent_GiveTheSame)
         };
         const auto walked = twoLookUps();
         load(Version::v2016, records);
-        const AnswersOfOneEvent answers(session);
+        const TableAnswerCacheScope answers(session);
         ASSERT_EQ(twoLookUps(), walked) << desk::utf8(word + L" " + rest + L"\n" + number + L"\n" + text);
         decisive += firstLine(walked.first) != firstLine(walked.second);
     }

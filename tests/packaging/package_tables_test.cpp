@@ -23,7 +23,7 @@ void require(UINT result, const char* what)
 // The rows of a query, their columns joined by '|'.
 std::multiset<std::wstring> rows(const std::wstring& query)
 {
-    std::wstring package = L"Z:" + automation::wide(PACKAGE);
+    std::wstring package = L"Z:" + automation::toWide(PACKAGE);
     std::replace(package.begin(), package.end(), L'/', L'\\');
     PMSIHANDLE database;
     PMSIHANDLE view;
@@ -97,7 +97,7 @@ TEST(PackageTables, WhatChangesTheComputer_RunsWithTheSystemsRights)
         return std::stoi(only(L"SELECT `Type` FROM `CustomAction` WHERE `Action` = '" + action + L"'"));
     };
     for (const wchar_t* action : {L"EndMapServer", L"WriteSettings", L"RemoveSettings"})
-        EXPECT_EQ(type(action), fromPackage | inScript | asSystem) << automation::ansi(action);
+        EXPECT_EQ(type(action), fromPackage | inScript | asSystem) << automation::toAnsi(action);
     EXPECT_EQ(type(L"StartHublink"), fromPackage | inScript | asSystem | goesOn);
     EXPECT_EQ(type(L"StartHublinkAgain"), fromPackage | inScript | asSystem | goesOn | onFailureOnly);
     EXPECT_EQ(type(L"StopHublink"), fromPackage);
@@ -114,7 +114,7 @@ TEST(PackageTables, EverySettingOfACommandLine_ReachesTheInstallation)
     const std::wstring passed = L";" + property(L"SecureCustomProperties") + L";";
     for (const auto& each : hublink::setup::settingProperties())
         EXPECT_NE(passed.find(L";" + std::wstring(each.property) + L";"), std::wstring::npos)
-            << automation::ansi(each.property);
+            << automation::toAnsi(each.property);
     EXPECT_NE(passed.find(L";INSTALLDIR;"), std::wstring::npos);
 }
 

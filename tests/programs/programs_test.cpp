@@ -4,7 +4,7 @@
 #include "executable.h"
 
 #include "automation/text.h"
-#include "support/stand_in.h"
+#include "support/dummy_program.h"
 
 #include <gtest/gtest.h>
 
@@ -116,7 +116,7 @@ std::vector<std::string> tooNew(const programs::Executable& program)
 
 std::wstring beside(const wchar_t* program)
 {
-    return support::besideTests(program);
+    return support::pathBesideTests(program);
 }
 
 }
@@ -127,7 +127,7 @@ TEST(InstalledPrograms, Imports_AreAllThereInWindowsXp)
         const programs::Executable found = executable(beside(program));
         EXPECT_TRUE(found.imports.at("kernel32.dll").contains("GetProcAddress")) << "the table was not read";
         for (const std::string& import : tooNew(found))
-            ADD_FAILURE() << automation::ansi(program) << " does not start in Windows XP: " << import;
+            ADD_FAILURE() << automation::toAnsi(program) << " does not start in Windows XP: " << import;
     }
 }
 
@@ -136,8 +136,8 @@ TEST(InstalledPrograms, Imports_HoldWhatProtectsTheProcess)
 {
     for (const wchar_t* program : called) {
         const programs::Executable found = executable(beside(program));
-        EXPECT_TRUE(found.imports.at("ole32.dll").contains("CoInitializeSecurity")) << automation::ansi(program);
-        EXPECT_TRUE(found.imports.at("kernel32.dll").contains("SetErrorMode")) << automation::ansi(program);
+        EXPECT_TRUE(found.imports.at("ole32.dll").contains("CoInitializeSecurity")) << automation::toAnsi(program);
+        EXPECT_TRUE(found.imports.at("kernel32.dll").contains("SetErrorMode")) << automation::toAnsi(program);
     }
     const programs::Executable hublink = executable(beside(L"hublink.exe"));
     EXPECT_TRUE(hublink.imports.at("comctl32.dll").contains("InitCommonControls"));
@@ -163,7 +163,7 @@ TEST(InstalledPrograms, Subsystem_IsThatOfWindowsXpOrEarlier)
     for (const wchar_t* program : installed) {
         const unsigned version = executable(beside(program)).subsystemVersion;
         EXPECT_GT(version, 0u);
-        EXPECT_LE(version, windowsXp) << automation::ansi(program);
+        EXPECT_LE(version, windowsXp) << automation::toAnsi(program);
     }
 }
 
@@ -178,7 +178,7 @@ TEST(InstalledPrograms, Manifest_TakesNoMoreRightsThanTheUsers_AndKnowsTheSystem
               "{8e0f7a12-bfb3-4fe8-b9a5-48fd50a15a9a}",
               "name=\"Microsoft.Windows.Common-Controls\" version=\"6.0.0.0\"",
               "<dpiAware xmlns=\"http://schemas.microsoft.com/SMI/2005/WindowsSettings\">true</dpiAware>"})
-            EXPECT_NE(manifest.find(part), std::string::npos) << automation::ansi(program) << " lacks " << part;
+            EXPECT_NE(manifest.find(part), std::string::npos) << automation::toAnsi(program) << " lacks " << part;
     }
 }
 
@@ -186,13 +186,13 @@ TEST(InstalledPrograms, Version_IsTheProjects)
 {
     for (const wchar_t* program : installed) {
         const programs::ProgramVersion version = programs::versionOf(beside(program));
-        EXPECT_EQ(version.file, automation::wide(PROJECT_VERSION)) << automation::ansi(program);
-        EXPECT_EQ(version.product, version.file) << automation::ansi(program);
-        EXPECT_EQ(version.numbers, version.file + L".0") << automation::ansi(program);
+        EXPECT_EQ(version.file, automation::toWide(PROJECT_VERSION)) << automation::toAnsi(program);
+        EXPECT_EQ(version.product, version.file) << automation::toAnsi(program);
+        EXPECT_EQ(version.numbers, version.file + L".0") << automation::toAnsi(program);
         EXPECT_EQ(version.originalFile, program);
         EXPECT_EQ(version.name + L".exe", program);
-        EXPECT_EQ(version.productName, L"Hublink") << automation::ansi(program);
-        EXPECT_NE(version.description, L"") << automation::ansi(program);
+        EXPECT_EQ(version.productName, L"Hublink") << automation::toAnsi(program);
+        EXPECT_NE(version.description, L"") << automation::toAnsi(program);
     }
 }
 

@@ -1,164 +1,183 @@
-// The watch over the call that is out, with times of its own.
+// The watch over the call that is out: what each look at it leads to, and the thread that looks.
 #include "shell/call_watch.h"
 
 #include "automation/outgoing_call.h"
+#include "support/process.h"
 
 #include <gtest/gtest.h>
 
 namespace hublink {
 
 using automation::OutgoingCall;
+using support::eventually;
 
 namespace {
 
+constexpr DWORD neverLong = 60'000'000; // milliseconds
+constexpr DWORD soonLong = 60;
+
 class Watch : public testing::Test {
 protected:
-    static constexpr CallWatch::Times soon{60, 5}; // milliseconds
-    static constexpr CallWatch::Times never{60'000'000, 5};
+    // Its thread never looks: the test does.
+    static constexpr CallWatch::Times withoutLooks(DWORD longCallAfter) { return {longCallAfter, INFINITE}; }
+    static constexpr CallWatch::Times everyMillisecond{0, 1};
 
     void start(CallWatch& watch)
     {
-        watch.start([this] { ++told; }, [this] { ++ended; });
+        watch.start([this] { ++reported; }, [this] { ++ended; });
     }
 
-    // Time for many looks.
-    static void idle() { Sleep(200); }
-
-    template <class Condition>
-    static void waitUntil(Condition done)
-    {
-        while (!done()) Sleep(5);
-    }
-
-    std::atomic<int> told{0};
+    std::atomic<int> reported{0};
     std::atomic<int> ended{0};
 };
 
 }
 
-TEST_F(Watch, NoCallOut_SaysNothing_EvenWhenAStopIsAsked)
+TEST_F(Watch, NoCallOut_ReportsNothing_EvenWhenAStopIsRequested)
 {
-    CallWatch watch(soon);
+    CallWatch watch(withoutLooks(0));
     start(watch);
-    watch.stopIsAsked();
-    idle();
+    watch.noteStopRequest();
     EXPECT_FALSE(watch.callIsLong());
-    EXPECT_EQ(told, 0);
+    EXPECT_TRUE(watch.look());
+    EXPECT_EQ(reported, 0);
     EXPECT_EQ(ended, 0);
 }
 
-TEST_F(Watch, LongCall_IsToldOfAgainAndAgain_AndEndsNothing)
+TEST_F(Watch, LongCall_IsReportedAtEachLook_AndEndsNothing)
 {
-    CallWatch watch(soon);
+    CallWatch watch(withoutLooks(0));
     start(watch);
     const OutgoingCall call;
-    waitUntil([&] { return told >= 3; });
+    for (int looks = 0; looks < 3; ++looks) EXPECT_TRUE(watch.look());
     EXPECT_TRUE(watch.callIsLong());
+    EXPECT_EQ(reported, 3);
     EXPECT_EQ(ended, 0);
 }
 
 TEST_F(Watch, CallsInsideACall_CountFromTheOutermost)
 {
-    CallWatch watch(soon);
-    start(watch);
+    const CallWatch watch(withoutLooks(soonLong));
     const OutgoingCall outermost;
-    waitUntil([&] {
+    EXPECT_TRUE(eventually([&] {
         const OutgoingCall inner;
-        return told > 0;
-    });
-    EXPECT_TRUE(watch.callIsLong());
+        return watch.callIsLong();
+    }));
 }
 
-TEST_F(Watch, CallsOneAfterTheOther_AreEachNew)
+TEST_F(Watch, CallAfterALongOne_IsANewOne)
 {
-    CallWatch watch({5'000, 5});
-    start(watch);
-    for (int calls = 0; calls < 20; ++calls) {
+    const CallWatch watch(withoutLooks(soonLong));
+    {
         const OutgoingCall call;
-        Sleep(10);
+        ASSERT_TRUE(eventually([&] { return watch.callIsLong(); }));
     }
-    EXPECT_FALSE(watch.callIsLong());
-    EXPECT_EQ(told, 0);
+    // On a busy machine a new call may be long before it is looked at, but not every time.
+    EXPECT_TRUE(eventually([&] {
+        const OutgoingCall next;
+        return !watch.callIsLong();
+    }));
 }
 
-TEST_F(Watch, CallThatIsNotLongYet_SaysNothing_WhateverIsAsked)
+TEST_F(Watch, CallThatIsNotLongYet_ReportsNothing_WhateverIsRequested)
 {
-    CallWatch watch(never);
+    CallWatch watch(withoutLooks(neverLong));
     start(watch);
-    watch.stopIsAsked();
+    watch.noteStopRequest();
     const OutgoingCall call;
-    idle();
-    EXPECT_EQ(told, 0);
+    EXPECT_TRUE(watch.look());
+    EXPECT_EQ(reported, 0);
     EXPECT_EQ(ended, 0);
 }
 
-TEST_F(Watch, StopAskedInsideALongCall_EndsTheProgram_Once)
+TEST_F(Watch, StopRequestedInsideALongCall_EndsTheProgram_AndTheWatch)
 {
-    CallWatch watch(soon);
+    CallWatch watch(withoutLooks(0));
     start(watch);
     const OutgoingCall call;
-    waitUntil([&] { return told > 0; });
-    EXPECT_EQ(ended, 0);
-    watch.stopIsAsked();
-    waitUntil([&] { return ended > 0; });
-    const int before = told;
-    idle();
+    EXPECT_TRUE(watch.look());
+    watch.noteStopRequest();
+    EXPECT_FALSE(watch.look()) << "nothing is left to watch";
+    EXPECT_EQ(reported, 1);
     EXPECT_EQ(ended, 1);
-    EXPECT_EQ(told, before) << "nothing is left to watch";
 }
 
-TEST_F(Watch, StopAskedLongBeforeTheCall_EndsTheProgramWhenTheCallIsLong)
+TEST_F(Watch, StopRequestedBeforeTheCall_EndsTheProgramWhenTheCallIsLong)
 {
-    CallWatch watch(soon);
+    CallWatch watch(withoutLooks(0));
     start(watch);
-    watch.stopIsAsked();
-    idle();
+    watch.noteStopRequest();
+    EXPECT_TRUE(watch.look());
     EXPECT_EQ(ended, 0);
     const OutgoingCall call;
-    waitUntil([&] { return ended > 0; });
-    EXPECT_EQ(told, 0) << "there is nobody left to ask";
+    EXPECT_FALSE(watch.look());
+    EXPECT_EQ(ended, 1);
+    EXPECT_EQ(reported, 0) << "there is nobody left to ask";
 }
 
-TEST_F(Watch, StopAskedAgainAndAgain_CountsFromTheFirst)
+TEST_F(Watch, StopRequestedAgainAndAgain_CountsFromTheFirstRequest)
 {
-    CallWatch watch(soon);
+    CallWatch watch(withoutLooks(soonLong));
     start(watch);
     const OutgoingCall call;
-    waitUntil([&] {
-        watch.stopIsAsked();
+    EXPECT_TRUE(eventually([&] {
+        watch.noteStopRequest();
+        watch.look();
         return ended > 0;
-    });
+    }));
 }
 
 TEST_F(Watch, CallOfAnotherThread_IsNotWatched)
 {
     struct Elsewhere {
-        static DWORD WINAPI call(void*)
+        static DWORD WINAPI call(void* elsewhere)
         {
+            const auto* const self = static_cast<const Elsewhere*>(elsewhere);
             const OutgoingCall call;
-            idle();
+            SetEvent(self->isOut.get());
+            WaitForSingleObject(self->mayEnd.get(), INFINITE);
             return 0;
         }
-    };
-    CallWatch watch(soon);
+        const automation::Handle isOut{CreateEventW(nullptr, TRUE, FALSE, nullptr)};
+        const automation::Handle mayEnd{CreateEventW(nullptr, TRUE, FALSE, nullptr)};
+    } elsewhere;
+    CallWatch watch(withoutLooks(0));
     start(watch);
-    const HANDLE thread = CreateThread(nullptr, 0, Elsewhere::call, nullptr, 0, nullptr);
-    WaitForSingleObject(thread, INFINITE);
-    CloseHandle(thread);
-    EXPECT_EQ(told, 0);
+    const automation::Handle thread(CreateThread(nullptr, 0, Elsewhere::call, &elsewhere, 0, nullptr));
+    WaitForSingleObject(elsewhere.isOut.get(), INFINITE);
+    EXPECT_TRUE(watch.look());
+    EXPECT_EQ(reported, 0);
+    SetEvent(elsewhere.mayEnd.get());
+    WaitForSingleObject(thread.get(), INFINITE);
 }
 
-TEST_F(Watch, EndOfTheWatchInsideACall_LeavesNothingBehind)
+TEST_F(Watch, ItsThread_LooksAgainAndAgain_UntilTheProgramIsEnded)
 {
+    CallWatch watch(everyMillisecond);
+    start(watch);
+    const OutgoingCall call;
+    ASSERT_TRUE(eventually([&] { return reported >= 3; }));
+    EXPECT_EQ(ended, 0);
+    watch.noteStopRequest();
+    EXPECT_TRUE(eventually([&] { return ended == 1; }));
+}
+
+TEST_F(Watch, EndOfTheWatchInsideALook_WaitsForTheLook)
+{
+    const automation::Handle neverSet(CreateEventW(nullptr, TRUE, FALSE, nullptr));
+    std::atomic<bool> isLooking{false};
     const OutgoingCall call;
     {
-        CallWatch watch(soon);
-        start(watch);
-        waitUntil([&] { return told > 0; });
+        CallWatch watch(everyMillisecond);
+        const auto lookForAWhile = [&] {
+            isLooking = true;
+            WaitForSingleObject(neverSet.get(), 50);
+            isLooking = false;
+        };
+        watch.start(lookForAWhile, [] {});
+        ASSERT_TRUE(eventually([&] { return isLooking.load(); }));
     }
-    const int before = told;
-    idle();
-    EXPECT_EQ(told, before);
+    EXPECT_FALSE(isLooking);
 }
 
 }

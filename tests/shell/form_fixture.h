@@ -5,10 +5,10 @@
 #pragma once
 
 #include "shell/hublink.h"
+#include "support/dummy_program.h"
 #include "support/raw_partner.h"
 #include "support/saved_value.h"
 #include "support/scratch_folder.h"
-#include "support/stand_in.h"
 
 #include <gtest/gtest.h>
 

@@ -62,8 +62,8 @@ protected:
     }
 
     desk::lotus::InProcess notes;
-    std::optional<support::StandIn> softphone;
-    std::optional<support::StandIn> program;
+    std::optional<support::DummyProgram> softphone;
+    std::optional<support::DummyProgram> program;
 };
 
 }
@@ -228,7 +228,7 @@ TEST_F(NotesShell, BothGone_TheReturnOfOutlookInitialisesBoth)
 {
     start("", "type=OUTLOOK,LOTUS\r\n");
     tick();
-    support::StandIn outlookProgram(folder, L"OUTLOOK.EXE");
+    support::DummyProgram outlookProgram(folder, L"OUTLOOK.EXE");
     tick();
     EXPECT_EQ(logs().size(), 2u) << "the return of Outlook initialises Notes as well, and starts it";
 }
@@ -241,7 +241,7 @@ TEST_F(NotesShell, DocumentTimer_RunsFromTheStart)
 TEST_F(NotesShell, DocumentTick_WithNotesInFront_FollowsItsDocument)
 {
     start();
-    const support::StandIn inFront(folder, L"NLNOTES.EXE", support::StandIn::Window::inFront);
+    const support::DummyProgram inFront(folder, L"NLNOTES.EXE", support::DummyProgram::Window::inFront);
     notes.recorder().clear();
     documentTick();
     EXPECT_EQ(notes.recorder().count(L"NotesUIWorkspace.CurrentDatabase get"), 1u);
@@ -253,7 +253,7 @@ TEST_F(NotesShell, ProcessOfNotes_IsFoundOnce_AndKept)
     startNotes();
     documentTick();
     program.reset();
-    const support::StandIn another(folder, L"NLNOTES.EXE", support::StandIn::Window::inFront);
+    const support::DummyProgram another(folder, L"NLNOTES.EXE", support::DummyProgram::Window::inFront);
     notes.recorder().clear();
     documentTick();
     EXPECT_EQ(notes.recorder().totals(), L"") << "it is not looked for again";
@@ -262,16 +262,17 @@ TEST_F(NotesShell, ProcessOfNotes_IsFoundOnce_AndKept)
 TEST_F(NotesShell, DocumentTick_WithAnotherProgramInFront_TouchesNothing)
 {
     start();
-    const support::StandIn behind(folder, L"NLNOTES.EXE", support::StandIn::Window::inFront);
-    const support::StandIn inFront(folder, L"OTHER.EXE", support::StandIn::Window::inFront);
+    const support::DummyProgram behind(folder, L"NLNOTES.EXE", support::DummyProgram::Window::inFront);
+    const support::DummyProgram inFront(folder, L"OTHER.EXE", support::DummyProgram::Window::inFront);
     EXPECT_EQ(askedByATick(), L"");
 }
 
 TEST_F(NotesShell, DocumentTick_WithNotesInTheFrameOfAnotherProgramInFront_FollowsItsDocument)
 {
     start();
-    const support::StandIn frame(folder, L"NOTES2.EXE", support::StandIn::Window::inFront);
-    const support::StandIn inFrame(folder, L"NLNOTES.EXE", support::StandIn::Window::inFrame, GetForegroundWindow());
+    const support::DummyProgram frame(folder, L"NOTES2.EXE", support::DummyProgram::Window::inFront);
+    const support::DummyProgram inFrame(folder, L"NLNOTES.EXE", support::DummyProgram::Window::inFrame,
+                                        GetForegroundWindow());
     notes.recorder().clear();
     documentTick();
     EXPECT_EQ(notes.recorder().count(L"NotesUIWorkspace.CurrentDatabase get"), 1u);
@@ -280,17 +281,18 @@ TEST_F(NotesShell, DocumentTick_WithNotesInTheFrameOfAnotherProgramInFront_Follo
 TEST_F(NotesShell, DocumentTick_WithNotesHiddenInTheFrameInFront_TouchesNothing)
 {
     start();
-    const support::StandIn frame(folder, L"NOTES2.EXE", support::StandIn::Window::inFront);
-    const support::StandIn hidden(folder, L"NLNOTES.EXE", support::StandIn::Window::hiddenInFrame,
-                                  GetForegroundWindow());
-    const support::StandIn other(folder, L"OTHER.EXE", support::StandIn::Window::inFrame, GetForegroundWindow());
+    const support::DummyProgram frame(folder, L"NOTES2.EXE", support::DummyProgram::Window::inFront);
+    const support::DummyProgram hidden(folder, L"NLNOTES.EXE", support::DummyProgram::Window::hiddenInFrame,
+                                       GetForegroundWindow());
+    const support::DummyProgram other(folder, L"OTHER.EXE", support::DummyProgram::Window::inFrame,
+                                      GetForegroundWindow());
     EXPECT_EQ(askedByATick(), L"");
 }
 
 TEST_F(NotesShell, DocumentTick_WithTheDesktopInFront_TouchesNothing)
 {
     start();
-    const support::StandIn behind(folder, L"NLNOTES.EXE", support::StandIn::Window::inFront);
+    const support::DummyProgram behind(folder, L"NLNOTES.EXE", support::DummyProgram::Window::inFront);
     SetForegroundWindow(GetDesktopWindow());
     ASSERT_TRUE(!GetForegroundWindow() || GetForegroundWindow() == GetDesktopWindow());
     EXPECT_EQ(askedByATick(), L"") << "all windows lie in the desktop";
@@ -301,14 +303,14 @@ TEST_F(NotesShell, DocumentTick_WithoutNotes_TouchesNothing_WhateverIsInFront)
     start();
     SetForegroundWindow(GetDesktopWindow());
     EXPECT_EQ(askedByATick(), L"") << "an unknown process is nobody's";
-    const support::StandIn inFront(folder, L"OTHER.EXE", support::StandIn::Window::inFront);
+    const support::DummyProgram inFront(folder, L"OTHER.EXE", support::DummyProgram::Window::inFront);
     EXPECT_EQ(askedByATick(), L"");
 }
 
 TEST_F(NotesShell, DocumentTick_WithoutAReadySession_TouchesNothing_AndDoesNotLookForNotes)
 {
     start();
-    const support::StandIn inFront(folder, L"NLNOTES.EXE", support::StandIn::Window::inFront);
+    const support::DummyProgram inFront(folder, L"NLNOTES.EXE", support::DummyProgram::Window::inFront);
     session().LotusReady = false;
     EXPECT_EQ(askedByATick(), L"");
     session().LotusReady = true;

@@ -13,7 +13,7 @@ class Icon : public shell_tests::FormFixture {
 protected:
     Icon() { writeIni(iniText("trace=true\r\n")); }
 
-    const support::StandIn softphone{folder, L"Pavex.exe"};
+    const support::DummyProgram softphone{folder, L"Pavex.exe"};
 };
 
 }

@@ -1,8 +1,8 @@
 // Whether a program runs, and what asking costs: nothing, however often.
 #include "shell/process_lookup.h"
 
+#include "support/dummy_program.h"
 #include "support/handle_count.h"
-#include "support/stand_in.h"
 
 #include <gtest/gtest.h>
 
@@ -33,7 +33,7 @@ protected:
 
 TEST_F(Look, RunningProgram_IsFoundWithHandleAndIdentifier)
 {
-    const support::StandIn program(folder, name);
+    const support::DummyProgram program(folder, name);
     EXPECT_TRUE(find(name));
     EXPECT_NE(handle, nullptr);
     EXPECT_EQ(processId, program.processId());
@@ -41,14 +41,14 @@ TEST_F(Look, RunningProgram_IsFoundWithHandleAndIdentifier)
 
 TEST_F(Look, Name_IsComparedWithoutRegardToCase)
 {
-    const support::StandIn program(folder, L"Hublink_Test_PROGRAM.exe");
+    const support::DummyProgram program(folder, L"Hublink_Test_PROGRAM.exe");
     EXPECT_TRUE(find(L"HUBLINK_test_program.EXE"));
     EXPECT_EQ(processId, program.processId());
 }
 
 TEST_F(Look, PartOfAName_IsNotTheName)
 {
-    const support::StandIn program(folder, name);
+    const support::DummyProgram program(folder, name);
     EXPECT_FALSE(find(L"hublink_test_program"));
     EXPECT_FALSE(find(L"test_program.exe"));
 }
@@ -64,7 +64,7 @@ TEST_F(Look, ProgramThatDoesNotRun_LeavesTheArgumentsAsTheyAre)
 
 TEST_F(Look, ProgramThatEnded_IsNotFound_ThoughItsHandleIsKept)
 {
-    support::StandIn program(folder, name);
+    support::DummyProgram program(folder, name);
     ASSERT_TRUE(find(name));
     program.end();
     EXPECT_FALSE(find(name));
@@ -73,10 +73,10 @@ TEST_F(Look, ProgramThatEnded_IsNotFound_ThoughItsHandleIsKept)
 
 TEST_F(Look, ProgramStartedAgainAtOnce_IsMissingOnce_ThenFoundWithItsNewIdentifier)
 {
-    support::StandIn first(folder, name);
+    support::DummyProgram first(folder, name);
     ASSERT_TRUE(find(name));
     first.end();
-    const support::StandIn second(folder, name);
+    const support::DummyProgram second(folder, name);
     EXPECT_FALSE(find(name));
     EXPECT_EQ(handle, nullptr);
     EXPECT_TRUE(find(name));
@@ -87,22 +87,22 @@ TEST_F(Look, ProgramStartedAgainAtOnce_IsMissingOnce_ThenFoundWithItsNewIdentifi
 
 TEST_F(Look, ProgramThatWasMissing_IsFoundAtOnceWhenItIsBack)
 {
-    support::StandIn first(folder, name);
+    support::DummyProgram first(folder, name);
     ASSERT_TRUE(find(name));
     first.end();
     ASSERT_FALSE(find(name));
     ASSERT_FALSE(find(name));
-    const support::StandIn second(folder, name);
+    const support::DummyProgram second(folder, name);
     EXPECT_TRUE(find(name));
     EXPECT_EQ(processId, second.processId());
 }
 
 TEST_F(Look, AnotherLookUp_DoesNotUseTheOneAnswerUp)
 {
-    support::StandIn first(folder, name);
+    support::DummyProgram first(folder, name);
     ASSERT_TRUE(find(name));
     first.end();
-    const support::StandIn second(folder, name);
+    const support::DummyProgram second(folder, name);
     DWORD found = 0;
     EXPECT_TRUE(ProcessLookup().GetProcessHandle(name, handle, found));
     EXPECT_EQ(found, second.processId());
@@ -112,8 +112,8 @@ TEST_F(Look, AnotherLookUp_DoesNotUseTheOneAnswerUp)
 TEST_F(Look, RestartOfOneProgram_IsNothingToAnother)
 {
     const support::ScratchFolder other;
-    const support::StandIn neighbour(other, L"hublink_test_neighbour.exe");
-    support::StandIn first(folder, name);
+    const support::DummyProgram neighbour(other, L"hublink_test_neighbour.exe");
+    support::DummyProgram first(folder, name);
     ASSERT_TRUE(find(L"hublink_test_neighbour.exe"));
     ASSERT_TRUE(find(name));
     first.end();
@@ -124,15 +124,15 @@ TEST_F(Look, RestartOfOneProgram_IsNothingToAnother)
 TEST_F(Look, ProgramStartedBetweenTwoLooks_IsFound)
 {
     EXPECT_FALSE(find(name));
-    const support::StandIn program(folder, name);
+    const support::DummyProgram program(folder, name);
     EXPECT_TRUE(find(name));
 }
 
 TEST_F(Look, FirstOfTwoInstancesEnds_IsMissingOnce_ThenTheSecondIsFound)
 {
     const support::ScratchFolder other;
-    support::StandIn first(folder, name);
-    const support::StandIn second(other, name);
+    support::DummyProgram first(folder, name);
+    const support::DummyProgram second(other, name);
     ASSERT_TRUE(find(name));
     ASSERT_EQ(processId, first.processId());
     first.end();
@@ -144,9 +144,9 @@ TEST_F(Look, FirstOfTwoInstancesEnds_IsMissingOnce_ThenTheSecondIsFound)
 TEST_F(Look, SecondOfTwoInstancesEnds_TheFirstIsFollowedOn)
 {
     const support::ScratchFolder other;
-    const support::StandIn first(folder, name);
+    const support::DummyProgram first(folder, name);
     ASSERT_TRUE(find(name));
-    support::StandIn second(other, name);
+    support::DummyProgram second(other, name);
     second.end();
     EXPECT_TRUE(find(name));
     EXPECT_EQ(processId, first.processId());
@@ -154,7 +154,7 @@ TEST_F(Look, SecondOfTwoInstancesEnds_TheFirstIsFollowedOn)
 
 TEST_F(Look, ManyLooks_HandOutTheSameHandle_AndGainNone)
 {
-    const support::StandIn program(folder, name);
+    const support::DummyProgram program(folder, name);
     ASSERT_TRUE(find(name));
     const HANDLE first = handle;
     const int before = support::openHandles();
@@ -169,7 +169,7 @@ TEST_F(Look, ManyLooks_HandOutTheSameHandle_AndGainNone)
 TEST_F(Look, ProgramsThatComeAndGo_GainNoHandle)
 {
     const auto comeAndGo = [&] {
-        support::StandIn program(folder, name);
+        support::DummyProgram program(folder, name);
         ASSERT_TRUE(find(name));
         program.end();
         ASSERT_FALSE(find(name));
@@ -183,7 +183,7 @@ TEST_F(Look, ProgramsThatComeAndGo_GainNoHandle)
 TEST(ProcessLookup, ItsEnd_ClosesWhatItKept)
 {
     const support::ScratchFolder folder;
-    const support::StandIn program(folder, name);
+    const support::DummyProgram program(folder, name);
     const int before = support::openHandles();
     {
         ProcessLookup lookup;

@@ -134,7 +134,7 @@ TEST_F(StartUp, LogFileName_FollowsAnotherFormatOfTheUser)
         return folder.file(L"pavex") + L"\\ConnectorId\\log\\log" + date + L".log";
     };
     EXPECT_TRUE(configuration().szPathLogFile == name(before) || configuration().szPathLogFile == name(after))
-        << automation::ansi(configuration().szPathLogFile);
+        << automation::toAnsi(configuration().szPathLogFile);
 }
 
 TEST_F(StartUp, MissingIniFile_IsInstalledFromTheProgramsFolder_Writable)

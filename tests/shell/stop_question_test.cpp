@@ -4,6 +4,7 @@
 #include "automation/outgoing_call.h"
 #include "shell/screen_scale.h"
 #include "support/gui_objects.h"
+#include "support/process.h"
 
 namespace hublink {
 
@@ -206,7 +207,7 @@ TEST_F(IconPress, PressInsideAnOutgoingCall_IsAskedAfterIt)
         pump();
         EXPECT_TRUE(boxes.empty());
     }
-    for (; boxes.empty(); Sleep(5)) pump();
+    EXPECT_TRUE(support::eventually([&] { return !boxes.empty(); }));
     EXPECT_EQ(boxTexts(), std::vector<std::wstring>{question});
 }
 

@@ -49,7 +49,7 @@ protected:
         EXPECT_EQ(configuration().tempo, 123);
     }
 
-    support::StandIn softphone{folder, L"Pavex.exe"};
+    support::DummyProgram softphone{folder, L"Pavex.exe"};
 
 private:
     HANDLE held_ = INVALID_HANDLE_VALUE;
@@ -66,7 +66,8 @@ TEST_F(StopRequestInFile, WithEveryEncoding_IsSetBack_AndStopsNothing)
         const std::string ansi = "[Application]\r\n; r\xE9glages\r\n" + rest;
         const std::string utf8 = "[Application]\r\n; r\xC3\xA9glages\r\n" + rest;
         const std::string marked = "\xEF\xBB\xBF;\r\n" + utf8;
-        const std::string utf16 = support::utf16File(L"[Application]\r\n; r\u00E9glages\r\n" + automation::wide(rest));
+        const std::string utf16 =
+            support::utf16File(L"[Application]\r\n; r\u00E9glages\r\n" + automation::toWide(rest));
         for (const std::string& content : {ansi, utf8, marked, utf16}) {
             writeIni(content);
             startAgain();
@@ -81,7 +82,7 @@ TEST_F(StopRequestInFile, ThatCannotBeWritten_StopsNothing)
     for (const char* kill : bothWays) {
         startOnHeldFile(kill, FILE_SHARE_READ);
         expectRunning();
-        EXPECT_EQ(automation::ansi(iniValue("Application", "kill")), kill) << "the file could be written after all";
+        EXPECT_EQ(automation::toAnsi(iniValue("Application", "kill")), kill) << "the file could be written after all";
         for (int time = 0; time < 3; ++time) tick();
         expectRunning();
         letGo();

@@ -137,7 +137,7 @@ TEST_F(Stop, End_TellsTheMap_TakesTheIconAway_ShowsTheEnd_ThenEnds)
         EXPECT_EQ(ended, 0);
         return IDOK;
     };
-    form().stopping().StopAll();
+    form().shutdown().StopAll();
     EXPECT_EQ(map.lookUps, (std::vector<std::wstring>{L"StopOrvelConvertId"}));
     EXPECT_EQ(map.invocations.size(), 1u);
     ASSERT_EQ(boxes.size(), 1u);
@@ -149,7 +149,7 @@ TEST_F(Stop, End_TellsTheMap_TakesTheIconAway_ShowsTheEnd_ThenEnds)
 TEST_F(Stop, End_WithTraceOff_ShowsNothing)
 {
     start(false);
-    form().stopping().StopAll();
+    form().shutdown().StopAll();
     EXPECT_TRUE(boxes.empty());
     EXPECT_EQ(ended, 1);
 }

@@ -37,7 +37,7 @@ TEST_F(StopWish, PressThatWaits_IsAsked)
 {
     onBox = [](const std::wstring& text) { return text == question ? IDYES : IDOK; };
     postPress();
-    form().letUserStop();
+    form().checkForStopRequest();
     EXPECT_TRUE(configuration().gStop);
     EXPECT_EQ(boxTexts(), (std::vector<std::wstring>{question, L"Stop Connector"}));
 }
@@ -45,7 +45,7 @@ TEST_F(StopWish, PressThatWaits_IsAsked)
 TEST_F(StopWish, CloseThatWaits_IsCarriedOut)
 {
     PostMessageW(form().window().handle(), WM_CLOSE, 0, 0);
-    form().letUserStop();
+    form().checkForStopRequest();
     EXPECT_TRUE(configuration().gStop);
     EXPECT_EQ(boxTexts(), std::vector<std::wstring>{L"Stop Connector"});
 }
@@ -59,7 +59,7 @@ TEST_F(StopWish, WhatWasHeldBackInsideACall_IsCarriedOut)
         SendMessageW(form().window().handle(), WM_CLOSE, 0, 0);
         EXPECT_TRUE(boxes.empty());
     }
-    form().letUserStop();
+    form().checkForStopRequest();
     EXPECT_EQ(boxTexts(), (std::vector<std::wstring>{question, L"Stop Connector"}));
 }
 
@@ -69,7 +69,7 @@ TEST_F(StopWish, EventsAndTicks_StayQueued)
     form().defer([&] { order += 'a'; });
     form().defer([&] { order += 'b'; });
     PostMessageW(form().window().handle(), WM_TIMER, FormWindow::supervisionTimer, 0);
-    form().letUserStop();
+    form().checkForStopRequest();
     EXPECT_EQ(order, "");
     EXPECT_TRUE(boxes.empty()) << "a tick would miss the softphone";
     pump();
@@ -81,7 +81,7 @@ TEST_F(StopWish, MessagesOfOtherWindows_StayQueued)
 {
     const HWND other = CreateWindowW(L"STATIC", L"", WS_POPUP, 0, 0, 1, 1, nullptr, nullptr, nullptr, nullptr);
     PostMessageW(other, WM_MOUSEMOVE, 0, 0);
-    form().letUserStop();
+    form().checkForStopRequest();
     MSG message;
     EXPECT_TRUE(PeekMessageW(&message, other, WM_MOUSEMOVE, WM_MOUSEMOVE, PM_REMOVE));
     DestroyWindow(other);
@@ -90,7 +90,7 @@ TEST_F(StopWish, MessagesOfOtherWindows_StayQueued)
 TEST_F(StopWish, EndOfTheMessageLoop_IsNotSwallowed)
 {
     PostQuitMessage(7);
-    form().letUserStop();
+    form().checkForStopRequest();
     MSG message;
     ASSERT_TRUE(PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE));
     EXPECT_EQ(message.message, UINT{WM_QUIT});
@@ -101,7 +101,7 @@ TEST_F(StopWish, KillInTheIniFile_IsObeyed_AndSetBack)
 {
     writeIni(iniText("trace=true\r\nkill=true\r\n"));
     touchIni();
-    form().letUserStop();
+    form().checkForStopRequest();
     EXPECT_TRUE(configuration().gStop);
     EXPECT_EQ(boxTexts(), std::vector<std::wstring>{L"Stop Connector"});
     EXPECT_EQ(iniValue("Application", "kill"), L"false");
@@ -109,10 +109,10 @@ TEST_F(StopWish, KillInTheIniFile_IsObeyed_AndSetBack)
 
 TEST_F(StopWish, RestOfAChangedIniFile_WaitsForTheNextTick)
 {
-    const support::StandIn softphone(folder, L"Pavex.exe");
+    const support::DummyProgram softphone(folder, L"Pavex.exe");
     writeIni(iniText("trace=true\r\ntempo=222\r\n"));
     touchIni();
-    form().letUserStop();
+    form().checkForStopRequest();
     EXPECT_NE(configuration().tempo, 222);
     EXPECT_TRUE(boxes.empty());
     tick();
@@ -125,24 +125,24 @@ TEST_F(StopWish, UnchangedIniFile_IsNotReadAgain)
     const auto time = modificationTime(iniPath());
     writeIni(iniText("trace=true\r\nkill=true\r\n"));
     setIniTime(*time);
-    form().letUserStop();
+    form().checkForStopRequest();
     EXPECT_FALSE(configuration().gStop);
     touchIni();
-    form().letUserStop();
+    form().checkForStopRequest();
     EXPECT_TRUE(configuration().gStop);
 }
 
 TEST_F(StopWish, MissingIniFile_AsksForNothing)
 {
     DeleteFileW(iniPath().c_str());
-    form().letUserStop();
+    form().checkForStopRequest();
     EXPECT_FALSE(configuration().gStop);
     EXPECT_TRUE(boxes.empty());
 }
 
 TEST_F(StopWish, NothingWaiting_ChangesNothing)
 {
-    for (int records = 0; records < 100; ++records) form().letUserStop();
+    for (int records = 0; records < 100; ++records) form().checkForStopRequest();
     EXPECT_FALSE(configuration().gStop);
     EXPECT_TRUE(boxes.empty());
 }

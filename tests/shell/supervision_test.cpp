@@ -25,8 +25,8 @@ protected:
     void startSoftphone() { softphone.emplace(folder, L"Pavex.exe"); }
     void startOutlook() { outlookProgram.emplace(folder, L"Outlook.EXE"); }
 
-    std::optional<support::StandIn> softphone;
-    std::optional<support::StandIn> outlookProgram;
+    std::optional<support::DummyProgram> softphone;
+    std::optional<support::DummyProgram> outlookProgram;
 };
 
 }

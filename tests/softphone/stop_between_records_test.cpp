@@ -10,9 +10,9 @@ class StopBetweenRecords : public LinkFixture {
 protected:
     StopBetweenRecords()
     {
-        host.onLetUserStop = [this] {
+        host.onStopCheck = [this] {
             outsideCalls = outsideCalls && !automation::OutgoingCall::inProgress();
-            host.settings.gStop |= host.stopLooks == stopAt;
+            host.settings.gStop |= host.stopChecks == stopAt;
         };
     }
 
@@ -20,7 +20,7 @@ protected:
     void startIdle()
     {
         start();
-        host.stopLooks = 0;
+        host.stopChecks = 0;
     }
 
     void putRecords(int records)
@@ -42,7 +42,7 @@ TEST_F(StopBetweenRecords, Purge_LooksBeforeEachRecord_AndLeavesTheRest)
     putRecords(10);
     stopAt = 4;
     link.PurgeIdRepertory();
-    EXPECT_EQ(host.stopLooks, 4);
+    EXPECT_EQ(host.stopChecks, 4);
     EXPECT_EQ(store->records(1).size(), 7u);
     EXPECT_TRUE(outsideCalls);
 }
@@ -53,7 +53,7 @@ TEST_F(StopBetweenRecords, AddressBook_LooksBeforeEachEntry_AndAborts)
     for (int n = 1; n <= 10; ++n) pavex.addEntry({{1, n}, {std::to_wstring(n), L"D", L"M"}});
     stopAt = 4;
     link.InsertRepertory();
-    EXPECT_EQ(host.stopLooks, 4);
+    EXPECT_EQ(host.stopChecks, 4);
     EXPECT_EQ(count(L"contact"), 3u);
     EXPECT_EQ(host.log.back(), L"Abort Repertory Synchronisation");
     EXPECT_TRUE(outsideCalls);
@@ -70,7 +70,7 @@ TEST_F(StopBetweenRecords, History_LooksBeforeEachItem_AndAborts)
     }
     stopAt = 4;
     link.InitHisto();
-    EXPECT_EQ(host.stopLooks, 4);
+    EXPECT_EQ(host.stopChecks, 4);
     EXPECT_EQ(count(L"journal"), 3u);
     EXPECT_EQ(host.log.back(), L"Abort History Synchronisation");
     EXPECT_TRUE(outsideCalls);

@@ -16,7 +16,7 @@ void dispatchMessages()
 automation::Handle outputOf(const std::wstring& file)
 {
     SECURITY_ATTRIBUTES inherited{sizeof inherited, nullptr, TRUE};
-    return automation::orNone(
+    return automation::ownedIfValid(
         CreateFileW(file.c_str(), GENERIC_WRITE, FILE_SHARE_READ, &inherited, CREATE_ALWAYS, 0, nullptr));
 }
 
@@ -68,7 +68,7 @@ void Process::kill() const
     WaitForSingleObject(handle_.get(), INFINITE);
 }
 
-std::wstring besideTests(const std::wstring& name)
+std::wstring pathBesideTests(const std::wstring& name)
 {
     const std::wstring program = automation::server::programPath();
     return program.substr(0, program.rfind(L'\\') + 1) + name;
@@ -76,10 +76,10 @@ std::wstring besideTests(const std::wstring& name)
 
 std::wstring command(const std::wstring& name)
 {
-    return L"\"" + besideTests(name) + L"\"";
+    return L"\"" + pathBesideTests(name) + L"\"";
 }
 
-bool soon(const std::function<bool()>& condition, DWORD milliseconds)
+bool eventually(const std::function<bool()>& condition, DWORD milliseconds)
 {
     for (const DWORD start = GetTickCount(); GetTickCount() - start < milliseconds;) {
         dispatchMessages();

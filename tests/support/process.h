@@ -36,13 +36,13 @@ private:
 };
 
 // The path of what stands beside the test programs.
-std::wstring besideTests(const std::wstring& name);
+std::wstring pathBesideTests(const std::wstring& name);
 
 // The same as the first word of a command line.
 std::wstring command(const std::wstring& name);
 
 // Looks until the condition holds; false when it still does not in the end.
 // Messages of the calling thread are dispatched meanwhile.
-bool soon(const std::function<bool()>& condition, DWORD milliseconds = 10'000);
+bool eventually(const std::function<bool()>& condition, DWORD milliseconds = 10'000);
 
 }

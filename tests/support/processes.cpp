@@ -24,11 +24,11 @@ void endProcesses(const std::vector<DWORD>& ids)
 std::vector<DWORD> processesNamed(const wchar_t* name)
 {
     std::vector<DWORD> ids;
-    const auto snapshot = automation::orNone(CreateToolhelp32Snapshot(TH32CS_SNAPPROCESS, 0));
+    const auto snapshot = automation::ownedIfValid(CreateToolhelp32Snapshot(TH32CS_SNAPPROCESS, 0));
     PROCESSENTRY32W entry{};
     entry.dwSize = sizeof entry;
     for (BOOL more = Process32FirstW(snapshot.get(), &entry); more; more = Process32NextW(snapshot.get(), &entry))
-        if (automation::equalWithoutCase(entry.szExeFile, name)) ids.push_back(entry.th32ProcessID);
+        if (automation::equalIgnoringCase(entry.szExeFile, name)) ids.push_back(entry.th32ProcessID);
     return ids;
 }
 

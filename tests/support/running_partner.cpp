@@ -36,7 +36,8 @@ RunningPartner::RunningPartner(const PartnerClass& partner, std::string_view sto
 {
     WaitForSingleObject(oneAtATime_.get(), INFINITE);
     registeredBefore_ = registeredProgram(partner.progId);
-    require(CopyFileW(besideTests(partner.file).c_str(), program().c_str(), FALSE), partner, "is not beside the test");
+    require(CopyFileW(pathBesideTests(partner.file).c_str(), program().c_str(), FALSE), partner,
+            "is not beside the test");
     require(Process(program() + L" /RegServer").exitCode() == 0, partner, "is not registered");
     if (!store.empty()) writeFile(storeFile(), store);
     start();

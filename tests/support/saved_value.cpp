@@ -75,7 +75,7 @@ HiddenClass::HiddenClass(const std::wstring& progId)
     user_.removeValue();
     user_.removeKey();
     CLSID ignored;
-    EXPECT_TRUE(FAILED(CLSIDFromProgID(progId.c_str(), &ignored))) << automation::ansi(progId) << " is in reach";
+    EXPECT_TRUE(FAILED(CLSIDFromProgID(progId.c_str(), &ignored))) << automation::toAnsi(progId) << " is in reach";
 }
 
 HiddenClass::~HiddenClass() = default;

@@ -11,7 +11,7 @@
 namespace support {
 
 using automation::Handle;
-using automation::orNone;
+using automation::ownedIfValid;
 
 namespace {
 
@@ -20,7 +20,8 @@ std::vector<WIN32_FIND_DATAW> entriesOf(const std::wstring& folder)
 {
     std::vector<WIN32_FIND_DATAW> found;
     WIN32_FIND_DATAW entry;
-    const auto search = automation::orNone<automation::FileSearch>(FindFirstFileW((folder + L"\\*").c_str(), &entry));
+    const auto search =
+        automation::ownedIfValid<automation::FileSearch>(FindFirstFileW((folder + L"\\*").c_str(), &entry));
     if (!search) return found;
     do {
         const std::wstring_view name = entry.cFileName;
@@ -96,7 +97,7 @@ std::wstring ScratchFolder::write(std::wstring_view name, std::string_view conte
 
 void writeFile(const std::wstring& path, std::string_view content)
 {
-    const Handle file = orNone(CreateFileW(path.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, 0, nullptr));
+    const Handle file = ownedIfValid(CreateFileW(path.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, 0, nullptr));
     if (!file) fail(L"CreateFile");
     DWORD written = 0;
     if (!WriteFile(file.get(), content.data(), static_cast<DWORD>(content.size()), &written, nullptr) ||
@@ -107,8 +108,8 @@ void writeFile(const std::wstring& path, std::string_view content)
 std::string readFile(const std::wstring& path)
 {
     const Handle file =
-        orNone(CreateFileW(path.c_str(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
-                           OPEN_EXISTING, 0, nullptr));
+        ownedIfValid(CreateFileW(path.c_str(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
+                                 nullptr, OPEN_EXISTING, 0, nullptr));
     if (!file) return "";
     std::string content(GetFileSize(file.get(), nullptr), '\0');
     DWORD got = 0;
@@ -125,7 +126,7 @@ std::string utf16File(std::wstring_view text)
 std::wstring projectFile(std::wstring_view path)
 {
     // The build machine's root is drive Z: to the test.
-    std::wstring full = L"Z:" + automation::wide(PROJECT_FOLDER) + L"/" + std::wstring(path);
+    std::wstring full = L"Z:" + automation::toWide(PROJECT_FOLDER) + L"/" + std::wstring(path);
     std::replace(full.begin(), full.end(), L'/', L'\\');
     return full;
 }

@@ -22,7 +22,7 @@ protected:
     DISPID idOf(std::wstring_view name) override
     {
         for (const auto& [id, member] : members_)
-            if (automation::server::sameName(member.first, name)) return id;
+            if (automation::server::isSameName(member.first, name)) return id;
         return DISPID_UNKNOWN;
     }
 

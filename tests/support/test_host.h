@@ -40,10 +40,10 @@ public:
         if (onPause) onPause();
     }
 
-    void letUserStop() override
+    void checkForStopRequest() override
     {
-        ++stopLooks;
-        if (onLetUserStop) onLetUserStop();
+        ++stopChecks;
+        if (onStopCheck) onStopCheck();
     }
 
     DATE now() const override { return time; }
@@ -68,9 +68,9 @@ public:
     std::function<void(const std::wstring&)> onLog;
     std::function<void(const std::wstring&)> onMessage;
     std::function<void()> onPause;
-    std::function<void()> onLetUserStop;
+    std::function<void()> onStopCheck;
     int stops = 0;
-    int stopLooks = 0; // how often a user's wish to stop was let through
+    int stopChecks = 0; // how often a user's wish to stop was let through
     bool supervised = false;
     DATE time = 45000.5; // 15 March 2023, 12:00:00
     std::wstring folder = L"C:\\nowhere";

@@ -13,12 +13,12 @@
 namespace {
 
 constexpr int hungTest = 97;
-constexpr DWORD patience = 110'000; // milliseconds for one test
+constexpr DWORD timeout = 110'000; // milliseconds for one test
 
 class LeakCheck : public testing::EmptyTestEventListener {
     void OnTestEnd(const testing::TestInfo&) override
     {
-        EXPECT_EQ(automation::server::Dispatch::live(), 0) << "objects left alive by the test";
+        EXPECT_EQ(automation::server::Dispatch::liveCount(), 0) << "objects left alive by the test";
         EXPECT_EQ(automation::liveEventSinks(), 0) << "event sinks left alive by the test";
     }
 };
@@ -42,7 +42,7 @@ class Watchdog : public testing::EmptyTestEventListener {
     static DWORD WINAPI watch(void* self)
     {
         const auto* watchdog = static_cast<Watchdog*>(self);
-        if (WaitForSingleObject(watchdog->done_, patience) == WAIT_OBJECT_0) return 0;
+        if (WaitForSingleObject(watchdog->done_, timeout) == WAIT_OBJECT_0) return 0;
         std::printf("%s hangs: ended by the watchdog\n", watchdog->name_.c_str());
         std::fflush(stdout);
         TerminateProcess(GetCurrentProcess(), hungTest);

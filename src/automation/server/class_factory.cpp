@@ -1,6 +1,6 @@
 #include "automation/server/class_factory.h"
 
-#include "automation/border.h"
+#include "automation/catch_all.h"
 #include "automation/unknown.h"
 
 #include <utility>
@@ -11,22 +11,22 @@ namespace {
 
 class Factory final : public Unknown<IClassFactory> {
 public:
-    Factory(ClassFactory::Creator create, std::function<void()> unused)
-        : create_(std::move(create)), unused_(std::move(unused))
+    Factory(ClassFactory::Creator create, std::function<void()> onLastUnlock)
+        : create_(std::move(create)), onLastUnlock_(std::move(onLastUnlock))
     {}
 
     STDMETHODIMP CreateInstance(IUnknown* outer, REFIID iid, void** result) noexcept override
     {
         *result = nullptr;
         if (outer) return CLASS_E_NOAGGREGATION;
-        return atBorder([&] { return create_()->QueryInterface(iid, result); });
+        return catchAll([&] { return create_()->QueryInterface(iid, result); });
     }
 
     STDMETHODIMP LockServer(BOOL lock) noexcept override
     {
-        return atBorder([&] {
+        return catchAll([&] {
             if (lock) CoAddRefServerProcess();
-            else if (CoReleaseServerProcess() == 0 && unused_) unused_();
+            else if (CoReleaseServerProcess() == 0 && onLastUnlock_) onLastUnlock_();
             return S_OK;
         });
     }
@@ -35,14 +35,14 @@ private:
     IUnknown* interfaceOf(REFIID iid) noexcept override { return iid == IID_IClassFactory ? this : nullptr; }
 
     const ClassFactory::Creator create_;
-    const std::function<void()> unused_;
+    const std::function<void()> onLastUnlock_;
 };
 
 }
 
-ClassFactory::ClassFactory(const CLSID& classId, Creator create, std::function<void()> unused)
+ClassFactory::ClassFactory(const CLSID& classId, Creator create, std::function<void()> onLastUnlock)
 {
-    const auto factory = ComPtr<IClassFactory>::adopt(new Factory(std::move(create), std::move(unused)));
+    const auto factory = ComPtr<IClassFactory>::adopt(new Factory(std::move(create), std::move(onLastUnlock)));
     check(CoRegisterClassObject(classId, factory.get(), CLSCTX_LOCAL_SERVER, REGCLS_MULTIPLEUSE, &cookie_),
           L"CoRegisterClassObject");
 }

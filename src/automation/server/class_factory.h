@@ -14,7 +14,7 @@ public:
     // Registers the running factory: one process serves every client. `unused`
     // is called when a client's unlocking took the process's last reference.
     // Throws AutomationError when COM refuses.
-    ClassFactory(const CLSID& classId, Creator create, std::function<void()> unused = {});
+    ClassFactory(const CLSID& classId, Creator create, std::function<void()> onLastUnlock = {});
     ~ClassFactory() { revoke(); }
     ClassFactory(const ClassFactory&) = delete;
     ClassFactory& operator=(const ClassFactory&) = delete;

@@ -1,6 +1,6 @@
 #include "automation/server/collection.h"
 
-#include "automation/border.h"
+#include "automation/catch_all.h"
 #include "automation/unknown.h"
 
 #include <algorithm>
@@ -43,7 +43,7 @@ public:
     STDMETHODIMP Clone(IEnumVARIANT** copy) noexcept override
     {
         *copy = nullptr;
-        return atBorder([&] {
+        return catchAll([&] {
             *copy = new Enumeration(values_, position_);
             return S_OK;
         });

@@ -7,56 +7,19 @@
 #include "automation/error.h"
 #include "automation/failure.h"
 #include "automation/object.h"
+#include "automation/server/arguments.h"
 #include "automation/unknown.h"
 #include "automation/value.h"
 
 #include <windows.h>
 #include <oaidl.h>
 
-#include <initializer_list>
-#include <span>
-#include <string>
+#include <string_view>
 
 namespace automation::server {
 
 using automation::Exception; // what a member throws
 using automation::Failure;
-
-// The arguments of one incoming call, from left to right.
-class Arguments {
-public:
-    Arguments() noexcept = default;
-    explicit Arguments(const DISPPARAMS& parameters) noexcept : parameters_(&parameters) {}
-
-    std::size_t size() const noexcept { return parameters_ ? parameters_->cArgs : 0; }
-
-    // The argument as it came, by-reference types included.
-    const VARIANT& raw(std::size_t index) const;
-
-    bool given(std::size_t index) const; // there, and not an omitted optional one
-
-    // Converted as automation does; a type mismatch names the argument.
-    Value value(std::size_t index) const; // by-reference values followed
-    std::wstring text(std::size_t index) const;
-    std::int32_t int32(std::size_t index) const;
-    bool truth(std::size_t index) const;
-    DATE date(std::size_t index) const;
-    Object object(std::size_t index) const;
-
-    // Writes into arguments passed by reference (BSTR, 32-bit integer or VARIANT):
-    // into all of them or, when one was not (a type mismatch) or memory is short,
-    // into none.
-    struct Output {
-        std::size_t index;
-        Value value;
-    };
-    void write(std::initializer_list<Output> outputs) const;
-
-private:
-    const VARIANT& argument(std::size_t index) const; // as it came, wrapped or not
-
-    const DISPPARAMS* parameters_ = nullptr;
-};
 
 // What a client asked for in one Invoke.
 struct IncomingCall {
@@ -75,7 +38,7 @@ public:
     Dispatch& operator=(const Dispatch&) = delete;
 
     // Objects of this kind alive in this process.
-    static long live() noexcept;
+    static long liveCount() noexcept;
 
     STDMETHODIMP GetTypeInfoCount(UINT* count) noexcept override;
     STDMETHODIMP GetTypeInfo(UINT index, LCID locale, ITypeInfo** type) noexcept override;
@@ -113,9 +76,9 @@ template <class Class>
 struct MemberRow {
     const wchar_t* name;
     DISPID id;
-    WORD kinds;      // DISPATCH_METHOD, DISPATCH_PROPERTYGET, DISPATCH_PROPERTYPUT, joined
-    unsigned least;  // arguments, the value of a put not counted
-    unsigned most;
+    WORD kinds;             // DISPATCH_METHOD, DISPATCH_PROPERTYGET, DISPATCH_PROPERTYPUT, joined
+    unsigned minArguments;  // arguments, the value of a put not counted
+    unsigned maxArguments;
     Value (*handler)(Class& self, const IncomingCall& call);
 };
 
@@ -124,9 +87,9 @@ inline constexpr WORD readOnly = DISPATCH_PROPERTYGET;
 inline constexpr WORD readWrite = DISPATCH_PROPERTYGET | DISPATCH_PROPERTYPUT;
 
 // Refuses a call that does not fit its row, with the codes of a real server.
-void checkFits(const IncomingCall& call, WORD kinds, unsigned least, unsigned most);
+void checkFits(const IncomingCall& call, WORD kinds, unsigned minArguments, unsigned maxArguments);
 
-bool sameName(std::wstring_view a, std::wstring_view b) noexcept;
+bool isSameName(std::wstring_view a, std::wstring_view b) noexcept;
 
 // A Dispatch whose members are the rows of Class::members().
 template <class Class, class Base = Dispatch>
@@ -138,7 +101,7 @@ protected:
     DISPID idOf(std::wstring_view name) override
     {
         for (const MemberRow<Class>& row : Class::members())
-            if (sameName(row.name, name)) return row.id;
+            if (isSameName(row.name, name)) return row.id;
         return DISPID_UNKNOWN;
     }
 
@@ -146,7 +109,7 @@ protected:
     {
         for (const MemberRow<Class>& row : Class::members()) {
             if (row.id != call.id) continue;
-            checkFits(call, row.kinds, row.least, row.most);
+            checkFits(call, row.kinds, row.minArguments, row.maxArguments);
             return row.handler(static_cast<Class&>(*this), call);
         }
         throw Failure{DISP_E_MEMBERNOTFOUND};

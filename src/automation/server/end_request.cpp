@@ -15,12 +15,12 @@ std::array<wchar_t, 64> eventName(DWORD process) noexcept
 
 }
 
-Handle offerEnd() noexcept
+Handle createEndEvent() noexcept
 {
     return Handle(CreateEventW(nullptr, TRUE, FALSE, eventName(GetCurrentProcessId()).data()));
 }
 
-bool askToEnd(DWORD process) noexcept
+bool requestEnd(DWORD process) noexcept
 {
     const Handle event(OpenEventW(EVENT_MODIFY_STATE, FALSE, eventName(process).data()));
     return event && SetEvent(event.get());

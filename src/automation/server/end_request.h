@@ -1,5 +1,5 @@
 // A server process lives as long as clients hold its objects, also where they have
-// died without a word. Whoever replaces its file, as an installer does, asks it to end.
+// died without releasing them. Whoever replaces its file, as an installer does, asks it to end.
 #pragma once
 
 #include "automation/owners.h"
@@ -8,9 +8,9 @@ namespace automation::server {
 
 // The event by which this process can be asked to end, from any session: by its own
 // user and by the system. Empty when it cannot be made.
-Handle offerEnd() noexcept;
+Handle createEndEvent() noexcept;
 
 // False when that process offers no end, or not to this one's user.
-bool askToEnd(DWORD process) noexcept;
+bool requestEnd(DWORD process) noexcept;
 
 }

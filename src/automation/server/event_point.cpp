@@ -1,6 +1,6 @@
 #include "automation/server/event_point.h"
 
-#include "automation/border.h"
+#include "automation/catch_all.h"
 
 #include <vector>
 
@@ -15,14 +15,14 @@ public:
 
     STDMETHODIMP Next(ULONG count, IConnectionPoint** points, ULONG* fetched) noexcept override
     {
-        const bool gives = count > 0 && !done_;
-        if (gives) {
+        const bool returnsPoint = count > 0 && !done_;
+        if (returnsPoint) {
             point_->AddRef();
             *points = point_.get();
         }
-        done_ = done_ || gives;
-        if (fetched) *fetched = gives ? 1 : 0;
-        return gives && count == 1 ? S_OK : S_FALSE;
+        done_ = done_ || returnsPoint;
+        if (fetched) *fetched = returnsPoint ? 1 : 0;
+        return returnsPoint && count == 1 ? S_OK : S_FALSE;
     }
 
     STDMETHODIMP Skip(ULONG count) noexcept override
@@ -41,7 +41,7 @@ public:
     STDMETHODIMP Clone(IEnumConnectionPoints** copy) noexcept override
     {
         *copy = nullptr;
-        return atBorder([&] {
+        return catchAll([&] {
             *copy = new PointEnumeration(point_.get(), done_);
             return S_OK;
         });
@@ -90,7 +90,7 @@ IUnknown* EventPoint::interfaceOf(REFIID iid) noexcept
 STDMETHODIMP EventPoint::EnumConnectionPoints(IEnumConnectionPoints** points) noexcept
 {
     *points = nullptr;
-    return atBorder([&] {
+    return catchAll([&] {
         *points = new PointEnumeration(this);
         return S_OK;
     });
@@ -121,7 +121,7 @@ STDMETHODIMP EventPoint::GetConnectionPointContainer(IConnectionPointContainer**
 STDMETHODIMP EventPoint::Advise(IUnknown* sink, DWORD* cookie) noexcept
 {
     *cookie = 0;
-    return atBorder([&] {
+    return catchAll([&] {
         ComPtr<IDispatch> dispatch;
         if (!sink || FAILED(sink->QueryInterface(IID_IDispatch, dispatch.receiveVoid())))
             return CONNECT_E_CANNOTCONNECT;

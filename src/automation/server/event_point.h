@@ -28,7 +28,7 @@ public:
 
     IConnectionPointContainer* container() noexcept { return this; }
 
-    // For the owner's answer; null when the question is for neither.
+    // For the owner's QueryInterface; null when `iid` is neither of this part's.
     IUnknown* interfaceOf(REFIID iid) noexcept;
 
     STDMETHODIMP EnumConnectionPoints(IEnumConnectionPoints** points) noexcept override;

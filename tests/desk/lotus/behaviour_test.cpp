@@ -83,7 +83,7 @@ TEST_F(NotesBehaviour, PathOfALocalDatabase_IsCompleteBelowTheDataFolder_WhileIt
     EXPECT_EQ(local().get(L"FilePath").text(), L"C:\\Notes\\Data\\local.nsf");
     EXPECT_EQ(local().get(L"FileName").text(), L"local.nsf");
     EXPECT_EQ(contacts().get(L"FilePath").text(), L"books\\contacts.nsf");
-    EXPECT_TRUE(session().get(L"GetDatabase", {L"", L"c:\\notes\\data\\LOCAL.nsf"}).object().get(L"IsOpen").truth());
+    EXPECT_TRUE(session().get(L"GetDatabase", {L"", L"c:\\notes\\data\\LOCAL.nsf"}).object().get(L"IsOpen").isTrue());
     notes.ask(L"available local.nsf off");
     EXPECT_EQ(local().get(L"FilePath").text(), L"local.nsf");
 }

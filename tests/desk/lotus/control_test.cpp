@@ -161,11 +161,11 @@ TEST_F(NotesControl, UserOpensADocument_InACopyOfItsOwn)
 {
     const Object marc = person(L"Durand");
     EXPECT_EQ(notes.ask(L"open 8F6@books\\contacts.nsf edit"), L"ok");
-    EXPECT_TRUE(workspace().get(L"CurrentDocument").object().get(L"EditMode").truth());
+    EXPECT_TRUE(workspace().get(L"CurrentDocument").object().get(L"EditMode").isTrue());
     marc.put(L"FullName", L"Marc X");
     EXPECT_EQ(notes.ask(L"windows").substr(0, 11), L"Marc Durand");
     EXPECT_EQ(notes.ask(L"open 8F6@books\\contacts.nsf"), L"ok");
-    EXPECT_FALSE(workspace().get(L"CurrentDocument").object().get(L"EditMode").truth());
+    EXPECT_FALSE(workspace().get(L"CurrentDocument").object().get(L"EditMode").isTrue());
     EXPECT_EQ(refused(L"open 8F6@books\\contacts.nsf write"), "open ID, or open ID edit");
     EXPECT_EQ(refused(L"open 777@books\\contacts.nsf"), "there is no document \"777@books\\contacts.nsf\"");
 }

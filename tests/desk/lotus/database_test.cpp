@@ -14,7 +14,7 @@ protected:
         return session().get(L"GetDatabase", {server, file}).object();
     }
 
-    bool isOpen(const wchar_t* server, const wchar_t* file) { return database(server, file).get(L"IsOpen").truth(); }
+    bool isOpen(const wchar_t* server, const wchar_t* file) { return database(server, file).get(L"IsOpen").isTrue(); }
 };
 
 }
@@ -38,14 +38,14 @@ TEST_F(NotesDatabase, OpenDatabase_TellsItsPlaceAsItIsStored)
     EXPECT_EQ(found.get(L"FilePath").text(), L"books\\contacts.nsf");
     EXPECT_EQ(found.get(L"FileName").text(), L"contacts.nsf");
     EXPECT_EQ(found.get(L"Title").text(), L"Contacts");
-    EXPECT_FALSE(found.get(L"IsFTIndexed").truth());
+    EXPECT_FALSE(found.get(L"IsFTIndexed").isTrue());
     EXPECT_EQ(database(L"", L"local.nsf").get(L"Server").text(), L"");
 }
 
 TEST_F(NotesDatabase, MissingDatabase_IsAnObjectThatIsNotOpen_AndCannotBeUsed)
 {
     const Object missing = database(L"Mail9/Acme", L"x\\y.nsf");
-    EXPECT_FALSE(missing.get(L"IsOpen").truth());
+    EXPECT_FALSE(missing.get(L"IsOpen").isTrue());
     EXPECT_EQ(missing.get(L"Server").text(), L"Mail9/Acme");
     EXPECT_EQ(missing.get(L"FilePath").text(), L"x\\y.nsf");
     EXPECT_EQ(missing.get(L"FileName").text(), L"y.nsf");
@@ -75,21 +75,21 @@ TEST_F(NotesDatabase, DatabaseThatCannotBeOpened_OpensLater)
 {
     notes.ask(L"available local.nsf off");
     const Object local = database(L"", L"local.nsf");
-    EXPECT_FALSE(local.get(L"IsOpen").truth());
-    EXPECT_FALSE(local.get(L"Open", {L"", L""}).truth());
+    EXPECT_FALSE(local.get(L"IsOpen").isTrue());
+    EXPECT_FALSE(local.get(L"Open", {L"", L""}).isTrue());
     notes.ask(L"available local.nsf on");
-    EXPECT_FALSE(local.get(L"IsOpen").truth()) << "not by itself";
-    EXPECT_TRUE(local.get(L"Open").truth());
-    EXPECT_TRUE(local.get(L"IsOpen").truth());
+    EXPECT_FALSE(local.get(L"IsOpen").isTrue()) << "not by itself";
+    EXPECT_TRUE(local.get(L"Open").isTrue());
+    EXPECT_TRUE(local.get(L"IsOpen").isTrue());
     EXPECT_EQ(local.get(L"Title").text(), L"Local");
 }
 
 TEST_F(NotesDatabase, ObjectForNoDatabase_CanBeGivenOneByOpen)
 {
     const Object empty = database(L"", L"");
-    EXPECT_FALSE(empty.get(L"Open", {L"", L"no.nsf"}).truth());
+    EXPECT_FALSE(empty.get(L"Open", {L"", L"no.nsf"}).isTrue());
     const Object other = database(L"", L"");
-    EXPECT_TRUE(other.get(L"Open", {L"", L"local.nsf"}).truth());
+    EXPECT_TRUE(other.get(L"Open", {L"", L"local.nsf"}).isTrue());
     EXPECT_NE(failureOf([&] { other.get(L"Open", {L"", L"elsewhere.nsf"}); }).code(), S_OK);
 }
 

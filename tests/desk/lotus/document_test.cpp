@@ -79,7 +79,7 @@ TEST_F(NotesDocument, UnknownMember_IsAnItem)
     EXPECT_EQ(failureOf([&] { marc.get(L"LastName", {std::int32_t{1}}); }).code(), DISP_E_BADINDEX);
     marc.put(L"City", L"Paris");
     EXPECT_EQ(values(marc, L"city"), L"Paris|");
-    EXPECT_TRUE(marc.get(L"HasItem", {L"CITY"}).truth());
+    EXPECT_TRUE(marc.get(L"HasItem", {L"CITY"}).isTrue());
     EXPECT_EQ(failureOf([&] { marc.call(L"City"); }).code(), DISP_E_MEMBERNOTFOUND) << "no method";
 }
 
@@ -131,7 +131,7 @@ TEST_F(NotesDocument, Append_MakesASecondItem_OfWhichReadsSeeTheFirst)
     marc.get(L"ReplaceItemValue", {L"phone", L"0123"});
     EXPECT_EQ(values(marc, L"Phone"), L"0123|");
     marc.call(L"RemoveItem", {L"Phone"});
-    EXPECT_FALSE(marc.get(L"HasItem", {L"Phone"}).truth()) << "all of them were replaced by one";
+    EXPECT_FALSE(marc.get(L"HasItem", {L"Phone"}).isTrue()) << "all of them were replaced by one";
 }
 
 TEST_F(NotesDocument, Remove_TakesAllItemsOfTheName_AndAMissingOneIsNoError)
@@ -139,7 +139,7 @@ TEST_F(NotesDocument, Remove_TakesAllItemsOfTheName_AndAMissingOneIsNoError)
     const Object marc = person(L"Durand");
     marc.get(L"AppendItemValue", {L"Phone", L"0499"});
     marc.call(L"RemoveItem", {L"PHONE"});
-    EXPECT_FALSE(marc.get(L"HasItem", {L"Phone"}).truth());
+    EXPECT_FALSE(marc.get(L"HasItem", {L"Phone"}).isTrue());
     marc.call(L"RemoveItem", {L"Phone"});
 }
 
@@ -147,16 +147,16 @@ TEST_F(NotesDocument, NewDocument_HasNoNoteIdUntilItIsSaved)
 {
     const Object made = newDocument();
     EXPECT_EQ(made.get(L"NoteID").text(), L"0");
-    EXPECT_TRUE(made.get(L"IsNewNote").truth());
-    EXPECT_FALSE(made.get(L"IsDeleted").truth());
+    EXPECT_TRUE(made.get(L"IsNewNote").isTrue());
+    EXPECT_FALSE(made.get(L"IsDeleted").isTrue());
     made.put(L"Form", L"Person");
     EXPECT_EQ(notes.changes(), 0);
     const Value saved = made.get(L"Save", {true, false});
     EXPECT_EQ(saved.type(), VT_BOOL);
-    EXPECT_TRUE(saved.truth());
+    EXPECT_TRUE(saved.isTrue());
     EXPECT_EQ(notes.changes(), 1);
     EXPECT_EQ(made.get(L"NoteID").text(), L"902");
-    EXPECT_FALSE(made.get(L"IsNewNote").truth());
+    EXPECT_FALSE(made.get(L"IsNewNote").isTrue());
     EXPECT_EQ(made.get(L"ParentDatabase").object().get(L"Title").text(), L"Contacts");
     EXPECT_EQ(stored(L"902", L"Form"), L"Person");
 }
@@ -180,18 +180,18 @@ TEST_F(NotesDocument, SavedBySomebodyElseMeanwhile_ArgumentsDecide)
     const Object conflict = person(L"Durand");
     notes.ask(L"change 8F6@books\\contacts.nsf\nCity=Rome");
     refused.put(L"City", L"Oslo");
-    EXPECT_FALSE(refused.get(L"Save", {false, false}).truth());
+    EXPECT_FALSE(refused.get(L"Save", {false, false}).isTrue());
     EXPECT_EQ(stored(L"8F6", L"City"), L"Rome");
     conflict.put(L"City", L"Bern");
-    EXPECT_TRUE(conflict.get(L"Save", {false, true}).truth());
+    EXPECT_TRUE(conflict.get(L"Save", {false, true}).isTrue());
     EXPECT_EQ(stored(L"8F6", L"City"), L"Rome");
     EXPECT_EQ(stored(L"902", L"City"), L"Bern");
     EXPECT_EQ(stored(L"902", L"$Ref"), forced.get(L"UniversalID").text());
-    EXPECT_TRUE(conflict.get(L"IsResponse").truth());
+    EXPECT_TRUE(conflict.get(L"IsResponse").isTrue());
     EXPECT_EQ(conflict.get(L"ParentDocumentUNID").text(), forced.get(L"UniversalID").text());
     EXPECT_EQ(conflict.get(L"NoteID").text(), L"902");
     forced.put(L"City", L"Paris");
-    EXPECT_TRUE(forced.get(L"Save", {true, true}).truth());
+    EXPECT_TRUE(forced.get(L"Save", {true, true}).isTrue());
     EXPECT_EQ(stored(L"8F6", L"City"), L"Paris");
 }
 
@@ -199,14 +199,14 @@ TEST_F(NotesDocument, Save_NeedsItsTwoArguments)
 {
     const Object made = newDocument();
     EXPECT_EQ(failureOf([&] { made.get(L"Save"); }).code(), DISP_E_BADPARAMCOUNT);
-    EXPECT_TRUE(made.get(L"Save", {true, false, true}).truth());
+    EXPECT_TRUE(made.get(L"Save", {true, false, true}).isTrue());
 }
 
 TEST_F(NotesDocument, RemovedDocument_CannotBeUsedThroughThatReference)
 {
     const Object marc = person(L"Durand");
-    EXPECT_TRUE(marc.get(L"Remove", {true}).truth());
-    EXPECT_TRUE(marc.get(L"IsDeleted").truth());
+    EXPECT_TRUE(marc.get(L"Remove", {true}).isTrue());
+    EXPECT_TRUE(marc.get(L"IsDeleted").isTrue());
     EXPECT_FALSE(person(L"Durand"));
     for (const wchar_t* member : {L"NoteID", L"LastName", L"ParentDatabase"})
         EXPECT_EQ(failureOf([&] { marc.get(member); }).description(), L"Notes error: Document has been deleted");
@@ -220,7 +220,7 @@ TEST_F(NotesDocument, DeletedBySomebodyElse_CanBeReadButNotSaved)
     const Object marc = person(L"Durand");
     notes.ask(L"delete 8F6@books\\contacts.nsf");
     EXPECT_EQ(values(marc, L"LastName"), L"Durand|");
-    EXPECT_TRUE(marc.get(L"IsDeleted").truth());
+    EXPECT_TRUE(marc.get(L"IsDeleted").isTrue());
     EXPECT_EQ(failureOf([&] { marc.get(L"Save", {true, false}); }).description(),
               L"Notes error: Document has been deleted");
     EXPECT_NE(failureOf([&] { marc.get(L"Remove", {true}); }).code(), S_OK);
@@ -230,9 +230,9 @@ TEST_F(NotesDocument, RemoveWithoutForce_SparesWhatSomebodyElseHasSaved)
 {
     const Object marc = person(L"Durand");
     notes.ask(L"change 8F6@books\\contacts.nsf\nCity=Rome");
-    EXPECT_FALSE(marc.get(L"Remove", {false}).truth());
+    EXPECT_FALSE(marc.get(L"Remove", {false}).isTrue());
     EXPECT_TRUE(person(L"Durand"));
-    EXPECT_TRUE(marc.get(L"RemovePermanently", {true}).truth());
+    EXPECT_TRUE(marc.get(L"RemovePermanently", {true}).isTrue());
     EXPECT_FALSE(person(L"Durand"));
 }
 
@@ -242,7 +242,7 @@ TEST_F(NotesDocument, ReloadedStore_LeavesOldReferencesAlone)
     notes.load(books);
     EXPECT_EQ(values(marc, L"LastName"), L"Durand|");
     marc.put(L"LastName", L"Elsewhere");
-    EXPECT_TRUE(marc.get(L"Save", {true, false}).truth());
+    EXPECT_TRUE(marc.get(L"Save", {true, false}).isTrue());
     EXPECT_TRUE(person(L"Durand")) << "the new ones are others";
 }
 
@@ -274,5 +274,5 @@ TEST_F(NotesDocument, ItemsValues_CanBeSet_AndAnItemCopied)
     made.get(L"ReplaceItemValue", {L"Names", name});
     EXPECT_EQ(values(made, L"Names"), L"Dupont|Durand|");
     name.call(L"Remove");
-    EXPECT_FALSE(marc.get(L"HasItem", {L"LastName"}).truth());
+    EXPECT_FALSE(marc.get(L"HasItem", {L"LastName"}).isTrue());
 }

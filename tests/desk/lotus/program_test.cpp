@@ -14,7 +14,7 @@ namespace {
 using automation::Object;
 using automation::Value;
 using support::Process;
-using support::soon;
+using support::eventually;
 
 class RunningNotes : public support::RunningPartner {
 public:
@@ -111,12 +111,13 @@ TEST(NotesProgram, BothClasses_AreOneProcess_AndItsRecordsReachTheFile)
     EXPECT_EQ(document.get(L"NoteID").text(), L"0");
     EXPECT_TRUE(workspace().get(L"EditDocument", {false, document}).object());
     EXPECT_EQ(currentName(), L"Bob Baker");
-    EXPECT_TRUE(document.get(L"Save", {true, false}).truth());
+    EXPECT_TRUE(document.get(L"Save", {true, false}).isTrue());
     // Nobody asks: the file follows by itself.
     EXPECT_TRUE(
-        soon([&] { return support::readFile(notes.storeFile()).find("Name=Bob Baker\n") != std::string::npos; }));
+        eventually([&] { return support::readFile(notes.storeFile()).find("Name=Bob Baker\n") != std::string::npos; }));
     session().call(L"SetEnvironmentVar", {L"Town", L"Rome"});
-    EXPECT_TRUE(soon([&] { return support::readFile(notes.storeFile()).find("$Town=Rome\n") != std::string::npos; }));
+    EXPECT_TRUE(
+        eventually([&] { return support::readFile(notes.storeFile()).find("$Town=Rome\n") != std::string::npos; }));
 }
 
 TEST(NotesProgram, ArraysAndObjects_CrossTheProcessBoundary)
@@ -153,15 +154,15 @@ TEST(NotesProgram, DisplayedDocument_HasAWindowWithItsItemsAndMode_UntilItIsClos
     const RunningNotes notes(book);
     const Object marc = person(L"Marc Durand");
     workspace().get(L"EditDocument", {false, marc});
-    ASSERT_TRUE(soon([] { return windowOf(L"Marc Durand") != nullptr; }));
+    ASSERT_TRUE(eventually([] { return windowOf(L"Marc Durand") != nullptr; }));
     const HWND window = windowOf(L"Marc Durand");
     EXPECT_TRUE(IsWindowVisible(window));
     EXPECT_EQ(text(window, L"STATIC"), L"Read mode");
     EXPECT_EQ(text(window, L"EDIT"), L"Form\tPerson\r\nName\tMarc Durand\r\nPhone\t0612345678\r\n");
     marc.put(L"Phone", L"one\ntwo");
-    EXPECT_TRUE(soon([&] { return text(window, L"EDIT").ends_with(L"Phone\tone\r\n\ttwo\r\n"); }));
+    EXPECT_TRUE(eventually([&] { return text(window, L"EDIT").ends_with(L"Phone\tone\r\n\ttwo\r\n"); }));
     workspace().get(L"CurrentDocument").object().put(L"EditMode", true);
-    EXPECT_TRUE(soon([&] { return text(window, L"STATIC") == L"Edit mode"; }));
+    EXPECT_TRUE(eventually([&] { return text(window, L"STATIC") == L"Edit mode"; }));
     SendMessageW(window, WM_CLOSE, 0, 0);
     EXPECT_FALSE(IsWindow(window));
     EXPECT_EQ(notes.ask(L"windows"), L"");
@@ -213,11 +214,11 @@ TEST(NotesProgram, UserComesToAWindow_ItsDocumentIsCurrent)
     workspace().get(L"EditDocument", {false, person(L"Ann Abel")});
     EXPECT_EQ(currentName(), L"Ann Abel");
     SetForegroundWindow(windowOf(L"Marc Durand"));
-    EXPECT_TRUE(soon([] { return currentName() == L"Marc Durand"; }));
+    EXPECT_TRUE(eventually([] { return currentName() == L"Marc Durand"; }));
     SetForegroundWindow(FindWindowW(L"DeskNotesMain", nullptr));
-    EXPECT_TRUE(soon([] { return currentName() == L"Nothing"; }));
+    EXPECT_TRUE(eventually([] { return currentName() == L"Nothing"; }));
     SetForegroundWindow(windowOf(L"Ann Abel"));
-    EXPECT_TRUE(soon([] { return currentName() == L"Ann Abel"; }));
+    EXPECT_TRUE(eventually([] { return currentName() == L"Ann Abel"; }));
     SendMessageW(windowOf(L"Ann Abel"), WM_CLOSE, 0, 0);
     EXPECT_EQ(currentName(), L"Nothing") << "the main window was in front before it";
 }
@@ -230,21 +231,21 @@ TEST(NotesProgram, FrontAndBack_MoveTheForegroundForReal)
     workspace().get(L"EditDocument", {false, person(L"Marc Durand")});
     workspace().get(L"EditDocument", {false, person(L"Ann Abel")});
     EXPECT_EQ(notes.ask(L"back"), L"ok");
-    EXPECT_TRUE(soon([&] { return !inFront(); }));
+    EXPECT_TRUE(eventually([&] { return !inFront(); }));
     workspace().get(L"EditDocument", {false, person(L"Marc Durand")});
     EXPECT_FALSE(inFront()) << "a client brings nothing to the foreground";
     EXPECT_EQ(currentName(), L"Marc Durand");
     EXPECT_EQ(notes.ask(L"front"), L"ok");
-    EXPECT_TRUE(soon([&] { return GetForegroundWindow() == windowOf(L"Marc Durand"); }));
+    EXPECT_TRUE(eventually([&] { return GetForegroundWindow() == windowOf(L"Marc Durand"); }));
     EXPECT_EQ(notes.ask(L"front 8FA@book.nsf"), L"ok");
-    EXPECT_TRUE(soon([&] { return GetForegroundWindow() == windowOf(L"Ann Abel"); }));
+    EXPECT_TRUE(eventually([&] { return GetForegroundWindow() == windowOf(L"Ann Abel"); }));
     EXPECT_EQ(currentName(), L"Ann Abel");
     EXPECT_EQ(notes.ask(L"show book.nsf"), L"ok");
-    EXPECT_TRUE(
-        soon([&] { return GetForegroundWindow() == FindWindowW(L"DeskNotesMain", L"Book - People - Lotus Notes"); }));
+    EXPECT_TRUE(eventually(
+        [&] { return GetForegroundWindow() == FindWindowW(L"DeskNotesMain", L"Book - People - Lotus Notes"); }));
     EXPECT_EQ(currentName(), L"Nothing");
     EXPECT_EQ(notes.ask(L"back"), L"ok");
-    EXPECT_TRUE(soon([&] { return !inFront(); }));
+    EXPECT_TRUE(eventually([&] { return !inFront(); }));
     EXPECT_EQ(currentName(), L"Nothing") << "leaving Notes changes nothing within it";
 }
 
@@ -253,7 +254,7 @@ TEST(NotesProgram, MainWindow_ShowsThePlaceOfTheUser_AndItsClosingEndsNotes)
     RunningNotes notes(book);
     ASSERT_NE(FindWindowW(L"DeskNotesMain", L"Workspace - Lotus Notes"), nullptr);
     notes.ask(L"show book.nsf People");
-    EXPECT_TRUE(soon([] { return FindWindowW(L"DeskNotesMain", L"Book - People - Lotus Notes") != nullptr; }));
+    EXPECT_TRUE(eventually([] { return FindWindowW(L"DeskNotesMain", L"Book - People - Lotus Notes") != nullptr; }));
     PostMessageW(FindWindowW(L"DeskNotesMain", nullptr), WM_CLOSE, 0, 0);
     EXPECT_EQ(notes.process().exitCode(), 0u);
     notes.start();

@@ -41,7 +41,7 @@ TEST_F(NotesSession, User_IsKnownByBothNames)
 TEST_F(NotesSession, ClientOutsideNotes_RunsOnNoServer_AndInNoDatabase)
 {
     EXPECT_EQ(session().get(L"ServerName").text(), L"");
-    EXPECT_FALSE(session().get(L"IsOnServer").truth());
+    EXPECT_FALSE(session().get(L"IsOnServer").isTrue());
     EXPECT_FALSE(session().get(L"CurrentDatabase").object());
     EXPECT_EQ(session().get(L"NotesVersion").text(), L"Release 8.5.3|September 15, 2011");
 }

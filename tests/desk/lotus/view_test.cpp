@@ -59,12 +59,12 @@ TEST_F(NotesView, View_FollowsWhatIsSavedAndDeleted)
     added.put(L"FirstName", L"Bob");
     added.put(L"LastName", L"Baker");
     EXPECT_EQ(firstNames(shown), L"Ann;Marc;");
-    EXPECT_TRUE(added.get(L"Save", {true, false}).truth());
+    EXPECT_TRUE(added.get(L"Save", {true, false}).isTrue());
     EXPECT_EQ(firstNames(shown), L"Ann;Bob;Marc;");
     added.put(L"LastName", L"Zz");
     added.get(L"Save", {true, false});
     EXPECT_EQ(firstNames(shown), L"Ann;Marc;Bob;");
-    EXPECT_TRUE(added.get(L"Remove", {true}).truth());
+    EXPECT_TRUE(added.get(L"Remove", {true}).isTrue());
     EXPECT_EQ(firstNames(shown), L"Ann;Marc;");
 }
 
@@ -258,7 +258,7 @@ TEST_F(NotesView, FullTextIndex_KnowsWhatIsSavedAndForgetsWhatIsNotThereAnyMore)
 {
     notes.load(L"[database]\nFile=f.nsf\nFullTextIndex=True\n[view]\nName=V\n[document]\nBody=cat\n");
     const Object database = session().get(L"GetDatabase", {L"", L"f"}).object();
-    EXPECT_TRUE(database.get(L"IsFTIndexed").truth());
+    EXPECT_TRUE(database.get(L"IsFTIndexed").isTrue());
     const auto hits = [&](const wchar_t* query) {
         return database.get(L"GetView", {L"V"}).object().get(L"FTSearch", {query, std::int32_t{0}}).int32();
     };

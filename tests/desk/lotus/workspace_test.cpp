@@ -49,10 +49,10 @@ TEST_F(NotesWorkspace, EditDocument_DisplaysTheReference_InTheWantedMode)
     const Object marc = person(L"Durand");
     marc.put(L"FullName", L"Marc D.");
     const Object window = display(marc, true);
-    EXPECT_TRUE(window.get(L"EditMode").truth());
+    EXPECT_TRUE(window.get(L"EditMode").isTrue());
     EXPECT_EQ(window.get(L"WindowTitle").text(), L"Marc D.");
     EXPECT_EQ(notes.ask(L"windows"), L"Marc D.\tPerson\t" + marc.get(L"UniversalID").text() + L"\tedit\tfront");
-    EXPECT_FALSE(display(person(L"Abel"), false).get(L"EditMode").truth());
+    EXPECT_FALSE(display(person(L"Abel"), false).get(L"EditMode").isTrue());
     EXPECT_EQ(windows(), L"Marc D.;Ann Abel*;");
 }
 
@@ -89,7 +89,7 @@ TEST_F(NotesWorkspace, EditDocument_OfADisplayedDocument_WithoutANewInstance_Bri
     EXPECT_EQ(windows(), L"Marc Durand;Ann Abel*;");
     const Object again = workspace().get(L"EditDocument", {true, person(L"Durand"), false, L"", true, false}).object();
     EXPECT_EQ(windows(), L"Marc Durand*;Ann Abel;");
-    EXPECT_TRUE(again.get(L"EditMode").truth());
+    EXPECT_TRUE(again.get(L"EditMode").isTrue());
 }
 
 TEST_F(NotesWorkspace, CurrentDocument_IsTheOneInFront_OrTheOneBehindAfterItsClosing)
@@ -142,13 +142,13 @@ TEST_F(NotesWorkspace, CurrentDatabase_IsThatOfTheDocumentInFront)
 TEST_F(NotesWorkspace, Compose_OpensANewDocumentWithTheFormsFields_InEditMode)
 {
     const Object window = compose();
-    EXPECT_TRUE(window.get(L"EditMode").truth());
-    EXPECT_TRUE(window.get(L"IsNewDoc").truth());
+    EXPECT_TRUE(window.get(L"EditMode").isTrue());
+    EXPECT_TRUE(window.get(L"IsNewDoc").isTrue());
     EXPECT_EQ(window.get(L"WindowTitle").text(), L"New Person");
     const Object document = documentOf(window);
     EXPECT_EQ(document.get(L"NoteID").text(), L"0");
     EXPECT_EQ(first(document, L"Form").text(), L"Person");
-    EXPECT_TRUE(document.get(L"HasItem", {L"FullName"}).truth());
+    EXPECT_TRUE(document.get(L"HasItem", {L"FullName"}).isTrue());
     EXPECT_EQ(notes.ask(L"windows"), L"New Person\tPerson\tunsaved\tedit\tfront");
     EXPECT_NE(notes.ask(L"documents").find(L"[document]\n@Unsaved=True\n@Database=CN=Mail1/OU=Paris/O=Acme!!books"),
               std::wstring::npos);
@@ -183,7 +183,7 @@ TEST_F(NotesWorkspace, Fields_AreSetAndReadInEditModeOnly)
     EXPECT_EQ(window.get(L"FieldGetText", {L"LastName"}).text(), L"");
     EXPECT_EQ(codeOf([&] { window.call(L"FieldSetText", {L"LastName", L"x"}); }), S_OK);
     window.put(L"EditMode", false);
-    EXPECT_FALSE(window.get(L"EditMode").truth());
+    EXPECT_FALSE(window.get(L"EditMode").isTrue());
 }
 
 TEST_F(NotesWorkspace, UnknownField_IsAnErrorWithItsName)
@@ -228,7 +228,7 @@ TEST_F(NotesWorkspace, WindowsSave_WritesToTheDatabase_InEditModeOnly)
     window.call(L"Save");
     EXPECT_TRUE(person(L"New"));
     EXPECT_EQ(documentOf(window).get(L"NoteID").text(), L"902");
-    EXPECT_FALSE(window.get(L"IsNewDoc").truth());
+    EXPECT_FALSE(window.get(L"IsNewDoc").isTrue());
     EXPECT_EQ(notes.changes(), 1);
     window.put(L"EditMode", false);
     EXPECT_EQ(failureOf([&] { window.call(L"Save"); }).description(), notAvailable);
@@ -276,7 +276,7 @@ TEST_F(NotesWorkspace, SavedBehindTheWindowsBack_TheWindowsSaveMakesAConflict)
     EXPECT_TRUE(person(L"Durand")) << "as saved behind its back";
     const Object conflict = person(L"Duroc");
     EXPECT_EQ(conflict.get(L"ParentDocumentUNID").text(), universal);
-    EXPECT_TRUE(conflict.get(L"HasItem", {L"$Conflict"}).truth());
+    EXPECT_TRUE(conflict.get(L"HasItem", {L"$Conflict"}).isTrue());
 }
 
 TEST_F(NotesWorkspace, DisplayedDocument_CannotBeDeletedThroughItsWindow)
@@ -284,7 +284,7 @@ TEST_F(NotesWorkspace, DisplayedDocument_CannotBeDeletedThroughItsWindow)
     const Object marc = person(L"Durand");
     const Object window = display(marc, false);
     EXPECT_EQ(failureOf([&] { documentOf(window).get(L"Remove", {true}); }).source(), L"Lotus Notes");
-    EXPECT_TRUE(marc.get(L"Remove", {true}).truth()) << "through the back it can";
+    EXPECT_TRUE(marc.get(L"Remove", {true}).isTrue()) << "through the back it can";
     EXPECT_EQ(window.get(L"FieldGetText", {L"LastName"}).text(), L"Durand");
     EXPECT_EQ(first(documentOf(window), L"LastName").text(), L"Durand");
 }
@@ -301,16 +301,16 @@ TEST_F(NotesWorkspace, EditDocumentWithoutADocument_ChangesTheModeOfTheCurrentOn
 {
     EXPECT_EQ(failureOf([&] { workspace().get(L"EditDocument", {true}); }).description(), notAvailable);
     display(person(L"Durand"), false);
-    EXPECT_TRUE(workspace().get(L"EditDocument").object().get(L"EditMode").truth());
-    EXPECT_FALSE(workspace().get(L"EditDocument", {false}).object().get(L"EditMode").truth());
+    EXPECT_TRUE(workspace().get(L"EditDocument").object().get(L"EditMode").isTrue());
+    EXPECT_FALSE(workspace().get(L"EditDocument", {false}).object().get(L"EditMode").isTrue());
 }
 
 TEST_F(NotesWorkspace, ReadOnlyDocument_NeverGetsToEditMode)
 {
     const Object window = workspace().get(L"EditDocument", {true, person(L"Durand"), true}).object();
-    EXPECT_FALSE(window.get(L"EditMode").truth());
+    EXPECT_FALSE(window.get(L"EditMode").isTrue());
     window.put(L"EditMode", true);
-    EXPECT_FALSE(window.get(L"EditMode").truth());
+    EXPECT_FALSE(window.get(L"EditMode").isTrue());
 }
 
 TEST_F(NotesWorkspace, OpenDatabase_ShowsItsView_AndAddsTheIcon)

@@ -202,7 +202,7 @@ TEST_F(OutlookControl, DisplayedItem_IsOneObjectForItsUserAndItsClients)
     outlook.ask(L"type AB\nHobby=Chess\n");
     const Object contact = items(olContacts).get(L"Find", {L"[FullName] = 'Marc Durand'"}).object();
     EXPECT_EQ(contact.get(L"Hobby").text(), L"Chess") << "what is typed is seen before it is saved";
-    EXPECT_FALSE(contact.get(L"Saved").truth());
+    EXPECT_FALSE(contact.get(L"Saved").isTrue());
     contact.call(L"Close", {std::int16_t{0}});
     EXPECT_EQ(outlook.ask(L"windows"), L"");
     EXPECT_NE(outlook.ask(L"contacts").find(L"Hobby=Chess\n"), std::wstring::npos);

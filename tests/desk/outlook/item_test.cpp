@@ -54,12 +54,12 @@ TEST_F(OutlookItem, ChangesWithoutSave_AreSeenByNoOtherReference)
     outlook.load(L"[contact]\nFullName=Marc Durand\n");
     const Object one = firstContact();
     one.put(L"Body", L"changed");
-    EXPECT_FALSE(one.get(L"Saved").truth());
+    EXPECT_FALSE(one.get(L"Saved").isTrue());
     EXPECT_EQ(one.get(L"Body").text(), L"changed");
     EXPECT_EQ(firstContact().get(L"Body").text(), L"");
     one.call(L"Close", {std::int16_t{1}});
     EXPECT_EQ(one.get(L"Body").text(), L"");
-    EXPECT_TRUE(one.get(L"Saved").truth());
+    EXPECT_TRUE(one.get(L"Saved").isTrue());
 }
 
 TEST_F(OutlookItem, TwoReferencesThatBothChange_SecondSaveFails)
@@ -96,8 +96,8 @@ TEST_F(OutlookItem, ContactsName_IsMadeOfItsPartsAndTakenApart)
 TEST_F(OutlookItem, DistributionList_HasNoTelephones_ByNameNorByRememberedIdentifier)
 {
     outlook.load(L"[contact]\nMobileTelephoneNumber=1\n[distlist]\nDLName=All\n");
-    const automation::SharedNames names = automation::sharedNames();
-    const Object contact = firstContact().sharing(names);
+    const automation::SharedIdCache names = automation::makeIdCache();
+    const Object contact = firstContact().usingIdCache(names);
     EXPECT_EQ(contact.get(L"MobileTelephoneNumber").text(), L"1");
     const DISPID id = *names->find(L"MobileTelephoneNumber");
     const Object list = items(olContacts).get(L"Item", {std::int32_t{2}}).object();
@@ -129,8 +129,8 @@ TEST_F(OutlookItem, RecipientsAdd_ReturnsTheRecipient)
     const Object recipients = entry.get(L"Recipients").object();
     const Object recipient = recipients.get(L"Add", {L"marc durand"}).object();
     EXPECT_EQ(recipient.get(L"Name").text(), L"marc durand");
-    EXPECT_FALSE(recipient.get(L"Resolved").truth());
-    EXPECT_TRUE(recipient.get(L"Resolve").truth());
+    EXPECT_FALSE(recipient.get(L"Resolved").isTrue());
+    EXPECT_TRUE(recipient.get(L"Resolve").isTrue());
     EXPECT_EQ(recipient.get(L"Address").text(), L"marc@pavex.example");
     EXPECT_EQ(recipients.get(L"Count").int32(), 1);
     EXPECT_EQ(entry.get(L"ContactNames").text(), L"marc durand");
@@ -184,7 +184,7 @@ TEST_F(OutlookItem, UnsetFields_HaveTheirEmptyValues)
     EXPECT_EQ(contact.get(L"MobileTelephoneNumber").text(), L"");
     EXPECT_EQ(desk::isoText(contact.get(L"Birthday").asDate()), L"4501-01-01 00:00:00");
     EXPECT_EQ(contact.get(L"Importance").int32(), 1);
-    EXPECT_FALSE(contact.get(L"UnRead").truth());
+    EXPECT_FALSE(contact.get(L"UnRead").isTrue());
 }
 
 TEST_F(OutlookItem, ItemFromItsEntryId_IsFoundOrAnError)

@@ -2,8 +2,8 @@
 #include "automation/apartment.h"
 #include "automation/owners.h"
 #include "running_outlook.h"
+#include "support/dummy_program.h"
 #include "support/failure.h"
-#include "support/stand_in.h"
 
 #include <gtest/gtest.h>
 
@@ -11,7 +11,7 @@ namespace {
 
 using automation::Object;
 using support::Process;
-using support::soon;
+using support::eventually;
 
 // A client of its own; its exit code is the call's.
 DWORD WINAPI askForTheName(void*)
@@ -84,7 +84,7 @@ TEST(OutlookEnd, PlannedEndOfAnotherProcess_ComesBeforeTheAnswer)
 {
     const RunningOutlook outlook;
     const support::ScratchFolder folder;
-    const support::StandIn other(folder, L"other.exe");
+    const support::DummyProgram other(folder, L"other.exe");
     const automation::Handle watched(OpenProcess(SYNCHRONIZE, FALSE, other.processId()));
     const Object application = outlookObject();
     EXPECT_EQ(outlook.ask(L"fault at 3 kill " + std::to_wstring(other.processId()) + L" after"), L"ok");
@@ -98,7 +98,7 @@ TEST(OutlookEnd, PlannedEndOfAClientInsteadOfItsCall_LeavesNothingOfTheCall)
 {
     const RunningOutlook outlook;
     const support::ScratchFolder folder;
-    const support::StandIn other(folder, L"other.exe");
+    const support::DummyProgram other(folder, L"other.exe");
     const automation::Handle watched(OpenProcess(SYNCHRONIZE, FALSE, other.processId()));
     const Object contact = newContact(outlookObject(), L"Marc Durand");
     const std::wstring kill = L" kill " + std::to_wstring(other.processId()) + L" instead";
@@ -123,7 +123,7 @@ TEST(OutlookEnd, HangForEver_LeavesTheClientWaiting_AndTheControlPipeAnswers)
     const RunningOutlook outlook;
     EXPECT_EQ(outlook.ask(L"fault on Application.Name hang"), L"ok");
     const automation::Handle client(CreateThread(nullptr, 0, askForTheName, nullptr, 0, nullptr));
-    EXPECT_TRUE(soon([&] { return outlook.ask(L"calls").find(L"Name get") != std::wstring::npos; }));
+    EXPECT_TRUE(eventually([&] { return outlook.ask(L"calls").find(L"Name get") != std::wstring::npos; }));
     EXPECT_TRUE(outlook.ask(L"ping").starts_with(L"outlook "));
     EXPECT_EQ(WaitForSingleObject(client.get(), 0), WAIT_TIMEOUT);
     EXPECT_EQ(outlook.ask(L"die"), L"ok");
@@ -140,7 +140,7 @@ TEST(OutlookEnd, Restart_TheNextProcessServesWhatWasStored)
     const std::wstring first = outlook.ask(L"ping");
     EXPECT_EQ(outlook.ask(L"restart"), L"ok");
     EXPECT_EQ(outlook.process().exitCode(), 1u);
-    EXPECT_TRUE(support::soon([&] { return outlook.ask(L"ping") != first; }));
+    EXPECT_TRUE(support::eventually([&] { return outlook.ask(L"ping") != first; }));
     EXPECT_NE(codeOf([&] { before.get(L"Name"); }), S_OK);
     EXPECT_NE(outlook.ask(L"contacts").find(L"Ann Abel"), std::wstring::npos);
     EXPECT_EQ(outlookObject().get(L"Name").text(), L"Outlook");
@@ -155,7 +155,7 @@ TEST(OutlookEnd, Version2003_ClosedByItsUser_LivesOnWhileAClientHoldsReferences)
     const RunningOutlook outlook("[outlook]\nVersion=2003\n[contact]\nFullName=Ann Abel\n");
     Object folder = contactsOf(outlookObject());
     outlook.ask(L"exit");
-    EXPECT_TRUE(soon([] { return !IsWindowVisible(FindWindowW(nullptr, L"Contacts - Microsoft Outlook")); }));
+    EXPECT_TRUE(eventually([] { return !IsWindowVisible(FindWindowW(nullptr, L"Contacts - Microsoft Outlook")); }));
     EXPECT_EQ(folder.get(L"Items").object().get(L"Count").int32(), 1) << "it serves the client";
     EXPECT_EQ(outlook.process().exitCode(300), Process::stillRuns);
     folder = Object();

@@ -64,11 +64,11 @@ TEST_F(TableObject, Array_IsByColumnThenRow_AndMovesOn)
     EXPECT_EQ(cell(first, 0, 0).text(), L"Ann Abel");
     EXPECT_EQ(cell(first, 1, 0).text(), L"1");
     EXPECT_EQ(cell(first, 1, 1).type(), VT_EMPTY) << "a distribution list has no telephones";
-    EXPECT_FALSE(made.get(L"EndOfTable").truth());
+    EXPECT_FALSE(made.get(L"EndOfTable").isTrue());
     const Value rest = made.get(L"GetArray", {std::int32_t{3}});
     EXPECT_EQ(length(rest, 2), 1);
     EXPECT_EQ(cell(rest, 0, 0).text(), L"Cy Cole");
-    EXPECT_TRUE(made.get(L"EndOfTable").truth());
+    EXPECT_TRUE(made.get(L"EndOfTable").isTrue());
     EXPECT_EQ(length(made.get(L"GetArray", {std::int32_t{3}}), 2), 0);
     made.call(L"MoveToStart");
     EXPECT_EQ(cell(made.get(L"GetArray", {std::int32_t{1}}), 0, 0).text(), L"Ann Abel");
@@ -177,10 +177,10 @@ TEST_F(TableObject, WhatComesAndGoesWhileItIsRead_IsSeen)
     const Object made = tableOf({L"FullName"});
     outlook.ask(L"later 1 add contact\nFullName=Eve Ebel\n");
     made.get(L"GetArray", {std::int32_t{3}});
-    EXPECT_FALSE(made.get(L"EndOfTable").truth()) << "one came behind the last block";
+    EXPECT_FALSE(made.get(L"EndOfTable").isTrue()) << "one came behind the last block";
     EXPECT_EQ(made.get(L"GetRowCount").int32(), 4);
     EXPECT_EQ(cell(made.get(L"GetArray", {std::int32_t{3}}), 0, 0).text(), L"Eve Ebel");
-    EXPECT_TRUE(made.get(L"EndOfTable").truth());
+    EXPECT_TRUE(made.get(L"EndOfTable").isTrue());
     made.call(L"MoveToStart");
     made.get(L"GetArray", {std::int32_t{2}});
     items(olContacts).get(L"GetFirst").object().call(L"Delete");
@@ -197,5 +197,5 @@ TEST_F(TableObject, RowsInReverse_WhatComesStandsBeforeThePlace)
     EXPECT_EQ(made.get(L"GetRowCount").int32(), 4);
     EXPECT_NE(cell(made.get(L"GetArray", {std::int32_t{1}}), 0, 0).text(), L"Eve Ebel") << "the place is kept";
     made.get(L"GetArray", {std::int32_t{1}});
-    EXPECT_TRUE(made.get(L"EndOfTable").truth()) << "only the count of rows tells that one came";
+    EXPECT_TRUE(made.get(L"EndOfTable").isTrue()) << "only the count of rows tells that one came";
 }

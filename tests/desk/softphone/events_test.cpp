@@ -65,7 +65,7 @@ TEST_F(SoftphoneEvents, NewCall_CarriesTheCall)
     EXPECT_EQ(call.get(L"FirstName").text(), L"Max");
     EXPECT_EQ(call.get(L"DestinationNumber").text(), L"99");
     EXPECT_EQ(call.get(L"Incoming").type(), VT_BOOL);
-    EXPECT_TRUE(call.get(L"Incoming").truth());
+    EXPECT_TRUE(call.get(L"Incoming").isTrue());
 }
 
 TEST_F(SoftphoneEvents, Subscribers_AreCounted)

@@ -2,8 +2,8 @@
 #include "automation/subscription.h"
 #include "desk/common/control_pipe.h"
 #include "desk/softphone/guids.h"
+#include "support/dummy_program.h"
 #include "support/running_partner.h"
-#include "support/stand_in.h"
 
 #include <ocidl.h>
 #include <olectl.h>
@@ -19,11 +19,11 @@ using automation::EventArguments;
 using automation::Object;
 using automation::Subscription;
 using support::Process;
-using support::soon;
+using support::eventually;
 
 constexpr wchar_t progId[] = L"Pavex.Application";
 
-std::wstring tell(std::wstring_view request)
+std::wstring ask(std::wstring_view request)
 {
     return desk::ask(L"pavex", request);
 }
@@ -44,10 +44,10 @@ protected:
     // Closes ways of finding the events, and expects that the events are found.
     void expectEventsWithout(std::initializer_list<const wchar_t*> closedWays)
     {
-        for (const std::wstring way : closedWays) EXPECT_EQ(tell(L"discovery " + way + L" off"), L"ok");
+        for (const std::wstring way : closedWays) EXPECT_EQ(ask(L"discovery " + way + L" off"), L"ok");
         const Subscription subscription = listen(history());
-        EXPECT_EQ(tell(L"history add last=\"van der Berg\""), L"1.1");
-        EXPECT_TRUE(soon([this] { return !heard.empty(); }));
+        EXPECT_EQ(ask(L"history add last=\"van der Berg\""), L"1.1");
+        EXPECT_TRUE(eventually([this] { return !heard.empty(); }));
         EXPECT_EQ(heard, std::vector<std::wstring>{L"van der Berg"});
     }
 
@@ -62,7 +62,7 @@ public:
         : subscribed_(CreateEventW(nullptr, TRUE, FALSE, L"desk-softphone-subscribed")),
           process_(support::command(L"desk_softphone_subscriber.exe") + L" desk-softphone-subscribed " + delay)
     {
-        EXPECT_TRUE(soon([this] { return WaitForSingleObject(subscribed_.get(), 0) == WAIT_OBJECT_0; }));
+        EXPECT_TRUE(eventually([this] { return WaitForSingleObject(subscribed_.get(), 0) == WAIT_OBJECT_0; }));
     }
     void kill() const { process_.kill(); }
 
@@ -106,8 +106,8 @@ TEST_F(SoftphoneProcess, Clients_ShareOneApplication)
     const Object first = application();
     const Object second = application();
     first.put(14, true);
-    EXPECT_TRUE(second.get(14).truth());
-    EXPECT_EQ(tell(L"attached"), L"True");
+    EXPECT_TRUE(second.get(14).isTrue());
+    EXPECT_EQ(ask(L"attached"), L"True");
 }
 
 TEST_F(SoftphoneProcess, Call_ReachesTheClientWithItsFields)
@@ -117,12 +117,12 @@ TEST_F(SoftphoneProcess, Call_ReachesTheClientWithItsFields)
                                     {{L"OnLineNewCall", [&](EventArguments arguments) {
                                           const Object given = arguments.at(0).object();
                                           call = given.get(L"Number").text() + L"|" + given.get(L"LastName").text() +
-                                                 L"|" + (given.get(L"Incoming").truth() ? L"in" : L"out") + L"|" +
+                                                 L"|" + (given.get(L"Incoming").isTrue() ? L"in" : L"out") + L"|" +
                                                  given.get(L"DestinationNumber").text();
                                       }}});
-    EXPECT_EQ(tell(L"subscribers"), L"Application 0\nLine 1\nHistory 0\nAddressBook 0");
-    tell(L"call number=0123 last=\"\x00C9mile \\\"X\\\"\" incoming=true destination=99");
-    EXPECT_TRUE(soon([&] { return !call.empty(); }));
+    EXPECT_EQ(ask(L"subscribers"), L"Application 0\nLine 1\nHistory 0\nAddressBook 0");
+    ask(L"call number=0123 last=\"\x00C9mile \\\"X\\\"\" incoming=true destination=99");
+    EXPECT_TRUE(eventually([&] { return !call.empty(); }));
     EXPECT_EQ(call, L"0123|\x00C9mile \"X\"|in|99");
 }
 
@@ -142,10 +142,10 @@ TEST_F(SoftphoneProcess, ClosedWindow_QuitsTheSoftphone)
 TEST_F(SoftphoneProcess, QuitCommand_DoesTheSame_AndTheSoftphoneCanBeStartedAgain)
 {
     int quits = 0;
-    EXPECT_EQ(tell(L"entry add id=7.8 last=Blanc"), L"7.8");
+    EXPECT_EQ(ask(L"entry add id=7.8 last=Blanc"), L"7.8");
     {
         const Subscription subscription(application(), progId, {{L"OnQuit", [&](EventArguments) { ++quits; }}});
-        EXPECT_EQ(tell(L"quit"), L"ok");
+        EXPECT_EQ(ask(L"quit"), L"ok");
         EXPECT_EQ(softphone.process().exitCode(), 0u);
     }
     EXPECT_EQ(quits, 1);
@@ -158,31 +158,31 @@ TEST_F(SoftphoneProcess, QuitCommand_DoesTheSame_AndTheSoftphoneCanBeStartedAgai
 TEST_F(SoftphoneProcess, DeadSubscriber_IsDropped)
 {
     const Subscriber subscriber(L"0");
-    EXPECT_NE(tell(L"subscribers").find(L"Line 1"), std::wstring::npos);
+    EXPECT_NE(ask(L"subscribers").find(L"Line 1"), std::wstring::npos);
     subscriber.kill();
-    tell(L"call number=1");
-    EXPECT_TRUE(soon([] { return tell(L"pending") == L"0"; }));
-    EXPECT_NE(tell(L"subscribers").find(L"Line 0"), std::wstring::npos);
-    EXPECT_TRUE(tell(L"ping").starts_with(L"pavex "));
+    ask(L"call number=1");
+    EXPECT_TRUE(eventually([] { return ask(L"pending") == L"0"; }));
+    EXPECT_NE(ask(L"subscribers").find(L"Line 0"), std::wstring::npos);
+    EXPECT_TRUE(ask(L"ping").starts_with(L"pavex "));
 }
 
 TEST_F(SoftphoneProcess, SlowSubscriber_KeepsNeitherAnswersNorOtherClientsWaiting)
 {
     const Subscriber subscriber(L"60000");
-    EXPECT_EQ(tell(L"call number=1"), L"ok");
-    EXPECT_EQ(tell(L"history add last=Weber"), L"1.1");
+    EXPECT_EQ(ask(L"call number=1"), L"ok");
+    EXPECT_EQ(ask(L"history add last=Weber"), L"1.1");
     EXPECT_EQ(history().get(1).int32(), 1);
-    EXPECT_EQ(tell(L"pending"), L"2");
+    EXPECT_EQ(ask(L"pending"), L"2");
     subscriber.kill();
-    EXPECT_TRUE(soon([] { return tell(L"pending") == L"0"; }));
+    EXPECT_TRUE(eventually([] { return ask(L"pending") == L"0"; }));
 }
 
 TEST_F(SoftphoneProcess, HangingSubscriber_DoesNotHoldTheEndForEver)
 {
     const Subscriber subscriber(L"60000");
-    EXPECT_EQ(tell(L"call number=1"), L"ok");
-    EXPECT_TRUE(soon([] { return tell(L"pending") == L"1"; }));
-    EXPECT_EQ(tell(L"quit"), L"ok");
+    EXPECT_EQ(ask(L"call number=1"), L"ok");
+    EXPECT_TRUE(eventually([] { return ask(L"pending") == L"1"; }));
+    EXPECT_EQ(ask(L"quit"), L"ok");
     EXPECT_EQ(softphone.process().exitCode(20'000), 1u);
     softphone.start();
     EXPECT_EQ(history().get(1).int32(), 0);
@@ -191,7 +191,7 @@ TEST_F(SoftphoneProcess, HangingSubscriber_DoesNotHoldTheEndForEver)
 TEST_F(SoftphoneProcess, PlannedDeath_HappensInTheCall_AndLeavesTheClassUsable)
 {
     const Object held = history();
-    EXPECT_EQ(tell(L"fault on History.Count die"), L"ok");
+    EXPECT_EQ(ask(L"fault on History.Count die"), L"ok");
     EXPECT_THROW(held.get(1), AutomationError);
     EXPECT_EQ(softphone.process().exitCode(), 1u);
     EXPECT_THROW(held.get(1), AutomationError);

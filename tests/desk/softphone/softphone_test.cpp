@@ -40,9 +40,9 @@ TEST_F(SoftphoneMembers, User_GivesTwoTexts)
 TEST_F(SoftphoneMembers, Attached_IsABooleanThatIsKept)
 {
     EXPECT_EQ(application().get(14).type(), VT_BOOL);
-    EXPECT_FALSE(application().get(14).truth());
+    EXPECT_FALSE(application().get(14).isTrue());
     application().put(14, true);
-    EXPECT_TRUE(application().get(14).truth());
+    EXPECT_TRUE(application().get(14).isTrue());
     EXPECT_TRUE(softphone.phone().attached);
 }
 
@@ -55,7 +55,7 @@ TEST_F(SoftphoneMembers, HistoryItem_GivesItsFieldsInTheirTypes)
     EXPECT_EQ(item.get(2).int32(), 3405);
     EXPECT_EQ(item.get(L"IdLow").int32(), 3405);
     EXPECT_EQ(item.get(L"Incoming").type(), VT_BOOL);
-    EXPECT_TRUE(item.get(L"incoming").truth());
+    EXPECT_TRUE(item.get(L"incoming").isTrue());
     EXPECT_EQ(item.get(L"Number").text(), L"0123");
     EXPECT_EQ(item.get(L"LastName").text(), L"Weber");
     EXPECT_EQ(item.get(L"FirstName").text(), L"Max");

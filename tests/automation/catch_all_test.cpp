@@ -1,5 +1,5 @@
-// What is thrown at the border to COM and to Windows becomes an answer.
-#include "automation/border.h"
+// Whatever is thrown at an entry from COM or Windows becomes a result.
+#include "automation/catch_all.h"
 
 #include "automation/error.h"
 #include "automation/failure.h"
@@ -9,25 +9,25 @@
 #include <new>
 #include <stdexcept>
 
-using automation::atBorder;
+using automation::catchAll;
 
 namespace {
 
 template <class Exception>
 HRESULT codeOf(const Exception& exception)
 {
-    return atBorder([&]() -> HRESULT { throw exception; });
+    return catchAll([&]() -> HRESULT { throw exception; });
 }
 
 }
 
-TEST(Border, WorkThatSucceeds_GivesItsOwnAnswer)
+TEST(CatchAll, WorkThatSucceeds_GivesItsOwnAnswer)
 {
-    EXPECT_EQ(atBorder([] { return S_FALSE; }), S_FALSE);
-    EXPECT_EQ(atBorder(-1, [] { return 7; }), 7);
+    EXPECT_EQ(catchAll([] { return S_FALSE; }), S_FALSE);
+    EXPECT_EQ(catchAll(-1, [] { return 7; }), 7);
 }
 
-TEST(Border, ExceptionOfEachKind_BecomesItsCode)
+TEST(CatchAll, ExceptionOfEachKind_BecomesItsCode)
 {
     EXPECT_EQ(codeOf(automation::AutomationError(L"Find", E_ABORT)), E_ABORT);
     EXPECT_EQ(codeOf(automation::Failure{DISP_E_BADINDEX}), DISP_E_BADINDEX);
@@ -37,13 +37,13 @@ TEST(Border, ExceptionOfEachKind_BecomesItsCode)
     EXPECT_EQ(codeOf(4), E_FAIL);
 }
 
-TEST(Border, ExceptionWhereNoCodeIsAnswered_BecomesTheDefault)
+TEST(CatchAll, ExceptionWhereNoCodeIsAnswered_BecomesTheDefault)
 {
-    EXPECT_EQ(atBorder(-1, []() -> int { throw std::bad_alloc(); }), -1);
-    EXPECT_EQ(atBorder(-1, []() -> int { throw automation::Failure{E_PENDING}; }), -1);
+    EXPECT_EQ(catchAll(-1, []() -> int { throw std::bad_alloc(); }), -1);
+    EXPECT_EQ(catchAll(-1, []() -> int { throw automation::Failure{E_PENDING}; }), -1);
 }
 
-TEST(Border, TextOfAnException_IsItsOwn_OrSaysThatItHasNone)
+TEST(CatchAll, TextOfAnException_IsItsOwn_OrSaysThatItHasNone)
 {
     const auto textOf = [](const auto& exception) -> std::string {
         try {

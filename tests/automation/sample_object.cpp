@@ -1,4 +1,4 @@
-#include "thing.h"
+#include "sample_object.h"
 
 namespace partners {
 
@@ -59,16 +59,16 @@ void writeLibrary(const std::wstring& path, WORD major, WORD minor)
 {
     ComPtr<ICreateTypeLib2> library;
     check(CreateTypeLib2(SYS_WIN32, path.c_str(), library.receive()), L"CreateTypeLib2");
-    check(library->SetGuid(thingLibrary), L"SetGuid");
+    check(library->SetGuid(sampleLibrary), L"SetGuid");
     check(library->SetVersion(major, minor), L"SetVersion");
-    check(library->SetName(name(L"ThingLibrary")), L"SetName");
-    const auto own = addInterface(*library.get(), L"_Thing", thingInterface, {{1, L"Name"}});
-    const auto events = addInterface(*library.get(), L"_Events", thingEvents, {{7, L"OnThing"}, {8, L"OnOther"}});
+    check(library->SetName(name(L"SampleLibrary")), L"SetName");
+    const auto own = addInterface(*library.get(), L"_Sample", sampleInterface, {{1, L"Name"}});
+    const auto events = addInterface(*library.get(), L"_Events", sampleEvents, {{7, L"OnSample"}, {8, L"OnOther"}});
     const auto others = addInterface(*library.get(), L"_OtherEvents", otherEvents, {{9, L"OnSecond"}});
 
     ComPtr<ICreateTypeInfo> coclass;
-    check(library->CreateTypeInfo(name(L"Thing"), TKIND_COCLASS, coclass.receive()), L"CreateTypeInfo");
-    check(coclass->SetGuid(thingClass), L"SetGuid");
+    check(library->CreateTypeInfo(name(L"Sample"), TKIND_COCLASS, coclass.receive()), L"CreateTypeInfo");
+    check(coclass->SetGuid(sampleClass), L"SetGuid");
     // The second source stands before the default one, so that order alone finds the wrong one.
     implement(*coclass.get(), 0, own.get(), IMPLTYPEFLAG_FDEFAULT);
     implement(*coclass.get(), 1, others.get(), IMPLTYPEFLAG_FSOURCE);
@@ -79,20 +79,20 @@ void writeLibrary(const std::wstring& path, WORD major, WORD minor)
 
 }
 
-ThingLibrary::ThingLibrary(WORD major, WORD minor) : path_(folder_.file(L"thing.tlb"))
+SampleLibrary::SampleLibrary(WORD major, WORD minor) : path_(folder_.file(L"sample.tlb"))
 {
     writeLibrary(path_, major, minor);
     check(LoadTypeLibEx(path_.c_str(), REGKIND_NONE, library_.receive()), L"LoadTypeLibEx");
 }
 
-ComPtr<ITypeInfo> ThingLibrary::type(const GUID& guid) const
+ComPtr<ITypeInfo> SampleLibrary::type(const GUID& guid) const
 {
     ComPtr<ITypeInfo> type;
     check(library_->GetTypeInfoOfGuid(guid, type.receive()), L"GetTypeInfoOfGuid");
     return type;
 }
 
-IUnknown* Thing::interfaceOf(REFIID iid) noexcept
+IUnknown* Sample::interfaceOf(REFIID iid) noexcept
 {
     if (iid == IID_IProvideClassInfo && manners_.classInfo) return &classInfo_;
     if (iid == IID_IProvideClassInfo2 && manners_.defaultSource) return &classInfo_;
@@ -100,7 +100,7 @@ IUnknown* Thing::interfaceOf(REFIID iid) noexcept
     return Dispatch::interfaceOf(iid);
 }
 
-STDMETHODIMP Thing::GetTypeInfo(UINT, LCID, ITypeInfo** type) noexcept
+STDMETHODIMP Sample::GetTypeInfo(UINT, LCID, ITypeInfo** type) noexcept
 {
     *type = manners_.ownType.get();
     if (!*type) return E_NOTIMPL;
@@ -108,7 +108,7 @@ STDMETHODIMP Thing::GetTypeInfo(UINT, LCID, ITypeInfo** type) noexcept
     return S_OK;
 }
 
-STDMETHODIMP ThingClassInfo::GetClassInfo(ITypeInfo** type)
+STDMETHODIMP SampleClassInfo::GetClassInfo(ITypeInfo** type)
 {
     *type = manners_.classInfo.get();
     if (!*type) return E_FAIL;
@@ -116,7 +116,7 @@ STDMETHODIMP ThingClassInfo::GetClassInfo(ITypeInfo** type)
     return S_OK;
 }
 
-STDMETHODIMP ThingClassInfo::GetGUID(DWORD kind, GUID* guid)
+STDMETHODIMP SampleClassInfo::GetGUID(DWORD kind, GUID* guid)
 {
     if (kind != GUIDKIND_DEFAULT_SOURCE_DISP_IID) return E_INVALIDARG;
     *guid = *manners_.defaultSource;

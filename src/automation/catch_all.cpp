@@ -1,4 +1,4 @@
-#include "automation/border.h"
+#include "automation/catch_all.h"
 
 #include "automation/error.h"
 #include "automation/failure.h"
@@ -32,7 +32,7 @@ try {
     return E_FAIL;
 }
 
-void tellDebuggerOfException() noexcept
+void reportExceptionToDebugger() noexcept
 {
     OutputDebugStringA(textOfException());
     OutputDebugStringA("\n");

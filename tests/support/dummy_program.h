@@ -11,15 +11,15 @@
 
 namespace support {
 
-class StandIn {
+class DummyProgram {
 public:
     enum class Window { none, inFront, inFrame, hiddenInFrame };
 
     // Starts it; it is in the list of processes when this returns, and its window
     // in front of all others, or in the frame, another program's window. Throws
     // AutomationError.
-    StandIn(const ScratchFolder& folder, const std::wstring& fileName, Window window = Window::none,
-            HWND frame = nullptr);
+    DummyProgram(const ScratchFolder& folder, const std::wstring& fileName, Window window = Window::none,
+                 HWND frame = nullptr);
 
     DWORD processId() const noexcept { return processId_; }
 

@@ -1,6 +1,6 @@
 // An object that raises events, and its type library, made while the tests
-// run: the interface `_Thing`, the default source `_Events` (OnThing 7,
-// OnOther 8) and a second source `_OtherEvents` (OnSecond 9) of class `Thing`.
+// run: the interface `_Sample`, the default source `_Events` (OnSample 7,
+// OnOther 8) and a second source `_OtherEvents` (OnSecond 9) of class `Sample`.
 #pragma once
 
 #include "automation/server/dispatch.h"
@@ -12,15 +12,15 @@
 
 namespace partners {
 
-inline constexpr GUID thingLibrary{0x6a0c1d40, 0x52f7, 0x4e0b, {0x9d, 0x31, 0x77, 0x20, 0x15, 0xe8, 0x4a, 0x01}};
-inline constexpr GUID thingClass{0x6a0c1d40, 0x52f7, 0x4e0b, {0x9d, 0x31, 0x77, 0x20, 0x15, 0xe8, 0x4a, 0x02}};
-inline constexpr GUID thingInterface{0x6a0c1d40, 0x52f7, 0x4e0b, {0x9d, 0x31, 0x77, 0x20, 0x15, 0xe8, 0x4a, 0x03}};
-inline constexpr GUID thingEvents{0x6a0c1d40, 0x52f7, 0x4e0b, {0x9d, 0x31, 0x77, 0x20, 0x15, 0xe8, 0x4a, 0x04}};
+inline constexpr GUID sampleLibrary{0x6a0c1d40, 0x52f7, 0x4e0b, {0x9d, 0x31, 0x77, 0x20, 0x15, 0xe8, 0x4a, 0x01}};
+inline constexpr GUID sampleClass{0x6a0c1d40, 0x52f7, 0x4e0b, {0x9d, 0x31, 0x77, 0x20, 0x15, 0xe8, 0x4a, 0x02}};
+inline constexpr GUID sampleInterface{0x6a0c1d40, 0x52f7, 0x4e0b, {0x9d, 0x31, 0x77, 0x20, 0x15, 0xe8, 0x4a, 0x03}};
+inline constexpr GUID sampleEvents{0x6a0c1d40, 0x52f7, 0x4e0b, {0x9d, 0x31, 0x77, 0x20, 0x15, 0xe8, 0x4a, 0x04}};
 inline constexpr GUID otherEvents{0x6a0c1d40, 0x52f7, 0x4e0b, {0x9d, 0x31, 0x77, 0x20, 0x15, 0xe8, 0x4a, 0x05}};
 
-class ThingLibrary {
+class SampleLibrary {
 public:
-    explicit ThingLibrary(WORD major = 1, WORD minor = 0);
+    explicit SampleLibrary(WORD major = 1, WORD minor = 0);
 
     automation::ComPtr<ITypeInfo> type(const GUID& guid) const;
 
@@ -34,28 +34,28 @@ private:
 };
 
 // What the object tells about itself; everything else it keeps to itself.
-struct ThingManners {
+struct SampleManners {
     automation::ComPtr<ITypeInfo> classInfo;           // IProvideClassInfo
     const GUID* defaultSource = nullptr;               // IProvideClassInfo2
     automation::ComPtr<ITypeInfo> ownType;             // IDispatch::GetTypeInfo
-    GUID raises = thingEvents;                         // its one connection point
+    GUID raises = sampleEvents;                        // its one connection point
 };
 
 // The part of the object that tells its class: it shares the object's life.
-class ThingClassInfo final : public automation::Part<IProvideClassInfo2> {
+class SampleClassInfo final : public automation::Part<IProvideClassInfo2> {
 public:
-    ThingClassInfo(IDispatch* owner, const ThingManners& manners) : Part(owner), manners_(manners) {}
+    SampleClassInfo(IDispatch* owner, const SampleManners& manners) : Part(owner), manners_(manners) {}
 
     STDMETHODIMP GetClassInfo(ITypeInfo** type) override;
     STDMETHODIMP GetGUID(DWORD kind, GUID* guid) override;
 
 private:
-    const ThingManners& manners_;
+    const SampleManners& manners_;
 };
 
-class Thing final : public automation::server::Dispatch {
+class Sample final : public automation::server::Dispatch {
 public:
-    explicit Thing(const ThingManners& manners)
+    explicit Sample(const SampleManners& manners)
         : events(static_cast<IDispatch*>(this), manners.raises), manners_(manners), classInfo_(this, manners_)
     {}
 
@@ -69,8 +69,8 @@ protected:
     automation::Value answer(const automation::server::IncomingCall&) override { return {}; }
 
 private:
-    const ThingManners manners_;
-    ThingClassInfo classInfo_;
+    const SampleManners manners_;
+    SampleClassInfo classInfo_;
 };
 
 }

@@ -1,4 +1,4 @@
-#include "support/stand_in.h"
+#include "support/dummy_program.h"
 
 #include "automation/error.h"
 
@@ -13,21 +13,21 @@ DWORD processOf(HWND window)
     return processId;
 }
 
-std::wstring arguments(StandIn::Window window, HWND frame)
+std::wstring arguments(DummyProgram::Window window, HWND frame)
 {
     const std::wstring number = L" " + std::to_wstring(reinterpret_cast<UINT_PTR>(frame));
     switch (window) {
-    case StandIn::Window::inFront: return L" window";
-    case StandIn::Window::inFrame: return L" child" + number;
-    case StandIn::Window::hiddenInFrame: return L" hidden" + number;
-    case StandIn::Window::none: break;
+    case DummyProgram::Window::inFront: return L" window";
+    case DummyProgram::Window::inFrame: return L" child" + number;
+    case DummyProgram::Window::hiddenInFrame: return L" hidden" + number;
+    case DummyProgram::Window::none: break;
     }
     return L"";
 }
 
 }
 
-bool StandIn::isThere(Window window, HWND frame) const
+bool DummyProgram::isThere(Window window, HWND frame) const
 {
     if (window == Window::none) return true;
     if (window == Window::inFront) return processOf(GetForegroundWindow()) == processId_;
@@ -36,10 +36,10 @@ bool StandIn::isThere(Window window, HWND frame) const
     return false;
 }
 
-StandIn::StandIn(const ScratchFolder& folder, const std::wstring& fileName, Window window, HWND frame)
+DummyProgram::DummyProgram(const ScratchFolder& folder, const std::wstring& fileName, Window window, HWND frame)
 {
     const std::wstring program = folder.file(fileName);
-    CopyFileW(besideTests(L"idle_program.exe").c_str(), program.c_str(), FALSE);
+    CopyFileW(pathBesideTests(L"idle_program.exe").c_str(), program.c_str(), FALSE);
     process_.emplace(L"\"" + program + L"\"" + arguments(window, frame));
     processId_ = process_->id();
     for (int wait = 0; !isThere(window, frame); ++wait) {

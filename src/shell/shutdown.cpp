@@ -1,9 +1,10 @@
-#include "shell/stopping.h"
+#include "shell/shutdown.h"
 
 #include "common/configuration.h"
 #include "common/error_trap.h"
-#include "common/under_way.h"
+#include "common/scoped_flag.h"
 #include "outlook/initialisation.h"
+#include "shell/call_readiness.h"
 #include "shell/desktop.h"
 #include "shell/form_window.h"
 #include "shell/notification_icon.h"
@@ -13,33 +14,33 @@
 
 namespace hublink {
 
-Stopping::Stopping(const Desktop& desktop, Configuration& configuration, FormWindow& window, SoftphoneSession& session,
+Shutdown::Shutdown(const Desktop& desktop, Configuration& configuration, FormWindow& window, SoftphoneSession& session,
                    NotificationIcon& icon, CallWatch::Times callTimes)
     : desktop_(desktop), configuration_(configuration), window_(window), session_(session), icon_(icon),
       callWatch_(callTimes)
 {}
 
-void Stopping::watchCalls()
+void Shutdown::watchCalls()
 {
     trapErrors([&] {
         const auto end = [this] {
             icon_.remove();
             desktop_.endProcess();
         };
-        callWatch_.start([window = window_.handle()] { FormWindow::tellOfLongCall(window); }, end);
+        callWatch_.start([window = window_.handle()] { FormWindow::notifyLongCall(window); }, end);
     });
 }
 
-void Stopping::StopConnector()
+void Shutdown::StopConnector()
 {
     configuration_.gStop = true;
-    callWatch_.stopIsAsked();
+    callWatch_.noteStopRequest();
     // The end of a session does not wait for the call that is out, where COM allows.
-    if (sessionEnds_ && !FormWindow::comRefusesCalls()) letGroupwareGo();
-    else window_.outsideCalls([this] { letGroupwareGo(); });
+    if (sessionIsEnding_ && !comRefusesCalls()) releaseGroupware();
+    else window_.runOutsideCalls([this] { releaseGroupware(); });
 }
 
-void Stopping::letGroupwareGo()
+void Shutdown::releaseGroupware()
 {
     trapErrors([&] {
         quitOutlook(session_.outlook);
@@ -47,20 +48,20 @@ void Stopping::letGroupwareGo()
     });
 }
 
-void Stopping::sessionEnds()
+void Shutdown::onSessionEnd()
 {
-    sessionEnds_ = true;
+    sessionIsEnding_ = true;
     StopConnector();
 }
 
-void Stopping::StopAll()
+void Shutdown::StopAll()
 {
-    if (ending_) return;
+    if (isEnding_) return;
     trapErrors([&] {
         // A map server that is missing or dead ends this try; the next one
         // goes on without it: a program must not be impossible to stop.
-        if (!std::exchange(mapWasTold_, true)) closeIdentifierMap(session_);
-        const UnderWay ending(ending_); // the box lets ticks through
+        if (!std::exchange(mapServerWasNotified_, true)) closeIdentifierMap(session_);
+        const ScopedFlag ending(isEnding_); // the box lets ticks through
         icon_.remove();
         if (configuration_.Trace) session_.host.showMessage(L"The End !!!");
         desktop_.endProcess();

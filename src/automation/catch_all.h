@@ -1,5 +1,5 @@
-// The border to COM and to Windows, which know no exceptions: whatever they call
-// does its work in here, and what is thrown becomes an answer that they know.
+// Stops exceptions in what COM and Windows call, since neither knows them: whatever is
+// thrown becomes a result that the caller understands.
 #pragma once
 
 #include <windows.h>
@@ -7,14 +7,14 @@
 namespace automation {
 
 // For use while an exception is handled: its text, its code for a COM caller, and a line
-// for the debugger where the caller cannot be told of a failure.
+// for the debugger where the result cannot say that something failed.
 const char* textOfException() noexcept;
 HRESULT codeOfException() noexcept;
-void tellDebuggerOfException() noexcept;
+void reportExceptionToDebugger() noexcept;
 
 // For an entry that answers with an HRESULT.
 template <class Work>
-HRESULT atBorder(Work&& work) noexcept
+HRESULT catchAll(Work&& work) noexcept
 {
     try {
         return work();
@@ -23,14 +23,14 @@ HRESULT atBorder(Work&& work) noexcept
     }
 }
 
-// For any other: where the work fails, the answer is `onError` and the debugger is told.
+// For any other entry: where the work throws, the result is `onError` and the debugger gets a line.
 template <class Result, class Work>
-Result atBorder(Result onError, Work&& work) noexcept
+Result catchAll(Result onError, Work&& work) noexcept
 {
     try {
         return work();
     } catch (...) {
-        tellDebuggerOfException();
+        reportExceptionToDebugger();
         return onError;
     }
 }

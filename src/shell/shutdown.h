@@ -12,12 +12,12 @@ class FormWindow;
 class NotificationIcon;
 struct SoftphoneSession;
 
-class Stopping {
+class Shutdown {
 public:
-    Stopping(const Desktop& desktop, Configuration& configuration, FormWindow& window, SoftphoneSession& session,
+    Shutdown(const Desktop& desktop, Configuration& configuration, FormWindow& window, SoftphoneSession& session,
              NotificationIcon& icon, CallWatch::Times callTimes);
-    Stopping(const Stopping&) = delete;
-    Stopping& operator=(const Stopping&) = delete;
+    Shutdown(const Shutdown&) = delete;
+    Shutdown& operator=(const Shutdown&) = delete;
 
     // Starts the watch. Whatever fails, the program goes on without it.
     void watchCalls();
@@ -30,26 +30,26 @@ public:
 
     // The Windows session ends: asks for a stop that waits for a call under way only where
     // COM would refuse further calls.
-    void sessionEnds();
+    void onSessionEnd();
 
     // Whether the Windows session ends: nobody would answer a message box.
-    bool sessionIsEnding() const { return sessionEnds_; }
+    bool sessionIsEnding() const { return sessionIsEnding_; }
 
-    // Tells the map server and ends the process. Where the map server cannot be told, the
-    // process goes on; the next call ends it without telling.
+    // Notifies the map server and ends the process. Where the map server does not answer,
+    // the process goes on; the next call ends it without notifying.
     void StopAll();
 
 private:
-    void letGroupwareGo();
+    void releaseGroupware();
 
     const Desktop& desktop_;
     Configuration& configuration_;
     FormWindow& window_;
     SoftphoneSession& session_;
     NotificationIcon& icon_;
-    bool sessionEnds_ = false;
-    bool mapWasTold_ = false; // StopAll has called the map server, with success or without
-    bool ending_ = false;     // "The End !!!" is on the screen
+    bool sessionIsEnding_ = false;
+    bool mapServerWasNotified_ = false; // StopAll has called the map server, with success or without
+    bool isEnding_ = false;             // "The End !!!" is on the screen
     CallWatch callWatch_;
 };
 
