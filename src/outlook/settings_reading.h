@@ -10,8 +10,9 @@ namespace hublink {
 
 enum class ExtensionUse { none, registered };
 
-// Returns whether an Exchange client extension is to be registered. Throws AutomationError at a number that is none. What was
-// not reached stays as it was, and so do the extension's two texts while "Extension" is off.
+// Returns whether an Exchange client extension is to be registered. Throws AutomationError
+// at a value that should be a number and is none. What was not reached stays as it was, and
+// so do the extension's two texts while "Extension" is off.
 ExtensionUse readOutlookSettings(const IniFile& ini, const std::wstring& programFolder,
                                  OutlookConfiguration& configuration);
 
