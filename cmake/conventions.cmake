@@ -29,10 +29,14 @@ endif()
 # header that it includes or the rules change, as it is compiled again.
 option(LINT "lint with clang-tidy what is compiled")
 if(LINT)
-    set(rules ${PROJECT_SOURCE_DIR}/.clang-tidy)
-    set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${rules})
-    file(MD5 ${rules} version)
-    set(CMAKE_CXX_CLANG_TIDY clang-tidy-19 --quiet --extra-arg=-Wno-everything --extra-arg=-DRULES_${version})
+    set(versions)
+    foreach(folder IN ITEMS . desk tests)
+        set(rules ${PROJECT_SOURCE_DIR}/${folder}/.clang-tidy)
+        set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${rules})
+        file(MD5 ${rules} version)
+        string(APPEND versions _${version})
+    endforeach()
+    set(CMAKE_CXX_CLANG_TIDY clang-tidy-19 --quiet --extra-arg=-Wno-everything --extra-arg=-DRULES${versions})
 endif()
 
 # One static library per room. Its includes are written from src/, and it may

@@ -89,7 +89,7 @@ private:
             times.push_back(watch_.shown() - start);
             expectContactAt(call * betweenScripted);
         }
-        runner_.expectScriptEnds(process);
+        Runner::expectScriptEnds(process);
         return times;
     }
 

@@ -98,10 +98,10 @@ void reportTimes(Report& report, int records, const MapTimes& times)
 
 }
 
-void measureMap(player::Desk& desk, Report& report)
+void measureMap(player::Desk&, Report& report)
 {
     report.section(L"The identifier map: every answer is one round trip, whatever it holds");
-    const player::Process registration(std::wstring(desk.programFolder) + L"\\PavexConvId.exe", L"/RegServer");
+    const player::Process registration(std::wstring(player::Desk::programFolder) + L"\\PavexConvId.exe", L"/RegServer");
     if (!registration.ended(20'000)) throw std::runtime_error("PavexConvId.exe does not register");
     const Object map = Object::create(L"PavexConvId.OrvelConvertId");
     const MapTimes small = timesWith(map, few);

@@ -36,10 +36,10 @@ std::string recordsOf(const People& contacts)
 
 // A record's fields but those that differ from run to run: identifiers follow
 // the order of creation, in which log lines stand too, and times go on.
-std::wstring comparable(const StoreRecord& record, std::initializer_list<const wchar_t*> fields)
+std::wstring comparable(const StoreRecord& record, std::initializer_list<const wchar_t*> names)
 {
     std::wstring text;
-    for (const wchar_t* field : fields)
+    for (const wchar_t* field : names)
         if (const std::wstring* value = record.find(field)) text += std::wstring(field) + L"=" + *value + L"\n";
     return text;
 }

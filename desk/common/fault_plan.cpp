@@ -138,7 +138,7 @@ void FaultPlan::add(std::wstring_view text)
         if (planned.at == 0) throw std::runtime_error("fault: the first call is number 1");
         word = takeWord(text);
     } else if (planned.anyKind && planned.lookUpsToo) {
-        throw std::runtime_error("fault: \"on PATTERN\", \"at N\" or \"from N\" is missing");
+        throw std::runtime_error(R"(fault: "on PATTERN", "at N" or "from N" is missing)");
     }
     readAction(planned, word, text);
     if (planned.at == 0 && planned.times > 1) planned.at = 1; // "busy K": the next K, not all

@@ -147,14 +147,14 @@ void Database::replace(const SavedNote& note, Note contents)
     wasModified();
 }
 
-void Database::remove(const SavedNote& note)
+// A reference of its own: the caller's may be one of those removed here.
+void Database::remove(SavedNote note)
 {
-    const SavedNote kept = note; // the caller's may be one of those removed here
-    for (StoredView& stored : views_) stored.index.remove(kept);
-    std::erase(notes_, kept);
-    byId_.erase(kept->noteId);
-    byUniversalId_.erase(kept->universalId);
-    kept->deleted = true;
+    for (StoredView& stored : views_) stored.index.remove(note);
+    std::erase(notes_, note);
+    byId_.erase(note->noteId);
+    byUniversalId_.erase(note->universalId);
+    note->deleted = true;
     wasModified();
 }
 

@@ -70,7 +70,7 @@ public:
     // that it lacks are given. `modified` and `version` follow.
     SavedNote add(Note contents);
     void replace(const SavedNote& note, Note contents);
-    void remove(const SavedNote& note);
+    void remove(SavedNote note);
 
     // When a document was saved or deleted last, to the second, or what is to be
     // told instead from now on.

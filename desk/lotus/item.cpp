@@ -63,7 +63,7 @@ Value element(SAFEARRAY* array, VARTYPE type, LONG index)
 // As SafeArrayPutElement takes it: a text itself, all else by its address.
 void* elementOf(const Value& value, VARTYPE type)
 {
-    VARIANT& variant = const_cast<VARIANT&>(value.variant());
+    auto& variant = const_cast<VARIANT&>(value.variant());
     if (type == VT_VARIANT) return &variant;
     return type == VT_BSTR ? static_cast<void*>(V_BSTR(&variant)) : &V_R8(&variant);
 }

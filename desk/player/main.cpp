@@ -32,7 +32,7 @@ int play(bool stay, GroupwareInUse groupware, const std::wstring& folder)
     Morning(*desk, narrator, groupware, folder).play();
     if (stay) {
         desk->startHublink();
-        desk.release(); // the programs end with the session
+        static_cast<void>(desk.release()); // the programs end with the session
     }
     return conclude(narrator);
 }

@@ -124,7 +124,7 @@ void takePicture(const std::wstring& file)
     const int width = GetSystemMetrics(SM_CXSCREEN);
     const int height = GetSystemMetrics(SM_CYSCREEN);
     BITMAPINFOHEADER info{sizeof info, width, height, 1, 24, BI_RGB, 0, 0, 0, 0, 0};
-    const DWORD size = static_cast<DWORD>((width * 3 + 3) / 4 * 4 * height);
+    const auto size = static_cast<DWORD>((width * 3 + 3) / 4 * 4 * height);
     const BITMAPFILEHEADER header{0x4D42, static_cast<DWORD>(sizeof header + sizeof info + size), 0, 0,
                                   sizeof header + sizeof info};
     const HDC screen = GetDC(nullptr);

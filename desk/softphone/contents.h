@@ -83,6 +83,9 @@ private:
     std::int32_t nextLow_ = 1; // never goes back: an identifier is not given twice
 };
 
+extern template class Book<HistoryRecord>; // in contents.cpp
+extern template class Book<EntryRecord>;
+
 struct Contents {
     User user;
     Book<HistoryRecord> history{1};

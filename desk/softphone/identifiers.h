@@ -8,6 +8,7 @@
 #define DESK_SOFTPHONE_IDENTIFIERS_H
 
 // clang-format off: bare digits, for the description of the types takes no texts
+// NOLINTBEGIN(bugprone-macro-parentheses): nor parentheses
 #define PAVEX_LIBRARY 7044a2df-e375-4fc5-b668-8fe45ba8ab8e
 
 #define PAVEX_APPLICATION_CLASS 6e152d67-6225-499b-9c3f-4eeb349b9cd1
@@ -35,4 +36,5 @@
 #define PAVEX_ON_REPERTORY_DELETE_ENTRY 89
 
 #endif
+// NOLINTEND(bugprone-macro-parentheses)
 // clang-format on

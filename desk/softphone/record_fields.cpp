@@ -23,7 +23,10 @@ std::wstring takeQuoted(std::wstring_view& text)
             text.remove_prefix(at + 1);
             return unescaped(raw);
         }
-        if (text[at] == L'\\' && at + 1 < text.size() && text[++at] != L'"') raw += L'\\';
+        if (text[at] == L'\\' && at + 1 < text.size()) {
+            ++at;
+            if (text[at] != L'"') raw += L'\\';
+        }
         raw += text[at];
     }
     throw std::runtime_error("a closing quote is missing");

@@ -92,17 +92,17 @@ void Window::later(std::function<void()> action)
     PostMessageW(handle(), actionMessage, 0, 0);
 }
 
-HWND Window::addText(int top, int textHeight, HFONT font, DWORD style) const
+HWND Window::addText(int textTop, int textHeight, HFONT font, DWORD style) const
 {
-    const HWND text = makeControl(L"STATIC", L"", SS_NOPREFIX | style, {margin, top, inner, textHeight});
+    const HWND text = makeControl(L"STATIC", L"", SS_NOPREFIX | style, {margin, textTop, inner, textHeight});
     SendMessageW(text, WM_SETFONT, reinterpret_cast<WPARAM>(font), FALSE);
     return text;
 }
 
-HWND Window::addList(int top, int listHeight, std::initializer_list<std::pair<const wchar_t*, int>> columns) const
+HWND Window::addList(int listTop, int listHeight, std::initializer_list<std::pair<const wchar_t*, int>> columns) const
 {
     const HWND list = makeControl(WC_LISTVIEWW, L"", WS_TABSTOP | LVS_REPORT | LVS_SINGLESEL | LVS_NOSORTHEADER,
-                                  {margin, top, inner, listHeight}, WS_EX_CLIENTEDGE);
+                                  {margin, listTop, inner, listHeight}, WS_EX_CLIENTEDGE);
     SendMessageW(list, WM_SETFONT, reinterpret_cast<WPARAM>(font_), FALSE);
     SendMessageW(list, LVM_SETEXTENDEDLISTVIEWSTYLE, 0, LVS_EX_FULLROWSELECT);
     int index = 0;

@@ -147,7 +147,7 @@ TEST(Dispatch, Names_AreFoundWithoutRegardToCase)
     const auto partner = server::make<Partner>();
     DISPID id = 0;
     for (const wchar_t* spelling : {L"Number", L"NUMBER", L"number"}) {
-        LPOLESTR name = const_cast<LPOLESTR>(spelling);
+        auto name = const_cast<LPOLESTR>(spelling);
         EXPECT_EQ(partner->GetIDsOfNames(IID_NULL, &name, 1, 0, &id), S_OK);
         EXPECT_EQ(id, 4);
     }
@@ -157,7 +157,7 @@ TEST(Dispatch, UnknownName_IsSaidToBeUnknown)
 {
     const auto partner = server::make<Partner>();
     DISPID id = 0;
-    LPOLESTR name = const_cast<LPOLESTR>(L"Numbers");
+    auto name = const_cast<LPOLESTR>(L"Numbers");
     EXPECT_EQ(partner->GetIDsOfNames(IID_NULL, &name, 1, 0, &id), DISP_E_UNKNOWNNAME);
     EXPECT_EQ(id, DISPID_UNKNOWN);
 }

@@ -75,8 +75,8 @@ protected:
     DWORD run(const std::wstring& arguments = L"--language en")
     {
         const std::wstring output = folder.file(L"output");
-        const support::Process program(support::command(L"HublinkCheck.exe") + L" " + arguments, output);
-        const DWORD code = program.exitCode();
+        const support::Process check(support::command(L"HublinkCheck.exe") + L" " + arguments, output);
+        const DWORD code = check.exitCode();
         text = fromUtf8(support::readFile(output));
         DeleteFileW(output.c_str());
         return code;

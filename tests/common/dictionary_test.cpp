@@ -135,7 +135,7 @@ TEST_F(Dictionaries, TextLongerThanTheBuffer_IsCutAndTerminated)
 TEST_F(Dictionaries, FolderOrJunkInPlaceOfAFile_GivesDefaults)
 {
     folder.folder(L"dictionary\\1036.ini");
-    folder.write(L"dictionary\\1031.ini", std::string("\xFF\xFE\x00\xD8[[[=\0\0", 11));
+    folder.write(L"dictionary\\1031.ini", std::string("\xFF\xFE\x00\xD8[[[=\0\0\0", 11));
     EXPECT_EQ(in(1036), L"default");
     EXPECT_EQ(in(1031), L"default");
 }
@@ -158,7 +158,7 @@ TEST(ShippedDictionary, EveryLanguage_IsThere)
     const auto search = automation::ownedIfValid<automation::FileSearch>(
         FindFirstFileW(support::projectFile(L"packaging/dictionary/*.ini").c_str(), &entry));
     ASSERT_TRUE(search);
-    do found.insert(std::wstring(entry.cFileName, wcschr(entry.cFileName, L'.') - entry.cFileName));
+    do found.insert(std::wstring(entry.cFileName, wcschr(entry.cFileName, L'.')));
     while (FindNextFileW(search.get(), &entry));
     EXPECT_EQ(found, languages);
 }

@@ -14,8 +14,8 @@ protected:
     // What a store opened later, by another process, finds.
     Records reopened() const
     {
-        IdentifierStore store(path);
-        return everything(store);
+        IdentifierStore later(path);
+        return everything(later);
     }
 
     ScratchFolder folder;

@@ -22,6 +22,13 @@ std::pair<HRESULT, std::wstring> failureOf(Operation operation)
     return {S_OK, L""};
 }
 
+DWORD WINAPI closeAfterAMoment(void* file)
+{
+    Sleep(300);
+    CloseHandle(file);
+    return 0;
+}
+
 }
 
 TEST(StoreAccess, SecondOpener_FailsClearly_UntilTheFirstHasClosed)
@@ -39,13 +46,6 @@ TEST(StoreAccess, SecondOpener_FailsClearly_UntilTheFirstHasClosed)
     first.insert(record(L"5.9", L"entry", 0, 1));
     first.close();
     EXPECT_EQ(everything(second).size(), 2u);
-}
-
-DWORD WINAPI closeAfterAMoment(void* file)
-{
-    Sleep(300);
-    CloseHandle(file);
-    return 0;
 }
 
 TEST(StoreAccess, FileHeldForAMoment_IsWaitedFor)

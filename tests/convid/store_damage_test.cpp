@@ -66,7 +66,7 @@ protected:
         EXPECT_EQ(everything(store), expected);
         store.close();
         std::vector<std::wstring> names{L"identifiers.map"};
-        if (keptAside) names.push_back(L"identifiers.map.damaged-1");
+        if (keptAside) names.emplace_back(L"identifiers.map.damaged-1");
         EXPECT_EQ(folder.files(), names);
         if (keptAside) {
             EXPECT_EQ(contents(path + L".damaged-1"), bytes);
@@ -113,7 +113,7 @@ TEST_F(DamagedStore, TornTail_IsCutOff_SoThatFileEndsWithLastGoodEntry)
 
 TEST_F(DamagedStore, EveryByteFlipped_LosesOnlyTheEntryItIsIn_AndKeepsTheDamagedFile)
 {
-    for (const std::uint8_t mask : {0xFF, 0x01})
+    for (const std::uint8_t mask : std::initializer_list<std::uint8_t>{0xFF, 0x01})
         for (std::size_t place = 0; place < whole.size() && !HasFailure(); ++place) {
             SCOPED_TRACE("byte " + std::to_string(place) + " flipped with " + std::to_string(mask));
             auto flipped = whole;

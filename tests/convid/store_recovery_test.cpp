@@ -174,8 +174,10 @@ constexpr DWORD longTimeout = 60'000; // milliseconds: the attempts end sooner
 std::pair<DWORD, std::size_t> replacing(std::vector<DWORD> answers, DWORD timeout = longTimeout)
 {
     std::size_t asked = 0;
-    const DWORD outcome = convid::replaceWithRetries(
-        timeout, [&]() -> DWORD { return asked < answers.size() ? answers[asked++] : (++asked, ERROR_SUCCESS); });
+    const DWORD outcome = convid::replaceWithRetries(timeout, [&]() -> DWORD {
+        const std::size_t answer = asked++;
+        return answer < answers.size() ? answers[answer] : DWORD{ERROR_SUCCESS};
+    });
     return {outcome, asked};
 }
 
@@ -185,15 +187,16 @@ using Outcome = std::pair<DWORD, std::size_t>;
 
 TEST(Replacing, FileInUse_AccessDenied_OrAConnectionLost_IsTriedAgain)
 {
-    for (const DWORD passing :
-         {ERROR_SHARING_VIOLATION, ERROR_LOCK_VIOLATION, ERROR_ACCESS_DENIED, ERROR_NETNAME_DELETED,
-          ERROR_UNEXP_NET_ERR, ERROR_BAD_NETPATH, ERROR_BAD_NET_NAME, ERROR_DEV_NOT_EXIST, ERROR_SEM_TIMEOUT})
+    for (const DWORD passing : std::initializer_list<DWORD>{
+             ERROR_SHARING_VIOLATION, ERROR_LOCK_VIOLATION, ERROR_ACCESS_DENIED, ERROR_NETNAME_DELETED,
+             ERROR_UNEXP_NET_ERR, ERROR_BAD_NETPATH, ERROR_BAD_NET_NAME, ERROR_DEV_NOT_EXIST, ERROR_SEM_TIMEOUT})
         EXPECT_EQ(replacing({passing, passing}), Outcome(ERROR_SUCCESS, 3)) << passing;
 }
 
 TEST(Replacing, AnyOtherFailure_IsNotTriedAgain)
 {
-    for (const DWORD lasting : {ERROR_DISK_FULL, ERROR_FILE_NOT_FOUND, ERROR_WRITE_PROTECT, ERROR_INVALID_NAME})
+    for (const DWORD lasting :
+         std::initializer_list<DWORD>{ERROR_DISK_FULL, ERROR_FILE_NOT_FOUND, ERROR_WRITE_PROTECT, ERROR_INVALID_NAME})
         EXPECT_EQ(replacing({lasting}), Outcome(lasting, 1)) << lasting;
 }
 

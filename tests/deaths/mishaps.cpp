@@ -66,7 +66,7 @@ void Stage::answerBusy(const Trial& trial)
     plan(trial, L"busy 1");
     startAndWait();
     for (PartnerNumber partner = 1; partner < partners(); ++partner)
-        if (groupware(partner).logLines() != whole_[partner - 1].log) remarks_.push_back(L"the log is another one");
+        if (groupware(partner).logLines() != whole_[partner - 1].log) remarks_.emplace_back(L"the log is another one");
 }
 
 void Stage::answerFailure(const Trial& trial)

@@ -58,7 +58,7 @@ TEST_F(SupervisionAtTheDesk, OutlookClosedAndOpenedAgain_TheSessionIsOpenedAgain
     EXPECT_TRUE(outlookIsAskedFor(L"NameSpace.GetDefaultFolder"));
     desk.softphone(L"call Number=0123 Incoming=true");
     EXPECT_TRUE(desk.outlookShows(L"Marc Durand - Contact"));
-    EXPECT_EQ(desk.logBody().find(L"\n", desk.logBody().rfind(L"Connector Initialization  Ok")), std::wstring::npos)
+    EXPECT_EQ(desk.logBody().find(L'\n', desk.logBody().rfind(L"Connector Initialization  Ok")), std::wstring::npos)
         << "the log item belonged to the Outlook that went: no line follows";
 }
 
@@ -186,7 +186,7 @@ TEST_F(SupervisionAtTheDesk, SecondStart_EndsWithZero_AndTouchesNothing)
     desk.outlook(L"clear");
     desk.softphone(L"clear");
     desk.setIni("Application", "kill", "unchanged");
-    const desk::player::Process second(std::wstring(desk.programFolder) + L"\\hublink.exe", L"");
+    const desk::player::Process second(std::wstring(desk::player::Desk::programFolder) + L"\\hublink.exe", L"");
     EXPECT_TRUE(second.ended(eventTimeout));
     EXPECT_EQ(second.exitCode(), 0u);
     EXPECT_NE(desk::player::readFile(desk.iniFile()).find("kill=unchanged"), std::string::npos);

@@ -17,7 +17,7 @@ class InstalledProgram : public InstallerTest {
 protected:
     void SetUp() override
     {
-        softphone = desk.softphoneFolder;
+        softphone = desk::player::Desk::softphoneFolder;
         desk.startSoftphone();
         desk.startOutlook("[contact]\nFirstName=Ann\nLastName=Abel\nBusinessTelephoneNumber=0611\n");
         ASSERT_EQ(install(thisPackage(), L"TEMPO=0 TEMPO1=0"), succeeded) << log();

@@ -78,7 +78,7 @@ std::vector<std::wstring> subkeys(HKEY root, const std::wstring& key)
     const automation::RegistryKey owner = opened(root, key);
     wchar_t name[256];
     for (DWORD index = 0; owner && RegEnumKeyW(owner.get(), index, name, 256) == ERROR_SUCCESS; ++index)
-        names.push_back(name);
+        names.emplace_back(name);
     return names;
 }
 

@@ -48,12 +48,12 @@ TEST_F(LotusHistoryView, ViewCannotBeRefreshed_TheResultStays)
 {
     ready();
     notes.ask(L"show pavexhistory.nsf Calls");
-    for (const wchar_t* fails :
+    for (const wchar_t* broken :
          {L"on NotesUIWorkspace.CurrentDatabase fail 0x80004005", L"on NotesUIDatabase.Database fail 0x80004005",
           L"on NotesDatabase.FileName fail 0x80004005", L"on NotesUIWorkspace.ViewRefresh fail 0x80004005"}) {
-        fault(fails);
+        fault(broken);
         const std::wstring noteId = create(call(L""));
-        EXPECT_EQ(noteId, field(documents(historyBase).back(), L"@NoteID")) << desk::utf8(fails);
+        EXPECT_EQ(noteId, field(documents(historyBase).back(), L"@NoteID")) << desk::utf8(broken);
         fault(L"off");
     }
     EXPECT_EQ(trapped.errors.size(), 4u);

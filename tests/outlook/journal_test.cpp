@@ -17,8 +17,8 @@ protected:
     // A call of the softphone's history; what is not given is a plain answered outgoing one.
     struct Call {
         std::wstring number = L"0123456";
-        std::wstring lastName = L"";
-        std::wstring firstName = L"";
+        std::wstring lastName{};
+        std::wstring firstName{};
         bool incoming = false;
         std::int16_t state = 3;
         std::int16_t acknowledged = 0;
@@ -249,7 +249,7 @@ TEST_F(Journal, StateTwelveAndAcknowledged_IsUnanswered)
 TEST_F(Journal, CallState_DecidesTheSixTexts)
 {
     open();
-    for (const std::int16_t state : {6, 7, 12, 14}) {
+    for (const std::int16_t state : std::initializer_list<std::int16_t>{6, 7, 12, 14}) {
         EXPECT_EQ(bodyFor(true, state, 0), L"Incoming call unanswered") << state;
         EXPECT_EQ(bodyFor(false, state, 1), L"Outgoing call unanswered") << state;
     }

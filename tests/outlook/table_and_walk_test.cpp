@@ -164,7 +164,7 @@ std::vector<std::wstring> faultsAt(const std::vector<std::wstring>& calls)
 {
     std::vector<std::wstring> faults;
     for (std::size_t index = 0; index < calls.size(); ++index) {
-        const auto occurrence = std::count(calls.begin(), calls.begin() + index, calls[index]) + 1;
+        const auto occurrence = std::count(calls.data(), calls.data() + index, calls[index]) + 1;
         faults.push_back(L"on " + calls[index] + L" at " + std::to_wstring(occurrence) + L" fail 0x80004005");
     }
     return faults;

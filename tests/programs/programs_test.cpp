@@ -172,12 +172,11 @@ TEST(InstalledPrograms, Manifest_TakesNoMoreRightsThanTheUsers_AndKnowsTheSystem
     for (const wchar_t* program : installed) {
         const std::string manifest = manifestOf(beside(program));
         for (const char* part :
-             {"<requestedExecutionLevel level=\"asInvoker\" uiAccess=\"false\"/>",
+             {R"(<requestedExecutionLevel level="asInvoker" uiAccess="false"/>)",
               "{e2011457-1546-43c5-a5fe-008deee3d3f0}", "{35138b9a-5d96-4fbd-8e2d-a2440225f93a}",
               "{4a2f28e3-53b9-4441-ba9c-d69d4a4a6e38}", "{1f676c76-80e1-4239-95bb-83d0f6d0da78}",
-              "{8e0f7a12-bfb3-4fe8-b9a5-48fd50a15a9a}",
-              "name=\"Microsoft.Windows.Common-Controls\" version=\"6.0.0.0\"",
-              "<dpiAware xmlns=\"http://schemas.microsoft.com/SMI/2005/WindowsSettings\">true</dpiAware>"})
+              "{8e0f7a12-bfb3-4fe8-b9a5-48fd50a15a9a}", R"(name="Microsoft.Windows.Common-Controls" version="6.0.0.0")",
+              R"(<dpiAware xmlns="http://schemas.microsoft.com/SMI/2005/WindowsSettings">true</dpiAware>)"})
             EXPECT_NE(manifest.find(part), std::string::npos) << automation::toAnsi(program) << " lacks " << part;
     }
 }

@@ -18,9 +18,7 @@
 #include <string>
 #include <vector>
 
-namespace hublink {
-
-namespace shell_tests {
+namespace hublink::shell_tests {
 
 // The icon's.
 inline constexpr const wchar_t* question = L"Do you want to really stop Hublink ?";
@@ -94,7 +92,5 @@ private:
 // An ini file that names Outlook, with these lines added to its sections.
 std::string iniText(const std::string& application = "", const std::string& features = "",
                     const std::string& type = "type=OUTLOOK\r\n");
-
-}
 
 }

@@ -7,9 +7,7 @@
 
 #include <shellapi.h>
 
-namespace hublink {
-
-namespace shell_tests {
+namespace hublink::shell_tests {
 
 FormFixture::FormFixture()
 {
@@ -122,8 +120,6 @@ void FormFixture::openOutlook()
 std::string iniText(const std::string& application, const std::string& features, const std::string& type)
 {
     return "[Application]\r\n" + type + application + "[AllApplication]\r\n" + features;
-}
-
 }
 
 }

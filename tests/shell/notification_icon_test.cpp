@@ -28,7 +28,7 @@ TEST_F(Icon, Record_IsThatOfTheForm)
 {
     load();
     const TrayIconData& record = form().icon().record();
-    const HICON formsIcon = reinterpret_cast<HICON>(GetClassLongPtrW(form().window().handle(), GCLP_HICON));
+    const auto formsIcon = reinterpret_cast<HICON>(GetClassLongPtrW(form().window().handle(), GCLP_HICON));
     ASSERT_TRUE(formsIcon);
     EXPECT_EQ(record.hIcon, formsIcon);
     EXPECT_EQ(record.hWnd, form().window().handle());
@@ -52,7 +52,10 @@ TEST_F(Icon, RefusedAtTheStart_IsOfferedAgainAtTheTicks_UntilItStands)
 TEST_F(Icon, RefusedForAMinute_IsOfferedNoMore)
 {
     int offers = 0;
-    onIcon = [&](DWORD message) { return message != NIM_ADD || (++offers, false); };
+    onIcon = [&](DWORD message) {
+        if (message == NIM_ADD) ++offers;
+        return message != NIM_ADD;
+    };
     load();
     for (int time = 0; time < 30; ++time) tick();
     EXPECT_EQ(offers, 1 + 12);
@@ -70,7 +73,10 @@ TEST_F(Icon, ThatStands_IsNotOfferedAgain_AlsoWhenTheTaskBarHasLostIt)
 TEST_F(Icon, StillRefused_IsNotOfferedOnceAStopIsAskedFor)
 {
     int offers = 0;
-    onIcon = [&](DWORD message) { return message != NIM_ADD || (++offers, false); };
+    onIcon = [&](DWORD message) {
+        if (message == NIM_ADD) ++offers;
+        return message != NIM_ADD;
+    };
     load();
     form().StopConnector();
     tick();

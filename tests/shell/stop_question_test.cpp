@@ -50,7 +50,8 @@ TEST_F(IconPress, EveryOtherMessage_IsIgnored)
     for (UINT code = 0; code < 0x500; ++code)
         if (code != 0x204) press(code);
     EXPECT_TRUE(boxes.empty());
-    for (const UINT code : {WM_LBUTTONDOWN, WM_LBUTTONDBLCLK, WM_RBUTTONUP, WM_RBUTTONDBLCLK, WM_MBUTTONDOWN})
+    for (const UINT code :
+         std::initializer_list<UINT>{WM_LBUTTONDOWN, WM_LBUTTONDBLCLK, WM_RBUTTONUP, WM_RBUTTONDBLCLK, WM_MBUTTONDOWN})
         form().question().Form_MouseMove(0, 0, twipsFromPixels(static_cast<int>(code)), 0);
     EXPECT_TRUE(boxes.empty());
 }

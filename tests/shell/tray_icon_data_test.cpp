@@ -31,8 +31,8 @@ TEST(TrayIconData, Record_HasItsSmallestLayout)
 
 TEST(TrayIconData, Fields_AreFilledAsGiven)
 {
-    const HWND window = reinterpret_cast<HWND>(0x1234);
-    const HICON icon = reinterpret_cast<HICON>(0x5678);
+    const auto window = reinterpret_cast<HWND>(0x1234);
+    const auto icon = reinterpret_cast<HICON>(0x5678);
     const TrayIconData data = FillTrayIconData(window, 1, 7, 0x200, icon, "tip");
     EXPECT_EQ(data.cbSize, 88u);
     EXPECT_EQ(data.hWnd, window);

@@ -21,7 +21,8 @@ std::wstring registeredProgram(const wchar_t* progId)
     if (FAILED(CLSIDFromProgID(progId, &classId)) || !StringFromGUID2(classId, text, 64)) return L"";
     const std::wstring key = std::wstring(L"CLSID\\") + text + L"\\LocalServer32";
     if (RegQueryValueW(HKEY_CLASSES_ROOT, key.c_str(), line.data(), &size) != ERROR_SUCCESS) return L"";
-    return line.c_str();
+    line.resize(wcslen(line.c_str()));
+    return line;
 }
 
 void require(bool done, const PartnerClass& partner, const char* what)

@@ -16,7 +16,7 @@ inline std::wstring bareName(std::string_view function)
 {
     constexpr std::string_view unnamed = "(anonymous ";
     std::size_t arguments = function.find('(');
-    while (arguments != function.npos && function.substr(arguments).starts_with(unnamed))
+    while (arguments != std::string_view::npos && function.substr(arguments).starts_with(unnamed))
         arguments = function.find('(', arguments + unnamed.size());
     function = function.substr(0, arguments);
     function.remove_prefix(function.find_last_of(" :") + 1);

@@ -79,7 +79,7 @@ TEST(Query, WordsInARow_ArePartOfOneValue)
     EXPECT_FALSE(hits(L"\"Antoine 06.12.34.56.78\"")) << "not across values";
     Note list;
     list.items.push_back(textItem(itemName(L"L"), L"cat"));
-    list.items[0].texts.push_back(L"dog");
+    list.items[0].texts.emplace_back(L"dog");
     EXPECT_FALSE(parseQuery(L"\"cat dog\"")->hits(list));
     EXPECT_TRUE(parseQuery(L"[L] CONTAINS dog")->hits(list));
 }

@@ -115,7 +115,7 @@ TEST_F(OutlookItems, IdentifiersThatHaveMoved_AreFoundByName_AndMeanOthersByNumb
 {
     outlook.load(L"[contact]\nFullName=Marc Durand\n");
     const auto idOf = [](const Object& object, const wchar_t* name) {
-        LPOLESTR names = const_cast<LPOLESTR>(name);
+        auto names = const_cast<LPOLESTR>(name);
         DISPID id = DISPID_UNKNOWN;
         object.dispatch()->GetIDsOfNames(IID_NULL, &names, 1, 0, &id);
         return id;

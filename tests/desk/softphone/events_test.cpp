@@ -114,9 +114,9 @@ TEST_F(SoftphoneEvents, WaitingEvents_AreToldLater_InOrder)
 TEST_F(SoftphoneEvents, EventDuringAnEvent_WaitsForItsTurn)
 {
     const Subscription subscription(line(), L"", {{L"OnLineNewCall", [&](EventArguments) {
-                                                       heard.push_back(L"call begins");
+                                                       heard.emplace_back(L"call begins");
                                                        softphone.addEntry({{1, 1}, {L"", L"Blanc", L""}});
-                                                       heard.push_back(L"call ends");
+                                                       heard.emplace_back(L"call ends");
                                                    }}});
     const Subscription entries = listen(addressBook());
     softphone.ring({});
