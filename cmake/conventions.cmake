@@ -12,7 +12,7 @@ include(${CMAKE_CURRENT_LIST_DIR}/warnings.cmake)
 
 # No run-time dependency, and the same bytes from the same source.
 if(MSVC)
-    add_compile_options(/permissive- /utf-8 /Zc:__cplusplus)
+    add_compile_options(/EHsc /permissive- /utf-8 /Zc:__cplusplus)
     add_link_options(/Brepro)
     set(CMAKE_POLICY_DEFAULT_CMP0091 NEW) # for GoogleTest, which is older than the next line
     set(CMAKE_MSVC_RUNTIME_LIBRARY "MultiThreaded$<$<CONFIG:Debug>:Debug>")
