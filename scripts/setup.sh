@@ -3,6 +3,7 @@
 # silent when everything is there already.
 #   scripts/setup.sh          the compiler, the packager, Wine and a virtual screen
 #   scripts/setup.sh check    the tools of ./check as well
+#   scripts/setup.sh 64       what ./test --64 takes as well
 set -euo pipefail
 
 packages=(
@@ -12,11 +13,17 @@ packages=(
     xvfb xauth x11-utils xdotool imagemagick procps util-linux
 )
 what="the compiler, the packager, Wine and a virtual screen (about a minute, 300 MB)"
-if [ "${1:-}" = check ]; then
-    # Of one version, for another one lays out otherwise.
-    packages+=(clang-format-19 clang-tidy-19 shellcheck)
-    what="what ./check takes (up to two minutes, 400 MB)"
-fi
+case "${1:-}" in
+    check)
+        # Of one version, for another one lays out otherwise.
+        packages+=(clang-format-19 clang-tidy-19 shellcheck)
+        what="what ./check takes (up to two minutes, 400 MB)"
+        ;;
+    64)
+        packages+=(g++-mingw-w64-x86-64-win32 wine64)
+        what="what ./test --64 takes (up to two minutes, 700 MB)"
+        ;;
+esac
 
 say()  { printf 'set-up: %s\n' "$*"; }
 fail() { printf 'set-up: %s\n' "$*" >&2; exit 1; }

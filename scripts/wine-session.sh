@@ -9,7 +9,11 @@ project=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
 wine_home=$project/out/wine
 screen=1600x768 # room for the softphone, Outlook and Notes side by side
 
-export WINEARCH=win32 WINEDEBUG=${WINEDEBUG:--all} WINEDLLOVERRIDES="mscoree,mshtml="
+# A 32-bit Windows, or with WINE_BITS=64 one that runs programs of both kinds.
+export WINEARCH=win${WINE_BITS:-32}
+template=$wine_home/template${WINE_BITS:-}
+
+export WINEDEBUG=${WINEDEBUG:--all} WINEDLLOVERRIDES="mscoree,mshtml="
 export LC_ALL=C.UTF-8 TZ=${TZ:-UTC}
 
 # One core for client, servers and the Wine server together: a call between
@@ -39,10 +43,10 @@ stop_screen() {
 # A prefix as every session starts with it. Made under another name first, so
 # that an interrupted run leaves no half-made template behind.
 make_template() {
-    [ -d "$wine_home/template" ] && return 0
+    [ -d "$template" ] && return 0
     echo "making the Wine prefix (about ten seconds)"
     mkdir -p "$wine_home"
-    local raw=$wine_home/template.$$
+    local raw=$template.$$
     export WINEPREFIX=$raw
     wineboot -i > /dev/null 2>&1 < /dev/null
     ln -sf /usr/share/wine/fonts/*.ttf "$raw/drive_c/windows/Fonts/"
@@ -67,7 +71,7 @@ REG
     wineserver -k
     wineserver -w
     rm -f "$settings"
-    mv "$raw" "$wine_home/template"
+    mv "$raw" "$template"
 }
 
 start_session() {
@@ -76,7 +80,7 @@ start_session() {
     make_template || return 1
     export WINEPREFIX=$wine_home/$name
     rm -rf "$WINEPREFIX"
-    cp -a "$wine_home/template" "$WINEPREFIX"
+    cp -a "$template" "$WINEPREFIX"
     "${pinned[@]}" wineserver -p > /dev/null 2>&1 < /dev/null
     # The desktop with its notification area, there before the first program.
     "${pinned[@]}" wine explorer.exe /desktop=shell,$screen > /dev/null 2>&1 < /dev/null &
