@@ -2,7 +2,6 @@
 
 #include "automation/text.h"
 
-#include <algorithm>
 #include <cwchar>
 
 namespace hublink::check {
