@@ -32,7 +32,7 @@ int play(bool stay, GroupwareInUse groupware, const std::wstring& folder)
     Morning(*desk, narrator, groupware, folder).play();
     if (stay) {
         desk->startHublink();
-        static_cast<void>(desk.release()); // the programs end with the session
+        [[maybe_unused]] const Desk* left = desk.release(); // the programs end with the session
     }
     return conclude(narrator);
 }
