@@ -4,6 +4,7 @@
 #   scripts/build.sh              everything
 #   scripts/build.sh PROGRAM      a program and all that it starts: player, bench, deaths, hang_tests
 #   scripts/build.sh --64         everything for 64-bit Windows, in out/windows64; dist/ stays as it is
+#   scripts/build.sh --sanitize   everything with undefined behaviour trapped, in out/sanitize; dist/ stays as it is
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
@@ -24,6 +25,7 @@ mkdir -p out
 log=out/build.log
 case "${1:-}" in
     --64) log=out/build64.log && build windows64 && exit ;;
+    --sanitize) log=out/build-sanitize.log && build sanitize && exit ;;
     "") build windows ;;
     *) build windows --target "$1" packages ;;
 esac

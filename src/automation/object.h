@@ -55,7 +55,7 @@ public:
     Object() noexcept = default;
     explicit Object(IDispatch* dispatch);            // takes a reference of its own
 
-    // The same object, its names looked up in (and added to) `names`.
+    // The same object, its names looked up in (and added to) `idCache`.
     Object usingIdCache(const SharedIdCache& idCache) const;
 
     // A new object of a registered class, in or out of process.

@@ -8,7 +8,7 @@ namespace {
 
 struct ThreadCalls {
     int depth = 0;
-    std::atomic<DWORD> begin{0};
+    std::atomic<DWORD> startTick{0}; // of the outermost call; 0 without one
 };
 
 constinit thread_local ThreadCalls calls;
@@ -17,12 +17,12 @@ constinit thread_local ThreadCalls calls;
 
 OutgoingCall::OutgoingCall() noexcept : startTick_(GetTickCount())
 {
-    if (calls.depth++ == 0) calls.begin = startTick_ != 0 ? startTick_ : 1; // 0 means none
+    if (calls.depth++ == 0) calls.startTick = startTick_ != 0 ? startTick_ : 1; // 0 means none
 }
 
 OutgoingCall::~OutgoingCall()
 {
-    if (--calls.depth == 0) calls.begin = 0;
+    if (--calls.depth == 0) calls.startTick = 0;
 }
 
 bool OutgoingCall::inProgress() noexcept
@@ -32,7 +32,7 @@ bool OutgoingCall::inProgress() noexcept
 
 const std::atomic<DWORD>& OutgoingCall::outermostStartTick() noexcept
 {
-    return calls.begin;
+    return calls.startTick;
 }
 
 Milliseconds OutgoingCall::retryDelay(Milliseconds waited) noexcept

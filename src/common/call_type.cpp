@@ -38,7 +38,8 @@ std::wstring withoutAccessKey(std::wstring text)
     return text;
 }
 
-// Whether a call of that state (as the softphone numbers it) was not answered.
+// The softphone numbers its calls' states and names none of them. These are the ones in which
+// nobody has answered; it tells no more of what sets the four apart.
 bool isUnanswered(std::int32_t state)
 {
     return state == 6 || state == 7 || state == 12 || state == 14;

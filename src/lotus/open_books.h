@@ -32,7 +32,7 @@ public:
     void markFilteredFor(const std::wstring& number) { filteredFor_ = number; }
 
     // What the view has answered about a number: a person, or that nobody has it. Null when
-    // it was not asked. Call `view` first, which forgets answers that may be stale.
+    // it was not asked. Call `openView` first, which forgets answers that may be stale.
     const std::optional<LotusPerson>* cachedAnswer(const std::wstring& number) const;
     void remember(const std::wstring& number, std::optional<LotusPerson> person);
 

@@ -25,7 +25,8 @@ void registerExtension(const OutlookSession& session)
         RegSetString(HKEY_LOCAL_MACHINE, extensionsKey, session.szDllExtensionName, session.szRegisteDllExtension);
 }
 
-auto watchedSettings(const OutlookConfiguration& configuration)
+// For the result alone: InitOutlook, which asks for the reading, opens the session whatever it says.
+auto comparedSettings(const OutlookConfiguration& configuration)
 {
     return std::tuple(configuration.szCallBackMailSyntaxe, configuration.szDllExtensionName,
                       configuration.szRegisteDllExtension);
@@ -35,16 +36,16 @@ auto watchedSettings(const OutlookConfiguration& configuration)
 
 bool ReadOutlookIni(OutlookSession& session)
 {
-    bool unchanged = false;
+    bool isUnchanged = false;
     trapErrors([&] {
-        const auto before = watchedSettings(session);
+        const auto before = comparedSettings(session);
         const IniFile ini(session.host.configuration().szFileConnectorIni);
         if (readOutlookSettings(ini, session.host.programFolder(), session) == ExtensionUse::registered)
             registerExtension(session);
-        unchanged = watchedSettings(session) == before;
-        if (!unchanged) session.bOutlookInit = false;
+        isUnchanged = comparedSettings(session) == before;
+        if (!isUnchanged) session.bOutlookInit = false;
     });
-    return unchanged;
+    return isUnchanged;
 }
 
 }

@@ -44,7 +44,7 @@ void ConnectorIniFile::install(const std::wstring& programFolder)
 
 bool ConnectorIniFile::ReadConnectorIni()
 {
-    bool unchanged = false;
+    bool isUnchanged = false;
     trapErrors([&] {
         const auto before = comparedSwitches(configuration_);
         const IniFile ini(configuration_.szFileConnectorIni);
@@ -54,9 +54,9 @@ bool ConnectorIniFile::ReadConnectorIni()
             link_.Kill();
             return;
         }
-        unchanged = comparedSwitches(configuration_) == before;
+        isUnchanged = comparedSwitches(configuration_) == before;
     });
-    return unchanged;
+    return isUnchanged;
 }
 
 bool ConnectorIniFile::detectChange()

@@ -12,7 +12,7 @@ namespace {
 
 struct Search {
     DWORD processId;
-    bool found;
+    bool isFound;
 };
 
 bool belongsTo(HWND window, DWORD processId)
@@ -25,8 +25,8 @@ bool belongsTo(HWND window, DWORD processId)
 BOOL CALLBACK checkChild(HWND window, LPARAM parameter) noexcept
 {
     auto& search = *reinterpret_cast<Search*>(parameter);
-    search.found = belongsTo(window, search.processId) && IsWindowVisible(window);
-    return !search.found;
+    search.isFound = belongsTo(window, search.processId) && IsWindowVisible(window);
+    return !search.isFound;
 }
 
 // Whether the window is the process's own or shows one of its windows: the
@@ -37,8 +37,8 @@ bool shows(HWND window, DWORD processId)
     // With no window in front it may be the desktop, in which all others lie.
     if (!window || window == GetDesktopWindow() || processId == 0) return false;
     Search search{processId, belongsTo(window, processId)};
-    if (!search.found) EnumChildWindows(window, checkChild, reinterpret_cast<LPARAM>(&search));
-    return search.found;
+    if (!search.isFound) EnumChildWindows(window, checkChild, reinterpret_cast<LPARAM>(&search));
+    return search.isFound;
 }
 
 }

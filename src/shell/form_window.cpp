@@ -173,12 +173,12 @@ void FormWindow::onMouseMove(WPARAM wParam, LPARAM lParam)
 
 void FormWindow::runDeferred()
 {
-    if (runningDeferred_) return; // the work under way is finished first, then the rest
+    if (isRunningDeferred_) return; // the work under way is finished first, then the rest
     if (automation::OutgoingCall::inProgress()) {
         scheduleRetry();
         return;
     }
-    const ScopedFlag running(runningDeferred_);
+    const ScopedFlag running(isRunningDeferred_);
     while (!deferred_.empty()) {
         const std::function<void()> work = std::move(deferred_.front());
         deferred_.pop_front();

@@ -73,7 +73,7 @@ private:
 
     FormEvents& events_;
     std::deque<std::function<void()>> deferred_;
-    bool runningDeferred_ = false;
+    bool isRunningDeferred_ = false;
     std::deque<std::function<void()>> heldBack_; // work that waits until calls may go out
     HWND window_ = nullptr;
 };

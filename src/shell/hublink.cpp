@@ -42,13 +42,18 @@ void Hublink::Form_Load()
     });
 }
 
-void Hublink::WriteLog(const std::wstring& line)
+void Hublink::WriteLog(const std::wstring& line) noexcept
 {
     trapErrors([&] {
         if (lotus_.LotusReady) WriteLotusLog(lotus_, line);
         if (outlook_.bOutlookInit) LogToOutlookJournal(outlook_, line);
         if (configuration_.Trace) showMessage(line);
     });
+}
+
+void Hublink::StopConnector() noexcept
+{
+    trapErrors([&] { shutdown_.StopConnector(); });
 }
 
 // 0 when it cannot be shown.
@@ -62,7 +67,7 @@ void Hublink::pause(std::int32_t milliseconds)
     if (milliseconds > 0) Sleep(static_cast<DWORD>(milliseconds));
 }
 
-void Hublink::checkForStopRequest()
+void Hublink::checkForStopRequest() noexcept
 {
     trapErrors([&] {
         window_.dispatchStopMessages();

@@ -32,13 +32,13 @@ public:
     void Form_Terminate() override { StopConnector(); }
 
     // The form's services to the rooms below.
-    void WriteLog(const std::wstring& line) override;
-    void StopConnector() override { shutdown_.StopConnector(); }
+    void WriteLog(const std::wstring& line) noexcept override;
+    void StopConnector() noexcept override;
     const Configuration& configuration() const override { return configuration_; }
     void enableSupervision() override { window_.startSupervision(); }
     void showMessage(const std::wstring& text) override { messageBox(text, MB_OK); }
     void pause(std::int32_t milliseconds) override;
-    void checkForStopRequest() override;
+    void checkForStopRequest() noexcept override;
     DATE now() const override;
     std::wstring programFolder() const override { return desktop_.programFolder; }
     void defer(std::function<void()> work) override { window_.defer(std::move(work)); }

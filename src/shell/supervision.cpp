@@ -40,8 +40,8 @@ void Supervision::SupervisionPavex_Timer()
     }
     // A message box of a tick is open: further ticks only watch for a stop,
     // else unattended boxes would pile up.
-    if (!bProcessWatchReady || inTick_) return;
-    const ScopedFlag tick(inTick_);
+    if (!bProcessWatchReady || isInTick_) return;
+    const ScopedFlag tick(isInTick_);
     trapErrors([&] {
         icon_.retryAdd();
         superviseSoftphone();

@@ -43,7 +43,7 @@ private:
     HANDLE hPavexProcess = nullptr; // these three: set by each look-up, read by nobody
     HANDLE hOutlookProcess = nullptr;
     HANDLE hNotesProcess = nullptr;
-    bool inTick_ = false; // a tick is under way, or waits in a message box of its own
+    bool isInTick_ = false; // a tick is under way, or waits in a message box of its own
 };
 
 }

@@ -65,7 +65,7 @@ std::wstring walk(SoftphoneSession& session)
 {
     const Object book = session.adressbookPavex;
     std::int16_t remaining = book.get(softphone::records::count).int16();
-    ++session.repertoryWalks;
+    ++session.repertoryWalkCount;
     int created = 0;
     while (remaining >= 1) {
         session.host.checkForStopRequest();

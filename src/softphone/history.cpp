@@ -32,7 +32,7 @@ std::wstring walk(SoftphoneSession& session)
 {
     const Object history = session.histo;
     const std::int32_t count = history.get(softphone::records::count).int32();
-    ++session.historyWalks;
+    ++session.historyWalkCount;
     for (std::int32_t index = 0; index < count; ++index) {
         session.host.checkForStopRequest();
         if (session.host.configuration().gStop) return L"Abort History Synchronisation";

@@ -66,8 +66,8 @@ EventHandlers PavexInterface::historyHandlers()
     return {{L"OnHistoricNewItem",
              [this](EventArguments arguments) {
                  const SoftphoneHistoryItem item(arguments.at(0).object().usingIdCache(session_.idCaches.historyItem));
-                 session_.host.defer([this, item, walks = session_.historyWalks] {
-                     if (walks == session_.historyWalks) histo_OnHistoricNewItem(item);
+                 session_.host.defer([this, item, walks = session_.historyWalkCount] {
+                     if (walks == session_.historyWalkCount) histo_OnHistoricNewItem(item);
                  });
              }},
             {L"OnHistoricDeleteItem", [this](EventArguments arguments) {
@@ -82,8 +82,8 @@ EventHandlers PavexInterface::addressBookHandlers()
     return {{L"OnRepertoryNewEntry",
              [this](EventArguments arguments) {
                  const SoftphoneEntry entry(arguments.at(0).object().usingIdCache(session_.idCaches.entry));
-                 session_.host.defer([this, entry, walks = session_.repertoryWalks] {
-                     if (walks == session_.repertoryWalks) adressbookPavex_OnRepertoryNewEntry(entry);
+                 session_.host.defer([this, entry, walks = session_.repertoryWalkCount] {
+                     if (walks == session_.repertoryWalkCount) adressbookPavex_OnRepertoryNewEntry(entry);
                  });
              }},
             {L"OnRepertoryDeleteEntry", [this](EventArguments arguments) {

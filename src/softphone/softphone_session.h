@@ -45,8 +45,8 @@ struct SoftphoneSession {
     automation::Object histo;
     automation::Object adressbookPavex;
 
-    int repertoryWalks = 0;               // how often a synchronisation has asked for the count of entries
-    int historyWalks = 0;                 // and of history items
+    int repertoryWalkCount = 0; // how often a synchronisation has asked for the count of entries
+    int historyWalkCount = 0;    // and of history items
 };
 
 }

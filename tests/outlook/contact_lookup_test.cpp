@@ -192,7 +192,7 @@ TEST_F(ContactLookup, MemberNames_AreLookedUpOnceForAllContacts)
     EXPECT_EQ(calls(L"Items.Find lookup"), 1u);
 }
 
-TEST_F(ContactLookup, OutlookFailingInTheWalk_EndsItWithFalse)
+TEST_F(ContactLookup, OutlookFailingInTheWalk_EndsItWithNoContact)
 {
     open(L"[contact]\nLastName=A\nCarTelephoneNumber=9.9\n" + std::wstring(marcWithDots));
     outlook.setVersion(desk::outlook::Version::v2003);

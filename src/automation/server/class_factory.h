@@ -11,7 +11,7 @@ class ClassFactory {
 public:
     using Creator = std::function<ComPtr<IDispatch>()>;
 
-    // Registers the running factory: one process serves every client. `unused`
+    // Registers the running factory: one process serves every client. `onLastUnlock`
     // is called when a client's unlocking took the process's last reference.
     // Throws AutomationError when COM refuses.
     ClassFactory(const CLSID& classId, Creator create, std::function<void()> onLastUnlock = {});
