@@ -120,6 +120,27 @@ TEST_F(AddressBook, CreationFails_NothingIsMapped_AndTheNextRunTriesAgain)
     EXPECT_NE(mapped(L"1.1"), L"");
 }
 
+TEST_F(AddressBook, OutlookGoneFromTheSecondEntryOn_EveryLineIsWritten_AndTheNextRunMirrorsTheRestOnce)
+{
+    entry(1, L"0789", L"Adler", L"Alice");
+    entry(2, L"0123", L"Durand", L"Marc");
+    entry(3, L"0456", L"Petit", L"Claire");
+    host.onLog = [&](const std::wstring& line) {
+        if (line.starts_with(L"2 In OutLook ")) outlookCalls.faults.add(L"on * fail 0x800706BA");
+    };
+    start();
+    EXPECT_EQ(synchronisationLines(), (Lines{L"Start repertory Synchronisation ", L"1 In OutLook 0456 Petit Claire",
+                                             L"2 In OutLook 0123 Durand Marc", L"3 In OutLook 0789 Adler Alice",
+                                             L"Repertory Synchronisation Ok"}));
+    EXPECT_EQ(store->records(1).size(), 1u);
+    EXPECT_NE(mapped(L"1.3"), L"");
+    host.onLog = nullptr;
+    outlookCalls.faults.add(L"off");
+    link.InitConnector(NewLog::yes);
+    EXPECT_EQ(count(L"contact"), 3u);
+    EXPECT_EQ(store->records(1).size(), 3u);
+}
+
 TEST_F(AddressBook, ErrorInTheLoopItself_LogsPbIn_AndTheRestWaits)
 {
     entry(1, L"0789", L"Adler", L"Alice");
