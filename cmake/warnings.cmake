@@ -19,5 +19,5 @@ elseif(CMAKE_CXX_COMPILER_ID MATCHES "Clang")
         -Wno-used-but-marked-unused # in the headers' own macros
         -Wno-weak-vtables) # linked statically, a table in every object is one table in the end
 else()
-    add_compile_options(-Wall -Wextra -Wpedantic)
+    add_compile_options(-Wall -Wextra -Wpedantic -Wconversion -Wsign-conversion)
 endif()

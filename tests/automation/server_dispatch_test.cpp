@@ -2,6 +2,7 @@
 #include "automation/server/class_factory.h"
 #include "automation/server/dispatch.h"
 #include "automation/server/registration.h"
+#include "automation/server/standing_stubs.h"
 #include "partner.h"
 
 #include <gtest/gtest.h>
@@ -310,4 +311,10 @@ TEST(Registration, RegisteredClass_CanBeCreated_UntilItIsRemoved)
     server::unregisterClass(registration);
     EXPECT_THROW(Object::create(L"HublinkTest.Partner"), AutomationError);
     server::unregisterClass(registration); // nothing left: no failure
+}
+
+TEST(StandingStubs, AllServedInterfaces_HaveOne_HoweverOftenTheyAreAskedFor)
+{
+    EXPECT_EQ(server::keepStandingStubs(), 7u);
+    EXPECT_EQ(server::keepStandingStubs(), 7u);
 }

@@ -1,6 +1,7 @@
 #include "automation/server/class_factory.h"
 
 #include "automation/catch_all.h"
+#include "automation/server/standing_stubs.h"
 #include "automation/unknown.h"
 
 #include <utility>
@@ -45,6 +46,7 @@ ClassFactory::ClassFactory(const CLSID& classId, Creator create, std::function<v
     const auto factory = ComPtr<IClassFactory>::adopt(new Factory(std::move(create), std::move(onLastUnlock)));
     check(CoRegisterClassObject(classId, factory.get(), CLSCTX_LOCAL_SERVER, REGCLS_MULTIPLEUSE, &cookie_),
           L"CoRegisterClassObject");
+    keepStandingStubs();
 }
 
 void ClassFactory::revoke() noexcept
