@@ -66,11 +66,12 @@ const std::map<std::string, std::set<std::string>>& ofWindowsXp()
          "isspace localeconv malloc memchr memcmp memcpy memmove memset modf qsort rand realloc setlocale "
          "signal sprintf strchr strcmp strcpy strerror strlen strncmp strncpy strstr strtol strtoul "
          "vfprintf vsprintf wcschr wcscmp wcslen wcsncmp wcsstr wcstol wcstoul"},
-        {"ole32.dll", "CLSIDFromProgID CLSIDFromString CoAddRefServerProcess CoCreateInstance CoDisconnectObject "
-                      "CoFreeUnusedLibraries CoGetClassObject CoInitializeEx CoInitializeSecurity CoLockObjectExternal "
-                      "CoMarshalInterThreadInterfaceInStream CoRegisterClassObject CoRegisterMessageFilter "
-                      "CoReleaseServerProcess CoResumeClassObjects CoRevokeClassObject CoTaskMemFree CoUninitialize "
-                      "CreateItemMoniker GetRunningObjectTable StringFromGUID2"},
+        {"ole32.dll",
+         "CLSIDFromProgID CLSIDFromString CoAddRefServerProcess CoCreateInstance CoDisconnectObject "
+         "CoFreeUnusedLibraries CoGetClassObject CoInitializeEx CoInitializeSecurity CoLockObjectExternal "
+         "CoMarshalInterThreadInterfaceInStream CoMarshalInterface CoRegisterClassObject CoRegisterMessageFilter "
+         "CoReleaseServerProcess CoResumeClassObjects CoRevokeClassObject CoTaskMemFree CoUninitialize "
+         "CreateItemMoniker CreateStreamOnHGlobal GetRunningObjectTable StringFromGUID2"},
         {"oleaut32.dll", "LoadRegTypeLib LoadTypeLibEx SafeArrayAccessData SafeArrayDestroy SafeArrayGetDim "
                          "SafeArrayGetElemsize SafeArrayGetLBound SafeArrayGetUBound SafeArrayGetVartype SafeArrayLock "
                          "SafeArrayUnaccessData SafeArrayUnlock SysAllocString SysAllocStringLen SysFreeString "

@@ -23,7 +23,9 @@ HWND makeWindow(const char* commandLine)
     const auto parent = reinterpret_cast<HWND>(static_cast<UINT_PTR>(number));
     if (std::strstr(commandLine, "child")) return makeWindow(WS_CHILD | WS_VISIBLE, parent);
     if (std::strstr(commandLine, "hidden")) return makeWindow(WS_CHILD, parent);
-    const HWND window = makeWindow(WS_OVERLAPPEDWINDOW | WS_VISIBLE, nullptr);
+    const HWND window = makeWindow(WS_OVERLAPPEDWINDOW, nullptr);
+    // In front in one step: whoever has seen it there may put another window in front of it.
+    ShowWindow(window, SW_SHOWNOACTIVATE);
     SetForegroundWindow(window);
     return window;
 }
