@@ -2,6 +2,7 @@
 #pragma once
 
 #include "automation/value.h"
+
 #include <functional>
 #include <string>
 

@@ -107,16 +107,16 @@ private:
 bool readRows(const TableAnswer& answer, CandidateRows& candidates)
 {
     // Outlook 2007 refuses a block larger than the whole table.
-    const std::int32_t block = std::min(answer.rows, rowsPerBlock);
+    const std::int32_t blockSize = std::min(answer.rows, rowsPerBlock);
     std::int32_t read = 0;
     while (read < answer.rows) {
-        const TableBlock rows(answer.table.get(L"GetArray", {block}));
-        if (rows.rows() == 0) return false;
-        for (std::size_t row = 0; row < rows.rows(); ++row) {
-            candidates.add(rows, row);
+        const TableBlock block(answer.table.get(L"GetArray", {blockSize}));
+        if (block.rows() == 0) return false;
+        for (std::size_t row = 0; row < block.rows(); ++row) {
+            candidates.add(block, row);
             if (candidates.isUndecided()) return false;
         }
-        read += static_cast<std::int32_t>(rows.rows());
+        read += static_cast<std::int32_t>(block.rows());
     }
     // A table shows what comes while it is read: it may be longer by now.
     return answer.table.get(L"EndOfTable").isTrue();

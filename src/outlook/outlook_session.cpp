@@ -4,7 +4,7 @@ namespace hublink {
 
 using automation::Object;
 
-// Both hold a reference of their own while they call: the session's may be
+// Each holds a reference of its own while it calls: the session's may be
 // replaced meanwhile.
 
 Object contactItems(const OutlookSession& session)

@@ -24,7 +24,8 @@ public:
     void install(const std::wstring& programFolder);
 
     // Reads the general sections. True when all compared switches are as before
-    // ("Histo" is not compared); false otherwise, and when the reading ended early.
+    // ("Histo" is not compared); false otherwise, and when the reading ended early. Whoever
+    // asks here follows the file's time instead and does not look at the result.
     bool ReadConnectorIni();
 
     // Remembers when the file was last changed; whether it has changed since the last

@@ -44,6 +44,8 @@ public:
     void defer(std::function<void()> work) override { window_.defer(std::move(work)); }
 
     FormWindow& window() { return window_; }
+
+    // For who drives the form's parts himself, as its tests do.
     OutlookSession& outlook() { return outlook_; }
     LotusSession& lotus() { return lotus_; }
     SoftphoneSession& softphone() { return softphone_; }

@@ -46,7 +46,7 @@ struct SoftphoneSession {
     automation::Object adressbookPavex;
 
     int repertoryWalkCount = 0; // how often a synchronisation has asked for the count of entries
-    int historyWalkCount = 0;    // and of history items
+    int historyWalkCount = 0;   // and of history items
 };
 
 }

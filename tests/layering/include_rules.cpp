@@ -20,7 +20,7 @@ const std::map<std::string, Rooms>& allowed()
         {"common", {"automation"}},
         {"automation", {}},
         {"convid", {"automation"}},
-        {"check", {"softphone", "outlook", "lotus", "common", "automation", "convid"}},
+        {"check", {"outlook", "lotus", "common", "automation", "convid"}},
         {"setup", {"common", "automation"}},
         {"desk", {"automation"}},
     };
