@@ -17,7 +17,7 @@ std::uint32_t slowCrc32(const std::vector<std::uint8_t>& bytes, std::size_t from
     std::uint32_t value = 0xFFFFFFFFu;
     for (std::size_t index = from; index < bytes.size(); ++index)
         for (int bit = 0; bit < 8; ++bit) {
-            const bool odd = ((value ^ (bytes[index] >> bit)) & 1) != 0;
+            const bool odd = ((value ^ (std::uint32_t{bytes[index]} >> bit)) & 1) != 0;
             value = (value >> 1) ^ (odd ? 0xEDB88320u : 0u);
         }
     return ~value;
