@@ -33,6 +33,15 @@ void exchange(const VARIANT& argument, Value& content) noexcept
     VariantClear(&other);
 }
 
+// What cannot be converted is told as a failure of that argument.
+template <class Result>
+Result converted(const Arguments& arguments, std::size_t index, Result (Value::*convert)() const)
+try {
+    return (arguments.value(index).*convert)();
+} catch (const AutomationError& error) {
+    throw Failure{error.code(), static_cast<unsigned>(index)};
+}
+
 }
 
 const VARIANT& Arguments::argument(std::size_t index) const
@@ -61,38 +70,28 @@ Value Arguments::value(std::size_t index) const
 }
 
 std::wstring Arguments::text(std::size_t index) const
-try {
-    return value(index).text();
-} catch (const AutomationError& error) {
-    throw Failure{error.code(), static_cast<unsigned>(index)};
+{
+    return converted(*this, index, &Value::text);
 }
 
 std::int32_t Arguments::int32(std::size_t index) const
-try {
-    return value(index).int32();
-} catch (const AutomationError& error) {
-    throw Failure{error.code(), static_cast<unsigned>(index)};
+{
+    return converted(*this, index, &Value::int32);
 }
 
 bool Arguments::isTrue(std::size_t index) const
-try {
-    return value(index).isTrue();
-} catch (const AutomationError& error) {
-    throw Failure{error.code(), static_cast<unsigned>(index)};
+{
+    return converted(*this, index, &Value::isTrue);
 }
 
 DATE Arguments::date(std::size_t index) const
-try {
-    return value(index).asDate();
-} catch (const AutomationError& error) {
-    throw Failure{error.code(), static_cast<unsigned>(index)};
+{
+    return converted(*this, index, &Value::asDate);
 }
 
 Object Arguments::object(std::size_t index) const
-try {
-    return value(index).object();
-} catch (const AutomationError& error) {
-    throw Failure{error.code(), static_cast<unsigned>(index)};
+{
+    return converted(*this, index, &Value::object);
 }
 
 void Arguments::write(std::initializer_list<Output> outputs) const
