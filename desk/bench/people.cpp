@@ -80,10 +80,10 @@ std::string historyRecord(int n, int entries)
 
 // See SynchronisationRecords::walked. What the groupware's own filter finds
 // costs no walk: the history's numbers, by then, but for the strangers'.
-unsigned long walkedContacts(int entries, int items)
+std::size_t walkedContacts(int entries, int items)
 {
-    unsigned long all = contactsInSynchronisation;
-    unsigned long walked = 0;
+    std::size_t all = contactsInSynchronisation;
+    std::size_t walked = 0;
     for (int n = 0; n < entries; ++n) // a new one is added at the end
         walked += isKnown(n) ? placeOfKnown(knownNumber(n)) + 1 : ++all;
     for (int n = 0; n < items; ++n)

@@ -37,7 +37,7 @@ struct SynchronisationRecords {
     std::string softphone; // the text of its store
     // How many contacts the walks of a first synchronisation ask for: each walk
     // as far as its contact, or to the end and once more.
-    unsigned long walked = 0;
+    std::size_t walked = 0;
 };
 
 // 150 contacts, `entries` (even, at most 200) of the address book and `items`

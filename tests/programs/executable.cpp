@@ -4,6 +4,7 @@
 
 #include <windows.h>
 
+#include <cstddef>
 #include <cstring>
 #include <stdexcept>
 
@@ -16,12 +17,11 @@ class Image {
 public:
     explicit Image(std::string bytes) : bytes_(std::move(bytes))
     {
-        const auto start = at<IMAGE_DOS_HEADER>(0).e_lfanew;
-        headers_ = at<IMAGE_NT_HEADERS32>(static_cast<DWORD>(start));
+        const auto start = static_cast<std::size_t>(at<IMAGE_DOS_HEADER>(0).e_lfanew);
+        headers_ = at<IMAGE_NT_HEADERS32>(start);
         if (headers_.OptionalHeader.Magic != IMAGE_NT_OPTIONAL_HDR32_MAGIC)
             throw std::runtime_error("no 32-bit program");
-        firstSection_ = static_cast<DWORD>(start) + offsetof(IMAGE_NT_HEADERS32, OptionalHeader) +
-                        headers_.FileHeader.SizeOfOptionalHeader;
+        firstSection_ = start + offsetof(IMAGE_NT_HEADERS32, OptionalHeader) + headers_.FileHeader.SizeOfOptionalHeader;
     }
 
     const IMAGE_OPTIONAL_HEADER32& header() const { return headers_.OptionalHeader; }
@@ -36,7 +36,7 @@ public:
 
 private:
     template <class Type>
-    Type at(DWORD offset) const
+    Type at(std::size_t offset) const
     {
         if (offset + sizeof(Type) > bytes_.size()) throw std::runtime_error("the file ends too early");
         Type found;
@@ -56,7 +56,7 @@ private:
 
     const std::string bytes_;
     IMAGE_NT_HEADERS32 headers_;
-    DWORD firstSection_ = 0;
+    std::size_t firstSection_ = 0;
 };
 
 std::string lowerCase(std::string text)
