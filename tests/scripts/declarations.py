@@ -7,6 +7,7 @@ COMMENT_OR_TEXT = re.compile(r'//[^\n]*|/\*.*?\*/|L?"(?:\\.|[^"\\\n])*"|L?\'(?:\
 DIRECTIVE = re.compile(r"^[ \t]*#(?:\\\n|[^\n])*", re.M)
 TOKEN = re.compile(r"\w[\w']*|::|->|\.\.\.|&&|\|\||[<>=!]=|\S")
 IDENTIFIER = re.compile(r"[A-Za-z_]\w*\Z")
+WINDOWS_METHODS = {"STDMETHODIMP", "STDMETHODIMP_"}
 SCOPE_WORDS = {"namespace", "class", "struct", "union", "enum"}
 ACCESS_WORDS = {"public", "protected", "private"}
 NO_DECLARATION = {"using", "friend", "typedef", "static_assert"}
@@ -80,12 +81,23 @@ def parameter_list(tokens):
     return None
 
 
+def without_pointer(tokens):
+    """A pointer to a function as the function that it points to: f(int) for (*f)(int)."""
+    for place in range(len(tokens) - 3):
+        if tokens[place:place + 2] == ["(", "*"] and tokens[place + 3] == ")":
+            return tokens[:place] + [tokens[place + 2]] + tokens[place + 4:]
+    return tokens
+
+
 def declared_by(tokens, is_public):
     """The names that one declaration introduces."""
     if not tokens or tokens[0] in NO_DECLARATION:
         return
+    if WINDOWS_METHODS & set(tokens[:2]):
+        return  # named by an interface of Windows; "virtual" may stand before it
     if tokens[0] in SCOPE_WORDS and "(" not in tokens and "=" not in tokens:
         return  # announced only
+    tokens = without_pointer(tokens)
     begin = parameter_list(tokens)
     if begin is None:
         for part in parts_of(tokens):

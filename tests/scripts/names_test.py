@@ -7,7 +7,6 @@ from pathlib import Path
 from declarations import declarations_in
 
 root = Path(__file__).resolve().parents[2]
-rooms = ("common", "outlook", "lotus", "softphone", "shell")
 NAME = re.compile(r"`(\w+)`")
 LOWER_CAMEL_CASE = re.compile(r"[a-z][A-Za-z0-9]*\Z")
 HUNGARIAN = re.compile(r"(sz|bg?|nb?|g|h)[A-Z]")
@@ -28,12 +27,11 @@ def listed():
 
 
 def declared(suffixes):
-    """(file, declaration) of all that the rooms declare."""
-    for room in rooms:
-        for file in sorted((root / "src" / room).iterdir()):
-            if file.suffix in suffixes:
-                for one in declarations_in(file.read_text(encoding="utf-8")):
-                    yield file.relative_to(root).as_posix(), one
+    """(file, declaration) of all that the source declares."""
+    for file in sorted((root / "src").rglob("*")):
+        if file.suffix in suffixes:
+            for one in declarations_in(file.read_text(encoding="utf-8")):
+                yield file.relative_to(root).as_posix(), one
 
 
 def is_ours(name, is_public=True):
@@ -77,13 +75,16 @@ class Declarations(unittest.TestCase):
             ~Walk() { Stop(); }
             bool operator==(const Walk& Other) const = default;
             std::function<void(int)> Told = [](int) {};
+            Value (*Handler)(int Code);
+            virtual STDMETHODIMP Next(ULONG Count) override;
+            STDMETHODIMP_(ULONG) AddRef() override { return 1; }
             std::vector<int> SplitAt(const std::map<int, int>& Marks, int at = f(1, 2)) const { return Do(Marks); }
         private:
             int first_, rest_ = 0;
         };"""
-        self.assertEqual(self.names("function", text), ["SplitAt"])
+        self.assertEqual(self.names("function", text), ["Handler", "SplitAt"])
         self.assertEqual(self.names("data", text), ["Told", "first_", "rest_"])
-        self.assertEqual(self.names("parameter", text), ["First", "Marks", "at"])
+        self.assertEqual(self.names("parameter", text), ["First", "Code", "Marks", "at"])
 
     def test_a_source_declares_its_procedures_and_constants_but_nothing_inside_a_body(self):
         text = """namespace house { namespace { // Not(int Told);
