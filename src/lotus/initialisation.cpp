@@ -2,6 +2,7 @@
 
 #include "common/configuration.h"
 #include "common/error_trap.h"
+#include "common/trace.h"
 #include "lotus/installation.h"
 #include "lotus/log_document.h"
 #include "lotus/settings.h"
@@ -12,20 +13,15 @@ namespace {
 
 using automation::Object;
 
-void showTrace(const LotusSession& session, const wchar_t* message)
-{
-    if (session.host.configuration().Trace) session.host.showMessage(message);
-}
-
 void openSession(LotusSession& session)
 {
     session.mailDatabase = Object(); // of the mail file as it was
     if (session.NotesSession) {
-        showTrace(session, L"ReInit lotus");
+        showTrace(session.host, L"ReInit lotus");
         return;
     }
     session.NotesSession = Object::create(L"Notes.Notessession");
-    showTrace(session, L"First Init lotus");
+    showTrace(session.host, L"First Init lotus");
 }
 
 void exchangeEnvironment(LotusSession& session, const Object& notes)
@@ -58,7 +54,7 @@ void openHistory(LotusSession& session)
 
 void recordFailure(LotusSession& session)
 {
-    showTrace(session, L"Pb Init Lotus");
+    showTrace(session.host, L"Pb Init Lotus");
     session.LotusReady = false;
     session.LotusMustInit = true;
     session.NotesSession = Object();

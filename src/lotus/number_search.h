@@ -3,20 +3,12 @@
 #pragma once
 
 #include "common/show.h"
+#include "lotus/lotus_person.h"
 #include "lotus/lotus_session.h"
 
 #include <string>
 
 namespace hublink {
-
-// What a search finds out about a person.
-struct LotusPerson {
-    std::wstring lastName;
-    std::wstring firstName;
-    std::wstring fullName;
-    std::wstring mail;
-    std::wstring noteId;
-};
 
 // Whether enough of the wanted fields ("LastName", "FirstName",
 // "InternetAddress", "FullName", separated by commas) are filled: all but one

@@ -6,7 +6,8 @@
 // that is older than two seconds, unless the book says that it has not changed since.
 #pragma once
 
-#include "lotus/number_search.h"
+#include "lotus/lotus_person.h"
+#include "lotus/lotus_session.h"
 
 #include <map>
 #include <memory>

@@ -3,6 +3,7 @@
 #include "common/configuration.h"
 #include "common/dictionary.h"
 #include "common/error_trap.h"
+#include "common/trace.h"
 #include "outlook/settings.h"
 
 #include <utility>
@@ -13,20 +14,15 @@ namespace {
 
 using automation::Object;
 
-void showTrace(const OutlookSession& session, const wchar_t* message)
-{
-    if (session.host.configuration().Trace) session.host.showMessage(message);
-}
-
 void openApplication(OutlookSession& session)
 {
     if (session.OutlookApp) {
-        showTrace(session, L"ReInit Outlook");
+        showTrace(session.host, L"ReInit Outlook");
         return;
     }
     session.OutlookApp = Object::create(L"outlook.application");
     session.idCaches = OutlookIdCaches();
-    showTrace(session, L"First Init Outlook");
+    showTrace(session.host, L"First Init Outlook");
 }
 
 Object defaultFolder(const Object& nameSpace, OutlookFolder folder)
@@ -52,7 +48,7 @@ void loadDictionary(OutlookSession& session)
 
 void recordFailure(OutlookSession& session)
 {
-    showTrace(session, L"Pb Init Outlook");
+    showTrace(session.host, L"Pb Init Outlook");
     session.OutlookApp = Object();
     session.bOutlookInit = false;
     countInitFailure(session.groupware, session.host);

@@ -3,6 +3,7 @@
 #include "automation/conversion.h"
 #include "common/error_trap.h"
 #include "common/installation.h"
+#include "common/trace.h"
 #include "lotus/initialisation.h"
 #include "lotus/log_document.h"
 #include "outlook/log_item.h"
@@ -47,7 +48,7 @@ void Hublink::WriteLog(const std::wstring& line) noexcept
     trapErrors([&] {
         if (lotus_.LotusReady) WriteLotusLog(lotus_, line);
         if (outlook_.bOutlookInit) LogToOutlookJournal(outlook_, line);
-        if (configuration_.Trace) showMessage(line);
+        showTrace(*this, line);
     });
 }
 

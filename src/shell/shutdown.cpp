@@ -3,6 +3,7 @@
 #include "common/configuration.h"
 #include "common/error_trap.h"
 #include "common/scoped_flag.h"
+#include "common/trace.h"
 #include "outlook/initialisation.h"
 #include "shell/call_readiness.h"
 #include "shell/desktop.h"
@@ -63,7 +64,7 @@ void Shutdown::StopAll()
         if (!std::exchange(mapServerWasNotified_, true)) closeIdentifierMap(session_);
         const ScopedFlag ending(isEnding_); // the box lets ticks through
         icon_.remove();
-        if (configuration_.Trace) session_.host.showMessage(L"The End !!!");
+        showTrace(session_.host, L"The End !!!");
         desktop_.endProcess();
     });
 }

@@ -1,5 +1,6 @@
 """The pictures of docs/architecture.md show the rooms and steps as they are."""
 import importlib.util
+import re
 import tempfile
 import unittest
 from pathlib import Path
@@ -8,6 +9,15 @@ root = Path(__file__).resolve().parents[2]
 description = importlib.util.spec_from_file_location("pictures", root / "scripts/pictures.py")
 pictures = importlib.util.module_from_spec(description)
 description.loader.exec_module(pictures)
+
+
+def direct_links(room):
+    text = (root / "src" / room / "CMakeLists.txt").read_text(encoding="utf-8")
+    return re.search(r"\bUSES ([\w ]+)\)", text)[1].split()
+
+
+def reached(room, linked):
+    return linked[room].union(*(reached(used, linked) for used in linked[room]))
 
 
 class Pictures(unittest.TestCase):
@@ -23,6 +33,13 @@ class Pictures(unittest.TestCase):
         rules = (root / "tests/layering/include_rules.cpp").read_text(encoding="utf-8")
         folders = {folder.name for folder in (root / "src").iterdir() if folder.is_dir()} | {"desk"}
         self.assertEqual(set(pictures.rooms_of(rules)), folders)
+
+    def test_rooms_that_a_room_may_use_are_those_that_it_is_linked_with(self):
+        rules = pictures.rooms_of((root / "tests/layering/include_rules.cpp").read_text(encoding="utf-8"))
+        rules.pop("desk")
+        linked = {room: set(direct_links(room)) & set(rules) for room in rules}
+        self.assertEqual({room: reached(room, linked) for room in rules},
+                         {room: set(used) for room, used in rules.items()})
 
     def test_room_that_is_reached_through_another_gets_no_arrow(self):
         rooms = {"a": ["b", "c"], "b": ["c"], "c": []}
