@@ -9,7 +9,7 @@ set -euo pipefail
 packages=(
     g++-mingw-w64-i686-win32 mingw-w64-tools cmake ninja-build googletest
     wine wine32:i386 fonts-wine fonts-liberation
-    wixl msitools python3
+    wixl msitools osslsigncode openssl python3
     xvfb xauth x11-utils xdotool imagemagick procps util-linux
 )
 what="the compiler, the packager, Wine and a virtual screen (about a minute, 300 MB)"
