@@ -7,7 +7,7 @@ ROOMS = ("shell", "softphone", "outlook", "lotus", "common")
 
 # Whatever becomes a line of the log, or the text of a box, is an argument of one of these
 # or stands beside the flags of a message box.
-SINKS = ("WriteLog", "WriteLotusLog", "LogToOutlookJournal", "showMessage", "logNoAccess")
+SINKS = ("WriteLog", "WriteLotusLog", "LogToOutlookJournal", "showTrace", "logNoAccess")
 
 NARROW = r'"((?:[^"\\]|\\.)*)"'
 WIDE = r'L"((?:[^"\\]|\\.)*)"'
