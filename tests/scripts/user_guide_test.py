@@ -16,10 +16,13 @@ TRIED = {
     r"msiexec /i hublink-<version>.msi /qn TYPE=OUTLOOK,LOTUS POPUP=true LANGUAGE=1036":
         ("TYPE=OUTLOOK,LOTUS POPUP=", "LANGUAGE=1036", "/qn"),
     r"HublinkCheck": ("HublinkCheck.exe",),
-    r"HublinkCheck --save report.txt": ("--save",),
+    r'HublinkCheck --save "%USERPROFILE%\report.txt"': ("--save",),
     r"HublinkCheck --map": ("--map",),
     r"HKLM\SOFTWARE\Microsoft\Windows\CurrentVersion\App Paths\Pavex.exe":
         (r"SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\App Paths\\Pavex.exe",),
+    r"HKLM\SOFTWARE\Microsoft\Exchange\Client\Extensions":
+        (r"SOFTWARE\\Microsoft\\Exchange\\Client\\Extensions",),
+    r"HKCU\Software\Classes": (r"Software\\Classes\\PavexConvId.OrvelConvertId",),
     r"HKLM\SOFTWARE\Hublink": (r'L"SOFTWARE\\Hublink"',),
     r"Connector\pavexconnector.ini": (r"Connector\\pavexconnector.ini",),
     r"%APPDATA%\Hublink": (r"\\Hublink\\identifiers.map",),
