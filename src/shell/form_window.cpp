@@ -20,6 +20,14 @@ constexpr UINT_PTR retryTimer = 2;
 constexpr automation::Milliseconds retryInterval = 20;
 constexpr automation::Milliseconds longCallTimeout = 1'000;
 
+// In the size in which the notification area shows it: scaled down from the larger
+// image it would be blurred. Nothing else shows it, for the form is hidden.
+HICON formIcon(HINSTANCE program)
+{
+    return static_cast<HICON>(LoadImageW(program, MAKEINTRESOURCEW(IDI_HUBLINK), IMAGE_ICON,
+                                         GetSystemMetrics(SM_CXSMICON), GetSystemMetrics(SM_CYSMICON), LR_SHARED));
+}
+
 }
 
 FormWindow::FormWindow(FormEvents& events) : events_(events)
@@ -28,7 +36,7 @@ FormWindow::FormWindow(FormEvents& events) : events_(events)
     WNDCLASSW description{};
     description.lpfnWndProc = procedure;
     description.hInstance = program;
-    description.hIcon = LoadIconW(program, MAKEINTRESOURCEW(IDI_HUBLINK));
+    description.hIcon = formIcon(program);
     description.lpszClassName = className;
     RegisterClassW(&description); // fails harmlessly when it is registered already
     window_ = CreateWindowW(className, L"Hublink", WS_OVERLAPPED, 0, 0, 0, 0, nullptr, nullptr, program, this);

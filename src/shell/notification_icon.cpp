@@ -2,7 +2,6 @@
 
 #include "shell/desktop.h"
 #include "shell/form_window.h"
-#include "shell/resources.h"
 
 #include <shellapi.h>
 
@@ -23,7 +22,7 @@ NotificationIcon::~NotificationIcon()
 
 void NotificationIcon::AddTrayIcon()
 {
-    const HICON icon = LoadIconW(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(IDI_HUBLINK));
+    const auto icon = reinterpret_cast<HICON>(GetClassLongPtrW(form_, GCLP_HICON));
     record_ = FillTrayIconData(form_, 1, NIF_MESSAGE | NIF_ICON | NIF_TIP, WM_MOUSEMOVE, icon, "Orvel - Hublink\0"s);
     attemptsLeft_ = 1 + ticksPerMinute;
     retryAdd();

@@ -79,16 +79,16 @@ const std::map<std::string, std::set<std::string>>& ofWindowsXp()
                          "VarI2FromStr VarI4FromStr VariantChangeType VariantChangeTypeEx VariantClear VariantCopy "
                          "VariantCopyInd VariantInit VariantTimeToSystemTime VarR8FromStr"},
         {"shell32.dll", "CommandLineToArgvW Shell_NotifyIconA SHGetFolderPathW"},
-        {"user32.dll",
-         "CharLowerBuffW ClientToScreen CreateWindowExW DefWindowProcW DestroyWindow DispatchMessageW "
-         "EndDialog EndMenu EnumChildWindows EnumThreadWindows EnumWindows FindWindowExW FindWindowW "
-         "GetAncestor GetClassNameW GetDC GetDesktopWindow GetForegroundWindow GetMessageW GetParent GetQueueStatus "
-         "GetWindow GetWindowLongW GetWindowRect GetWindowThreadProcessId InSendMessage InSendMessageEx "
-         "IsCharAlphaNumericW "
-         "IsWindow IsWindowVisible KillTimer LoadIconW MessageBoxW MsgWaitForMultipleObjects "
-         "MsgWaitForMultipleObjectsEx PeekMessageW PostMessageW PostQuitMessage PostThreadMessageW "
-         "RegisterClassW ReleaseDC ReplyMessage SendMessageTimeoutW SendMessageW SetForegroundWindow "
-         "SetTimer SetWindowLongW TranslateMessage UnregisterClassW wsprintfW"},
+        {"user32.dll", "CharLowerBuffW ClientToScreen CreateWindowExW DefWindowProcW DestroyWindow DispatchMessageW "
+                       "EndDialog EndMenu EnumChildWindows EnumThreadWindows EnumWindows FindWindowExW FindWindowW "
+                       "GetAncestor GetClassLongW GetClassNameW GetDC GetDesktopWindow GetForegroundWindow GetMessageW "
+                       "GetParent GetQueueStatus "
+                       "GetWindow GetWindowLongW GetWindowRect GetWindowThreadProcessId InSendMessage InSendMessageEx "
+                       "GetSystemMetrics IsCharAlphaNumericW "
+                       "IsWindow IsWindowVisible KillTimer LoadImageW MessageBoxW MsgWaitForMultipleObjects "
+                       "MsgWaitForMultipleObjectsEx PeekMessageW PostMessageW PostQuitMessage PostThreadMessageW "
+                       "RegisterClassW ReleaseDC ReplyMessage SendMessageTimeoutW SendMessageW SetForegroundWindow "
+                       "SetTimer SetWindowLongW TranslateMessage UnregisterClassW wsprintfW"},
         {"userenv.dll", "CreateEnvironmentBlock DestroyEnvironmentBlock"},
         {"wtsapi32.dll", "WTSQueryUserToken"},
     };

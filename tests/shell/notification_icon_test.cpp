@@ -39,6 +39,19 @@ TEST_F(Icon, Record_IsThatOfTheForm)
               std::string("Orvel - Hublink\0", 16) + std::string(48, ' '));
 }
 
+TEST_F(Icon, Image_IsTheOneDrawnForTheNotificationArea)
+{
+    load();
+    ICONINFO parts{};
+    ASSERT_TRUE(GetIconInfo(form().icon().record().hIcon, &parts));
+    BITMAP image{};
+    EXPECT_NE(GetObjectW(parts.hbmColor, sizeof image, &image), 0);
+    DeleteObject(parts.hbmColor);
+    DeleteObject(parts.hbmMask);
+    EXPECT_EQ(image.bmWidth, GetSystemMetrics(SM_CXSMICON));
+    EXPECT_EQ(image.bmHeight, GetSystemMetrics(SM_CYSMICON));
+}
+
 TEST_F(Icon, RefusedAtTheStart_IsOfferedAgainAtTheTicks_UntilItStands)
 {
     int offers = 0;
