@@ -25,8 +25,8 @@ ActionData dataOfEarlierAction(const Package& package)
 
 void stop(const Package& package)
 {
+    if (!isHublinkRunning()) return;
     const std::vector<DWORD> sessions = sessionsOfHublink();
-    if (sessions.empty()) return;
     package.log(L"it runs and is asked to stop");
     if (!stopHublink()) package.log(L"it has not stopped: its files are replaced when the computer restarts");
     ActionData data;

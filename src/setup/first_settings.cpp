@@ -10,6 +10,7 @@ namespace hublink::setup {
 
 namespace {
 
+constexpr const wchar_t* programKey = L"SOFTWARE\\Hublink";
 constexpr const wchar_t* settingsKey = L"SOFTWARE\\Hublink\\Settings";
 constexpr const wchar_t* madeFolderName = L"Connector folder";
 
@@ -18,7 +19,15 @@ void require(LSTATUS result, const char* what)
     if (result != ERROR_SUCCESS) throw std::runtime_error(std::string(what) + ": error " + std::to_string(result));
 }
 
+// Empty when nothing is remembered.
 automation::RegistryKey rememberedKey()
+{
+    HKEY opened = nullptr;
+    RegOpenKeyExW(HKEY_LOCAL_MACHINE, settingsKey, 0, KEY_READ, &opened);
+    return automation::RegistryKey(opened);
+}
+
+automation::RegistryKey keyToRemember()
 {
     HKEY opened = nullptr;
     require(RegCreateKeyExW(HKEY_LOCAL_MACHINE, settingsKey, 0, nullptr, 0, KEY_READ | KEY_WRITE, nullptr, &opened,
@@ -38,11 +47,23 @@ std::wstring stored(const automation::RegistryKey& key, const wchar_t* name)
 {
     DWORD size = 0;
     DWORD type = REG_NONE;
+    if (!key) return {};
     if (RegQueryValueExW(key.get(), name, nullptr, &type, nullptr, &size) != ERROR_SUCCESS || type != REG_SZ) return {};
     std::wstring value(size / sizeof(wchar_t), L'\0');
     require(RegQueryValueExW(key.get(), name, nullptr, nullptr, reinterpret_cast<BYTE*>(value.data()), &size),
             "a remembered setting cannot be read");
     return value.substr(0, value.find(L'\0'));
+}
+
+bool isEmpty(const wchar_t* name)
+{
+    HKEY opened = nullptr;
+    if (RegOpenKeyExW(HKEY_LOCAL_MACHINE, name, 0, KEY_READ, &opened) != ERROR_SUCCESS) return false;
+    const automation::RegistryKey key(opened);
+    DWORD keys = 0, values = 0;
+    return RegQueryInfoKeyW(key.get(), nullptr, nullptr, nullptr, &keys, nullptr, nullptr, &values, nullptr, nullptr,
+                            nullptr, nullptr) == ERROR_SUCCESS &&
+           keys == 0 && values == 0;
 }
 
 }
@@ -73,20 +94,28 @@ void writeInto(const std::wstring& iniFile, const ActionData& data)
     }
 }
 
-ActionData remember(const ActionData& given)
+ActionData withRemembered(const ActionData& given)
 {
     const automation::RegistryKey key = rememberedKey();
     ActionData all;
     for (const Setting& each : settingProperties()) {
-        if (const std::wstring value = given.value(each.property); !value.empty()) store(key, each.property, value);
-        if (const std::wstring known = stored(key, each.property); !known.empty()) all.add(each.property, known);
+        std::wstring value = given.value(each.property);
+        if (value.empty()) value = stored(key, each.property);
+        if (!value.empty()) all.add(each.property, value);
     }
     return all;
 }
 
+void remember(const ActionData& given)
+{
+    for (const Setting& each : settingProperties())
+        if (const std::wstring value = given.value(each.property); !value.empty())
+            store(keyToRemember(), each.property, value);
+}
+
 void rememberMadeFolder(const std::wstring& folder)
 {
-    store(rememberedKey(), madeFolderName, folder);
+    store(keyToRemember(), madeFolderName, folder);
 }
 
 std::wstring madeFolder()
@@ -97,6 +126,7 @@ std::wstring madeFolder()
 void forgetAll()
 {
     RegDeleteKeyW(HKEY_LOCAL_MACHINE, settingsKey);
+    if (isEmpty(programKey)) RegDeleteKeyW(HKEY_LOCAL_MACHINE, programKey);
 }
 
 }

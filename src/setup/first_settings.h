@@ -22,10 +22,14 @@ void addGiven(const Package& package, ActionData& data);
 // Writes the settings of `data` into the ini file. Throws std::runtime_error when it cannot be written.
 void writeInto(const std::wstring& iniFile, const ActionData& data);
 
-// Remembers those of `given`; returns all that are remembered now.
-ActionData remember(const ActionData& given);
+// Those of `given`, and for the others what is remembered.
+ActionData withRemembered(const ActionData& given);
+
+// Remembers those of `given`. Throws std::runtime_error when it cannot.
+void remember(const ActionData& given);
 
 // The folder "Connector" that an installation had to make: "" when the softphone had it.
+// Remembering throws std::runtime_error when it cannot.
 void rememberMadeFolder(const std::wstring& folder);
 std::wstring madeFolder();
 

@@ -42,12 +42,55 @@ void replace(const std::wstring& file, const std::wstring& by)
     SetFileAttributesW(file.c_str(), FILE_ATTRIBUTE_NORMAL);
 }
 
-void makeConnectorFolder(const std::wstring& folder)
+// What an installation makes in the softphone's folder: gone again unless it is kept.
+class MadePlace {
+public:
+    MadePlace() = default;
+    MadePlace(const MadePlace&) = delete;
+    MadePlace& operator=(const MadePlace&) = delete;
+    ~MadePlace()
+    {
+        if (!file_.empty()) DeleteFileW(file_.c_str());
+        if (!folder_.empty()) RemoveDirectoryW(folder_.c_str());
+    }
+
+    void makeFolder(const std::wstring& folder)
+    {
+        if (CreateDirectoryW(folder.c_str(), nullptr)) folder_ = folder;
+        else if (GetLastError() != ERROR_ALREADY_EXISTS)
+            throw std::runtime_error("cannot make " + automation::toAnsi(folder) + ": error " +
+                                     std::to_string(GetLastError()));
+    }
+
+    void makeFile(const std::wstring& file, const std::wstring& defaults)
+    {
+        file_ = file;
+        replace(file, defaults);
+        letUsersChange(file);
+    }
+
+    void keep()
+    {
+        if (!folder_.empty()) rememberMadeFolder(folder_);
+        folder_.clear();
+        file_.clear();
+    }
+
+private:
+    std::wstring folder_;
+    std::wstring file_;
+};
+
+// Windows Installer takes a file that was changed after it was created for one that its
+// user has edited, and an upgrade would leave it (vendor's reference, "File Versioning Rules").
+void passAsUnedited(const std::wstring& file)
 {
-    if (CreateDirectoryW(folder.c_str(), nullptr)) rememberMadeFolder(folder);
-    else if (GetLastError() != ERROR_ALREADY_EXISTS)
-        throw std::runtime_error("cannot make " + automation::toAnsi(folder) + ": error " +
-                                 std::to_string(GetLastError()));
+    const automation::Handle opened =
+        automation::ownedIfValid(CreateFileW(file.c_str(), FILE_READ_ATTRIBUTES | FILE_WRITE_ATTRIBUTES,
+                                             FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr, OPEN_EXISTING, 0, nullptr));
+    FILETIME changed;
+    if (opened && GetFileTime(opened.get(), nullptr, nullptr, &changed))
+        SetFileTime(opened.get(), &changed, nullptr, nullptr);
 }
 
 }
@@ -63,19 +106,18 @@ bool isAsInstalled(const std::wstring& programFolder)
 void installSettings(const std::wstring& programFolder, bool wasAsInstalled, const ActionData& given)
 {
     const std::wstring defaults = fileIn(programFolder);
-    writeInto(defaults, remember(given));
-    const std::wstring folder = connectorFolderHere();
-    if (folder.empty()) return;
-    makeConnectorFolder(folder);
-    const std::wstring file = fileIn(folder);
-    if (!FileExist(file)) {
-        replace(file, defaults);
-        letUsersChange(file);
-    } else if (wasAsInstalled) {
-        replace(file, defaults); // its rights stay
-    } else {
-        writeInto(file, given);
+    writeInto(defaults, withRemembered(given));
+    passAsUnedited(defaults);
+    MadePlace made;
+    if (const std::wstring folder = connectorFolderHere(); !folder.empty()) {
+        made.makeFolder(folder);
+        const std::wstring file = fileIn(folder);
+        if (!FileExist(file)) made.makeFile(file, defaults);
+        else if (wasAsInstalled) replace(file, defaults); // its rights stay
+        else writeInto(file, given);
     }
+    remember(given);
+    made.keep();
 }
 
 void removeSettings(bool wasAsInstalled)

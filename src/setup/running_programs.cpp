@@ -104,6 +104,11 @@ bool isOwnSession(DWORD session)
 
 }
 
+bool isHublinkRunning()
+{
+    return !processIdsOf(hublinkProgram).empty();
+}
+
 std::vector<DWORD> sessionsOfHublink()
 {
     std::vector<DWORD> sessions;
@@ -131,7 +136,7 @@ bool stopHublink()
 
 bool endMapServers()
 {
-    if (!processIdsOf(hublinkProgram).empty()) return false;
+    if (isHublinkRunning()) return false;
     return waitUntilEnded(mapServerProgram, mapServerTimeout, [] {
         for (const DWORD process : processIdsOf(mapServerProgram)) automation::server::requestEnd(process);
     });

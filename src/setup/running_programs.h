@@ -10,7 +10,10 @@
 
 namespace hublink::setup {
 
-// The sessions in which it runs.
+// In any session.
+bool isHublinkRunning();
+
+// The sessions in which it runs, as far as Windows tells them.
 std::vector<DWORD> sessionsOfHublink();
 
 // Asks it to stop, through "kill" in the ini file, and waits until it has ended in

@@ -104,8 +104,23 @@ TEST_F(Installation, SettingsThatCannotBeWritten_UndoIt)
 {
     installSoftphone();
     support::writeFile(softphone + L"\\Connector", "a file where the folder should be");
-    EXPECT_EQ(install(thisPackage()), refused);
+    EXPECT_EQ(install(thisPackage(), L"TYPE=LOTUS POPUP=false"), refused);
     EXPECT_EQ(installedVersions(), std::multiset<std::wstring>{});
+    EXPECT_FALSE(isKey(L"SOFTWARE\\Hublink"));
+    ASSERT_TRUE(DeleteFileW((softphone + L"\\Connector").c_str()));
+    ASSERT_EQ(install(thisPackage()), succeeded) << log();
+    EXPECT_EQ(ini("AllApplication", "PopUp"), "true") << "nothing was remembered";
+}
+
+TEST_F(Installation, IniFileThatCannotBeWritten_LeavesNoSettingBehind)
+{
+    installSoftphone();
+    const std::wstring made = softphone + L"\\Connector";
+    desk::player::makeFolder(made);
+    desk::player::makeFolder(iniFile()); // counts as a file that is there
+    EXPECT_EQ(install(thisPackage(), L"TYPE=LOTUS"), refused);
+    EXPECT_EQ(filesBelow(made), std::set<std::wstring>{});
+    EXPECT_FALSE(isKey(L"SOFTWARE\\Hublink"));
 }
 
 TEST_F(Repair, MissingFilesAndRegistryRows_ComeBack_TheEditedIniFileStays)
@@ -130,8 +145,7 @@ TEST_F(Removal, UneditedIniFile_GoesWithAllTheRest)
     EXPECT_FALSE(exists(folder));
     EXPECT_FALSE(exists(softphone + L"\\Connector"));
     EXPECT_TRUE(exists(softphone));
-    EXPECT_EQ(registryText(HKEY_LOCAL_MACHINE, L"SOFTWARE\\Hublink", L"Folder"), std::nullopt);
-    EXPECT_EQ(registryText(HKEY_LOCAL_MACHINE, L"SOFTWARE\\Hublink\\Settings", L"TYPE"), std::nullopt);
+    EXPECT_FALSE(isKey(L"SOFTWARE\\Hublink"));
     EXPECT_EQ(registryText(HKEY_LOCAL_MACHINE, runKey, L"Hublink"), std::nullopt);
     EXPECT_EQ(registryText(HKEY_LOCAL_MACHINE, mapClassKey, L""), std::nullopt);
     EXPECT_EQ(registryText(HKEY_LOCAL_MACHINE, mapServerKey, L""), std::nullopt);

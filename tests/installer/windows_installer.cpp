@@ -161,6 +161,15 @@ std::optional<std::wstring> registryText(HKEY root, const std::wstring& key, con
     return text;
 }
 
+bool isKey(const std::wstring& belowLocalMachine)
+{
+    HKEY opened = nullptr;
+    if (RegOpenKeyExW(HKEY_LOCAL_MACHINE, belowLocalMachine.c_str(), 0, KEY_READ, &opened) != ERROR_SUCCESS)
+        return false;
+    RegCloseKey(opened);
+    return true;
+}
+
 void setRegistryText(HKEY root, const std::wstring& key, const std::wstring& name, const std::wstring& value)
 {
     desk::player::setRegistryText(root, key.c_str(), name.c_str(), value);

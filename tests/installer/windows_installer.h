@@ -36,6 +36,7 @@ std::set<std::wstring> filesBelow(const std::wstring& folder);
 
 // Nothing for a value, or a key, that is not there. The default value has the name "".
 std::optional<std::wstring> registryText(HKEY root, const std::wstring& key, const std::wstring& name);
+bool isKey(const std::wstring& belowLocalMachine);
 void setRegistryText(HKEY root, const std::wstring& key, const std::wstring& name, const std::wstring& value);
 
 // The versions of Hublink in the list of installed programs.

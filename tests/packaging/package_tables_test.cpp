@@ -64,6 +64,7 @@ constexpr int fromPackage = 1;
 constexpr int inScript = 0x400;
 constexpr int asSystem = 0x800;
 constexpr int onFailureOnly = 0x100;
+constexpr int onceItIsDone = 0x200;
 constexpr int goesOn = 0x40;
 
 }
@@ -96,11 +97,17 @@ TEST(PackageTables, WhatChangesTheComputer_RunsWithTheSystemsRights)
     const auto type = [](const std::wstring& action) {
         return std::stoi(only(L"SELECT `Type` FROM `CustomAction` WHERE `Action` = '" + action + L"'"));
     };
-    for (const wchar_t* action : {L"EndMapServer", L"WriteSettings", L"RemoveSettings"})
+    for (const wchar_t* action : {L"EndMapServer", L"WriteSettings"})
         EXPECT_EQ(type(action), fromPackage | inScript | asSystem) << automation::toAnsi(action);
+    EXPECT_EQ(type(L"RemoveSettings"), fromPackage | inScript | asSystem | onceItIsDone);
     EXPECT_EQ(type(L"StartHublink"), fromPackage | inScript | asSystem | goesOn);
     EXPECT_EQ(type(L"StartHublinkAgain"), fromPackage | inScript | asSystem | goesOn | onFailureOnly);
     EXPECT_EQ(type(L"StopHublink"), fromPackage);
+}
+
+TEST(PackageTables, AnotherBuildOfTheSameVersion_ReplacesItsFiles)
+{
+    EXPECT_EQ(property(L"REINSTALLMODE"), L"emus");
 }
 
 TEST(PackageTables, NoProgramIsClosedByForce_NoComputerRestartsUnasked)
