@@ -59,9 +59,9 @@ def box(x, y, width, height, fill):
     return f'<rect x="{x:g}" y="{y:g}" width="{width}" height="{height}" rx="6" fill="{fill}" stroke="{LINE}"/>'
 
 
-def arrow(x1, y1, x2, y2):
-    return (f'<line x1="{x1:g}" y1="{y1:g}" x2="{x2:g}" y2="{y2:g}" stroke="{LINE}" stroke-width="1.4" '
-            f'marker-end="url(#head)"/>')
+def arrow(*points):
+    way = " ".join(f"{x:g},{y:g}" for x, y in points)
+    return f'<polyline points="{way}" fill="none" stroke="{LINE}" stroke-width="1.4" marker-end="url(#head)"/>'
 
 
 def picture(width, height, title, parts):
@@ -89,7 +89,14 @@ def draw_rooms(rules):
     for room in rooms:
         for used in direct(room, rooms):
             (x1, y1), (x2, y2) = place[room], place[used]
-            parts.append(arrow(x1 + wide / 2, y1 + high, x2 + wide / 2 + (x1 - x2) / 12, y2 - 2))
+            way = [(x1 + wide / 2, y1 + high)]
+            for row in rows:  # those that it passes: through the gap that is nearest
+                left, top = place[row[0]]
+                if y1 < top < y2:
+                    gaps = [left - gap / 2 + index * (wide + gap) for index in range(len(row) + 1)]
+                    nearest = min(gaps, key=lambda middle: abs(middle - way[0][0]))
+                    way += [(nearest, top), (nearest, top + high)]
+            parts.append(arrow(*way, (x2 + wide / 2 + (x1 - x2) / 12, y2 - 2)))
     for room, (x, y) in place.items():
         name = room + (f" → {PROGRAM[room]}" if room in PROGRAM else "")
         parts += [box(x, y, wide, high, ROOM), text(x + wide / 2, y + 24, name, 15, weight="600"),
@@ -132,7 +139,7 @@ def draw_call(script):
                          f'marker-end="url(#head)"/>')
             parts.append(text(x1 + 42, y, words, 12, "start"))
             continue
-        parts.append(arrow(x1, y, x2 - (3 if x2 > x1 else -3), y))
+        parts.append(arrow((x1, y), (x2 - (3 if x2 > x1 else -3), y)))
         span = len(words) * 6.2
         parts.append(f'<rect x="{label - span / 2:g}" y="{y - 19:g}" width="{span:g}" height="15" fill="#ffffff" '
                      f'opacity="0.85"/>')
