@@ -181,7 +181,7 @@ constinit const Texts french{
                        L"Revenez à l'Outlook classique, et gardez-le ouvert."},
     },
     .map{
-        .title = L"Table des identifiants",
+        .title = L"Table de correspondance",
         .registersItself = {L"Le serveur de la table n'est pas encore enregistré.",
                             L"Rien : Hublink enregistre {1} à son premier lancement."},
         .otherServer = {L"Le serveur de la table est un autre programme, {1}. Sa table n'est pas celle qui suit.",
@@ -244,8 +244,8 @@ constinit const Texts french{
             {L"Cet utilisateur ne peut écrire dans le fichier ini {1}.",
              L"Rien, si un administrateur tient les paramètres : seul l'arrêt par « kill » manque à l'utilisateur."},
         .mapFolder = {L"Cet utilisateur ne peut écrire dans {1}.",
-                      L"Permettez-le : sans la table des identifiants, chaque lancement recopie tout."},
-        .mapFile = {L"Cet utilisateur ne peut écrire dans la table des identifiants {1}.",
+                      L"Permettez-le : sans la table de correspondance, chaque lancement recopie tout."},
+        .mapFile = {L"Cet utilisateur ne peut écrire dans la table de correspondance {1}.",
                     L"Permettez-le, et retirez toute protection en écriture : sinon, chaque lancement recopie tout."},
         .extensionKey =
             {L"« Extension » est actif, mais cet utilisateur ne peut l'enregistrer dans HKEY_LOCAL_MACHINE\\"
