@@ -113,6 +113,7 @@ void Morning::playForwardedCall()
     narrator_.step(L"0123456789 calls and is forwarded to 4711, Claire Petit, who has a mail address.");
     ring(L"Number=0123456789 Incoming=true DestinationNumber=4711");
     for (const auto& side : sides_) side->expectMessage();
+    for (const auto& side : sides_) side->bringMessageToFront();
     takePicture(L"desk-forwarded");
     countCalls();
 }

@@ -112,6 +112,12 @@ void NotesSide::expectMessage()
     narrator_.expect(opens(L"Sales", L"read"), L"Notes: the calendar of the group in which Claire Petit works is open");
 }
 
+void NotesSide::bringMessageToFront()
+{
+    opens(L"Marc Durand/Acme", L"read");
+    bringToFront(L"Marc Durand - Lotus Notes");
+}
+
 void NotesSide::editSetting()
 {
     desk_.setIni("lotus", "PopUpGrpwAgenda", "false");

@@ -7,6 +7,12 @@
 
 namespace desk::player {
 
+namespace {
+
+const std::wstring callbackSubject = L"Please call Marc Durand back at 0123456789";
+
+}
+
 void OutlookSide::start()
 {
     desk_.startOutlook(morningContacts());
@@ -71,14 +77,19 @@ void OutlookSide::expectStranger()
 
 void OutlookSide::expectMessage()
 {
-    const std::wstring subject = L"Please call Marc Durand back at 0123456789";
-    narrator_.expect(desk_.outlookShows(subject + L" - Message"),
-                     L"Outlook: a mail \"" + subject + L"\" is on the screen");
-    const auto mail = desk_.record(L"mails", L"Subject", subject);
+    narrator_.expect(desk_.outlookShows(callbackSubject + L" - Message"),
+                     L"Outlook: a mail \"" + callbackSubject + L"\" is on the screen");
+    const auto mail = desk_.record(L"mails", L"Subject", callbackSubject);
     const std::wstring* to = mail ? mail->find(L"To") : nullptr;
     const std::wstring* body = mail ? mail->find(L"Body") : nullptr;
     narrator_.expect(to && *to == L"claire.petit@example.com" && (!body || body->empty()),
                      L"Outlook: it is addressed to claire.petit@example.com and its body is empty");
+}
+
+void OutlookSide::bringMessageToFront()
+{
+    desk_.outlookShows(L"Marc Durand - Contact");
+    bringToFront(callbackSubject + L" - Message");
 }
 
 void OutlookSide::editSetting()

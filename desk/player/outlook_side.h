@@ -24,6 +24,7 @@ public:
     void expectKnownCaller() override;
     void expectStranger() override;
     void expectMessage() override;
+    void bringMessageToFront() override;
     void expectChangedMessage() override;
     void expectReadAgain() override;
     void editSetting() override;

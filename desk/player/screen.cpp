@@ -119,6 +119,12 @@ std::vector<std::wstring> windowTitles(DWORD processId)
     return search.titles;
 }
 
+void bringToFront(const std::wstring& title)
+{
+    if (const HWND window = FindWindowW(nullptr, title.c_str()))
+        SetWindowPos(window, HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
+}
+
 void takePicture(const std::wstring& file)
 {
     const int width = GetSystemMetrics(SM_CXSCREEN);

@@ -31,6 +31,10 @@ void clickButton(const MessageBoxSeen& box, int button);
 // Titles of the visible top-level windows of a process.
 std::vector<std::wstring> windowTitles(DWORD processId);
 
+// Brings the window with that title in front of the others, if there is one; which one is
+// active stays as it is.
+void bringToFront(const std::wstring& title);
+
 // The whole screen into a 24-bit BMP file. Throws std::runtime_error.
 void takePicture(const std::wstring& file);
 
