@@ -5,6 +5,11 @@
 #include "check/ini_keys.h"
 #include "check/likeness.h"
 #include "check/registry_view.h"
+#include "common/files.h"
+#include "common/text.h"
+
+#include <optional>
+#include <unordered_map>
 
 namespace hublink::check {
 
@@ -31,7 +36,9 @@ DWORD readBytes(const std::wstring& file, std::string& bytes)
 
 Finding missing(const IniPlace& place, const IniTexts& texts)
 {
-    if (!isFolder(place.connectorFolder)) return problem(texts.noFolder, path(place.connectorFolder));
+    if (!isFolder(place.connectorFolder))
+        return problem(FileExist(place.connectorFolder) ? texts.fileInPlaceOfFolder : texts.noFolder,
+                       path(place.connectorFolder));
     if (!place.defaultFile.empty()) return note(texts.toBeInstalled, path(place.file));
     return problem(texts.missing, path(place.file));
 }
@@ -78,6 +85,7 @@ constexpr std::size_t maxValueLength = 1023; // as IniFile reads it
 
 // Of a binary file there would be thousands.
 constexpr std::size_t maxOfEachKind = 20;
+constexpr std::size_t maxOfAll = 10 * maxOfEachKind;
 
 void judgeStrayLines(const IniDocument& document, const IniTexts& texts, Findings& findings)
 {
@@ -91,12 +99,20 @@ Words nameWords(const std::wstring& name, bool known)
     return known ? Words(name) : personal(name);
 }
 
-const IniLine* firstOfName(const std::vector<IniLine>& lines, const IniLine& line)
-{
-    for (const IniLine& each : lines)
-        if (equalIgnoringCase(each.name, line.name)) return each.line == line.line ? nullptr : &each;
-    return nullptr;
-}
+// The names so far, and the line in which each stands first. A look at all names for each one would
+// take minutes for a file of ten thousands.
+class FirstLines {
+public:
+    // The line in which the name has stood before, if it has.
+    std::optional<std::size_t> before(const IniLine& line)
+    {
+        const auto [first, isNew] = lines_.try_emplace(lowerCase(line.name), line.line);
+        return isNew ? std::nullopt : std::optional(first->second);
+    }
+
+private:
+    std::unordered_map<std::wstring, std::size_t> lines_;
+};
 
 bool hasKey(std::span<const Setting> keys, const std::wstring& name)
 {
@@ -132,21 +148,30 @@ Finding unknownKey(const IniSection& section, const IniLine& key, const IniTexts
 void judgeKeys(const IniSection& section, const IniTexts& texts, Findings& findings)
 {
     const auto known = keysOf(section.name);
+    FirstLines lines;
     for (const IniLine& key : section.keys) {
+        if (findings.size() >= maxOfAll) return;
         const bool isKnown = hasKey(known, key.name);
-        if (const IniLine* first = firstOfName(section.keys, key))
-            findings.push_back(
-                problem(texts.keyTwice, section.name, nameWords(key.name, isKnown), first->line, key.line));
+        if (const auto first = lines.before(key))
+            findings.push_back(problem(texts.keyTwice, section.name, nameWords(key.name, isKnown), *first, key.line));
         else if (!isKnown) findings.push_back(unknownKey(section, key, texts));
         else if (key.valueSize > maxValueLength) findings.push_back(problem(texts.cut, section.name, key.name));
     }
 }
 
-const IniSection* firstSection(const std::vector<IniSection>& sections, const IniSection& section)
+void judgeSections(const IniDocument& document, int books, const IniTexts& texts, Findings& findings)
 {
-    for (const IniSection& each : sections)
-        if (equalIgnoringCase(each.name, section.name)) return each.line == section.line ? nullptr : &each;
-    return nullptr;
+    FirstLines lines;
+    for (const IniSection& section : document.sections) {
+        if (findings.size() >= maxOfAll) return;
+        const bool isKnown = !keysOf(section.name).empty();
+        const Words name = nameWords(section.name, isKnown);
+        if (const auto first = lines.before(section))
+            findings.push_back(problem(texts.sectionTwice, name, *first, section.line));
+        else if (!isKnown) findings.push_back(note(texts.unknownSection, name, section.line));
+        else if (bookNumber(section.name) > books) findings.push_back(note(texts.bookNotCounted, name, section.line));
+        else judgeKeys(section, texts, findings);
+    }
 }
 
 }
@@ -172,16 +197,8 @@ Findings writingFindings(const IniDocument& document, int books, const IniTexts&
     Findings findings;
     judgeEncoding(document, texts, findings);
     judgeStrayLines(document, texts, findings);
-    for (const IniSection& section : document.sections) {
-        const bool isKnown = !keysOf(section.name).empty();
-        const Words name = nameWords(section.name, isKnown);
-        if (findings.size() > 10 * maxOfEachKind) break;
-        if (const IniSection* first = firstSection(document.sections, section))
-            findings.push_back(problem(texts.sectionTwice, name, first->line, section.line));
-        else if (!isKnown) findings.push_back(note(texts.unknownSection, name, section.line));
-        else if (bookNumber(section.name) > books) findings.push_back(note(texts.bookNotCounted, name, section.line));
-        else judgeKeys(section, texts, findings);
-    }
+    judgeSections(document, books, texts, findings);
+    if (findings.size() >= maxOfAll) findings.push_back(note(texts.moreLeftOut));
     return findings;
 }
 

@@ -10,6 +10,7 @@
 #include <algorithm>
 #include <array>
 #include <optional>
+#include <set>
 
 namespace hublink::check {
 
@@ -18,6 +19,7 @@ namespace {
 using automation::toAnsi;
 using automation::toWide;
 
+constexpr std::size_t maxUnknownGroupwares = 20; // a value has room for five hundred
 constexpr const char* nothing = "\x01"; // no value in a file is this
 
 bool isOneOf(const std::wstring& text, std::initializer_list<const wchar_t*> words)
@@ -153,11 +155,13 @@ void Judge::judgeGroupwares(const Setting& setting, const std::wstring& value)
         return;
     }
     std::wstring known;
+    std::set<std::wstring> unknown;
     for (const std::wstring& each : split(value, L',')) {
         if (isOneOf(each, {L"OUTLOOK", L"LOTUS"})) {
             known += (known.empty() ? L"" : L", ") + each;
             continue;
         }
+        if (unknown.size() == maxUnknownGroupwares || !unknown.insert(each).second) continue;
         const bool isMisspelt = isOneOf(lowerCase(trim(each)), {L"outlook", L"lotus", L""});
         add(problem(texts_.unknownGroupware, key, isMisspelt ? Words(each) : personal(each)));
     }

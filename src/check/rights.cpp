@@ -2,6 +2,7 @@
 
 #include "automation/owners.h"
 #include "check/registry_view.h"
+#include "common/files.h"
 #include "outlook/settings.h"
 
 namespace hublink::check {
@@ -28,15 +29,15 @@ std::wstring folderOf(const std::wstring& file)
 void judge(Access access, const std::wstring& place, const AdvisedText<1>& refused, const RightsTexts& texts,
            Findings& findings)
 {
-    if (access == Access::missing) return;
-    findings.push_back(access == Access::writable ? ok(texts.writable, path(place)) : problem(refused, path(place)));
+    if (access == Access::writable) findings.push_back(ok(texts.writable, path(place)));
+    if (access == Access::refused) findings.push_back(problem(refused, path(place)));
 }
 
 }
 
 Access accessToFolder(const std::wstring& folder)
 {
-    if (!isFolder(folder)) return Access::missing;
+    if (!isFolder(folder)) return FileExist(folder) ? Access::fileInPlace : Access::missing;
     return accessTo(folder, FILE_ADD_FILE);
 }
 
@@ -78,6 +79,8 @@ Findings rightsFindings(const RightsFacts& facts, const RightsTexts& texts)
     if (facts.ini == Access::refused) findings.push_back(note(texts.iniFile, path(facts.iniFile)));
     if (facts.map == Access::missing && !facts.mapFolder.empty())
         findings.push_back(ok(texts.madeWhenNeeded, path(facts.mapFolder)));
+    if (facts.map == Access::fileInPlace)
+        findings.push_back(problem(texts.fileInPlaceOfMapFolder, path(facts.mapFolder)));
     judge(facts.map, facts.mapFolder, texts.mapFolder, texts, findings);
     judge(facts.mapStore, facts.mapFile, texts.mapFile, texts, findings);
     if (facts.registersExtension)

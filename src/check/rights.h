@@ -7,7 +7,12 @@
 
 namespace hublink::check {
 
-enum class Access { writable, refused, missing };
+enum class Access {
+    writable,
+    refused,
+    missing,
+    fileInPlace, // of a folder
+};
 
 struct RightsFacts {
     std::wstring connectorFolder;

@@ -15,8 +15,14 @@ bool isText(const std::wstring& value)
     return !value.empty() && value != registryNoText;
 }
 
+std::wstring folderIn(REGSAM view)
+{
+    return textInView(HKEY_LOCAL_MACHINE, softphoneKey, L"Path", view);
+}
+
 Findings folderFindings(const SoftphoneFacts& facts, const SoftphoneTexts& texts)
 {
+    if (facts.hasUnusableFolder) return {problem(texts.folderUnreadable)};
     if (!isText(facts.folder) && !facts.folderInOtherView.empty())
         return {problem(texts.folderInOtherView, path(facts.folderInOtherView))};
     if (facts.folder.empty()) return {problem(texts.noFolder)};
@@ -31,8 +37,10 @@ Findings folderFindings(const SoftphoneFacts& facts, const SoftphoneTexts& texts
 
 SoftphoneFacts softphoneFacts(const Configuration& installation)
 {
-    SoftphoneFacts facts{installation.szPathPavex, installation.szServer, installation.szUserName,
-                         textInView(HKEY_LOCAL_MACHINE, softphoneKey, L"Path", KEY_WOW64_64KEY)};
+    SoftphoneFacts facts{installation.szPathPavex, installation.szServer, installation.szUserName, false, L""};
+    // On a 32-bit Windows both parts are the same one.
+    facts.hasUnusableFolder = !isText(facts.folder) && !folderIn(0).empty();
+    if (!facts.hasUnusableFolder) facts.folderInOtherView = folderIn(KEY_WOW64_64KEY);
     facts.folderIsThere = isText(facts.folder) && isFolder(facts.folder);
     facts.programIsThere = facts.folderIsThere && FileExist(facts.folder + L"\\" + softphoneProgram);
     return facts;

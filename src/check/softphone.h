@@ -11,7 +11,8 @@ struct SoftphoneFacts {
     std::wstring folder; // as RegGetString returns them
     std::wstring server;
     std::wstring user;
-    std::wstring folderInOtherView; // what a 64-bit program reads, "" when nothing
+    bool hasUnusableFolder = false; // a text that RegGetString does not return: too long, or no plain one
+    std::wstring folderInOtherView; // what only a 64-bit program reads, "" when nothing
     bool folderIsThere = false;
     bool programIsThere = false;
 };

@@ -58,6 +58,7 @@ struct IniTexts {
     AdvisedText<1> toBeInstalled;
     AdvisedText<1> missing;
     AdvisedText<1> noFolder;
+    AdvisedText<1> fileInPlaceOfFolder;
     AdvisedText<1> isFolder;
     AdvisedText<2> unreadable;    // file, error
     AdvisedText<1> tooLarge;
@@ -74,6 +75,7 @@ struct IniTexts {
     AdvisedText<3> unknownKey;    // section, key, line
     AdvisedText<4> likelyKey;     // section, key, line, what it resembles
     AdvisedText<4> keyElsewhere;  // section, key, line, where it belongs
+    AdvisedText<0> moreLeftOut;
 
     // {1} section, {2} key, {3} value
     Text<2> on;
@@ -153,6 +155,7 @@ struct RightsTexts {
     AdvisedText<1> connectorFolder;
     AdvisedText<1> iniFile;
     AdvisedText<1> mapFolder;
+    AdvisedText<1> fileInPlaceOfMapFolder;
     AdvisedText<1> mapFile;
     AdvisedText<0> extensionKey;
     Text<0> extensionKeyWritable;

@@ -37,7 +37,7 @@ constinit const Texts english{
         .folderUnreadable =
             {L"The registry has the softphone's key, but no usable folder in it.",
              L"Give HKEY_LOCAL_MACHINE\\SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\App Paths\\Pavex.exe "
-             L"a text value \"Path\" of at most 255 characters, or install the softphone again."},
+             L"a plain text value \"Path\" (REG_SZ) of at most 255 characters, or install the softphone again."},
         .folderInOtherView = {L"Only the 64-bit part of the registry names the softphone's folder, {1}. Hublink reads "
                               L"the 32-bit part.",
                               L"Install the 32-bit softphone, or put the value \"Path\" into the 32-bit part as well."},
@@ -83,6 +83,10 @@ constinit const Texts english{
                     L"Copy pavexconnector.ini there. Without it Hublink stops."},
         .noFolder = {L"The folder {1} is not there. Hublink makes none.",
                      L"Make the folder and copy pavexconnector.ini into it. Without it Hublink stops."},
+        .fileInPlaceOfFolder =
+            {L"{1} is a file; a folder should stand there.",
+             L"Remove the file, or rename it; make the folder and copy pavexconnector.ini into it. Without it Hublink "
+             L"stops."},
         .isFolder = {L"{1} is a folder; a file should stand there.",
                      L"Remove the folder and copy pavexconnector.ini there."},
         .unreadable = {L"The ini file {1} cannot be read (error {2}).",
@@ -114,6 +118,8 @@ constinit const Texts english{
                        L"Remove it, or correct its name."},
         .likelyKey = {L"Hublink does not know the key {2} in line {3}, section [{1}].", L"Perhaps {4} is meant."},
         .keyElsewhere = {L"The key {2} in line {3} does not belong into the section [{1}].", L"Move it to [{4}]."},
+        .moreLeftOut = {L"The ini file has more that is twice or unknown; the rest is not told.",
+                        L"Mend what stands above, and run HublinkCheck again."},
         .on = L"[{1}] {2} = true: on",
         .off = L"[{1}] {2} = {3}: off",
         .offThoughMeantOn = {L"[{1}] {2} = {3}: off, since only the exact text \"true\" is on.",
@@ -225,6 +231,10 @@ constinit const Texts english{
              L"Nothing, if an administrator keeps the settings: only the user's own stop through \"kill\" is lost."},
         .mapFolder = {L"This user may not write into {1}.",
                       L"Allow it: without the identifier map every start copies all records once more."},
+        .fileInPlaceOfMapFolder =
+            {L"{1} is a file; a folder should stand there.",
+             L"Remove the file, or rename it; the folder is made then. Without it every start copies all records "
+             L"once more."},
         .mapFile = {L"This user may not write the identifier map {1}.",
                     L"Allow it, and take a write protection away: else every start copies all records once more."},
         .extensionKey = {L"\"Extension\" is on, but this user may not register it in HKEY_LOCAL_MACHINE\\SOFTWARE\\"

@@ -41,8 +41,8 @@ constinit const Texts french{
         .folderUnreadable =
             {L"Le registre contient la clé du softphone, mais pas de dossier utilisable.",
              L"Donnez à HKEY_LOCAL_MACHINE\\SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\App Paths\\"
-             L"Pavex.exe une valeur texte « Path » de 255 caractères au plus, ou réinstallez le téléphone "
-             L"logiciel."},
+             L"Pavex.exe une valeur texte simple « Path » (REG_SZ) de 255 caractères au plus, ou réinstallez le "
+             L"softphone."},
         .folderInOtherView = {L"Seule la partie 64 bits du registre indique le dossier du softphone, {1}. "
                               L"Hublink lit la partie 32 bits.",
                               L"Installez le softphone 32 bits, ou mettez aussi la valeur « Path » dans la "
@@ -88,6 +88,10 @@ constinit const Texts french{
                     L"Copiez-y pavexconnector.ini. Sans lui, Hublink s'arrête."},
         .noFolder = {L"Le dossier {1} n'existe pas. Hublink n'en crée pas.",
                      L"Créez le dossier et copiez-y pavexconnector.ini. Sans lui, Hublink s'arrête."},
+        .fileInPlaceOfFolder =
+            {L"{1} est un fichier ; il devrait y avoir là un dossier.",
+             L"Supprimez ou renommez ce fichier, créez le dossier et copiez-y pavexconnector.ini. Sans lui, Hublink "
+             L"s'arrête."},
         .isFolder = {L"{1} est un dossier ; il devrait y avoir là un fichier.",
                      L"Supprimez le dossier et copiez-y pavexconnector.ini."},
         .unreadable = {L"Le fichier ini {1} ne peut être lu (erreur {2}).",
@@ -123,6 +127,8 @@ constinit const Texts french{
                        L"Supprimez-la, ou corrigez son nom."},
         .likelyKey = {L"Hublink ne connaît pas la clé {2}, ligne {3}, section [{1}].", L"Peut-être s'agit-il de {4}."},
         .keyElsewhere = {L"La clé {2}, ligne {3}, n'a pas sa place dans la section [{1}].", L"Déplacez-la dans [{4}]."},
+        .moreLeftOut = {L"Le fichier ini contient encore des doublons ou des inconnues ; le reste n'est pas dit.",
+                        L"Corrigez ce qui précède, puis relancez HublinkCheck."},
         .on = L"[{1}] {2} = true : actif",
         .off = L"[{1}] {2} = {3} : inactif",
         .offThoughMeantOn = {L"[{1}] {2} = {3} : inactif, car seul le texte exact « true » est actif.",
@@ -245,6 +251,10 @@ constinit const Texts french{
              L"Rien, si un administrateur tient les paramètres : seul l'arrêt par « kill » manque à l'utilisateur."},
         .mapFolder = {L"Cet utilisateur ne peut écrire dans {1}.",
                       L"Permettez-le : sans la table de correspondance, chaque lancement recopie tout."},
+        .fileInPlaceOfMapFolder =
+            {L"{1} est un fichier ; il devrait y avoir là un dossier.",
+             L"Supprimez ou renommez ce fichier ; le dossier sera alors créé. Sans lui, chaque lancement recopie "
+             L"tout."},
         .mapFile = {L"Cet utilisateur ne peut écrire dans la table de correspondance {1}.",
                     L"Permettez-le, et retirez toute protection en écriture : sinon, chaque lancement recopie tout."},
         .extensionKey =

@@ -63,6 +63,13 @@ TEST_F(CheckIniFile, ConnectorFolderMissing_IsAProblem_AlsoWithADefaultFile)
     EXPECT_EQ(found(), (Findings{problem(texts.noFolder, path(connector))}));
 }
 
+TEST_F(CheckIniFile, FileInPlaceOfTheConnectorFolder_IsAProblem)
+{
+    RemoveDirectoryW(connector.c_str());
+    support::writeFile(connector, "");
+    EXPECT_EQ(found(), (Findings{problem(texts.fileInPlaceOfFolder, path(connector))}));
+}
+
 TEST_F(CheckIniFile, SoftphonesFolderUnknown_IsAProblem)
 {
     place = {};
@@ -167,6 +174,24 @@ TEST_F(CheckIniFile, ThousandsOfUnknownThings_MakeNoEndlessReport)
     std::string content;
     for (int k = 0; k < 20'000; ++k) content += "[s" + std::to_string(k) + "]\nword\n";
     EXPECT_LT(remarksOn(content).size(), 300u);
+}
+
+// A look at all keys for each one would not come to its end here.
+TEST_F(CheckIniFile, HundredThousandsOfUnknownKeys_MakeNoEndlessReport)
+{
+    std::string content = "[outlook]\n";
+    for (int k = 0; k < 200'000; ++k) content += "unknown" + std::to_string(k) + "=1\n";
+    const Findings findings = remarksOn(content);
+    EXPECT_LT(findings.size(), 300u);
+    EXPECT_EQ(findings.back(), note(texts.moreLeftOut));
+    EXPECT_LT(remarksOn(content + content).size(), 300u);
+}
+
+TEST_F(CheckIniFile, HundredThousandsOfBooks_MakeNoEndlessReport)
+{
+    std::string content;
+    for (int k = 0; k < 100'000; ++k) content += "[lotus base description " + std::to_string(k) + "]\n";
+    EXPECT_EQ(remarksOn(content), Remarks{});
 }
 
 }

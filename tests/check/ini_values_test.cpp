@@ -121,6 +121,16 @@ TEST_F(CheckIniValues, BlankInTheListOfGroupware_IsAProblem)
               (Findings{problem(texts.unknownGroupware, L"type", L" LOTUS")}));
 }
 
+TEST_F(CheckIniValues, UnknownGroupware_IsToldOnce_AndThousandsMakeNoEndlessReport)
+{
+    EXPECT_EQ(remarksOn("[Application]\r\ntype=OUTLOOK,outlook,outlook,outlook\r\n"),
+              (Findings{problem(texts.unknownGroupware, L"type", L"outlook")}));
+    std::string many;
+    for (char first = 'a'; first <= 'z'; ++first)
+        for (char second = 'a'; second <= 'z'; ++second) many += std::string(",") + first + second;
+    EXPECT_LT(remarksOn("[Application]\r\ntype=OUTLOOK" + many + "\r\n").size(), 30u);
+}
+
 TEST_F(CheckIniValues, Type1ThatReplacesType_IsANote)
 {
     EXPECT_EQ(remarksOn(outlookFile("type1=OUTLOOK\r\n")), (Findings{note(texts.typeReplaced)}));

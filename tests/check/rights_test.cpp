@@ -43,9 +43,14 @@ TEST(Access, ToWhatIsNotThere_IsMissing)
     EXPECT_EQ(accessToFile(folder.file(L"x")), Access::missing);
     EXPECT_EQ(accessToFolder(folder.file(L"x")), Access::missing);
     EXPECT_EQ(accessToFile(folder.path()), Access::missing) << "a folder";
-    EXPECT_EQ(accessToFolder(folder.write(L"y", "")), Access::missing) << "a file";
     EXPECT_EQ(accessToFile(L""), Access::missing);
     EXPECT_EQ(accessToFolder(L""), Access::missing);
+}
+
+TEST(Access, ToAFileInPlaceOfAFolder_IsToldAsThat)
+{
+    const support::ScratchFolder folder;
+    EXPECT_EQ(accessToFolder(folder.write(L"y", "")), Access::fileInPlace);
 }
 
 // Whoever only looks must be in nobody's way.
@@ -94,6 +99,14 @@ TEST(CheckRights, MapsFolderMissing_IsMadeWhenNeeded)
     RightsFacts facts = allWritable();
     facts.map = facts.mapStore = Access::missing;
     EXPECT_TRUE(holds(rightsFindings(facts, texts), ok(texts.madeWhenNeeded, path(L"C:\\H"))));
+}
+
+TEST(CheckRights, FileInPlaceOfTheMapsFolder_IsAProblem)
+{
+    const support::ScratchFolder folder;
+    const std::wstring file = folder.write(L"Hublink", "");
+    const RightsFacts facts = rightsFacts(ProgramSettings(folder.path()), L"", L"", file + L"\\identifiers.map");
+    EXPECT_EQ(remarks(rightsFindings(facts, texts)), (Findings{problem(texts.fileInPlaceOfMapFolder, path(file))}));
 }
 
 TEST(CheckRights, ExtensionThatMayNotBeRegistered_IsANote)

@@ -67,6 +67,20 @@ TEST_F(CheckSoftphone, FolderOfAnotherType_IsAProblem)
     EXPECT_EQ(found().front(), problem(texts.noFolder));
 }
 
+TEST_F(CheckSoftphone, FolderWithEnvironmentVariables_IsAProblem_AndNotThe64BitPartsOnly)
+{
+    pavexPath.setExpandableText(folder.file(L"pavex"));
+    EXPECT_EQ(found().front(), problem(texts.folderUnreadable));
+}
+
+TEST_F(CheckSoftphone, FolderOfMoreThan255Characters_IsAProblem_AndNotThe64BitPartsOnly)
+{
+    pavexPath.setText(L"C:\\" + std::wstring(252, L'x'));
+    EXPECT_EQ(found().front(), problem(texts.folderMissing, path(L"C:\\" + std::wstring(252, L'x'))));
+    pavexPath.setText(L"C:\\" + std::wstring(253, L'x'));
+    EXPECT_EQ(found().front(), problem(texts.folderUnreadable));
+}
+
 TEST_F(CheckSoftphone, FolderThatIsNotThere_IsAProblem)
 {
     pavexPath.setText(folder.file(L"nowhere"));
@@ -87,7 +101,7 @@ TEST_F(CheckSoftphone, FolderWithoutItsProgram_IsANote)
 
 TEST_F(CheckSoftphone, FolderIn64BitPartOnly_IsAProblem)
 {
-    const SoftphoneFacts facts{L"", L"s", L"u", L"C:\\Pavex"};
+    const SoftphoneFacts facts{L"", L"s", L"u", false, L"C:\\Pavex"};
     EXPECT_EQ(softphoneFindings(facts, texts).front(), problem(texts.folderInOtherView, path(L"C:\\Pavex")));
 }
 

@@ -18,6 +18,10 @@ public:
 
     // Each makes the key when it is missing.
     void setText(const std::wstring& text) const { set(REG_SZ, text.c_str(), (text.size() + 1) * sizeof(wchar_t)); }
+    void setExpandableText(const std::wstring& text) const
+    {
+        set(REG_EXPAND_SZ, text.c_str(), (text.size() + 1) * sizeof(wchar_t));
+    }
     void setNumber(DWORD number) const { set(REG_DWORD, &number, sizeof number); }
     void removeValue() const;
 
