@@ -42,12 +42,25 @@ Findings serverFindings(const MapFacts& facts, const Texts& texts)
     return findings;
 }
 
+// One that another program has chosen: a long one may be a telephone number.
+Words foreignNumber(std::int32_t number)
+{
+    const std::wstring text = std::to_wstring(number);
+    return number >= 0 && number < 1'000 ? Words(text) : personal(text);
+}
+
+bool isForeign(const convid::IdentifierRecord& record)
+{
+    return (record.typApplication != 0 && record.typApplication != 1) ||
+           (record.collection != 0 && record.collection != 1);
+}
+
 Words nameOf(std::int32_t application)
 {
     switch (application) {
     case 0: return L"Outlook";
     case 1: return L"Notes";
-    default: return std::to_wstring(application);
+    default: return foreignNumber(application);
     }
 }
 
@@ -94,7 +107,7 @@ Words kindOf(std::int32_t collection, const MapTexts& texts)
     switch (collection) {
     case 0: return texts.call();
     case 1: return texts.contact();
-    default: return std::to_wstring(collection);
+    default: return foreignNumber(collection);
     }
 }
 
@@ -136,7 +149,8 @@ std::vector<Words> mappings(const convid::StoreReading& store, const MapTexts& t
     std::vector<Words> lines;
     lines.reserve(records.size() + 1);
     for (const RecordPointer& record : records) {
-        lines.push_back(texts.mapping(record->idOrvel, record->idAppli, nameOf(record->typApplication),
+        const auto words = [&](const std::wstring& id) { return isForeign(*record) ? personal(id) : Words(id); };
+        lines.push_back(texts.mapping(words(record->idOrvel), words(record->idAppli), nameOf(record->typApplication),
                                       kindOf(record->collection, texts)));
     }
     if (lines.empty()) lines.push_back(texts.nothingMapped());

@@ -25,20 +25,26 @@ bool isAscii(std::string_view bytes)
     return std::all_of(bytes.begin(), bytes.end(), [](char byte) { return (byte & 0x80) == 0; });
 }
 
-// What no text holds: characters below the blank, but for tabulators and line ends.
-bool holdsControls(std::string_view bytes)
+// What no text needs: characters below the blank, but for tabulators and line ends.
+bool isControl(wchar_t c)
 {
-    return std::any_of(bytes.begin(), bytes.end(), [](char byte) {
-        const auto code = static_cast<unsigned char>(byte);
-        return code < 0x20 && code != '\t' && code != '\r' && code != '\n' && code != 0x1A;
-    });
+    return c < L' ' && c != L'\t' && c != L'\r' && c != L'\n' && c != L'\x1A';
+}
+
+// One form feed makes no text into something else; a NUL does, and many controls do.
+bool isText(std::string_view bytes)
+{
+    constexpr std::ptrdiff_t leastBytesPerControl = 20;
+    const std::ptrdiff_t controls = std::count_if(
+        bytes.begin(), bytes.end(), [](char byte) { return isControl(static_cast<unsigned char>(byte)); });
+    return bytes.find('\0') == bytes.npos && controls * leastBytesPerControl <= std::ssize(bytes);
 }
 
 Encoding encodingOf(std::string_view bytes)
 {
     if (bytes.starts_with(utf16Mark)) return Encoding::utf16;
     if (bytes.starts_with(utf16ReversedMark)) return Encoding::utf16Reversed;
-    if (holdsControls(bytes)) return Encoding::noText;
+    if (!isText(bytes)) return Encoding::noText;
     if (bytes.starts_with(utf8Mark)) return Encoding::utf8WithMark;
     return !isAscii(bytes) && isUtf8(bytes) ? Encoding::utf8 : Encoding::ansi;
 }
@@ -78,6 +84,7 @@ public:
     void parseLine(std::wstring_view line)
     {
         ++number_;
+        if (std::any_of(line.begin(), line.end(), isControl)) document_.controlLines.push_back(number_);
         line = trimmed(line);
         if (line.empty() || line[0] == L';') return;
         const std::size_t equals = line.find(L'=');

@@ -24,6 +24,7 @@ struct IniDocument {
     Encoding encoding = Encoding::ansi;
     std::vector<IniSection> sections;     // in their order, also those of one name
     std::vector<std::size_t> strayLines;  // which are none of comment, section and key
+    std::vector<std::size_t> controlLines; // which hold characters that no text needs
     bool markHidesLine = false;           // UTF-8's mark, and behind it more than a comment
     bool losesCharacters = false;         // UTF-16 with some that the ANSI code page lacks
 };

@@ -93,6 +93,12 @@ void judgeStrayLines(const IniDocument& document, const IniTexts& texts, Finding
         findings.push_back(note(texts.strayLine, document.strayLines[k]));
 }
 
+void judgeControls(const IniDocument& document, const IniTexts& texts, Findings& findings)
+{
+    for (std::size_t k = 0; k < document.controlLines.size() && k < maxOfEachKind; ++k)
+        findings.push_back(note(texts.controlCharacter, document.controlLines[k]));
+}
+
 // A name that the program knows is nobody's; any other may be.
 Words nameWords(const std::wstring& name, bool known)
 {
@@ -136,16 +142,16 @@ std::wstring mostSimilarKey(std::span<const Setting> keys, const std::wstring& n
     return L"";
 }
 
-Finding unknownKey(const IniSection& section, const IniLine& key, const IniTexts& texts)
+Finding unknownKey(const IniSection& section, const Words& name, const IniLine& key, const IniTexts& texts)
 {
     const std::wstring like = mostSimilarKey(keysOf(section.name), key.name);
-    if (!like.empty()) return problem(texts.likelyKey, section.name, personal(key.name), key.line, like);
+    if (!like.empty()) return problem(texts.likelyKey, name, personal(key.name), key.line, like);
     const std::wstring home = sectionOf(key.name);
-    if (!home.empty()) return problem(texts.keyElsewhere, section.name, key.name, key.line, home);
-    return note(texts.unknownKey, section.name, personal(key.name), key.line);
+    if (!home.empty()) return problem(texts.keyElsewhere, name, key.name, key.line, home);
+    return note(texts.unknownKey, name, personal(key.name), key.line);
 }
 
-void judgeKeys(const IniSection& section, const IniTexts& texts, Findings& findings)
+void judgeKeys(const IniSection& section, const Words& name, const IniTexts& texts, Findings& findings)
 {
     const auto known = keysOf(section.name);
     FirstLines lines;
@@ -153,9 +159,9 @@ void judgeKeys(const IniSection& section, const IniTexts& texts, Findings& findi
         if (findings.size() >= maxOfAll) return;
         const bool isKnown = hasKey(known, key.name);
         if (const auto first = lines.before(key))
-            findings.push_back(problem(texts.keyTwice, section.name, nameWords(key.name, isKnown), *first, key.line));
-        else if (!isKnown) findings.push_back(unknownKey(section, key, texts));
-        else if (key.valueSize > maxValueLength) findings.push_back(problem(texts.cut, section.name, key.name));
+            findings.push_back(problem(texts.keyTwice, name, nameWords(key.name, isKnown), *first, key.line));
+        else if (!isKnown) findings.push_back(unknownKey(section, name, key, texts));
+        else if (key.valueSize > maxValueLength) findings.push_back(problem(texts.cut, name, key.name));
     }
 }
 
@@ -165,12 +171,12 @@ void judgeSections(const IniDocument& document, int books, const IniTexts& texts
     for (const IniSection& section : document.sections) {
         if (findings.size() >= maxOfAll) return;
         const bool isKnown = !keysOf(section.name).empty();
-        const Words name = nameWords(section.name, isKnown);
+        const Words name = nameWords(section.name, isKnown && !isNumberedOddly(section.name));
         if (const auto first = lines.before(section))
             findings.push_back(problem(texts.sectionTwice, name, *first, section.line));
         else if (!isKnown) findings.push_back(note(texts.unknownSection, name, section.line));
         else if (bookNumber(section.name) > books) findings.push_back(note(texts.bookNotCounted, name, section.line));
-        else judgeKeys(section, texts, findings);
+        else judgeKeys(section, name, texts, findings);
     }
 }
 
@@ -197,6 +203,7 @@ Findings writingFindings(const IniDocument& document, int books, const IniTexts&
     Findings findings;
     judgeEncoding(document, texts, findings);
     judgeStrayLines(document, texts, findings);
+    judgeControls(document, texts, findings);
     judgeSections(document, books, texts, findings);
     if (findings.size() >= maxOfAll) findings.push_back(note(texts.moreLeftOut));
     return findings;

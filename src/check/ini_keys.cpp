@@ -28,6 +28,12 @@ std::span<const Setting> keysOf(const std::wstring& section)
     return {};
 }
 
+bool isNumberedOddly(const std::wstring& section)
+{
+    constexpr std::size_t mostDigits = 3;
+    return bookDigits(section).size() > mostDigits;
+}
+
 int bookNumber(const std::wstring& section)
 {
     return static_cast<int>(std::wcstol(bookDigits(section).c_str(), nullptr, 10));

@@ -12,6 +12,9 @@ namespace hublink::check {
 // section has the same ones.
 std::span<const Setting> keysOf(const std::wstring& section);
 
+// An address book's section whose number is longer than any that counts: it may be a telephone number.
+bool isNumberedOddly(const std::wstring& section);
+
 // The number of an address book's section, 0 for any other.
 int bookNumber(const std::wstring& section);
 

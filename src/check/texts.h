@@ -68,6 +68,7 @@ struct IniTexts {
     AdvisedText<0> utf16Reversed;
     AdvisedText<0> lostCharacters;
     AdvisedText<1> strayLine;     // line
+    AdvisedText<1> controlCharacter; // line
     AdvisedText<3> sectionTwice;  // section, lines
     AdvisedText<2> unknownSection; // section, line
     AdvisedText<2> bookNotCounted; // section, line

@@ -106,6 +106,8 @@ constinit const Texts english{
              L"Save it as UTF-8."},
         .strayLine = {L"Line {1} of the ini file says nothing to Hublink.",
                       L"A line is a [section], key=value, or a comment that begins with a semicolon."},
+        .controlCharacter = {L"Line {1} of the ini file holds a control character.",
+                             L"Nothing, if it stands in a comment; else write the line again."},
         .sectionTwice = {L"The section [{1}] stands twice, in the lines {2} and {3}. Only the first one counts.",
                          L"Put both together, and remove the second one."},
         .unknownSection = {L"Hublink does not know the section [{1}] in line {2}.", L"Remove it, or correct its name."},

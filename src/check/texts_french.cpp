@@ -114,6 +114,8 @@ constinit const Texts french{
              L"Enregistrez-le en UTF-8."},
         .strayLine = {L"La ligne {1} du fichier ini ne dit rien à Hublink.",
                       L"Une ligne est une [section], clé=valeur, ou un commentaire qui commence par un point-virgule."},
+        .controlCharacter = {L"La ligne {1} du fichier ini contient un caractère de contrôle.",
+                             L"Rien, s'il est dans un commentaire ; sinon, réécrivez la ligne."},
         .sectionTwice = {L"La section [{1}] figure deux fois, aux lignes {2} et {3}. Seule la première compte.",
                          L"Réunissez les deux et supprimez la seconde."},
         .unknownSection = {L"Hublink ne connaît pas la section [{1}], ligne {2}.",

@@ -1,54 +1,12 @@
 #include "check/words.h"
 
-#include "common/text.h"
-
-#include <windows.h>
+#include "check/discreet_path.h"
 
 namespace hublink::check {
 
 namespace {
 
 constexpr const wchar_t* hidden = L"***";
-constexpr std::size_t minNameLength = 3; // a shorter one is a part of many words
-
-std::wstring environment(const wchar_t* name)
-{
-    wchar_t value[1024];
-    const DWORD length = GetEnvironmentVariableW(name, value, 1024);
-    return length < 1024 ? std::wstring(value, length) : L"";
-}
-
-// The user's names, as folders bear them, in lower case.
-std::vector<std::wstring> namesOfUser()
-{
-    const std::wstring profile = environment(L"USERPROFILE");
-    std::vector<std::wstring> names{environment(L"USERNAME"), profile.substr(profile.find_last_of(L"\\/") + 1)};
-    for (std::wstring& name : names) name = lowerCase(std::move(name));
-    std::erase(names, L"");
-    return names;
-}
-
-bool containsUserName(const std::wstring& folder, const std::vector<std::wstring>& names)
-{
-    const std::wstring text = lowerCase(folder);
-    for (const std::wstring& name : names)
-        if (text == name || (name.size() >= minNameLength && text.find(name) != std::wstring::npos)) return true;
-    return false;
-}
-
-std::wstring discreetPath(const std::wstring& path)
-{
-    const std::vector<std::wstring> names = namesOfUser();
-    std::vector<std::wstring> parts = split(path, L'\\');
-    const bool isShared = path.starts_with(L"\\\\");
-    std::wstring text;
-    for (std::size_t k = 0; k < parts.size(); ++k) {
-        const bool isServer = isShared && k == 2;
-        if (k > 0) text += L'\\';
-        text += isServer || containsUserName(parts[k], names) ? hidden : parts[k];
-    }
-    return text;
-}
 
 bool isGap(const wchar_t* at)
 {

@@ -26,7 +26,7 @@ struct Words {
 // What may name a person, a machine or a number: not passed on.
 Words personal(const std::wstring& text);
 
-// A path. The folders that are named after the user, and the server of a shared
+// A path. The folders that are named after users, and the server of a shared
 // folder, are not passed on.
 Words path(const std::wstring& path);
 

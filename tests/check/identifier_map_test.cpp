@@ -150,6 +150,19 @@ TEST_F(CheckMap, List_TellsWhatMirrorsWhat_InOrder)
     EXPECT_EQ(lines[3].full, L"9.9  entry  7  4");
 }
 
+TEST_F(CheckMap, RecordsThatHublinkDoesNotMake_AreListed_AndNotPassedOn)
+{
+    insert(L"Anna Keller", 7, 1);
+    insert(L"0612345678", 0, 4);
+    insert(L"1.1", 612345678, 0);
+    const std::vector<Words> lines = mappings(convid::readStore(facts.file), texts);
+    ASSERT_EQ(lines.size(), 3u);
+    EXPECT_EQ(lines[0].discreet, L"***  ***  Outlook  4");
+    EXPECT_EQ(lines[1].discreet, L"***  ***  7  contact");
+    EXPECT_EQ(lines[1].full, L"Anna Keller  entry  7  contact");
+    EXPECT_EQ(lines[2].discreet, L"***  ***  ***  call");
+}
+
 TEST_F(CheckMap, ListOfNothing_SaysSo)
 {
     EXPECT_EQ(mappings({}, texts), std::vector<Words>{L"(nothing)"});

@@ -51,6 +51,18 @@ TEST(IniDocument, Encodings_AreTold)
     EXPECT_EQ(parseIni(std::string("MZ\x90\0\3\0\0\0", 8)).encoding, Encoding::noText);
 }
 
+TEST(IniDocument, FewControls_AreTold_AndManyMakeNoText)
+{
+    const IniDocument document = parseIni("[Application]\r\n; page one \f\r\ntype=OUTLOOK\r\n");
+    EXPECT_EQ(document.encoding, Encoding::ansi);
+    EXPECT_EQ(document.controlLines, Lines{2});
+    EXPECT_EQ(document.sections[0].keys.size(), 1u);
+    EXPECT_EQ(parseIni("[a]\r\nb=c\x1A").controlLines, Lines{});
+    EXPECT_EQ(parseIni(std::string("[Application]\r\n; page one \0\r\ntype=OUTLOOK\r\n", 40)).encoding,
+              Encoding::noText);
+    EXPECT_EQ(parseIni("\x02\x03\x04 some words").encoding, Encoding::noText);
+}
+
 TEST(IniDocument, Utf16_IsReadByCharacters_AndTellsWhatTheCodePageLacks)
 {
     const IniDocument document = parseIni(support::utf16File(L"[Äpfel]\r\nname=Müller\r\n"));

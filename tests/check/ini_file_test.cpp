@@ -113,6 +113,13 @@ TEST_F(CheckIniFile, BinaryNoise_IsOneProblem)
     EXPECT_EQ(remarksOn(noise), (Remarks{problem(texts.notText)}));
 }
 
+TEST_F(CheckIniFile, AControlCharacter_IsANote_AndWhatStandsBehindItIsRead)
+{
+    EXPECT_EQ(remarksOn("[Application]\n; page one \f\ntype=OUTLOOK\nkil=false\n"),
+              (Remarks{note(texts.controlCharacter, std::size_t{2}),
+                       problem(texts.likelyKey, L"Application", personal(L"kil"), std::size_t{4}, L"kill")}));
+}
+
 TEST_F(CheckIniFile, EncodingsThatWindowsDoesNotRead_AreProblems)
 {
     EXPECT_EQ(remarksOn("\xEF\xBB\xBF[Application]\r\ntype=OUTLOOK\r\n"), (Remarks{problem(texts.utf8Mark)}));
@@ -160,6 +167,18 @@ TEST_F(CheckIniFile, BookThatIsNotCounted_IsANote)
     const std::string books = "[lotus base description 1]\nbase=\n[Lotus Base Description 2]\nbase=\n";
     EXPECT_EQ(remarksOn(books, 2), Remarks{});
     EXPECT_EQ(remarksOn(books, 1), (Remarks{note(texts.bookNotCounted, L"Lotus Base Description 2", std::size_t{3})}));
+}
+
+TEST_F(CheckIniFile, NumberOfABook_ThatMayBeATelephoneNumber_IsNotPassedOn)
+{
+    const std::string content = "[lotus base description 0612345678]\nbase=\nbase=\nbas=\n";
+    for (const int books : {allBooks, 1}) {
+        const Findings findings = remarksOn(content, books);
+        EXPECT_FALSE(findings.empty());
+        for (const Finding& each : findings) EXPECT_EQ(each.what.discreet.find(L"06"), std::wstring::npos);
+    }
+    EXPECT_EQ(remarksOn("[lotus base description 100]\nbase=\n", 1),
+              (Remarks{note(texts.bookNotCounted, L"lotus base description 100", std::size_t{1})}));
 }
 
 TEST_F(CheckIniFile, ValueThatIsCut_IsAProblem)

@@ -72,6 +72,31 @@ TEST_F(PathOfAnna, OtherFolders_ArePassedOn)
 TEST_F(PathOfAnna, ServerOfASharedFolder_IsNotPassedOn)
 {
     EXPECT_EQ(path(L"\\\\acme-files\\homes\\x.map").discreet, L"\\\\***\\homes\\x.map");
+    EXPECT_EQ(path(L"//acme-files/homes/x.map").discreet, L"//***/homes/x.map");
+    EXPECT_EQ(path(L"\\\\?\\UNC\\acme-files\\homes\\x.map").discreet, L"\\\\?\\UNC\\***\\homes\\x.map");
+}
+
+TEST_F(PathOfAnna, FoldersOfOtherUsers_AreNotPassedOn)
+{
+    EXPECT_EQ(path(L"C:\\users\\jean.petit\\AppData\\x.map").discreet, L"C:\\users\\***\\AppData\\x.map");
+    EXPECT_EQ(path(L"C:/Users/jean.petit/x.map").discreet, L"C:/Users/***/x.map");
+    EXPECT_EQ(path(L"C:\\Documents and Settings\\Jean Petit").discreet, L"C:\\Documents and Settings\\***");
+    EXPECT_EQ(path(L"C:\\DOCUME~1\\JEANPE~1\\LOCALS~1\\x.map").discreet, L"C:\\DOCUME~1\\***\\LOCALS~1\\x.map");
+    EXPECT_EQ(path(L"\\\\?\\C:\\Users\\jean.petit\\x.map").discreet, L"\\\\?\\C:\\Users\\***\\x.map");
+}
+
+TEST_F(PathOfAnna, FoldersOfNobody_ArePassedOn)
+{
+    for (const wchar_t* each : {L"C:\\Users\\Public\\Pavex", L"C:\\Users\\Default\\x",
+                                L"C:\\Documents and Settings\\All Users\\x", L"C:\\Users", L"C:\\Users\\"})
+        EXPECT_EQ(path(each).discreet, each);
+}
+
+TEST_F(PathOfAnna, ShortNames_AreNotPassedOn_ButThoseOfWindowsOwnFolders)
+{
+    EXPECT_EQ(path(L"D:\\ANNAKE~1\\x.ini").discreet, L"D:\\***\\x.ini");
+    EXPECT_EQ(path(L"C:\\PROGRA~1\\MICROS~2\\OUTLOOK.EXE").discreet, L"C:\\PROGRA~1\\MICROS~2\\OUTLOOK.EXE");
+    EXPECT_EQ(path(L"D:\\files~\\~x\\x~y.ini").discreet, L"D:\\files~\\~x\\x~y.ini");
 }
 
 TEST(Path, UserWithAShortName_HidesOnlyFoldersOfThatName)
