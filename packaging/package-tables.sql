@@ -13,6 +13,7 @@ UPDATE `File` SET `FileName` = 'PAVEXC~1.EXE|PavexConvId.exe' WHERE `File` = 'Pa
 UPDATE `File` SET `FileName` = 'HUBLIN~1.EXE|HublinkCheck.exe' WHERE `File` = 'HublinkCheck.exe'
 UPDATE `File` SET `FileName` = 'PAVEXC~1.INI|pavexconnector.ini' WHERE `File` = 'pavexconnector.ini'
 UPDATE `Directory` SET `DefaultDir` = 'DICTIO~1|dictionary' WHERE `Directory` = 'DictionaryFolder'
+UPDATE `Shortcut` SET `Name` = 'HUBLIN~1|Hublink Check' WHERE `Shortcut` = 'CheckEntry'
 
 -- An older version gives way (256: its lowest version included), also a package of the same
 -- version that was built anew (512: the highest included).

@@ -39,7 +39,8 @@ TEST_F(Installation, Silent_StartsWithWindows_AndStandsInTheStartMenu)
 {
     ASSERT_EQ(install(thisPackage()), succeeded) << log();
     EXPECT_EQ(registryText(HKEY_LOCAL_MACHINE, runKey, L"Hublink"), L"\"C:\\Program Files\\Hublink\\hublink.exe\"");
-    EXPECT_NE(startMenuEntry(), L"");
+    EXPECT_TRUE(isInStartMenu(L"Hublink"));
+    EXPECT_TRUE(isInStartMenu(L"Hublink Check"));
 }
 
 TEST_F(Installation, MapServer_IsRegisteredAsItRegistersItself)
@@ -149,7 +150,8 @@ TEST_F(Removal, UneditedIniFile_GoesWithAllTheRest)
     EXPECT_EQ(registryText(HKEY_LOCAL_MACHINE, runKey, L"Hublink"), std::nullopt);
     EXPECT_EQ(registryText(HKEY_LOCAL_MACHINE, mapClassKey, L""), std::nullopt);
     EXPECT_EQ(registryText(HKEY_LOCAL_MACHINE, mapServerKey, L""), std::nullopt);
-    EXPECT_EQ(startMenuEntry(), L"");
+    EXPECT_FALSE(isInStartMenu(L"Hublink"));
+    EXPECT_FALSE(isInStartMenu(L"Hublink Check"));
     EXPECT_EQ(installedVersions(), std::multiset<std::wstring>{});
 }
 

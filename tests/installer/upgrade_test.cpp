@@ -33,7 +33,7 @@ TEST_F(Upgrade, EditedIniFile_Stays_ProgramsAndDefaultsAreTheNewOnes)
               std::string::npos);
     EXPECT_EQ(registryText(HKEY_LOCAL_MACHINE, runKey, L"Hublink"), L"\"C:\\Program Files\\Hublink\\hublink.exe\"");
     EXPECT_EQ(registryText(HKEY_LOCAL_MACHINE, mapClassKey, L""), L"{6FC819A5-645C-4241-8809-6BBBE1AF913F}");
-    EXPECT_NE(startMenuEntry(), L"");
+    EXPECT_TRUE(isInStartMenu(L"Hublink"));
     EXPECT_EQ(filesBelow(folder), shippedFiles());
 }
 

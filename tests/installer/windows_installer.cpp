@@ -186,16 +186,15 @@ std::multiset<std::wstring> installedVersions()
     return versions;
 }
 
-std::wstring startMenuEntry()
+bool isInStartMenu(const std::wstring& name)
 {
     // Wine's own installer takes the user's menu, Windows's that of all users.
     for (const int menu : {CSIDL_COMMON_PROGRAMS, CSIDL_PROGRAMS}) {
         wchar_t folder[MAX_PATH];
         if (FAILED(SHGetFolderPathW(nullptr, menu, nullptr, SHGFP_TYPE_CURRENT, folder))) continue;
-        const std::wstring file = std::wstring(folder) + L"\\Hublink.lnk";
-        if (exists(file)) return file;
+        if (exists(std::wstring(folder) + L"\\" + name + L".lnk")) return true;
     }
-    return {};
+    return false;
 }
 
 bool exists(const std::wstring& fileOrFolder)

@@ -42,8 +42,8 @@ void setRegistryText(HKEY root, const std::wstring& key, const std::wstring& nam
 // The versions of Hublink in the list of installed programs.
 std::multiset<std::wstring> installedVersions();
 
-// The shortcut in the Start menu; "" without one.
-std::wstring startMenuEntry();
+// Whether the Start menu has a shortcut of that name.
+bool isInStartMenu(const std::wstring& name);
 
 bool exists(const std::wstring& fileOrFolder);
 
