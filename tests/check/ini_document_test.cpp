@@ -56,6 +56,7 @@ TEST(IniDocument, FewControls_AreTold_AndManyMakeNoText)
     const IniDocument document = parseIni("[Application]\r\n; page one \f\r\ntype=OUTLOOK\r\n");
     EXPECT_EQ(document.encoding, Encoding::ansi);
     EXPECT_EQ(document.controlLines, Lines{2});
+    ASSERT_EQ(document.sections.size(), 1u);
     EXPECT_EQ(document.sections[0].keys.size(), 1u);
     EXPECT_EQ(parseIni("[a]\r\nb=c\x1A").controlLines, Lines{});
     EXPECT_EQ(parseIni(std::string("[Application]\r\n; page one \0\r\ntype=OUTLOOK\r\n", 40)).encoding,
