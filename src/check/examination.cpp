@@ -30,8 +30,9 @@ std::wstring systemVersion()
 
 IniPlace iniPlace(const Configuration& installation, const std::wstring& programFolder)
 {
-    if (installation.szPathPavex.empty() || installation.szPathPavex == registryNoText) return {};
     const std::wstring folder = connectorFolder(installation);
+    if (installation.szPathPavex.empty() || installation.szPathPavex == registryNoText)
+        return {L"", folder + L"\\" + iniFileName, L""};
     const std::wstring beside = programFolder + L"\\" + iniFileName;
     return {folder, folder + L"\\" + iniFileName, FileExist(beside) ? beside : L""};
 }
@@ -85,7 +86,9 @@ Report examine(const Examination& examination, const Texts& texts)
          dictionaryFindings(dictionaryFacts(settings, examination.programFolder), texts.dictionary),
          {}},
         {texts.rights.title(),
-         rightsFindings(rightsFacts(settings, place.connectorFolder, place.file, map.file), texts.rights),
+         rightsFindings(
+             rightsFacts(settings, place.connectorFolder, place.connectorFolder.empty() ? L"" : place.file, map.file),
+             texts.rights),
          {}},
         {texts.processes.title(), processFindings(runningFacts(settings.general()), texts.processes), {}},
     };

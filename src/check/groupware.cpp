@@ -18,6 +18,7 @@ void appendClasses(const std::vector<ClassFacts>& classes, const ClassTexts& tex
 GroupwareFacts groupwareFacts(const Configuration& configuration)
 {
     GroupwareFacts facts{configuration.bgWithOutlook, configuration.bgWithLotus, {}, {}};
+    facts.areSettingsRead = !configuration.szFileConnectorIni.empty();
     if (facts.usesOutlook) facts.outlook = {classFacts(L"Outlook.Application")};
     if (facts.usesNotes) facts.notes = {classFacts(L"Notes.NotesSession"), classFacts(L"Notes.NotesUIWorkspace")};
     facts.newOutlookRuns = !processesNamed(newOutlook).value_or(std::vector<DWORD>()).empty();
@@ -27,7 +28,8 @@ GroupwareFacts groupwareFacts(const Configuration& configuration)
 Findings groupwareFindings(const GroupwareFacts& facts, const Texts& texts)
 {
     Findings findings;
-    if (!facts.usesOutlook && !facts.usesNotes) return {ok(texts.groupware.none)};
+    if (!facts.usesOutlook && !facts.usesNotes)
+        return {facts.areSettingsRead ? ok(texts.groupware.none) : note(texts.groupware.unknown)};
     if (facts.usesOutlook) appendClasses(facts.outlook, texts.classes, findings);
     else findings.push_back(ok(texts.groupware.outlookNotUsed));
     if (facts.usesOutlook && facts.newOutlookRuns) findings.push_back(problem(texts.groupware.newOutlook));

@@ -13,6 +13,7 @@ struct GroupwareFacts {
     bool usesNotes = false;
     std::vector<ClassFacts> outlook;
     std::vector<ClassFacts> notes;
+    bool areSettingsRead = true;
     bool newOutlookRuns = false; // the one without automation
 };
 

@@ -5,6 +5,7 @@
 #include "check/ini_keys.h"
 #include "check/likeness.h"
 #include "check/registry_view.h"
+#include "check/system_words.h"
 #include "common/files.h"
 #include "common/text.h"
 
@@ -45,20 +46,21 @@ Finding missing(const IniPlace& place, const IniTexts& texts)
 
 bool isMissing(DWORD code)
 {
-    return code == ERROR_FILE_NOT_FOUND || code == ERROR_PATH_NOT_FOUND;
+    return code == ERROR_FILE_NOT_FOUND || code == ERROR_PATH_NOT_FOUND || code == ERROR_INVALID_NAME ||
+           code == ERROR_BAD_PATHNAME;
 }
 
 Finding unreadable(const IniPlace& place, DWORD code, const IniTexts& texts)
 {
     if (isMissing(code)) return missing(place, texts);
     if (code == ERROR_FILE_TOO_LARGE) return problem(texts.tooLarge, path(place.file));
-    return problem(texts.unreadable, path(place.file), std::size_t{code});
+    return problem(texts.unreadable, path(place.file), systemWords(code));
 }
 
 // What the program makes of the path before it looks for a file.
 bool isUsable(const IniPlace& place, const IniTexts& texts, Findings& findings)
 {
-    if (place.connectorFolder.empty()) findings.push_back(problem(texts.noSoftphone));
+    if (place.connectorFolder.empty()) findings.push_back(problem(texts.noSoftphone, path(place.file)));
     else if (toWide(automation::toAnsi(place.file)) != place.file)
         findings.push_back(problem(texts.beyondCodePage, path(place.file)));
     else if (isFolder(place.file)) findings.push_back(problem(texts.isFolder, path(place.file)));

@@ -12,7 +12,7 @@ namespace hublink::check {
 
 struct IniPlace {
     std::wstring connectorFolder; // "" while the softphone's folder is unknown
-    std::wstring file;
+    std::wstring file;            // then where Hublink looks all the same, without a drive
     std::wstring defaultFile;     // beside the program, "" when it is not there
 };
 

@@ -7,6 +7,7 @@
 #include "check/examination.h"
 #include "check/options.h"
 #include "check/output.h"
+#include "check/system_words.h"
 
 #include <version.h>
 
@@ -32,7 +33,7 @@ bool saveReport(const Options& options, const Report& report, const ReportTexts&
         writeOutput(STD_OUTPUT_HANDLE, texts.saved(options.saveTo).full + L"\r\n");
         return true;
     }
-    writeOutput(STD_ERROR_HANDLE, texts.notSaved(options.saveTo, std::size_t{result}).full + L"\r\n");
+    writeOutput(STD_ERROR_HANDLE, texts.notSaved(options.saveTo, systemWords(result)).full + L"\r\n");
     return false;
 }
 

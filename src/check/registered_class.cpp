@@ -3,9 +3,12 @@
 #include "automation/com_ptr.h"
 #include "check/registry_view.h"
 #include "common/files.h"
+#include "common/text.h"
 
 #include <objbase.h>
 #include <objidl.h>
+
+#include <algorithm>
 
 namespace hublink::check {
 
@@ -47,6 +50,47 @@ bool isSpace(wchar_t c)
     return c == L' ' || c == L'\t';
 }
 
+bool namesFolder(const std::wstring& file)
+{
+    return file.find_first_of(L"\\/") != std::wstring::npos;
+}
+
+bool isFile(const std::wstring& path)
+{
+    return FileExist(path) && !isFolder(path);
+}
+
+std::wstring searchedFolders()
+{
+    wchar_t system[MAX_PATH];
+    wchar_t windows[MAX_PATH];
+    GetSystemDirectoryW(system, MAX_PATH);
+    GetWindowsDirectoryW(windows, MAX_PATH);
+    std::wstring path(32'767, L'\0'); // the longest variable
+    path.resize(GetEnvironmentVariableW(L"PATH", path.data(), static_cast<DWORD>(path.size())));
+    return std::wstring(system) + L";" + windows + L";" + path;
+}
+
+// One without a folder is looked for where Windows would find it, and not where this program was started.
+bool isThere(const std::wstring& file)
+{
+    if (namesFolder(file)) return isFile(file);
+    wchar_t found[MAX_PATH];
+    return SearchPathW(searchedFolders().c_str(), file.c_str(), L".exe", MAX_PATH, found, nullptr) > 0;
+}
+
+// Where the file's name ends when no file tells: behind its extension, or at the first blank.
+std::size_t endOfProgram(const std::wstring& command)
+{
+    const std::wstring text = lowerCase(command);
+    const std::wstring extension = L".exe";
+    for (std::size_t at = text.find(extension); at != text.npos; at = text.find(extension, at + 1)) {
+        const std::size_t end = at + extension.size();
+        if (end == text.size() || isSpace(text[end])) return end;
+    }
+    return std::min(command.find_first_of(L" \t"), command.size());
+}
+
 }
 
 std::wstring fileOfCommand(const std::wstring& command)
@@ -57,9 +101,9 @@ std::wstring fileOfCommand(const std::wstring& command)
         if (end < command.size() && !isSpace(command[end])) continue;
         const std::wstring file = command.substr(0, end);
         for (const std::wstring& each : {file, file + L".exe"})
-            if (FileExist(each) && !isFolder(each)) return each;
+            if (namesFolder(each) && isFile(each)) return each;
     }
-    return command.substr(0, command.find(L' '));
+    return command.substr(0, endOfProgram(command));
 }
 
 ClassFacts classFacts(const wchar_t* progId)
@@ -76,8 +120,10 @@ ClassFacts classFacts(const wchar_t* progId)
         facts.isIn64BitPart = !server.command.empty();
     }
     facts.isInProcess = server.isInProcess;
-    facts.server = fileOfCommand(server.command);
-    facts.serverIsThere = !facts.server.empty() && FileExist(facts.server);
+    // A library has no arguments.
+    const bool isWhole = server.isInProcess && !server.command.starts_with(L'"');
+    facts.server = isWhole ? server.command : fileOfCommand(server.command);
+    facts.serverIsThere = !facts.server.empty() && isThere(facts.server);
     facts.isOffered = isOnRunningTable(id);
     return facts;
 }
@@ -89,8 +135,7 @@ Findings classFindings(const ClassFacts& facts, const ClassTexts& texts)
     const Words file = path(facts.server);
     if (facts.isInProcess && facts.isIn64BitPart) return {problem(texts.inProcess64, facts.name, file)};
     // A library without a folder is the system's to find.
-    const bool namesFolder = facts.server.find(L'\\') != std::wstring::npos;
-    if (!facts.serverIsThere && (namesFolder || !facts.isInProcess))
+    if (!facts.serverIsThere && (namesFolder(facts.server) || !facts.isInProcess))
         return {problem(texts.serverMissing, facts.name, file)};
     Findings findings;
     if (facts.isInProcess) findings.push_back(ok(texts.inProcess, facts.name, file));

@@ -54,13 +54,13 @@ struct IniTexts {
     Text<0> ansi;
     Text<0> utf8;
     Text<0> utf16;
-    AdvisedText<0> noSoftphone;
+    AdvisedText<1> noSoftphone;   // where the file is looked for
     AdvisedText<1> toBeInstalled;
     AdvisedText<1> missing;
     AdvisedText<1> noFolder;
     AdvisedText<1> fileInPlaceOfFolder;
     AdvisedText<1> isFolder;
-    AdvisedText<2> unreadable;    // file, error
+    AdvisedText<2> unreadable;    // file, why
     AdvisedText<1> tooLarge;
     AdvisedText<1> beyondCodePage;
     AdvisedText<0> notText;
@@ -110,6 +110,7 @@ struct IniTexts {
 struct GroupwareTexts {
     Text<0> title;
     Text<0> none;
+    AdvisedText<0> unknown;
     Text<0> outlookNotUsed;
     Text<0> notesNotUsed;
     AdvisedText<0> newOutlook;

@@ -12,7 +12,7 @@ constinit const Texts english{
         .nothingWrong = L"No problem was found.",
         .verdict = L"Problems: {1}. Notes: {2}.",
         .saved = L"The report was saved as {1}.",
-        .notSaved = L"The report cannot be saved as {1} (error {2}). A file that is there already is never replaced.",
+        .notSaved = L"The report cannot be saved as {1}: {2}. A file that is there already is never replaced.",
         .usage = L"HublinkCheck tells what Hublink would find on this computer, and what to do. It changes nothing.\r\n"
                  L"\r\n"
                  L"HublinkCheck [--map] [--language en|fr] [--save FILE [--with-names]]\r\n"
@@ -75,8 +75,9 @@ constinit const Texts english{
         .ansi = L"It is written in the system's code page (ANSI).",
         .utf8 = L"It is written in UTF-8.",
         .utf16 = L"It is written in UTF-16.",
-        .noSoftphone = {L"Without the softphone's folder Hublink finds no ini file, and stops.",
-                        L"The softphone's folder comes first: see above."},
+        .noSoftphone =
+            {L"Without the softphone's folder Hublink looks for {1} where it is started, and stops when it finds none.",
+             L"The softphone's folder comes first: see above."},
         .toBeInstalled = {L"The ini file {1} is not there yet; below stands the default one.",
                           L"Start Hublink once: it copies the default file there, if its user may."},
         .missing = {L"The ini file {1} is not there, and no default one lies beside Hublink.",
@@ -89,7 +90,7 @@ constinit const Texts english{
              L"stops."},
         .isFolder = {L"{1} is a folder; a file should stand there.",
                      L"Remove the folder and copy pavexconnector.ini there."},
-        .unreadable = {L"The ini file {1} cannot be read (error {2}).",
+        .unreadable = {L"The ini file {1} cannot be read: {2}.",
                        L"Let this user read it, and close the program that keeps it to itself."},
         .tooLarge = {L"The ini file {1} is larger than 4 MB. It holds no settings and was not read.",
                      L"Copy pavexconnector.ini there again."},
@@ -168,6 +169,8 @@ constinit const Texts english{
     .groupware{
         .title = L"Groupware",
         .none = L"None is looked for: the settings name none.",
+        .unknown = {L"Which groupware is in use is not known: no settings could be read.",
+                    L"The ini file comes first: see above."},
         .outlookNotUsed = L"Outlook is not in use.",
         .notesNotUsed = L"Lotus Notes is not in use.",
         .newOutlook = {L"The new Outlook runs. No program can reach it.",

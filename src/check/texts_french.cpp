@@ -12,7 +12,7 @@ constinit const Texts french{
         .nothingWrong = L"Aucun problème n'a été trouvé.",
         .verdict = L"Problèmes : {1}. Notes : {2}.",
         .saved = L"Le rapport a été enregistré dans {1}.",
-        .notSaved = L"Le rapport ne peut être enregistré dans {1} (erreur {2}). Un fichier existant n'est jamais "
+        .notSaved = L"Le rapport ne peut être enregistré dans {1} : {2}. Un fichier existant n'est jamais "
                     L"remplacé.",
         .usage =
             L"HublinkCheck dit ce que Hublink trouverait sur cet ordinateur, et ce qu'il faut faire. Il ne modifie "
@@ -79,8 +79,9 @@ constinit const Texts french{
         .ansi = L"Il est écrit dans la page de codes du système (ANSI).",
         .utf8 = L"Il est écrit en UTF-8.",
         .utf16 = L"Il est écrit en UTF-16.",
-        .noSoftphone = {L"Sans le dossier du softphone, Hublink ne trouve pas de fichier ini et s'arrête.",
-                        L"D'abord le dossier du softphone : voir plus haut."},
+        .noSoftphone =
+            {L"Sans le dossier du softphone, Hublink cherche {1} là où il est lancé, et s'arrête s'il n'y en a pas.",
+             L"D'abord le dossier du softphone : voir plus haut."},
         .toBeInstalled =
             {L"Le fichier ini {1} n'existe pas encore ; voici le fichier par défaut.",
              L"Lancez Hublink une fois : il y copie le fichier par défaut, si son utilisateur en a le droit."},
@@ -94,7 +95,7 @@ constinit const Texts french{
              L"s'arrête."},
         .isFolder = {L"{1} est un dossier ; il devrait y avoir là un fichier.",
                      L"Supprimez le dossier et copiez-y pavexconnector.ini."},
-        .unreadable = {L"Le fichier ini {1} ne peut être lu (erreur {2}).",
+        .unreadable = {L"Le fichier ini {1} ne peut être lu : {2}.",
                        L"Permettez à cet utilisateur de le lire, et fermez le programme qui se le réserve."},
         .tooLarge = {L"Le fichier ini {1} dépasse 4 Mo. Il ne contient pas de paramètres et n'a pas été lu.",
                      L"Copiez-y de nouveau pavexconnector.ini."},
@@ -183,6 +184,8 @@ constinit const Texts french{
     .groupware{
         .title = L"Messagerie",
         .none = L"Aucune n'est cherchée : les paramètres n'en indiquent pas.",
+        .unknown = {L"On ne sait pas quelle messagerie est utilisée : aucun paramètre n'a pu être lu.",
+                    L"D'abord le fichier ini : voir plus haut."},
         .outlookNotUsed = L"Outlook n'est pas utilisé.",
         .notesNotUsed = L"Lotus Notes n'est pas utilisé.",
         .newOutlook = {L"Le nouvel Outlook est en marche. Aucun programme ne peut l'atteindre.",

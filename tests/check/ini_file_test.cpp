@@ -1,5 +1,6 @@
 // The ini file as a file.
 #include "check/ini_file_findings.h"
+#include "check/system_words.h"
 #include "check_fixture.h"
 
 #include <limits>
@@ -72,8 +73,8 @@ TEST_F(CheckIniFile, FileInPlaceOfTheConnectorFolder_IsAProblem)
 
 TEST_F(CheckIniFile, SoftphonesFolderUnknown_IsAProblem)
 {
-    place = {};
-    EXPECT_EQ(found(), (Findings{problem(texts.noSoftphone)}));
+    place = {L"", L"\\Connector\\pavexconnector.ini", L""};
+    EXPECT_EQ(found(), (Findings{problem(texts.noSoftphone, path(place.file))}));
 }
 
 TEST_F(CheckIniFile, FolderInItsPlace_IsAProblem)
@@ -88,7 +89,16 @@ TEST_F(CheckIniFile, KeptByAnotherProgram_IsAProblem)
     const HANDLE holder = CreateFileW(place.file.c_str(), GENERIC_READ, 0, nullptr, OPEN_EXISTING, 0, nullptr);
     const Findings findings = found();
     CloseHandle(holder);
-    EXPECT_EQ(findings, (Findings{problem(texts.unreadable, path(place.file), std::size_t{ERROR_SHARING_VIOLATION})}));
+    EXPECT_EQ(findings, (Findings{problem(texts.unreadable, path(place.file), systemWords(ERROR_SHARING_VIOLATION))}));
+    EXPECT_TRUE(findings[0].what.full.ends_with(L" (error 32)."));
+}
+
+// As a path between quotation marks has them.
+TEST_F(CheckIniFile, PathThatNoFileCanHave_IsMissing)
+{
+    place.connectorFolder = L"\"" + folder.path() + L"\"\\Connector";
+    place.file = place.connectorFolder + L"\\pavexconnector.ini";
+    EXPECT_EQ(found(), (Findings{problem(texts.noFolder, path(place.connectorFolder))}));
 }
 
 TEST_F(CheckIniFile, BeyondTheCodePage_IsAProblem)

@@ -144,6 +144,11 @@ TEST(CheckGroupware, NewOutlookThatRuns_IsAProblem)
         holds(groupwareFindings(groupwareFacts(configuration), english), problem(english.groupware.newOutlook)));
 }
 
+TEST(CheckGroupware, WithoutSettings_IsNotKnown)
+{
+    EXPECT_EQ(groupwareFindings(groupwareFacts(Configuration()), english), (Findings{note(english.groupware.unknown)}));
+}
+
 TEST(CheckGroupware, WhatIsNotInUse_IsNotLookedFor)
 {
     EXPECT_EQ(groupwareFindings({}, english), (Findings{ok(english.groupware.none)}));

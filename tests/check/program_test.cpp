@@ -4,6 +4,7 @@
 #include "system_snapshot.h"
 
 #include "check/output.h"
+#include "check/system_words.h"
 #include "common/installation.h"
 #include "convid/identifier_store.h"
 #include "convid/store_place.h"
@@ -130,7 +131,7 @@ TEST_F(CheckProgram, WithoutASoftphone_SaysSo_AndReadsNoIniFile)
     softphone.unregister();
     EXPECT_EQ(run(), 1u);
     EXPECT_TRUE(says(problem(english.softphone.noFolder)));
-    EXPECT_TRUE(says(problem(english.ini.noSoftphone)));
+    EXPECT_TRUE(says(problem(english.ini.noSoftphone, L"\\Connector\\pavexconnector.ini")));
     EXPECT_TRUE(says(problem(english.classes.notRegistered, L"Pavex.Application")));
     EXPECT_EQ(text.find(L"tempo"), std::wstring::npos);
 }
@@ -209,7 +210,7 @@ TEST_F(CheckProgram, SavedReport_HasNoNames_UnlessTold)
 TEST_F(CheckProgram, ReportThatCannotBeSaved_IsTold_AndNoFileIsReplaced)
 {
     EXPECT_EQ(run(L"--language en --save \"" + ini + L"\""), 2u);
-    EXPECT_NE(text.find(english.report.notSaved(ini, std::size_t{ERROR_FILE_EXISTS}).full), std::wstring::npos);
+    EXPECT_NE(text.find(english.report.notSaved(ini, systemWords(ERROR_FILE_EXISTS)).full), std::wstring::npos);
     EXPECT_TRUE(support::readFile(ini).starts_with("[Application]"));
     EXPECT_EQ(run(L"--save \"" + folder.path() + L"\""), 2u);
 }

@@ -96,12 +96,48 @@ TEST(ServerCommand, IsTakenApart_QuotedOrNot_WithAndWithoutArguments)
     EXPECT_EQ(fileOfCommand(file.substr(0, file.size() - 4) + L" /automation"), file);
 }
 
+TEST(ServerCommand, WhoseFileIsGone_IsTakenUpToItsExtension)
+{
+    EXPECT_EQ(fileOfCommand(L"C:\\Program Files\\No\\OUTLOOK.EXE /automation"), L"C:\\Program Files\\No\\OUTLOOK.EXE");
+    EXPECT_EQ(fileOfCommand(L"C:\\my.exes are here\\a b.exe"), L"C:\\my.exes are here\\a b.exe");
+}
+
+TEST_F(RegisteredClass, LibraryWhoseFileIsGone_IsToldWithItsWholeName)
+{
+    server::registerClass(registration, program);
+    const std::wstring key = L"Software\\Classes\\CLSID\\{2F1D6E4A-4B7C-4D0E-913A-5C77201B6E09}\\";
+    const std::wstring gone = L"C:\\Program Files\\No such\\thing.ocx";
+    const support::SavedValue user(HKEY_CURRENT_USER, key + L"LocalServer32", L"");
+    const support::SavedValue machine(HKEY_LOCAL_MACHINE, key + L"LocalServer32", L"");
+    for (const auto* executable : {&user, &machine}) executable->removeValue();
+    const support::SavedValue library(HKEY_LOCAL_MACHINE, key + L"InprocServer32", L"");
+    library.setText(gone);
+    EXPECT_EQ(found(), (Findings{problem(texts.serverMissing, L"HublinkTest.Sample", path(gone))}));
+}
+
+// The folder that this program was started in is no place where Windows looks for another one.
+TEST_F(RegisteredClass, ProgramWithoutAFolder_IsLookedForWhereWindowsFindsIt)
+{
+    wchar_t before[MAX_PATH];
+    GetCurrentDirectoryW(MAX_PATH, before);
+    SetCurrentDirectoryW(folder.path().c_str());
+    const std::wstring key = L"Software\\Classes\\CLSID\\{2F1D6E4A-4B7C-4D0E-913A-5C77201B6E09}\\LocalServer32";
+    server::registerClass(registration, program);
+    const support::SavedValue user(HKEY_CURRENT_USER, key, L"");
+    const support::SavedValue machine(HKEY_LOCAL_MACHINE, key, L"");
+    for (const auto* command : {&user, &machine}) command->setText(L"thing.exe /automation");
+    const Findings notFound = found();
+    SetCurrentDirectoryW(before);
+    EXPECT_EQ(notFound, (Findings{problem(texts.serverMissing, L"HublinkTest.Sample", L"thing.exe")}));
+}
+
 TEST(ServerCommand, ThatMakesNoSense_DoesNoHarm)
 {
     EXPECT_EQ(fileOfCommand(L""), L"");
     EXPECT_EQ(fileOfCommand(L"\""), L"");
     EXPECT_EQ(fileOfCommand(L"\"C:\\unfinished"), L"C:\\unfinished");
     EXPECT_EQ(fileOfCommand(L"C:\\no\\such.exe /a"), L"C:\\no\\such.exe");
+    EXPECT_EQ(fileOfCommand(L"C:\\no\\such /a"), L"C:\\no\\such");
     EXPECT_EQ(fileOfCommand(L"   "), L"");
 }
 

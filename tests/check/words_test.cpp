@@ -94,7 +94,7 @@ TEST_F(PathOfAnna, FoldersOfNobody_ArePassedOn)
 
 TEST_F(PathOfAnna, ShortNames_AreNotPassedOn_ButThoseOfWindowsOwnFolders)
 {
-    EXPECT_EQ(path(L"D:\\ANNAKE~1\\x.ini").discreet, L"D:\\***\\x.ini");
+    EXPECT_EQ(path(L"D:\\JEANPE~1\\x.ini").discreet, L"D:\\***\\x.ini");
     EXPECT_EQ(path(L"C:\\PROGRA~1\\MICROS~2\\OUTLOOK.EXE").discreet, L"C:\\PROGRA~1\\MICROS~2\\OUTLOOK.EXE");
     EXPECT_EQ(path(L"D:\\files~\\~x\\x~y.ini").discreet, L"D:\\files~\\~x\\x~y.ini");
 }
