@@ -29,8 +29,8 @@ const std::map<std::string, std::set<std::string>>& ofWindowsXp()
          "AddAccessAllowedAce CreateProcessAsUserW CreateWellKnownSid CryptAcquireContextA CryptGenRandom "
          "CryptReleaseContext EqualSid GetLengthSid GetNamedSecurityInfoW GetTokenInformation "
          "InitializeAcl InitializeSecurityDescriptor IsWellKnownSid OpenProcessToken RegCloseKey RegCreateKeyExW "
-         "RegDeleteKeyW RegDeleteValueA RegEnumKeyW RegOpenKeyExA RegOpenKeyExW RegQueryValueExA "
-         "RegQueryValueExW RegQueryValueW RegSetValueExA RegSetValueExW SetEntriesInAclW "
+         "RegDeleteKeyW RegDeleteValueA RegEnumKeyW RegOpenKeyExA RegOpenKeyExW RegQueryInfoKeyW "
+         "RegQueryValueExA RegQueryValueExW RegQueryValueW RegSetValueExA RegSetValueExW SetEntriesInAclW "
          "SetNamedSecurityInfoW SetSecurityDescriptorDacl SetSecurityDescriptorGroup "
          "SetSecurityDescriptorOwner"},
         {"comctl32.dll", "InitCommonControls"},
