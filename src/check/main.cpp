@@ -7,6 +7,7 @@
 #include "check/examination.h"
 #include "check/options.h"
 #include "check/output.h"
+#include "check/own_console.h"
 #include "check/system_words.h"
 
 #include <version.h>
@@ -47,15 +48,27 @@ int report(const Options& options, const Texts& texts)
     return count(report, Mark::problem) == 0 ? noProblem : problems;
 }
 
-int run(const Texts& usersOwn)
+int refuse(const std::wstring& words, const ReportTexts& texts)
 {
-    const std::optional<Options> options = optionsOf(automation::processArguments());
-    if (!options || options->asksForHelp) {
-        writeOutput(options ? STD_OUTPUT_HANDLE : STD_ERROR_HANDLE, usersOwn.report.usage().full);
-        return options ? noProblem : noReport;
-    }
+    writeOutput(STD_ERROR_HANDLE, texts.notUnderstood(words).full + L"\r\n\r\n" + texts.usage().full);
+    return noReport;
+}
+
+int help(const ReportTexts& texts)
+{
+    writeOutput(STD_OUTPUT_HANDLE, texts.usage().full);
+    return noProblem;
+}
+
+int run(const Options& options, const Texts& texts)
+try {
+    if (options.notUnderstood) return refuse(*options.notUnderstood, texts.report);
+    if (options.asksForHelp) return help(texts.report);
     const automation::Apartment apartment;
-    return report(*options, options->language ? textsOf(*options->language) : usersOwn);
+    return report(options, texts);
+} catch (const std::exception& error) {
+    writeOutput(STD_ERROR_HANDLE, texts.report.failed().full + automation::toWide(error.what()) + L"\r\n");
+    return noReport;
 }
 
 }
@@ -63,11 +76,9 @@ int run(const Texts& usersOwn)
 int main()
 {
     automation::protectProcess();
-    const Texts& texts = textsOf(GetUserDefaultUILanguage());
-    try {
-        return run(texts);
-    } catch (const std::exception& error) {
-        writeOutput(STD_ERROR_HANDLE, texts.report.failed().full + automation::toWide(error.what()) + L"\r\n");
-        return noReport;
-    }
+    const Options options = optionsOf(automation::processArguments());
+    const Texts& texts = textsOf(options.language.value_or(GetUserDefaultUILanguage()));
+    const int code = run(options, texts);
+    if (options.saveTo.empty()) keepOwnConsoleOpen(texts.report);
+    return code;
 }

@@ -26,30 +26,43 @@ bool parseFlag(const std::wstring& option, Options& options)
 {
     if (option == L"--with-names") options.savedNames = Names::shown;
     else if (option == L"--map") options.listsMap = true;
-    else if (option == L"--help") options.asksForHelp = true;
+    else if (option == L"--help" || option == L"-h" || option == L"-?" || option == L"/?") options.asksForHelp = true;
     else return false;
     return true;
 }
 
-// An option with a word behind it.
+bool takesWord(const std::wstring& option)
+{
+    return option == L"--save" || option == L"--language";
+}
+
+// One that takes a word, and the word.
 bool parsePair(const std::wstring& option, const std::wstring& word, Options& options)
 {
-    if (option == L"--save") return parseFile(word, options);
-    return option == L"--language" && parseLanguage(word, options);
+    return option == L"--save" ? parseFile(word, options) : parseLanguage(word, options);
+}
+
+Options wrong(const std::wstring& words)
+{
+    Options options;
+    options.notUnderstood = words;
+    return options;
 }
 
 }
 
-std::optional<Options> optionsOf(const Arguments& arguments)
+Options optionsOf(const Arguments& arguments)
 {
     Options options;
     for (std::size_t next = 0; next < arguments.size(); ++next) {
         if (parseFlag(arguments[next], options)) continue;
-        if (next + 1 == arguments.size() || !parsePair(arguments[next], arguments[next + 1], options))
-            return std::nullopt;
+        const bool hasWord = takesWord(arguments[next]) && next + 1 < arguments.size();
+        if (!hasWord) return wrong(arguments[next]);
+        if (!parsePair(arguments[next], arguments[next + 1], options))
+            return wrong(arguments[next] + L" " + arguments[next + 1]);
         ++next;
     }
-    if (options.savedNames == Names::shown && options.saveTo.empty()) return std::nullopt;
+    if (options.savedNames == Names::shown && options.saveTo.empty()) return wrong(L"--with-names");
     return options;
 }
 

@@ -17,9 +17,10 @@ struct Options {
     bool listsMap = false;
     bool asksForHelp = false;
     std::optional<LANGID> language; // the user's own without it
+    std::optional<std::wstring> notUnderstood; // what makes the command line wrong
 };
 
-// `arguments` without the program's name. Empty for a wrong command line.
-std::optional<Options> optionsOf(const std::vector<std::wstring>& arguments);
+// `arguments` without the program's name.
+Options optionsOf(const std::vector<std::wstring>& arguments);
 
 }

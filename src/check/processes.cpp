@@ -132,7 +132,7 @@ RunningFacts runningFacts(const Configuration& configuration)
 Findings processFindings(const RunningFacts& facts, const ProcessTexts& texts)
 {
     if (!facts.isListed) return {problem(texts.notListed)};
-    Findings findings{facts.own == Elevation::yes ? ok(texts.checkElevated) : ok(texts.checkNotElevated)};
+    Findings findings{facts.own == Elevation::yes ? note(texts.checkElevated) : ok(texts.checkNotElevated)};
     judgeHublink(facts, texts, findings);
     if (facts.softphone.processes.empty()) findings.push_back(note(texts.softphoneRunsNot));
     else judgePartner(facts.softphone, facts, texts, findings);

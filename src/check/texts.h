@@ -18,7 +18,9 @@ struct ReportTexts {
     Text<2> verdict;       // problems, notes
     Text<1> saved;         // file
     Text<2> notSaved;      // file, why
+    Text<1> notUnderstood; // what of the command line
     Text<0> usage;
+    Text<0> pressKey;
     Text<0> failed;        // the program itself
 };
 
@@ -167,7 +169,7 @@ struct RightsTexts {
 
 struct ProcessTexts {
     Text<0> title;
-    Text<0> checkElevated;
+    AdvisedText<0> checkElevated;
     Text<0> checkNotElevated;
     Text<2> runs;            // program, process
     Text<2> runsElevated;

@@ -13,17 +13,21 @@ constinit const Texts english{
         .verdict = L"Problems: {1}. Notes: {2}.",
         .saved = L"The report was saved as {1}.",
         .notSaved = L"The report cannot be saved as {1}: {2}. A file that is there already is never replaced.",
+        .notUnderstood = L"Not understood: {1}",
         .usage = L"HublinkCheck tells what Hublink would find on this computer, and what to do. It changes nothing.\r\n"
                  L"\r\n"
                  L"HublinkCheck [--map] [--language en|fr] [--save FILE [--with-names]]\r\n"
+                 L"HublinkCheck --help\r\n"
                  L"\r\n"
                  L"  --map          lists what mirrors what: the softphone's records and the groupware's\r\n"
                  L"  --language     the language of the report\r\n"
                  L"  --save FILE    saves the report too, in a new file, without the names of people and machines\r\n"
                  L"  --with-names   leaves them in\r\n"
+                 L"  --help         shows this, as -h and /? do\r\n"
                  L"\r\n"
                  L"Exit code: 0 without a problem, 1 with one, 2 for a wrong command line or a report that could\r\n"
                  L"not be saved.\r\n",
+        .pressKey = L"Press a key to close this window.",
         .failed = L"HublinkCheck cannot go on: ",
     },
     .softphone{
@@ -252,7 +256,11 @@ constinit const Texts english{
     },
     .processes{
         .title = L"Running programs",
-        .checkElevated = L"HublinkCheck itself runs with an administrator's rights (elevated).",
+        .checkElevated =
+            {L"HublinkCheck itself runs with an administrator's rights (elevated): server, user, map and "
+             L"rights are those of the account that it runs as.",
+             L"Nothing, if Hublink runs as that account; else run HublinkCheck as the user who works here, "
+             L"without \"Run as administrator\"."},
         .checkNotElevated = L"HublinkCheck itself runs with ordinary rights.",
         .runs = L"{1} runs (process {2}).",
         .runsElevated = L"{1} runs elevated (process {2}).",

@@ -14,20 +14,24 @@ constinit const Texts french{
         .saved = L"Le rapport a été enregistré dans {1}.",
         .notSaved = L"Le rapport ne peut être enregistré dans {1} : {2}. Un fichier existant n'est jamais "
                     L"remplacé.",
+        .notUnderstood = L"Incompris : {1}",
         .usage =
             L"HublinkCheck dit ce que Hublink trouverait sur cet ordinateur, et ce qu'il faut faire. Il ne modifie "
             L"rien.\r\n"
             L"\r\n"
             L"HublinkCheck [--map] [--language en|fr] [--save FICHIER [--with-names]]\r\n"
+            L"HublinkCheck --help\r\n"
             L"\r\n"
             L"  --map           liste ce qui correspond à quoi : softphone et messagerie\r\n"
             L"  --language      la langue du rapport\r\n"
             L"  --save FICHIER  enregistre aussi le rapport, dans un nouveau fichier, sans noms de personnes ni de\r\n"
             L"                  machines\r\n"
             L"  --with-names    les y laisse\r\n"
+            L"  --help          affiche ceci, comme -h et /?\r\n"
             L"\r\n"
             L"Code de retour : 0 sans problème, 1 s'il y en a, 2 pour une ligne de commande erronée ou un rapport\r\n"
             L"qui n'a pu être enregistré.\r\n",
+        .pressKey = L"Appuyez sur une touche pour fermer cette fenêtre.",
         .failed = L"HublinkCheck ne peut continuer : ",
     },
     .softphone{
@@ -274,7 +278,11 @@ constinit const Texts french{
     },
     .processes{
         .title = L"Programmes en marche",
-        .checkElevated = L"HublinkCheck lui-même a les droits d'un administrateur.",
+        .checkElevated =
+            {L"HublinkCheck lui-même a les droits d'un administrateur : serveur, utilisateur, table et droits "
+             L"sont ceux du compte qui l'a lancé.",
+             L"Rien, si Hublink est lancé par ce compte ; sinon, relancez HublinkCheck comme l'utilisateur "
+             L"qui travaille ici, sans « Exécuter en tant qu'administrateur »."},
         .checkNotElevated = L"HublinkCheck lui-même a des droits ordinaires.",
         .runs = L"{1} est en marche (processus {2}).",
         .runsElevated = L"{1} est en marche avec les droits d'un administrateur (processus {2}).",

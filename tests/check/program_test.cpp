@@ -219,6 +219,7 @@ TEST_F(CheckProgram, WrongCommandLine_IsAnsweredWithTheUsage)
 {
     for (const wchar_t* wrong : {L"--frobnicate", L"--save"}) {
         EXPECT_EQ(run(wrong), 2u);
+        EXPECT_TRUE(text.starts_with(english.report.notUnderstood(wrong).full + L"\r\n"));
         EXPECT_NE(text.find(L"HublinkCheck [--map] [--language en|fr]"), std::wstring::npos);
         EXPECT_EQ(text.find(L"Softphone"), std::wstring::npos);
     }

@@ -1,0 +1,82 @@
+// HublinkCheck.exe in a console window that is its own, as by a double click.
+#include "automation/owners.h"
+#include "support/process.h"
+#include "support/scratch_folder.h"
+
+#include <gtest/gtest.h>
+
+namespace hublink::check {
+
+namespace {
+
+// In a console of its own; hidden, as some who start programs wish it, or not.
+class OwnConsole {
+public:
+    explicit OwnConsole(const std::wstring& arguments, WORD show = SW_SHOWNORMAL)
+    {
+        std::wstring line = support::command(L"HublinkCheck.exe") + L" " + arguments;
+        STARTUPINFOW start{};
+        start.cb = sizeof start;
+        start.dwFlags = STARTF_USESHOWWINDOW;
+        start.wShowWindow = show;
+        PROCESS_INFORMATION process{};
+        CreateProcessW(nullptr, line.data(), nullptr, nullptr, FALSE, CREATE_NEW_CONSOLE, nullptr, nullptr, &start,
+                       &process);
+        CloseHandle(process.hThread);
+        id_ = process.dwProcessId;
+        process_.reset(process.hProcess);
+    }
+    ~OwnConsole() { TerminateProcess(process_.get(), 9); }
+    OwnConsole(const OwnConsole&) = delete;
+    OwnConsole& operator=(const OwnConsole&) = delete;
+
+    bool endsWithin(DWORD milliseconds) const
+    {
+        return WaitForSingleObject(process_.get(), milliseconds) == WAIT_OBJECT_0;
+    }
+
+    void pressKey() const
+    {
+        FreeConsole();
+        if (!AttachConsole(id_)) return;
+        const automation::Handle input = automation::ownedIfValid(CreateFileW(L"CONIN$", GENERIC_READ | GENERIC_WRITE,
+                                                                              FILE_SHARE_READ | FILE_SHARE_WRITE,
+                                                                              nullptr, OPEN_EXISTING, 0, nullptr));
+        INPUT_RECORD key{};
+        key.EventType = KEY_EVENT;
+        key.Event.KeyEvent = {TRUE, 1, VK_RETURN, 0, {L'\r'}, 0};
+        DWORD written = 0;
+        WriteConsoleInputW(input.get(), &key, 1, &written);
+        FreeConsole();
+    }
+
+private:
+    DWORD id_ = 0;
+    automation::Handle process_;
+};
+
+}
+
+TEST(CheckConsole, OfItsOwn_StaysUntilAKeyIsPressed)
+{
+    const OwnConsole check(L"--help");
+    EXPECT_FALSE(check.endsWithin(2'000)) << "the window has closed at once";
+    const auto ends = [&] {
+        check.pressKey();
+        return check.endsWithin(100);
+    };
+    EXPECT_TRUE(support::eventually(ends, 30'000));
+}
+
+TEST(CheckConsole, ThatNobodySees_IsNotWaitedFor)
+{
+    EXPECT_TRUE(OwnConsole(L"--help", SW_HIDE).endsWithin(20'000));
+}
+
+TEST(CheckConsole, OfAProgramThatSavesItsReport_IsNotWaitedFor)
+{
+    const support::ScratchFolder folder;
+    EXPECT_TRUE(OwnConsole(L"--save \"" + folder.file(L"report.txt") + L"\"").endsWithin(30'000));
+}
+
+}
