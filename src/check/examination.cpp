@@ -6,6 +6,7 @@
 #include "check/identifier_map.h"
 #include "check/ini_file_findings.h"
 #include "check/ini_values.h"
+#include "check/notes_databases.h"
 #include "check/processes.h"
 #include "check/rights.h"
 #include "check/softphone.h"
@@ -41,6 +42,14 @@ Findings softphone(const Configuration& installation, const Texts& texts)
 {
     Findings findings = softphoneFindings(softphoneFacts(installation), texts.softphone);
     append(findings, classFindings(classFacts(L"Pavex.Application"), texts.classes));
+    return findings;
+}
+
+Findings groupware(const ProgramSettings& settings, const std::wstring& programFolder, const Texts& texts)
+{
+    Findings findings = groupwareFindings(groupwareFacts(settings.general()), texts);
+    if (settings.general().bgWithLotus)
+        append(findings, notesDataFindings(notesDataFacts(settings.lotus(), programFolder), texts.notesData));
     return findings;
 }
 
@@ -80,7 +89,7 @@ Report examine(const Examination& examination, const Texts& texts)
     report.sections = {
         {texts.softphone.title(), softphone(installation, texts), {}},
         {texts.ini.title(), std::move(ini), {}},
-        {texts.groupware.title(), groupwareFindings(groupwareFacts(settings.general()), texts), {}},
+        {texts.groupware.title(), groupware(settings, examination.programFolder, texts), {}},
         {texts.map.title(), mapFindings(map, texts), {}},
         {texts.dictionary.title(),
          dictionaryFindings(dictionaryFacts(settings, examination.programFolder), texts.dictionary),

@@ -118,6 +118,17 @@ struct GroupwareTexts {
     AdvisedText<0> newOutlook;
 };
 
+// The databases in which Notes keeps call history and log: {1} is the database.
+struct NotesDataTexts {
+    Text<1> folder;
+    AdvisedText<0> folderUnknown;
+    AdvisedText<1> folderMissing; // folder
+    Text<1> database;
+    AdvisedText<1> copied;
+    AdvisedText<1> historyMissing;
+    AdvisedText<1> logMissing;
+};
+
 struct MapTexts {
     Text<0> title;
     AdvisedText<1> registersItself; // program
@@ -189,6 +200,7 @@ struct Texts {
     ClassTexts classes;
     IniTexts ini;
     GroupwareTexts groupware;
+    NotesDataTexts notesData;
     MapTexts map;
     DictionaryTexts dictionary;
     RightsTexts rights;

@@ -180,6 +180,24 @@ constinit const Texts english{
         .newOutlook = {L"The new Outlook runs. No program can reach it.",
                        L"Switch back to the classic Outlook, and keep that open."},
     },
+    .notesData{
+        .folder = L"The data folder of Notes is {1}.",
+        .folderUnknown =
+            {L"The registry names no data folder of Notes 4 or 5: Hublink copies no databases there, and whether Notes "
+             L"has them cannot be seen.",
+             L"See that the databases that [lotus call log description] and [lotus personnel log description] name lie "
+             L"in the data folder of Notes, beside names.nsf."},
+        .folderMissing = {L"The data folder of Notes, {1}, is not there.",
+                          L"Repair the installation of Notes; without its databases it gets neither call history nor "
+                          L"log."},
+        .database = L"The database {1} is there.",
+        .copied = {L"The database {1} is not in the data folder of Notes yet.",
+                   L"Nothing: the next start of Hublink copies it there, if its user may."},
+        .historyMissing = {L"The database {1} is not in the data folder of Notes: Notes gets no call history.",
+                           L"Copy it there, or name another one as base in [lotus call log description]."},
+        .logMissing = {L"The database {1} is not in the data folder of Notes: Notes gets no log document.",
+                       L"Copy it there, or name another one as base in [lotus personnel log description]."},
+    },
     .map{
         .title = L"Identifier map",
         .registersItself = {L"The map's server is not registered yet.",

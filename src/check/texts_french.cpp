@@ -195,6 +195,26 @@ constinit const Texts french{
         .newOutlook = {L"Le nouvel Outlook est en marche. Aucun programme ne peut l'atteindre.",
                        L"Revenez à l'Outlook classique, et gardez-le ouvert."},
     },
+    .notesData{
+        .folder = L"Le dossier de données de Notes est {1}.",
+        .folderUnknown =
+            {L"Le registre n'indique aucun dossier de données de Notes 4 ou 5 : Hublink n'y copie pas de bases, et on "
+             L"ne voit pas si Notes les a.",
+             L"Assurez-vous que les bases indiquées dans [lotus call log description] et [lotus personnel log "
+             L"description] se trouvent dans le dossier de données de Notes, à côté de names.nsf."},
+        .folderMissing = {L"Le dossier de données de Notes, {1}, n'existe pas.",
+                          L"Réparez l'installation de Notes ; sans ses bases, il ne reçoit ni historique des appels ni "
+                          L"journal."},
+        .database = L"La base {1} s'y trouve.",
+        .copied = {L"La base {1} n'est pas encore dans le dossier de données de Notes.",
+                   L"Rien : le prochain lancement de Hublink l'y copie, si son utilisateur en a le droit."},
+        .historyMissing = {L"La base {1} n'est pas dans le dossier de données de Notes : Notes ne reçoit pas "
+                           L"d'historique des appels.",
+                           L"Copiez-l'y, ou indiquez-en une autre comme base dans [lotus call log description]."},
+        .logMissing = {L"La base {1} n'est pas dans le dossier de données de Notes : Notes ne reçoit pas de document "
+                       L"journal.",
+                       L"Copiez-l'y, ou indiquez-en une autre comme base dans [lotus personnel log description]."},
+    },
     .map{
         .title = L"Table de correspondance",
         .registersItself = {L"Le serveur de la table n'est pas encore enregistré.",

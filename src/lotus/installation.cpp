@@ -12,8 +12,6 @@ constexpr const wchar_t* release5 = L"SOFTWARE\\Lotus\\Notes\\5.0";
 constexpr const wchar_t* release4 = L"SOFTWARE\\Lotus\\Notes\\4.0";
 
 constexpr const wchar_t* addIn = L"ConnectorIni.dll";
-constexpr const wchar_t* settingsDatabase = L"pavexconnectorconfig.nsf";
-constexpr const wchar_t* historyDatabase = L"pavexhistory.nsf";
 
 std::wstring readFolder(const wchar_t* key, const wchar_t* value)
 {
@@ -22,18 +20,23 @@ std::wstring readFolder(const wchar_t* key, const wchar_t* value)
 
 }
 
-void InstallLotusDatabases(const LotusSession& session)
+NotesFolders notesFolders()
 {
     // A value that is missing is no empty one: a key of release 5 holds without a "Path".
-    std::wstring programPath = readFolder(release5, L"Path");
-    const wchar_t* const release = programPath.empty() ? release4 : release5;
-    if (programPath.empty()) programPath = readFolder(release4, L"Path");
-    const std::wstring dataPath = readFolder(release, L"DataPath");
+    std::wstring program = readFolder(release5, L"Path");
+    const wchar_t* const release = program.empty() ? release4 : release5;
+    if (program.empty()) program = readFolder(release4, L"Path");
+    return {program, readFolder(release, L"DataPath")};
+}
+
+void InstallLotusDatabases(const LotusSession& session)
+{
+    const NotesFolders folders = notesFolders();
     const std::wstring source = session.host.programFolder();
-    if (!programPath.empty()) CopieFileIfNotExist(programPath, addIn, source);
-    if (dataPath.empty() || dataPath == registryNoText) return;
-    CopieFileIfNotExist(dataPath, settingsDatabase, source);
-    CopieFileIfNotExist(dataPath, historyDatabase, source);
+    if (!folders.program.empty()) CopieFileIfNotExist(folders.program, addIn, source);
+    if (folders.data.empty() || folders.data == registryNoText) return;
+    CopieFileIfNotExist(folders.data, notesSettingsDatabase, source);
+    CopieFileIfNotExist(folders.data, notesHistoryDatabase, source);
     AddDatabasesToWorkspace();
 }
 
@@ -41,8 +44,8 @@ void AddDatabasesToWorkspace()
 {
     trapErrors([] {
         const automation::Object workspace = notesWorkspace();
-        workspace.call(L"AddDatabase", {L"", historyDatabase});
-        workspace.call(L"AddDatabase", {L"", settingsDatabase});
+        workspace.call(L"AddDatabase", {L"", notesHistoryDatabase});
+        workspace.call(L"AddDatabase", {L"", notesSettingsDatabase});
     });
 }
 

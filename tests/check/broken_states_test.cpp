@@ -148,6 +148,20 @@ TEST_F(CheckProgram, WithBrokenSettingsOfNotes_SaysWhatIsWrong)
     });
 }
 
+TEST_F(CheckProgram, WithoutTheDatabasesOfNotes_SaysSo)
+{
+    const support::SavedValue data(HKEY_LOCAL_MACHINE, L"SOFTWARE\\Lotus\\Notes\\5.0", L"DataPath");
+    data.setText(folder.path());
+    writeIni("[Application]\r\ntype=LOTUS\r\n[lotus]\r\nNbPublicAddressBook=1\r\nOrder=Base 1\r\n"
+             "[lotus base description 1]\r\nbase=names.nsf||Contacts||\r\n"
+             "[lotus call log description]\r\nbase=pavexhistory.nsf||Calls||\r\n"
+             "[lotus personnel log description]\r\nbase=pavexconnectorconfig.nsf||||\r\n");
+    expectInBothLanguages(1, [](const Texts& texts) {
+        return Findings{problem(texts.notesData.historyMissing, L"pavexhistory.nsf"),
+                        problem(texts.notesData.logMissing, L"pavexconnectorconfig.nsf")};
+    });
+}
+
 TEST_F(CheckProgram, WithoutOutlook_SaysSo)
 {
     outlook.unregister();
