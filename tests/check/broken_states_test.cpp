@@ -7,7 +7,13 @@
 
 namespace hublink::check {
 
-TEST_F(CheckProgram, WithoutASoftphone_SaysSo_AndReadsNoIniFile)
+namespace {
+
+class BrokenComputer : public CheckProgram {};
+
+}
+
+TEST_F(BrokenComputer, WithoutASoftphone_SaysSo_AndReadsNoIniFile)
 {
     pavexPath.removeValue();
     pavexPath.removeKey();
@@ -20,7 +26,7 @@ TEST_F(CheckProgram, WithoutASoftphone_SaysSo_AndReadsNoIniFile)
     EXPECT_EQ(text.find(L"tempo"), std::wstring::npos);
 }
 
-TEST_F(CheckProgram, WithRegistryValuesOfWrongTypes_SaysSo)
+TEST_F(BrokenComputer, WithRegistryValuesOfWrongTypes_SaysSo)
 {
     pavexPath.setNumber(1);
     server.setNumber(2);
@@ -31,13 +37,13 @@ TEST_F(CheckProgram, WithRegistryValuesOfWrongTypes_SaysSo)
     });
 }
 
-TEST_F(CheckProgram, WithEnvironmentVariablesInThePath_SaysSo)
+TEST_F(BrokenComputer, WithEnvironmentVariablesInThePath_SaysSo)
 {
     pavexPath.setExpandableText(pavex);
     expectInBothLanguages(1, [](const Texts& texts) { return Findings{problem(texts.softphone.folderUnreadable)}; });
 }
 
-TEST_F(CheckProgram, WithTheSoftphonesFolderGone_SaysSo)
+TEST_F(BrokenComputer, WithTheSoftphonesFolderGone_SaysSo)
 {
     const std::wstring gone = folder.file(L"gone");
     pavexPath.setText(gone);
@@ -47,14 +53,14 @@ TEST_F(CheckProgram, WithTheSoftphonesFolderGone_SaysSo)
     });
 }
 
-TEST_F(CheckProgram, WithoutTheSoftphonesProgram_SaysSo)
+TEST_F(BrokenComputer, WithoutTheSoftphonesProgram_SaysSo)
 {
     DeleteFileW((pavex + L"\\pavex.exe").c_str());
     expectInBothLanguages(
         0, [&](const Texts& texts) { return Findings{note(texts.softphone.programMissing, path(pavex))}; });
 }
 
-TEST_F(CheckProgram, WithAFileInPlaceOfTheConnectorFolder_SaysSo)
+TEST_F(BrokenComputer, WithAFileInPlaceOfTheConnectorFolder_SaysSo)
 {
     DeleteFileW(ini.c_str());
     const std::wstring connector = pavex + L"\\Connector";
@@ -64,14 +70,14 @@ TEST_F(CheckProgram, WithAFileInPlaceOfTheConnectorFolder_SaysSo)
         1, [&](const Texts& texts) { return Findings{problem(texts.ini.fileInPlaceOfFolder, path(connector))}; });
 }
 
-TEST_F(CheckProgram, WithAFolderInPlaceOfTheIniFile_SaysSo)
+TEST_F(BrokenComputer, WithAFolderInPlaceOfTheIniFile_SaysSo)
 {
     DeleteFileW(ini.c_str());
     CreateDirectoryW(ini.c_str(), nullptr);
     expectInBothLanguages(1, [&](const Texts& texts) { return Findings{problem(texts.ini.isFolder, path(ini))}; });
 }
 
-TEST_F(CheckProgram, WithAnIniFileThatOthersKeep_SaysSo)
+TEST_F(BrokenComputer, WithAnIniFileThatOthersKeep_SaysSo)
 {
     const automation::Handle holder =
         automation::ownedIfValid(CreateFileW(ini.c_str(), GENERIC_READ, 0, nullptr, OPEN_EXISTING, 0, nullptr));
@@ -80,13 +86,13 @@ TEST_F(CheckProgram, WithAnIniFileThatOthersKeep_SaysSo)
     });
 }
 
-TEST_F(CheckProgram, WithATooLargeIniFile_SaysSo)
+TEST_F(BrokenComputer, WithATooLargeIniFile_SaysSo)
 {
     writeIni(std::string(maxIniSize + 1, ';'));
     expectInBothLanguages(1, [&](const Texts& texts) { return Findings{problem(texts.ini.tooLarge, path(ini))}; });
 }
 
-TEST_F(CheckProgram, WithAnIniFileInAnotherWriting_SaysSo)
+TEST_F(BrokenComputer, WithAnIniFileInAnotherWriting_SaysSo)
 {
     writeIni(std::string("MZ\x90\0\3\0\0\0", 8));
     expectInBothLanguages(1, [](const Texts& texts) { return Findings{problem(texts.ini.notText)}; });
@@ -98,7 +104,7 @@ TEST_F(CheckProgram, WithAnIniFileInAnotherWriting_SaysSo)
     expectInBothLanguages(1, [](const Texts& texts) { return Findings{problem(texts.ini.lostCharacters)}; });
 }
 
-TEST_F(CheckProgram, WithABrokenIniFile_SaysWhatIsWrong)
+TEST_F(BrokenComputer, WithABrokenIniFile_SaysWhatIsWrong)
 {
     writeIni("[Application]\r\ntype=OUTLOOK, LOTUS\r\ntype=LOTUS\r\n[AllApplication]\r\nPopUp=True\r\n"
              "Repertori=true\r\ntempo=5\r\n[AllApplication]\r\n[others]\r\nword\r\n; \f\r\n[outlook]\r\n"
@@ -121,7 +127,7 @@ TEST_F(CheckProgram, WithABrokenIniFile_SaysWhatIsWrong)
     });
 }
 
-TEST_F(CheckProgram, WithoutAGroupware_SaysSo)
+TEST_F(BrokenComputer, WithoutAGroupware_SaysSo)
 {
     writeIni("[Application]\r\ntype=\r\nkill=true\r\n");
     expectInBothLanguages(1, [](const Texts& texts) {
@@ -129,7 +135,7 @@ TEST_F(CheckProgram, WithoutAGroupware_SaysSo)
     });
 }
 
-TEST_F(CheckProgram, WithBrokenSettingsOfNotes_SaysWhatIsWrong)
+TEST_F(BrokenComputer, WithBrokenSettingsOfNotes_SaysWhatIsWrong)
 {
     const std::string notes = "[Application]\r\ntype=LOTUS\r\n[lotus]\r\n";
     writeIni(notes);
@@ -148,7 +154,7 @@ TEST_F(CheckProgram, WithBrokenSettingsOfNotes_SaysWhatIsWrong)
     });
 }
 
-TEST_F(CheckProgram, WithoutTheDatabasesOfNotes_SaysSo)
+TEST_F(BrokenComputer, WithoutTheDatabasesOfNotes_SaysSo)
 {
     const support::SavedValue data(HKEY_LOCAL_MACHINE, L"SOFTWARE\\Lotus\\Notes\\5.0", L"DataPath");
     data.setText(folder.path());
@@ -162,14 +168,14 @@ TEST_F(CheckProgram, WithoutTheDatabasesOfNotes_SaysSo)
     });
 }
 
-TEST_F(CheckProgram, WithoutOutlook_SaysSo)
+TEST_F(BrokenComputer, WithoutOutlook_SaysSo)
 {
     outlook.unregister();
     expectInBothLanguages(
         1, [](const Texts& texts) { return Findings{problem(texts.classes.notRegistered, L"Outlook.Application")}; });
 }
 
-TEST_F(CheckProgram, WithOutlooksProgramGone_SaysSo)
+TEST_F(BrokenComputer, WithOutlooksProgramGone_SaysSo)
 {
     const std::wstring gone = folder.file(L"gone.exe");
     outlook.setProgram(gone);
@@ -178,7 +184,7 @@ TEST_F(CheckProgram, WithOutlooksProgramGone_SaysSo)
     });
 }
 
-TEST_F(CheckProgram, WithAFolderInPlaceOfTheMap_SaysSo)
+TEST_F(BrokenComputer, WithAFolderInPlaceOfTheMap_SaysSo)
 {
     CreateDirectoryW(map.c_str(), nullptr);
     expectInBothLanguages(1, [](const Texts& texts) {
@@ -187,7 +193,7 @@ TEST_F(CheckProgram, WithAFolderInPlaceOfTheMap_SaysSo)
     RemoveDirectoryW(map.c_str());
 }
 
-TEST_F(CheckProgram, WithAFileInPlaceOfTheMapsFolder_SaysSo)
+TEST_F(BrokenComputer, WithAFileInPlaceOfTheMapsFolder_SaysSo)
 {
     const std::wstring place = map.substr(0, map.rfind(L'\\'));
     const std::wstring aside = place + L" aside";
@@ -199,7 +205,7 @@ TEST_F(CheckProgram, WithAFileInPlaceOfTheMapsFolder_SaysSo)
     MoveFileExW(aside.c_str(), place.c_str(), 0);
 }
 
-TEST_F(CheckProgram, WithABrokenMap_SaysSo)
+TEST_F(BrokenComputer, WithABrokenMap_SaysSo)
 {
     support::writeFile(map, "damaged");
     expectInBothLanguages(1, [](const Texts& texts) { return Findings{problem(texts.map.damaged, std::size_t{0})}; });
