@@ -37,7 +37,7 @@ bool isText(std::string_view bytes)
     constexpr std::ptrdiff_t leastBytesPerControl = 20;
     const std::ptrdiff_t controls = std::count_if(
         bytes.begin(), bytes.end(), [](char byte) { return isControl(static_cast<unsigned char>(byte)); });
-    return bytes.find('\0') == bytes.npos && controls * leastBytesPerControl <= std::ssize(bytes);
+    return bytes.find('\0') == std::string_view::npos && controls * leastBytesPerControl <= std::ssize(bytes);
 }
 
 Encoding encodingOf(std::string_view bytes)

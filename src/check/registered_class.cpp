@@ -84,7 +84,7 @@ std::size_t endOfProgram(const std::wstring& command)
 {
     const std::wstring text = lowerCase(command);
     const std::wstring extension = L".exe";
-    for (std::size_t at = text.find(extension); at != text.npos; at = text.find(extension, at + 1)) {
+    for (std::size_t at = text.find(extension); at != std::wstring::npos; at = text.find(extension, at + 1)) {
         const std::size_t end = at + extension.size();
         if (end == text.size() || isSpace(text[end])) return end;
     }
