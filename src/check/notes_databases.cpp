@@ -20,7 +20,7 @@ bool isOwn(const std::wstring& file)
 
 bool isComplete(const std::wstring& path)
 {
-    return path.find(L':') != path.npos || path.starts_with(L"\\\\");
+    return path.find(L':') != std::wstring::npos || path.starts_with(L"\\\\");
 }
 
 NotesDatabase databaseFacts(const LotusBaseRef& base, const NotesDataFacts& data, const std::wstring& programFolder)
