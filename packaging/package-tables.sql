@@ -19,15 +19,13 @@ UPDATE `Shortcut` SET `Name` = 'HUBLIN~1|Hublink Check' WHERE `Shortcut` = 'Chec
 -- version that was built anew (512: the highest included).
 INSERT INTO `Upgrade` (`UpgradeCode`, `VersionMin`, `VersionMax`, `Attributes`, `ActionProperty`) VALUES ('{5B0E9C7A-6B0D-4C0B-9A57-1E6F0C3B7D21}', '0.0.0', '@VERSION@', 768, 'OLDERVERSION')
 
--- Setting a property knows no rights. One action runs only when the installation is undone (256),
--- one when a removal can no more be undone (512).
+-- Setting a property knows no rights; this one runs only when the installation is undone (256).
 UPDATE `CustomAction` SET `Type` = 51 WHERE `Action` = 'UseFormerFolder'
 UPDATE `CustomAction` SET `Type` = 51 WHERE `Action` = 'TellFolder'
 UPDATE `CustomAction` SET `Type` = 1 WHERE `Action` = 'StopHublink'
 UPDATE `CustomAction` SET `Type` = 1 WHERE `Action` = 'CollectSettings'
 UPDATE `CustomAction` SET `Type` = 3137 WHERE `Action` = 'StartHublink'
 UPDATE `CustomAction` SET `Type` = 3393 WHERE `Action` = 'StartHublinkAgain'
-UPDATE `CustomAction` SET `Type` = 3585 WHERE `Action` = 'RemoveSettings'
 
 -- Whose map server is registered.
 INSERT INTO `RegLocator` (`Signature_`, `Root`, `Key`, `Type`) VALUES ('OtherMapServer', 2, 'SOFTWARE\Classes\PavexConvId.OrvelConvertId\CLSID', 2)

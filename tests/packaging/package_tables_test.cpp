@@ -64,7 +64,6 @@ constexpr int fromPackage = 1;
 constexpr int inScript = 0x400;
 constexpr int asSystem = 0x800;
 constexpr int onFailureOnly = 0x100;
-constexpr int onceItIsDone = 0x200;
 constexpr int goesOn = 0x40;
 
 }
@@ -97,12 +96,23 @@ TEST(PackageTables, WhatChangesTheComputer_RunsWithTheSystemsRights)
     const auto type = [](const std::wstring& action) {
         return std::stoi(only(L"SELECT `Type` FROM `CustomAction` WHERE `Action` = '" + action + L"'"));
     };
-    for (const wchar_t* action : {L"EndMapServer", L"WriteSettings"})
+    for (const wchar_t* action : {L"EndMapServer", L"WriteSettings", L"RemoveSettings"})
         EXPECT_EQ(type(action), fromPackage | inScript | asSystem) << automation::toAnsi(action);
-    EXPECT_EQ(type(L"RemoveSettings"), fromPackage | inScript | asSystem | onceItIsDone);
     EXPECT_EQ(type(L"StartHublink"), fromPackage | inScript | asSystem | goesOn);
     EXPECT_EQ(type(L"StartHublinkAgain"), fromPackage | inScript | asSystem | goesOn | onFailureOnly);
     EXPECT_EQ(type(L"StopHublink"), fromPackage);
+}
+
+TEST(PackageTables, WhatNobodyTakesBack_ComesAfterAllThatMayFail)
+{
+    const auto place = [](const std::wstring& action) {
+        return std::stoi(only(L"SELECT `Sequence` FROM `InstallExecuteSequence` WHERE `Action` = '" + action + L"'"));
+    };
+    for (const wchar_t* action : {L"WriteSettings", L"RemoveSettings"}) {
+        EXPECT_GT(place(action), place(L"RemoveExistingProducts")) << automation::toAnsi(action);
+        EXPECT_GT(place(action), place(L"InstallExecute")) << automation::toAnsi(action);
+        EXPECT_LT(place(action), place(L"InstallFinalize")) << automation::toAnsi(action);
+    }
 }
 
 TEST(PackageTables, AnotherBuildOfTheSameVersion_ReplacesItsFiles)
