@@ -9,6 +9,8 @@ namespace hublink::check {
 
 namespace {
 
+constexpr const wchar_t* title = L"HublinkCheck of a test";
+
 // In a console of its own; hidden, as some who start programs wish it, or not.
 class OwnConsole {
 public:
@@ -19,11 +21,12 @@ public:
         start.cb = sizeof start;
         start.dwFlags = STARTF_USESHOWWINDOW;
         start.wShowWindow = show;
+        std::wstring ownTitle = title;
+        start.lpTitle = ownTitle.data();
         PROCESS_INFORMATION process{};
         CreateProcessW(nullptr, line.data(), nullptr, nullptr, FALSE, CREATE_NEW_CONSOLE, nullptr, nullptr, &start,
                        &process);
         CloseHandle(process.hThread);
-        id_ = process.dwProcessId;
         process_.reset(process.hProcess);
     }
     ~OwnConsole() { TerminateProcess(process_.get(), 9); }
@@ -35,23 +38,15 @@ public:
         return WaitForSingleObject(process_.get(), milliseconds) == WAIT_OBJECT_0;
     }
 
+    // Not through the console itself: whoever attaches to it changes whose it is, and loses his own.
     void pressKey() const
     {
-        FreeConsole();
-        if (!AttachConsole(id_)) return;
-        const automation::Handle input = automation::ownedIfValid(CreateFileW(L"CONIN$", GENERIC_READ | GENERIC_WRITE,
-                                                                              FILE_SHARE_READ | FILE_SHARE_WRITE,
-                                                                              nullptr, OPEN_EXISTING, 0, nullptr));
-        INPUT_RECORD key{};
-        key.EventType = KEY_EVENT;
-        key.Event.KeyEvent = {TRUE, 1, VK_RETURN, 0, {L'\r'}, 0};
-        DWORD written = 0;
-        WriteConsoleInputW(input.get(), &key, 1, &written);
-        FreeConsole();
+        const HWND window = FindWindowW(nullptr, title);
+        PostMessageW(window, WM_KEYDOWN, VK_RETURN, 1);
+        PostMessageW(window, WM_KEYUP, VK_RETURN, 1);
     }
 
 private:
-    DWORD id_ = 0;
     automation::Handle process_;
 };
 
