@@ -1,11 +1,11 @@
 #include "check/ini_file_findings.h"
 
 #include "automation/owners.h"
+#include "automation/system_message.h"
 #include "automation/text.h"
 #include "check/ini_keys.h"
 #include "check/likeness.h"
 #include "check/registry_view.h"
-#include "check/system_words.h"
 #include "common/files.h"
 #include "common/text.h"
 
@@ -54,7 +54,7 @@ Finding unreadable(const IniPlace& place, DWORD code, const IniTexts& texts)
 {
     if (isMissing(code)) return missing(place, texts);
     if (code == ERROR_FILE_TOO_LARGE) return problem(texts.tooLarge, path(place.file));
-    return problem(texts.unreadable, path(place.file), systemWords(code));
+    return problem(texts.unreadable, path(place.file), automation::systemMessage(code));
 }
 
 // What the program makes of the path before it looks for a file.

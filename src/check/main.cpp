@@ -3,12 +3,12 @@
 #include "automation/process_arguments.h"
 #include "automation/process_protection.h"
 #include "automation/server/registration.h"
+#include "automation/system_message.h"
 #include "automation/text.h"
 #include "check/examination.h"
 #include "check/options.h"
 #include "check/output.h"
 #include "check/own_console.h"
-#include "check/system_words.h"
 
 #include <version.h>
 
@@ -34,7 +34,7 @@ bool saveReport(const Options& options, const Report& report, const ReportTexts&
         writeOutput(STD_OUTPUT_HANDLE, texts.saved(options.saveTo).full + L"\r\n");
         return true;
     }
-    writeOutput(STD_ERROR_HANDLE, texts.notSaved(options.saveTo, systemWords(result)).full + L"\r\n");
+    writeOutput(STD_ERROR_HANDLE, texts.notSaved(options.saveTo, automation::systemMessage(result)).full + L"\r\n");
     return false;
 }
 

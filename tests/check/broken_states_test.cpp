@@ -1,8 +1,8 @@
 // HublinkCheck.exe on broken computers, in each of its languages.
 #include "program_fixture.h"
 
+#include "automation/system_message.h"
 #include "check/ini_file_findings.h"
-#include "check/system_words.h"
 #include "convid/store_reading.h"
 
 namespace hublink::check {
@@ -82,7 +82,7 @@ TEST_F(BrokenComputer, WithAnIniFileThatOthersKeep_SaysSo)
     const automation::Handle holder =
         automation::ownedIfValid(CreateFileW(ini.c_str(), GENERIC_READ, 0, nullptr, OPEN_EXISTING, 0, nullptr));
     expectInBothLanguages(1, [&](const Texts& texts) {
-        return Findings{problem(texts.ini.unreadable, path(ini), systemWords(ERROR_SHARING_VIOLATION))};
+        return Findings{problem(texts.ini.unreadable, path(ini), automation::systemMessage(ERROR_SHARING_VIOLATION))};
     });
 }
 

@@ -1,7 +1,8 @@
 // The ini file as a file.
 #include "check/ini_file_findings.h"
-#include "check/system_words.h"
 #include "check_fixture.h"
+
+#include "automation/system_message.h"
 
 #include <limits>
 
@@ -89,7 +90,8 @@ TEST_F(CheckIniFile, KeptByAnotherProgram_IsAProblem)
     const HANDLE holder = CreateFileW(place.file.c_str(), GENERIC_READ, 0, nullptr, OPEN_EXISTING, 0, nullptr);
     const Findings findings = found();
     CloseHandle(holder);
-    EXPECT_EQ(findings, (Findings{problem(texts.unreadable, path(place.file), systemWords(ERROR_SHARING_VIOLATION))}));
+    EXPECT_EQ(findings, (Findings{problem(texts.unreadable, path(place.file),
+                                          automation::systemMessage(ERROR_SHARING_VIOLATION))}));
     EXPECT_TRUE(findings[0].what.full.ends_with(L" (error 32)."));
 }
 

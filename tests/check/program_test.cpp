@@ -2,8 +2,8 @@
 #include "program_fixture.h"
 #include "system_snapshot.h"
 
+#include "automation/system_message.h"
 #include "check/output.h"
-#include "check/system_words.h"
 #include "convid/identifier_store.h"
 
 namespace hublink::check {
@@ -62,7 +62,8 @@ TEST_F(CheckProgram, SavedReport_HasNoNames_UnlessTold)
 TEST_F(CheckProgram, ReportThatCannotBeSaved_IsTold_AndNoFileIsReplaced)
 {
     EXPECT_EQ(run(L"--language en --save \"" + ini + L"\""), 2u);
-    EXPECT_NE(text.find(english.report.notSaved(ini, systemWords(ERROR_FILE_EXISTS)).full), std::wstring::npos);
+    EXPECT_NE(text.find(english.report.notSaved(ini, automation::systemMessage(ERROR_FILE_EXISTS)).full),
+              std::wstring::npos);
     EXPECT_TRUE(support::readFile(ini).starts_with("[Application]"));
     EXPECT_EQ(run(L"--save \"" + folder.path() + L"\""), 2u);
 }
