@@ -18,7 +18,7 @@ build() {
     shift
     echo "building ($log)"
     { cmake --preset "$preset" && cmake --build --preset "$preset" "$@"; } > "$log" 2>&1 ||
-        { grep -E 'error|Error|FAILED' "$log" | head -n 20 >&2; fail "it does not build; the whole log is $log"; }
+        { grep -E 'error: |CMake Error|FAILED' "$log" | head -n 20 >&2; fail "it does not build; the whole log is $log"; }
 }
 
 mkdir -p out

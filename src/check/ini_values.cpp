@@ -158,7 +158,7 @@ void Judge::judgeGroupwares(const Setting& setting, const std::wstring& value)
     std::set<std::wstring> unknown;
     for (const std::wstring& each : split(value, L',')) {
         if (isOneOf(each, {L"OUTLOOK", L"LOTUS"})) {
-            known += (known.empty() ? L"" : L", ") + each;
+            known += (known.empty() ? L"" : L",") + each;
             continue;
         }
         if (unknown.size() == maxUnknownGroupwares || !unknown.insert(each).second) continue;

@@ -70,7 +70,8 @@ std::wstring textOf(const Report& report, Names names, const ReportTexts& texts)
     for (const Section& section : report.sections) writer.section(section);
     const std::size_t problems = count(report, Mark::problem);
     writer.line();
-    writer.line(problems == 0 ? texts.nothingWrong() : texts.verdict(problems, count(report, Mark::note)));
+    const std::size_t notes = count(report, Mark::note);
+    writer.line(problems == 0 ? texts.nothingWrong(notes) : texts.verdict(problems, notes));
     return std::move(writer).text();
 }
 

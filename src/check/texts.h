@@ -14,7 +14,7 @@ struct ReportTexts {
     Text<0> ok;            // the marks
     Text<0> note;
     Text<0> problem;
-    Text<0> nothingWrong;
+    Text<1> nothingWrong;  // notes
     Text<2> verdict;       // problems, notes
     Text<1> saved;         // file
     Text<2> notSaved;      // file, why

@@ -9,7 +9,7 @@ constinit const Texts english{
         .ok = L"ok",
         .note = L"note",
         .problem = L"problem",
-        .nothingWrong = L"No problem was found.",
+        .nothingWrong = L"No problem was found. Notes: {1}.",
         .verdict = L"Problems: {1}. Notes: {2}.",
         .saved = L"The report was saved as {1}.",
         .notSaved = L"The report cannot be saved as {1}: {2}. A file that is there already is never replaced.",
@@ -138,7 +138,7 @@ constinit const Texts english{
         .notNumber =
             {L"[{1}] {2} = {3} is no whole number from -32768 to 32767. Hublink's reading of these settings ends "
              L"here: what stands behind it is not read.",
-             L"Write a number, or remove the line so that the default counts."},
+             L"Write a number from 0 to 32767, or remove the line so that the default counts."},
         .value = L"[{1}] {2} = {3}",
         .empty = L"[{1}] {2} is empty",
         .absent = L"[{1}] {2} is not in the file: {3} counts",

@@ -9,7 +9,7 @@ constinit const Texts french{
         .ok = L"ok",
         .note = L"note",
         .problem = L"problème",
-        .nothingWrong = L"Aucun problème n'a été trouvé.",
+        .nothingWrong = L"Aucun problème n'a été trouvé. Notes : {1}.",
         .verdict = L"Problèmes : {1}. Notes : {2}.",
         .saved = L"Le rapport a été enregistré dans {1}.",
         .notSaved = L"Le rapport ne peut être enregistré dans {1} : {2}. Un fichier existant n'est jamais "
@@ -147,7 +147,7 @@ constinit const Texts french{
         .milliseconds = L"[{1}] {2} = {3} : {3} millisecondes",
         .notNumber = {L"[{1}] {2} = {3} n'est pas un nombre entier de -32768 à 32767. Hublink cesse là de lire ces "
                       L"paramètres : ce qui suit n'est pas lu.",
-                      L"Écrivez un nombre, ou supprimez la ligne pour que la valeur par défaut compte."},
+                      L"Écrivez un nombre de 0 à 32767, ou supprimez la ligne pour que la valeur par défaut compte."},
         .value = L"[{1}] {2} = {3}",
         .empty = L"[{1}] {2} est vide",
         .absent = L"[{1}] {2} ne figure pas dans le fichier : {3} compte",

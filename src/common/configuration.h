@@ -27,6 +27,8 @@ struct Configuration {
     std::int32_t tempo1 = 0;          // pause after each softphone record examined, milliseconds
     bool Trace = false;               // show every log line in a message box
     std::int16_t gnb_echec = 0;       // "TryCnxNumber" reduced to a 16-bit Boolean: -1 or 0
+
+    bool operator==(const Configuration&) const = default;
 };
 
 }

@@ -75,11 +75,7 @@ protected:
         const std::wstring file = folder.write(L"test.ini", content);
         ProgramSettings settings(folder.path());
         settings.read(file);
-        const Configuration& general = settings.general();
-        return std::tuple(std::tuple(general.Trace, general.bgWithLotus, general.bgWithOutlook, general.tempo,
-                                     general.tempo1, general.gnb_echec, general.bgWithPopUp, general.bgSetNewContact,
-                                     general.bgWithHisto, general.bgWithRepertory, general.bgWithCallBackMail),
-                          isStopRequested(IniFile(file)), settings.outlook(), settings.lotus());
+        return std::tuple(settings.general(), isStopRequested(IniFile(file)), settings.outlook(), settings.lotus());
     }
 
     const support::ScratchFolder folder;

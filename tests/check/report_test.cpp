@@ -46,7 +46,7 @@ TEST(Report, InFrench_HasFrenchMarks)
 TEST(Report, WithoutProblems_SaysSo)
 {
     const std::wstring text = textOf(reportOf({{Mark::note, L"n", {}}}), Names::shown, english.report);
-    EXPECT_TRUE(text.ends_with(L"\r\nNo problem was found.\r\n"));
+    EXPECT_TRUE(text.ends_with(L"\r\nNo problem was found. Notes: 1.\r\n"));
 }
 
 TEST(Report, HiddenNames_AreInNeitherFindingsNorAdviceNorLists)

@@ -108,6 +108,15 @@ class Guide(unittest.TestCase):
             self.assertEqual(texts - told, set(), language)
             self.assertEqual(len(lines), len(set(lines)), language)
 
+    def test_lines_of_the_log_that_other_pages_quote_are_explained(self):
+        for language, pages in GUIDES.items():
+            explained = tuple(explained_lines(pages["log.md"]))
+            quoted = {span for name, page in pages.items() if name != "log.md" for span, _ in page.spans
+                      if re.fullmatch(r"[A-Z]\w+(?: +\w+)+", span)} - {"Program Files"}
+            self.assertGreater(len(quoted), 3, language)
+            self.assertEqual({line for line in quoted if not any(each.startswith(line) for each in explained)},
+                             set(), language)
+
     def test_languages_have_the_same_pages_headings_tables_code_and_pictures(self):
         english, french = (GUIDES[language] for language in LANGUAGES)
         self.assertEqual(list(english), list(french))
