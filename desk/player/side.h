@@ -31,7 +31,7 @@ public:
     virtual void expectKnownCaller() = 0; // 0123456789
     virtual void expectStranger() = 0;    // 06 55 44 33 22, Linh Nguyen
     virtual void expectMessage() = 0;     // from 0123456789 to 4711
-    virtual void bringMessageToFront() = 0; // of the caller's contact, which opens after it
+    virtual void bringMessageToFront() = 0; // before the caller's contact, which opens after it
     virtual void expectChangedMessage() = 0;
     virtual void expectReadAgain() = 0;   // a new session, after it was opened again
 

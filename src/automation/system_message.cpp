@@ -9,7 +9,7 @@ std::wstring systemMessage(DWORD code)
                                         text, 512, nullptr);
     std::wstring message(text, length);
     message.resize(message.find_last_not_of(L"\r\n .") + 1);
-    return message + (message.empty() ? L"" : L" ") + L"(error " + std::to_wstring(code) + L")";
+    return message + (message.empty() ? L"" : L" ") + L"(" + std::to_wstring(code) + L")";
 }
 
 }

@@ -12,7 +12,6 @@ namespace hublink::check {
 
 namespace {
 
-constexpr const wchar_t* hidden = L"***";
 constexpr const wchar_t* separators = L"\\/";
 constexpr std::size_t minNameLength = 3; // a shorter one is a part of many words
 
@@ -49,7 +48,8 @@ bool containsUserName(const std::wstring& part, const Parts& names)
 
 bool holdsProfiles(const std::wstring& part)
 {
-    return isOneOf(part, {L"users", L"documents and settings"}) || part.starts_with(L"docume~");
+    return isOneOf(part, {L"users", L"documents and settings", L"dokumente und einstellungen"}) ||
+           part.starts_with(L"docume~") || part.starts_with(L"dokume~");
 }
 
 bool isNobodysProfile(const std::wstring& part)

@@ -1,5 +1,6 @@
 #include "check/identifier_map.h"
 
+#include "automation/system_message.h"
 #include "automation/text.h"
 #include "common/files.h"
 #include "common/program_files.h"
@@ -99,7 +100,7 @@ Finding stateFinding(const convid::StoreReading& store, const MapTexts& texts)
     case StoreState::newer: return problem(texts.newer);
     case StoreState::unreadable: break;
     }
-    return problem(texts.unreadable, personal(store.failure));
+    return problem(texts.unreadable, automation::systemMessage(store.failure));
 }
 
 Words kindOf(std::int32_t collection, const MapTexts& texts)

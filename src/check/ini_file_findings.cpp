@@ -158,7 +158,7 @@ void judgeKeys(const IniSection& section, const Words& name, const IniTexts& tex
     const auto known = keysOf(section.name);
     FirstLines lines;
     for (const IniLine& key : section.keys) {
-        if (findings.size() >= maxOfAll) return;
+        if (findings.size() > maxOfAll) return;
         const bool isKnown = hasKey(known, key.name);
         if (const auto first = lines.before(key))
             findings.push_back(problem(texts.keyTwice, name, nameWords(key.name, isKnown), *first, key.line));
@@ -171,7 +171,7 @@ void judgeSections(const IniDocument& document, int books, const IniTexts& texts
 {
     FirstLines lines;
     for (const IniSection& section : document.sections) {
-        if (findings.size() >= maxOfAll) return;
+        if (findings.size() > maxOfAll) return;
         const bool isKnown = !keysOf(section.name).empty();
         const Words name = nameWords(section.name, isKnown && !isNumberedOddly(section.name));
         if (const auto first = lines.before(section))
@@ -207,7 +207,10 @@ Findings writingFindings(const IniDocument& document, int books, const IniTexts&
     judgeStrayLines(document, texts, findings);
     judgeControls(document, texts, findings);
     judgeSections(document, books, texts, findings);
-    if (findings.size() >= maxOfAll) findings.push_back(note(texts.moreLeftOut));
+    const bool hasMore = findings.size() > maxOfAll || document.strayLines.size() > maxOfEachKind ||
+                         document.controlLines.size() > maxOfEachKind;
+    if (findings.size() > maxOfAll) findings.erase(findings.begin() + maxOfAll, findings.end());
+    if (hasMore) findings.push_back(note(texts.moreLeftOut));
     return findings;
 }
 

@@ -62,7 +62,7 @@ Options optionsOf(const Arguments& arguments)
             return wrong(arguments[next] + L" " + arguments[next + 1]);
         ++next;
     }
-    if (options.savedNames == Names::shown && options.saveTo.empty()) return wrong(L"--with-names");
+    if (options.savedNames == Names::shown && options.saveTo.empty()) return wrong(L"--with-names (--save ?)");
     return options;
 }
 

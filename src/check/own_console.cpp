@@ -43,8 +43,12 @@ void waitForKey(HANDLE input)
     FlushConsoleInputBuffer(input);
     INPUT_RECORD record{};
     DWORD count = 0;
-    while (ReadConsoleInputW(input, &record, 1, &count))
-        if (record.EventType == KEY_EVENT && record.Event.KeyEvent.bKeyDown) return;
+    while (ReadConsoleInputW(input, &record, 1, &count)) {
+        // Alt, Shift, Control and the arrows give none: who switches windows or scrolls goes on reading.
+        const bool isCharacter = record.EventType == KEY_EVENT && record.Event.KeyEvent.bKeyDown &&
+                                 record.Event.KeyEvent.uChar.UnicodeChar != 0;
+        if (isCharacter) return;
+    }
 }
 
 }

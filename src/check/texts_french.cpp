@@ -134,7 +134,7 @@ constinit const Texts french{
                        L"Supprimez-la, ou corrigez son nom."},
         .likelyKey = {L"Hublink ne connaît pas la clé {2}, ligne {3}, section [{1}].", L"Peut-être s'agit-il de {4}."},
         .keyElsewhere = {L"La clé {2}, ligne {3}, n'a pas sa place dans la section [{1}].", L"Déplacez-la dans [{4}]."},
-        .moreLeftOut = {L"Le fichier ini contient encore des doublons ou des inconnues ; le reste n'est pas dit.",
+        .moreLeftOut = {L"Le fichier ini en contient davantage que ce qui est indiqué ici.",
                         L"Corrigez ce qui précède, puis relancez HublinkCheck."},
         .on = L"[{1}] {2} = true : actif",
         .off = L"[{1}] {2} = {3} : inactif",

@@ -6,8 +6,6 @@ namespace hublink::check {
 
 namespace {
 
-constexpr const wchar_t* hidden = L"***";
-
 bool isGap(const wchar_t* at)
 {
     return at[0] == L'{' && at[1] >= L'1' && at[1] <= L'9' && at[2] == L'}';

@@ -62,7 +62,7 @@ StoreReading readStore(const std::wstring& path)
     } catch (const StoreError& error) {
         const bool isNewer = error.code() == HRESULT_FROM_WIN32(ERROR_UNKNOWN_REVISION);
         reading.state = isNewer ? StoreState::newer : StoreState::unreadable;
-        reading.failure = error.description();
+        reading.failure = static_cast<DWORD>(HRESULT_CODE(error.code()));
     }
     return reading;
 }

@@ -4,6 +4,8 @@
 
 #include "convid/record.h"
 
+#include <windows.h>
+
 #include <string>
 #include <vector>
 
@@ -22,7 +24,7 @@ enum class StoreState {
 struct StoreReading {
     StoreState state = StoreState::missing;
     std::vector<RecordPointer> records; // in no particular order
-    std::wstring failure;               // why it cannot be read, in words
+    DWORD failure = ERROR_SUCCESS;      // why it cannot be read: an error of Windows
     bool hasReplacement = false;        // one that was left behind lies beside it
     std::size_t damagedCopies = 0;      // kept beside it by earlier repairs
 };

@@ -15,8 +15,8 @@ bool isAsInstalled(const std::wstring& programFolder);
 // where that is missing or as it was installed; an edited one gets the settings
 // that are given now, and no other change. Without a softphone nothing more
 // happens: the program copies the default file at its first start.
-// Throws std::runtime_error for what cannot be written; nothing is remembered then,
-// and a file or folder that was made goes again.
+// Throws std::runtime_error for what cannot be written: a file or folder that was made
+// goes again then, and no setting is remembered, which comes last.
 void installSettings(const std::wstring& programFolder, bool wasAsInstalled, const ActionData& given);
 
 // Removes what installSettings made, but not a file that somebody has edited.

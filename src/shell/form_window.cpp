@@ -21,7 +21,8 @@ constexpr automation::Milliseconds retryInterval = 20;
 constexpr automation::Milliseconds longCallTimeout = 1'000;
 
 // In the size in which the notification area shows it: scaled down from the larger
-// image it would be blurred. Nothing else shows it, for the form is hidden.
+// image it would be blurred. Nothing else shows it, for the form is hidden, and nothing
+// else loads it: a shared image keeps the size of its first load.
 HICON formIcon(HINSTANCE program)
 {
     return static_cast<HICON>(LoadImageW(program, MAKEINTRESOURCEW(IDI_HUBLINK), IMAGE_ICON,

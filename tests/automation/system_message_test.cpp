@@ -7,7 +7,7 @@ using automation::systemMessage;
 TEST(SystemMessage, OfAnError_IsASentenceWithoutItsFullStop_AndTheNumber)
 {
     const std::wstring message = systemMessage(ERROR_ACCESS_DENIED);
-    const std::wstring number = L" (error 5)";
+    const std::wstring number = L" (5)";
     ASSERT_TRUE(message.ends_with(number));
     const std::wstring words = message.substr(0, message.size() - number.size());
     EXPECT_NE(words, L"");
@@ -16,5 +16,5 @@ TEST(SystemMessage, OfAnError_IsASentenceWithoutItsFullStop_AndTheNumber)
 
 TEST(SystemMessage, OfACodeThatWindowsDoesNotKnow_IsTheNumber)
 {
-    EXPECT_EQ(systemMessage(0x2000'0001), L"(error 536870913)");
+    EXPECT_EQ(systemMessage(0x2000'0001), L"(536870913)");
 }

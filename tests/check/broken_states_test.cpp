@@ -188,7 +188,7 @@ TEST_F(BrokenComputer, WithAFolderInPlaceOfTheMap_SaysSo)
 {
     CreateDirectoryW(map.c_str(), nullptr);
     expectInBothLanguages(1, [](const Texts& texts) {
-        return Findings{problem(texts.map.unreadable, convid::readStore(convid::storePath()).failure)};
+        return Findings{problem(texts.map.unreadable, automation::systemMessage(ERROR_ACCESS_DENIED))};
     });
     RemoveDirectoryW(map.c_str());
 }
@@ -197,7 +197,7 @@ TEST_F(BrokenComputer, WithAFileInPlaceOfTheMapsFolder_SaysSo)
 {
     const std::wstring place = map.substr(0, map.rfind(L'\\'));
     const std::wstring aside = place + L" aside";
-    MoveFileExW(place.c_str(), aside.c_str(), 0);
+    ASSERT_TRUE(MoveFileExW(place.c_str(), aside.c_str(), 0));
     support::writeFile(place, "");
     expectInBothLanguages(
         1, [&](const Texts& texts) { return Findings{problem(texts.rights.fileInPlaceOfMapFolder, path(place))}; });

@@ -2,6 +2,7 @@
 #include "check/identifier_map.h"
 #include "check_fixture.h"
 
+#include "automation/system_message.h"
 #include "convid/identifier_store.h"
 
 namespace hublink::check {
@@ -90,13 +91,13 @@ TEST_F(CheckMap, Damaged_IsAProblem)
     EXPECT_EQ(remarks(found()), (Findings{problem(texts.damaged, std::size_t{1})}));
 }
 
-TEST_F(CheckMap, FolderInItsPlace_IsAProblem_WhoseWordsAreNotPassedOn)
+TEST_F(CheckMap, FolderInItsPlace_IsAProblem_InWindowsWords)
 {
     CreateDirectoryW(facts.file.c_str(), nullptr);
     const Findings findings = remarks(found());
     ASSERT_EQ(findings.size(), 1u);
-    EXPECT_EQ(findings[0], problem(texts.unreadable, personal(facts.store.failure)));
-    EXPECT_EQ(findings[0].what.discreet, L"It cannot be read: ***");
+    EXPECT_EQ(findings[0], problem(texts.unreadable, automation::systemMessage(ERROR_ACCESS_DENIED)));
+    EXPECT_EQ(findings[0].what.discreet, findings[0].what.full) << "they name nobody";
 }
 
 TEST_F(CheckMap, HeldByItsServer_IsReadAllTheSame)

@@ -92,7 +92,7 @@ TEST_F(CheckIniFile, KeptByAnotherProgram_IsAProblem)
     CloseHandle(holder);
     EXPECT_EQ(findings, (Findings{problem(texts.unreadable, path(place.file),
                                           automation::systemMessage(ERROR_SHARING_VIOLATION))}));
-    EXPECT_TRUE(findings[0].what.full.ends_with(L" (error 32)."));
+    EXPECT_TRUE(findings[0].what.full.ends_with(L" (32)."));
 }
 
 // As a path between quotation marks has them.
@@ -205,6 +205,15 @@ TEST_F(CheckIniFile, ThousandsOfUnknownThings_MakeNoEndlessReport)
     std::string content;
     for (int k = 0; k < 20'000; ++k) content += "[s" + std::to_string(k) + "]\nword\n";
     EXPECT_LT(remarksOn(content).size(), 300u);
+}
+
+TEST_F(CheckIniFile, AsManyAsAreListed_AreNotSaidToBeMore)
+{
+    std::string content;
+    for (int k = 0; k < 199; ++k) content += "[s" + std::to_string(k) + "]\n"; // the writing is told too
+    EXPECT_EQ(remarksOn(content).size(), 199u);
+    EXPECT_EQ(remarksOn(content + "[one more]\n").back(), note(texts.moreLeftOut));
+    EXPECT_EQ(remarksOn(content + "[one more]\n").size(), 200u);
 }
 
 // A look at all keys for each one would not come to its end here.

@@ -52,7 +52,7 @@ TEST(CheckOptions, Wrong_AreRefused_AndNamed)
                        {{L"--language", L"de"}, L"--language de"},
                        {{L"/map"}, L"/map"},
                        {{L"--MAP"}, L"--MAP"},
-                       {{L"--with-names"}, L"--with-names"}};
+                       {{L"--with-names"}, L"--with-names (--save ?)"}};
     for (const auto& each : wrong) EXPECT_EQ(optionsOf(each.arguments).notUnderstood, each.named);
 }
 

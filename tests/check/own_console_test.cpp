@@ -39,11 +39,11 @@ public:
     }
 
     // Not through the console itself: whoever attaches to it changes whose it is, and loses his own.
-    void pressKey() const
+    static void press(WPARAM key)
     {
         const HWND window = FindWindowW(nullptr, title);
-        PostMessageW(window, WM_KEYDOWN, VK_RETURN, 1);
-        PostMessageW(window, WM_KEYUP, VK_RETURN, 1);
+        PostMessageW(window, WM_KEYDOWN, key, 1);
+        PostMessageW(window, WM_KEYUP, key, 1);
     }
 
 private:
@@ -55,9 +55,13 @@ private:
 TEST(CheckConsole, OfItsOwn_StaysUntilAKeyIsPressed)
 {
     const OwnConsole check(L"--help");
+    ASSERT_TRUE(support::eventually([] { return FindWindowW(nullptr, title) != nullptr; }, 30'000));
     EXPECT_FALSE(check.endsWithin(2'000)) << "the window has closed at once";
+    OwnConsole::press(VK_SHIFT);
+    OwnConsole::press(VK_DOWN);
+    EXPECT_FALSE(check.endsWithin(500)) << "these are no characters";
     const auto ends = [&] {
-        check.pressKey();
+        OwnConsole::press(VK_RETURN);
         return check.endsWithin(100);
     };
     EXPECT_TRUE(support::eventually(ends, 30'000));

@@ -81,6 +81,8 @@ TEST_F(PathOfAnna, FoldersOfOtherUsers_AreNotPassedOn)
     EXPECT_EQ(path(L"C:\\users\\jean.petit\\AppData\\x.map").discreet, L"C:\\users\\***\\AppData\\x.map");
     EXPECT_EQ(path(L"C:/Users/jean.petit/x.map").discreet, L"C:/Users/***/x.map");
     EXPECT_EQ(path(L"C:\\Documents and Settings\\Jean Petit").discreet, L"C:\\Documents and Settings\\***");
+    EXPECT_EQ(path(L"D:\\Dokumente und Einstellungen\\jean.petit\\x").discreet,
+              L"D:\\Dokumente und Einstellungen\\***\\x");
     EXPECT_EQ(path(L"C:\\DOCUME~1\\JEANPE~1\\LOCALS~1\\x.map").discreet, L"C:\\DOCUME~1\\***\\LOCALS~1\\x.map");
     EXPECT_EQ(path(L"\\\\?\\C:\\Users\\jean.petit\\x.map").discreet, L"\\\\?\\C:\\Users\\***\\x.map");
 }

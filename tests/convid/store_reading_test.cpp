@@ -117,7 +117,7 @@ TEST_F(Reading, StoreOfANewerProgram_IsNewer)
     writeContents(path, header);
     const StoreReading reading = readUntouched();
     EXPECT_EQ(reading.state, StoreState::newer);
-    EXPECT_NE(reading.failure, L"");
+    EXPECT_EQ(reading.failure, DWORD{ERROR_UNKNOWN_REVISION});
 }
 
 TEST_F(Reading, FolderInTheStoresPlace_IsUnreadable)
@@ -125,7 +125,7 @@ TEST_F(Reading, FolderInTheStoresPlace_IsUnreadable)
     CreateDirectoryW(path.c_str(), nullptr);
     const StoreReading reading = readStore(path);
     EXPECT_EQ(reading.state, StoreState::unreadable);
-    EXPECT_NE(reading.failure.find(L"cannot be opened"), std::wstring::npos);
+    EXPECT_EQ(reading.failure, DWORD{ERROR_ACCESS_DENIED});
 }
 
 TEST_F(Reading, StoreThatSomebodyKeepsToHimself_IsUnreadable)
@@ -137,7 +137,7 @@ TEST_F(Reading, StoreThatSomebodyKeepsToHimself_IsUnreadable)
     const StoreReading reading = readStore(path);
     holder.reset();
     EXPECT_EQ(reading.state, StoreState::unreadable);
-    EXPECT_NE(reading.failure.find(L"is in use by another program"), std::wstring::npos);
+    EXPECT_EQ(reading.failure, DWORD{ERROR_SHARING_VIOLATION});
 }
 
 TEST_F(Reading, StoreThatItsServerHasOpen_IsRead_AndWrittenOn)

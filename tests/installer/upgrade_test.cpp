@@ -34,6 +34,7 @@ TEST_F(Upgrade, EditedIniFile_Stays_ProgramsAndDefaultsAreTheNewOnes)
     EXPECT_EQ(registryText(HKEY_LOCAL_MACHINE, runKey, L"Hublink"), L"\"C:\\Program Files\\Hublink\\hublink.exe\"");
     EXPECT_EQ(registryText(HKEY_LOCAL_MACHINE, mapClassKey, L""), L"{6FC819A5-645C-4241-8809-6BBBE1AF913F}");
     EXPECT_TRUE(isInStartMenu(L"Hublink"));
+    EXPECT_TRUE(isInStartMenu(L"Hublink Check"));
     EXPECT_EQ(filesBelow(folder), shippedFiles());
 }
 
