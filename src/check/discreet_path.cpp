@@ -5,7 +5,6 @@
 #include <windows.h>
 
 #include <algorithm>
-#include <initializer_list>
 #include <vector>
 
 namespace hublink::check {
@@ -16,11 +15,6 @@ constexpr const wchar_t* separators = L"\\/";
 constexpr std::size_t minNameLength = 3; // a shorter one is a part of many words
 
 using Parts = std::vector<std::wstring>;
-
-bool isOneOf(const std::wstring& text, std::initializer_list<const wchar_t*> words)
-{
-    return std::any_of(words.begin(), words.end(), [&](const wchar_t* word) { return text == word; });
-}
 
 std::wstring environment(const wchar_t* name)
 {

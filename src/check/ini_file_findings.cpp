@@ -89,16 +89,9 @@ constexpr std::size_t maxValueLength = 1023; // as IniFile reads it
 constexpr std::size_t maxOfEachKind = 20;
 constexpr std::size_t maxOfAll = 10 * maxOfEachKind;
 
-void judgeStrayLines(const IniDocument& document, const IniTexts& texts, Findings& findings)
+void noteLines(const std::vector<std::size_t>& lines, const AdvisedText<1>& text, Findings& findings)
 {
-    for (std::size_t k = 0; k < document.strayLines.size() && k < maxOfEachKind; ++k)
-        findings.push_back(note(texts.strayLine, document.strayLines[k]));
-}
-
-void judgeControls(const IniDocument& document, const IniTexts& texts, Findings& findings)
-{
-    for (std::size_t k = 0; k < document.controlLines.size() && k < maxOfEachKind; ++k)
-        findings.push_back(note(texts.controlCharacter, document.controlLines[k]));
+    for (std::size_t k = 0; k < lines.size() && k < maxOfEachKind; ++k) findings.push_back(note(text, lines[k]));
 }
 
 // A name that the program knows is nobody's; any other may be.
@@ -204,8 +197,8 @@ Findings writingFindings(const IniDocument& document, int books, const IniTexts&
 {
     Findings findings;
     judgeEncoding(document, texts, findings);
-    judgeStrayLines(document, texts, findings);
-    judgeControls(document, texts, findings);
+    noteLines(document.strayLines, texts.strayLine, findings);
+    noteLines(document.controlLines, texts.controlCharacter, findings);
     judgeSections(document, books, texts, findings);
     const bool hasMore = findings.size() > maxOfAll || document.strayLines.size() > maxOfEachKind ||
                          document.controlLines.size() > maxOfEachKind;

@@ -22,11 +22,6 @@ using automation::toWide;
 constexpr std::size_t maxUnknownGroupwares = 20; // a value has room for five hundred
 constexpr const char* nothing = "\x01"; // no value in a file is this
 
-bool isOneOf(const std::wstring& text, std::initializer_list<const wchar_t*> words)
-{
-    return std::any_of(words.begin(), words.end(), [&](const wchar_t* word) { return text == word; });
-}
-
 bool meansOn(const std::wstring& value)
 {
     return isOneOf(lowerCase(value), {L"true", L"1", L"-1", L"yes", L"on", L"oui", L"vrai", L"x"});

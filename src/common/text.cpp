@@ -2,6 +2,8 @@
 
 #include <windows.h>
 
+#include <algorithm>
+
 namespace hublink {
 
 std::vector<std::wstring> split(std::wstring_view text, wchar_t separator)
@@ -27,6 +29,11 @@ std::wstring lowerCase(std::wstring text)
 {
     CharLowerBuffW(text.data(), static_cast<DWORD>(text.size()));
     return text;
+}
+
+bool isOneOf(std::wstring_view text, std::initializer_list<std::wstring_view> words)
+{
+    return std::find(words.begin(), words.end(), text) != words.end();
 }
 
 std::wstring replaceAll(std::wstring text, std::wstring_view what, std::wstring_view with)

@@ -1,6 +1,7 @@
 // Small operations on texts.
 #pragma once
 
+#include <initializer_list>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -15,6 +16,9 @@ std::wstring trim(std::wstring_view text);
 
 // In lower case, by the user's language.
 std::wstring lowerCase(std::wstring text);
+
+// Whether it is, case-sensitive, one of the words.
+bool isOneOf(std::wstring_view text, std::initializer_list<std::wstring_view> words);
 
 // Every occurrence replaced, from the left, case-sensitive. What a replacement
 // brings in is not looked at again. An empty `what` replaces nothing.

@@ -19,11 +19,11 @@ void require(LSTATUS result, const char* what)
     if (result != ERROR_SUCCESS) throw std::runtime_error(std::string(what) + ": error " + std::to_string(result));
 }
 
-// Empty when nothing is remembered.
-automation::RegistryKey rememberedKey()
+// Empty when there is none.
+automation::RegistryKey keyToRead(const wchar_t* name)
 {
     HKEY opened = nullptr;
-    RegOpenKeyExW(HKEY_LOCAL_MACHINE, settingsKey, 0, KEY_READ, &opened);
+    RegOpenKeyExW(HKEY_LOCAL_MACHINE, name, 0, KEY_READ, &opened);
     return automation::RegistryKey(opened);
 }
 
@@ -57,11 +57,10 @@ std::wstring stored(const automation::RegistryKey& key, const wchar_t* name)
 
 bool isEmpty(const wchar_t* name)
 {
-    HKEY opened = nullptr;
-    if (RegOpenKeyExW(HKEY_LOCAL_MACHINE, name, 0, KEY_READ, &opened) != ERROR_SUCCESS) return false;
-    const automation::RegistryKey key(opened);
+    const automation::RegistryKey key = keyToRead(name);
     DWORD keys = 0, values = 0;
-    return RegQueryInfoKeyW(key.get(), nullptr, nullptr, nullptr, &keys, nullptr, nullptr, &values, nullptr, nullptr,
+    return key &&
+           RegQueryInfoKeyW(key.get(), nullptr, nullptr, nullptr, &keys, nullptr, nullptr, &values, nullptr, nullptr,
                             nullptr, nullptr) == ERROR_SUCCESS &&
            keys == 0 && values == 0;
 }
@@ -96,7 +95,7 @@ void writeInto(const std::wstring& iniFile, const ActionData& data)
 
 ActionData withRemembered(const ActionData& given)
 {
-    const automation::RegistryKey key = rememberedKey();
+    const automation::RegistryKey key = keyToRead(settingsKey);
     ActionData all;
     for (const Setting& each : settingProperties()) {
         std::wstring value = given.value(each.property);
@@ -120,7 +119,7 @@ void rememberMadeFolder(const std::wstring& folder)
 
 std::wstring madeFolder()
 {
-    return stored(rememberedKey(), madeFolderName);
+    return stored(keyToRead(settingsKey), madeFolderName);
 }
 
 void forgetAll()

@@ -54,6 +54,13 @@ TEST(Split, EmptyText_HasNoParts)
     EXPECT_TRUE(split(L"", L',').empty());
 }
 
+TEST(IsOneOf, WholeWordInTheSameCase_IsFound_AndNoOther)
+{
+    EXPECT_TRUE(isOneOf(L"on", {L"yes", L"on"}));
+    EXPECT_TRUE(isOneOf(L"", {L"yes", L""}));
+    for (const wchar_t* other : {L"On", L"o", L"on ", L""}) EXPECT_FALSE(isOneOf(other, {L"yes", L"on"}));
+}
+
 TEST(ReplaceAll, EveryOccurrence_IsReplaced)
 {
     EXPECT_EQ(replaceAll(L"<a> and <a><a>", L"<a>", L"b"), L"b and bb");

@@ -163,11 +163,7 @@ std::optional<std::wstring> registryText(HKEY root, const std::wstring& key, con
 
 bool isKey(const std::wstring& belowLocalMachine)
 {
-    HKEY opened = nullptr;
-    if (RegOpenKeyExW(HKEY_LOCAL_MACHINE, belowLocalMachine.c_str(), 0, KEY_READ, &opened) != ERROR_SUCCESS)
-        return false;
-    RegCloseKey(opened);
-    return true;
+    return static_cast<bool>(opened(HKEY_LOCAL_MACHINE, belowLocalMachine));
 }
 
 void setRegistryText(HKEY root, const std::wstring& key, const std::wstring& name, const std::wstring& value)
